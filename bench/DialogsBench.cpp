@@ -1,0 +1,68 @@
+// Adding groups of items and renaming units through the dialogs, without a screen.
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+
+#include "DialogSteps.h"
+
+namespace trevandix::bench {
+
+namespace {
+
+using namespace trevandix::testing;
+
+// A group of `range(0)` items in one branch: the cost per item must not grow with its siblings.
+void addGroup(benchmark::State& state) {
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto place = std::make_unique<Workplace>();
+        startPlant(*place);
+        addUnit(*place, "Unit", "1");
+        addBranch(*place, "Unit", "Branch");  // selected, its children not sorted yet
+        state.ResumeTiming();
+        runDialog(*place, "mnuAddItem", [&](FakeForm& form) {
+            fillItem(form, "First");
+            form.press("cmdGroup");
+            form.type("txtNumbItems", std::to_string(state.range(0)));
+            form.press("cmdOkNumber");
+        });
+        state.PauseTiming();
+        if (place->configuration.items.size() != static_cast<std::size_t>(state.range(0))) std::abort();
+        place.reset();
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(addGroup)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillisecond);
+
+// Renaming a unit with `range(0)` items in 100 branches below it.
+void renameUnit(benchmark::State& state) {
+    Workplace place;
+    startPlant(place);
+    addUnit(place, "Unit0", "1");
+    for (int branch = 0; branch < 100; ++branch) addBranch(place, "Unit0", "Branch" + std::to_string(branch));
+    for (std::int64_t i = 0; i < state.range(0); ++i) {
+        TreeNode& container = place.node("Unit0.Branch" + std::to_string(i % 100));
+        auto item = std::make_shared<clsItem>();
+        item->sName("Item" + std::to_string(i));
+        item->sKey(makeKey(item->sName(), container, false));
+        place.configuration.addItem(item, container);
+    }
+    int name = 0;
+    for (auto _ : state) {
+        editDialog(place, "Unit" + std::to_string(name), [&](FakeForm& form) {
+            form.type("txtName", "Unit" + std::to_string(++name));
+            form.press("cmdOk");
+        });
+    }
+    if (place.configuration.items.last()->getParentKey().find(std::to_string(name)) ==
+        std::string_view::npos) {
+        std::abort();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(renameUnit)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+}  // namespace trevandix::bench

@@ -1,0 +1,24 @@
+# trevandix_embedded: Icons.h (the drawings, compiled in so that the program is one file) and Version.h (names, version
+# and contact data, the one source of caption, message boxes and About box).
+set(generated ${CMAKE_BINARY_DIR}/generated)
+file(GLOB icon_files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/resources/icons/*.svg)
+add_custom_command(
+    OUTPUT ${generated}/Icons.cpp
+    COMMAND ${CMAKE_COMMAND} -DOUTPUT=${generated}/Icons.cpp -DICONS=${CMAKE_SOURCE_DIR}/resources/icons
+            -P ${CMAKE_CURRENT_LIST_DIR}/EmbedIcons.cmake
+    DEPENDS ${icon_files} ${CMAKE_CURRENT_LIST_DIR}/EmbedIcons.cmake
+    VERBATIM)
+find_package(Git QUIET)
+set(TREVANDIX_COMMIT "unknown")
+set(TREVANDIX_DATE "unknown")
+if(GIT_FOUND)
+    execute_process(COMMAND ${GIT_EXECUTABLE} log -1 --format=%h\ %cs WORKING_DIRECTORY ${CMAKE_SOURCE_DIR}
+                    OUTPUT_VARIABLE commit_line OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
+    if(commit_line MATCHES "^([^ ]+) ([^ ]+)$")
+        set(TREVANDIX_COMMIT ${CMAKE_MATCH_1})
+        set(TREVANDIX_DATE ${CMAKE_MATCH_2})
+    endif()
+endif()
+configure_file(${CMAKE_CURRENT_LIST_DIR}/Version.h.in ${generated}/Version.h @ONLY)
+add_library(trevandix_embedded STATIC ${generated}/Icons.cpp)
+target_include_directories(trevandix_embedded PUBLIC ${generated} ${CMAKE_SOURCE_DIR}/resources)

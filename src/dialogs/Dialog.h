@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+#include <initializer_list>
+#include <string_view>
+
+#include "model/Configuration.h"
+#include "platform/Form.h"
+#include "platform/Messages.h"
+#include "platform/RuntimeError.h"
+#include "platform/Services.h"
+
+namespace trevandix {
+
+/// What the property dialogs work on. Nothing here is owned.
+struct DialogContext {
+    Forms& forms;
+    Messages& messages;
+    MousePointer& pointer;
+    Configuration& configuration;
+};
+
+/// One event of a dialog. `procedure` is the name that its error messages give.
+template <typename Dialog>
+struct EventRow {
+    std::string_view control;
+    std::string_view procedure;
+    void (Dialog::*handler)();
+};
+
+/// Connects every event with its handler. A failure is shown and leaves the dialog open.
+template <typename Dialog>
+void connect(Form& form, Messages& messages, Dialog& dialog, std::initializer_list<EventRow<Dialog>> events) {
+    for (const EventRow<Dialog>& event : events) {
+        form.on(event.control, [&messages, &dialog, event] {
+            reportErrors(messages, event.procedure, [&] { std::invoke(event.handler, dialog); });
+        });
+    }
+}
+
+}  // namespace trevandix

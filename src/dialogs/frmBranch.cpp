@@ -1,0 +1,73 @@
+#include "dialogs/frmBranch.h"
+
+#include <array>
+
+#include "xmlfile/Generale.h"
+
+namespace trevandix {
+
+namespace {
+
+constexpr std::array kControls{
+    ControlSpec{ControlKind::Text, "txtBranchName", "Branch name:", "", Place::NextRow, 32},
+    ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow},
+    ControlSpec{ControlKind::Button, "cmdCancel", "Cancel", "", Place::ButtonRow},
+};
+constexpr FormSpec kForm{"frmBranch", "Branch Name", kControls, "cmdOk", "cmdCancel", "txtBranchName"};
+
+}  // namespace
+
+bool frmBranch::showToAdd() {
+    edit_ = false;
+    show("NewBranch" + std::to_string(context_.configuration.state.branchCounter));
+    return added_;
+}
+
+void frmBranch::showToEdit() {
+    edit_ = true;
+    show(context_.configuration.tree.selected()->text());
+}
+
+void frmBranch::show(std::string_view name) {
+    added_ = false;
+    form_ = context_.forms.create(kForm);
+    connect<frmBranch>(*form_, context_.messages, *this,
+                       {{"cmdOk", "cmdOk_Click", &frmBranch::cmdOk_Click},
+                        {"cmdCancel", "cmdCancel_Click", &frmBranch::cmdCancel_Click}});
+    form_->setText("txtBranchName", name);
+    form_->showModal();
+}
+
+void frmBranch::cmdOk_Click() {
+    Configuration& configuration = context_.configuration;
+    const std::string name = form_->text("txtBranchName");
+    if (!CheckDuplNames(NodeTag::Branch, name, configuration.tree, edit_, context_.messages)) return;
+    TreeNode& node = *configuration.tree.selected();
+    if (edit_) {
+        renameBranch(node, name);
+    } else {
+        auto record = std::make_shared<clsBranch>();
+        record->sName(name);
+        record->sKey(makeKey(name, node, false));
+        configuration.branches.add(record, record->sKey());
+        added_ = true;
+    }
+    configuration.state.saved = false;
+    form_->close();
+}
+
+void frmBranch::renameBranch(TreeNode& node, const std::string& name) {
+    Configuration& configuration = context_.configuration;
+    auto record = std::make_shared<clsBranch>();
+    record->sName(name);
+    record->sKey(makeKey(name, node, true));
+    configuration.replaceBranch(node, std::move(record));
+    configuration.tree.select(&node);
+}
+
+void frmBranch::cmdCancel_Click() {
+    added_ = false;
+    form_->close();
+}
+
+}  // namespace trevandix

@@ -1,0 +1,205 @@
+#include "dialogs/frmItems.h"
+
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "dialogs/ItemAdvance.h"
+#include "dialogs/ItemFields.h"
+#include "model/Numbers.h"
+#include "model/TypeNames.h"
+#include "xmlfile/Generale.h"
+
+namespace trevandix {
+
+namespace {
+
+constexpr std::string_view kMain = "frmMain";
+constexpr std::string_view kGroup = "frmInserimento";
+
+constexpr std::array kControls{
+    ControlSpec{ControlKind::Frame, kMain},
+    ControlSpec{ControlKind::Choice, "cmbModbusType", "ModBus Type", kMain},
+    ControlSpec{ControlKind::Text, "txtItemName", "Item Name", kMain, Place::NextRow, 32,
+                KeyFilter::ItemName},
+    ControlSpec{ControlKind::Text, "txtComment", "Comment", kMain, Place::NextRow, 32},
+    ControlSpec{ControlKind::Text, "txtAddress", "Address", kMain, Place::NextRow, 10, KeyFilter::Numeric},
+    ControlSpec{ControlKind::Choice, "cmbDataType", "Data Type", kMain},
+    ControlSpec{ControlKind::Choice, "cmbAccessRight", "Access Right", kMain},
+    ControlSpec{ControlKind::Choice, "cmbBit", "Bit Number", kMain, Place::NextRow, 6, KeyFilter::None,
+                "lblBit"},
+    ControlSpec{ControlKind::Text, "txtElements", "Number of Elements", kMain, Place::NextRow, 10,
+                KeyFilter::Numeric, "lblElements"},
+    ControlSpec{ControlKind::Button, "cmdAdd", "Add and Increment", kMain, Place::ButtonColumn},
+    ControlSpec{ControlKind::Button, "cmdGroup", "Add Group....", kMain, Place::ButtonColumn},
+    ControlSpec{ControlKind::Button, "cmdOk", "Add and Exit", kMain, Place::ButtonColumn},
+    ControlSpec{ControlKind::Button, "cmdCancel", "Exit", kMain, Place::ButtonColumn},
+    ControlSpec{ControlKind::Frame, kGroup},
+    ControlSpec{ControlKind::Text, "txtNumbItems", "INSERT NUMBER OF ITEMS TO ADD", kGroup, Place::NextRow, 8,
+                KeyFilter::Numeric},
+    ControlSpec{ControlKind::Button, "cmdOkNumber", "Ok", kGroup, Place::SameRow},
+};
+constexpr FormSpec kForm{"frmItems", "Item Properties", kControls, "cmdOk", "cmdCancel", "txtItemName"};
+
+}  // namespace
+
+void frmItems::show(std::shared_ptr<clsItem> edited) {
+    edited_ = std::move(edited);
+    form_ = context_.forms.create(kForm);
+    connect<frmItems>(*form_, context_.messages, *this,
+                      {{"cmbModbusType", "cmbModbusType_Click", &frmItems::cmbModbusType_Click},
+                       {"cmbDataType", "cmbDataType_Click", &frmItems::cmbDataType_Click},
+                       {"cmdAdd", "cmdAdd_Click", &frmItems::cmdAdd_Click},
+                       {"cmdGroup", "cmdGroup_Click", &frmItems::cmdGroup_Click},
+                       {"cmdOk", "cmdOk_Click", &frmItems::cmdOk_Click},
+                       {"cmdCancel", "cmdCancel_Click", &frmItems::cmdCancel_Click},
+                       {"cmdOkNumber", "cmdOkNumber_Click", &frmItems::cmdOkNumber_Click}});
+    reportErrors(context_.messages, "Form_Load", [&] { Form_Load(); });
+    form_->showModal();
+}
+
+void frmItems::Form_Load() {
+    form_->setVisible(kGroup, false);
+    std::vector<std::string> tables;
+    for (const auto& [key, type] : context_.configuration.dataTypes) tables.push_back(type->getName());
+    form_->setItems("cmbModbusType", tables);
+    form_->setItems("cmbBit", bitNumbers());
+    if (edited_ != nullptr) {
+        loadRecord();
+        return;
+    }
+    form_->setText("txtItemName", "New Item " + std::to_string(context_.configuration.state.itemCounter));
+    cmbDataType_Click();
+}
+
+void frmItems::loadRecord() {
+    form_->setText("cmdOk", "Confirm Modify");
+    form_->setEnabled("cmdAdd", false);
+    form_->setEnabled("cmdGroup", false);
+    form_->setText("txtItemName", edited_->sName());
+    const auto [table, label] = splitDataType(edited_->sDataType());
+    form_->setText("cmbModbusType", table);
+    cmbModbusType_Click();
+    form_->setText("cmbDataType", label);
+    form_->setText("txtComment", edited_->sComment());
+    form_->setText("txtAddress", std::to_string(edited_->nAddress()));
+    cmbDataType_Click();
+    if (hasElements(label)) form_->setText("txtElements", std::to_string(edited_->nElements()));
+    form_->setText("cmbAccessRight", edited_->sAccessRight());
+}
+
+void frmItems::cmbModbusType_Click() {
+    const std::string table = text("cmbModbusType");
+    form_->setItems("cmbDataType", valueTypesOf(table));
+    form_->setItems("cmbAccessRight", accessRightsOf(table));
+}
+
+void frmItems::cmbDataType_Click() {
+    const std::string table = text("cmbModbusType");
+    const std::string label = text("cmbDataType");
+    const bool hasBit = isBoolean(label) && !contains(table, "coil") && !contains(table, "input status");
+    form_->setEnabled("cmbBit", hasBit);
+    if (!hasBit) {
+        form_->setText("cmbBit", "0");
+    } else if (edited_ != nullptr) {
+        form_->setText("cmbBit", std::to_string(edited_->nBitNumber()));
+    }
+    form_->setEnabled("txtElements", hasElements(label));
+    if (!hasElements(label)) form_->setText("txtElements", "0");
+}
+
+bool frmItems::CheckFields() {
+    const std::string message = itemFieldError(*form_);
+    if (!message.empty()) context_.messages.show(message);
+    return message.empty();
+}
+
+void frmItems::AddItemToColl() {
+    stored_ = false;
+    if (!CheckFields()) return;
+    const std::string name = text("txtItemName");
+    edited_ != nullptr ? changeItem(name) : addItem(name);
+}
+
+void frmItems::changeItem(const std::string& name) {
+    Configuration& configuration = context_.configuration;
+    const bool nameFits = name == edited_->sName() ||
+                          CheckDuplNames(NodeTag::Item, name, configuration.tree, true, context_.messages);
+    if (!nameFits) return;
+    TreeNode& node = *configuration.tree.selected();
+    auto record = std::make_shared<clsItem>();
+    record->SetByForm(*form_, node.parent()->key());
+    configuration.replaceItem(node, std::move(record));
+    configuration.tree.select(&node);
+    configuration.state.saved = false;
+    stored_ = true;
+}
+
+void frmItems::addItem(const std::string& name) {
+    Configuration& configuration = context_.configuration;
+    if (!CheckDuplNames(NodeTag::Item, name, configuration.tree, false, context_.messages)) return;
+    TreeNode& container = *configuration.tree.selected();
+    auto record = std::make_shared<clsItem>();
+    record->SetByForm(*form_, container.key());
+    configuration.tree.ensureVisible(configuration.addItem(std::move(record), container));
+    configuration.state.saved = false;
+    configuration.state.itemCounter = raised(configuration.state.itemCounter);
+    stored_ = true;
+}
+
+void frmItems::cmdOk_Click() {
+    AddItemToColl();
+    if (stored_) form_->close();
+}
+
+void frmItems::cmdCancel_Click() {
+    form_->close();
+}
+
+void frmItems::cmdAdd_Click() {
+    AddItemToColl();
+    if (stored_) proposeNextItem();
+}
+
+void frmItems::proposeNextItem() {
+    const ItemPlace place{toInt32(leadingNumber(text("txtAddress"))), toInt32(leadingNumber(text("cmbBit")))};
+    const ItemPlace next = advanced(place, text("cmbModbusType"), text("cmbDataType"),
+                                    toInt32(leadingNumber(text("txtElements"))));
+    form_->setText("txtItemName", "New_Item_" + std::to_string(context_.configuration.state.itemCounter));
+    form_->setText("txtComment", "");
+    form_->setText("txtAddress", std::to_string(next.address));
+    form_->setText("cmbBit", std::to_string(next.bit));
+}
+
+void frmItems::cmdGroup_Click() {
+    form_->setEnabled(kMain, false);
+    form_->setVisible(kGroup, true);
+    form_->setText("txtNumbItems", "1");
+    form_->setFocus("txtNumbItems");
+}
+
+void frmItems::cmdOkNumber_Click() {
+    const auto number = wholeNumber(text("txtNumbItems"));
+    if (!number) {
+        context_.messages.show("Number of items is not valid.");
+        return;
+    }
+    const std::int16_t count = toInt16(*number);  // too large a number leaves the panel open for a better one
+    form_->setVisible(kGroup, false);
+    addGroup(count);
+    form_->setEnabled(kMain, true);
+    form_->setFocus("txtItemName");
+}
+
+void frmItems::addGroup(std::int16_t count) {
+    if (count < 1) return;
+    const PointerScope hourglass(context_.pointer, Pointer::Hourglass);
+    const StructureTree::Batch batch(context_.configuration.tree);
+    for (std::int16_t added = 0; added < count; ++added) {
+        stored_ = false;
+        reportErrors(context_.messages, "cmdAdd_Click", [&] { cmdAdd_Click(); });
+        if (!stored_) return;
+    }
+}
+
+}  // namespace trevandix

@@ -1,0 +1,157 @@
+#include "dialogs/frmModBus.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "model/Numbers.h"
+#include "model/TypeNames.h"
+
+namespace trevandix {
+
+namespace {
+
+// The buttons come before the single write code: kept, that is the order of the Tab key.
+constexpr std::array kControls{
+    ControlSpec{ControlKind::Heading, "lblHeading", "Enter ModBus data Type properties:"},
+    ControlSpec{ControlKind::Choice, "cmbMBType", "Mod Bus Data Type"},
+    ControlSpec{ControlKind::Text, "txtReadCode", "Read function Code", "", Place::NextRow, 8},
+    ControlSpec{ControlKind::Text, "txtWriteCode", "Write Function Code", "", Place::NextRow, 8},
+    ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow},
+    ControlSpec{ControlKind::Button, "cmdCancel", "Exit", "", Place::ButtonRow},
+    ControlSpec{ControlKind::Check, "chkSingle", "Single Write Function Code"},
+    ControlSpec{ControlKind::Text, "txtSingleCode", "", "", Place::SameRow, 8},
+};
+constexpr FormSpec kForm{"frmModBus", "ModBus Data Type Properties", kControls, "cmdOk", "cmdCancel",
+                         "cmbMBType"};
+
+/// Function codes of a standard table; an empty code is one that the table does not have.
+struct Preset {
+    std::string_view name;
+    std::string_view readCode;
+    std::string_view writeCode;
+    std::string_view singleCode;
+};
+constexpr std::array kPresets{
+    Preset{"input status", "2", "", ""},
+    Preset{"coil", "1", "15", "5"},
+    Preset{"input register", "4", "", ""},
+    Preset{"holding register", "3", "16", "6"},
+};
+
+}  // namespace
+
+bool frmModBus::showToAdd() {
+    edit_ = false;
+    show();
+    return done_;
+}
+
+void frmModBus::showToEdit(const std::string& name) {
+    edit_ = true;
+    editedName_ = name;
+    show();
+}
+
+void frmModBus::show() {
+    done_ = false;
+    form_ = context_.forms.create(kForm);
+    connect<frmModBus>(*form_, context_.messages, *this,
+                       {{"cmbMBType", "cmbMBType_Click", &frmModBus::cmbMBType_Click},
+                        {"chkSingle", "chkSingle_Click", &frmModBus::chkSingle_Click},
+                        {"cmdOk", "cmdOk_Click", &frmModBus::cmdOk_Click},
+                        {"cmdCancel", "cmdCancel_Click", &frmModBus::cmdCancel_Click}});
+    reportErrors(context_.messages, "Form_Load", [&] { Form_Load(); });
+    form_->showModal();
+}
+
+void frmModBus::Form_Load() {
+    std::vector<std::string> names;
+    for (const Preset& preset : kPresets) names.emplace_back(preset.name);
+    form_->setItems("cmbMBType", names);
+    if (!edit_) return;
+    form_->setText("cmbMBType", editedName_);
+    const auto record = context_.configuration.dataTypes.at(editedName_);
+    form_->setText("txtReadCode", std::to_string(record->getReadCode()));
+    if (contains(editedName_, "input")) {
+        disableWriting();
+        return;
+    }
+    form_->setText("txtWriteCode", std::to_string(record->getWriteCode()));
+    const bool single = record->getSingleWrCode() > 0;
+    form_->setChecked("chkSingle", single);
+    form_->setEnabled("txtSingleCode", single);
+    if (single) form_->setText("txtSingleCode", std::to_string(record->getSingleWrCode()));
+}
+
+void frmModBus::disableWriting() {
+    for (const std::string_view code : {"txtWriteCode", "txtSingleCode"}) {
+        form_->setText(code, "");
+        form_->setEnabled(code, false);
+    }
+    form_->setChecked("chkSingle", false);
+    form_->setEnabled("chkSingle", false);
+}
+
+void frmModBus::cmbMBType_Click() {
+    disableWriting();
+    const auto* preset = std::ranges::find(kPresets, form_->text("cmbMBType"), &Preset::name);
+    if (preset == kPresets.end()) return;
+    form_->setText("txtReadCode", preset->readCode);
+    if (preset->writeCode.empty()) return;
+    form_->setText("txtWriteCode", preset->writeCode);
+    form_->setText("txtSingleCode", preset->singleCode);
+    form_->setChecked("chkSingle", true);
+    for (const std::string_view control : {"txtWriteCode", "txtSingleCode", "chkSingle"}) {
+        form_->setEnabled(control, true);
+    }
+}
+
+void frmModBus::chkSingle_Click() {
+    const bool single = form_->checked("chkSingle");
+    form_->setEnabled("txtSingleCode", single);
+    if (!single) form_->setText("txtSingleCode", "");
+}
+
+std::string frmModBus::fieldError() const {
+    const std::string name = form_->text("cmbMBType");
+    const auto numeric = [&](std::string_view control) { return isNumeric(form_->text(control)); };
+    if (!edit_) {
+        for (const auto& [key, type] : context_.configuration.dataTypes) {
+            if (type->getName() == name) return "ModBus type already existing";
+        }
+    }
+    if (!numeric("txtReadCode")) return "Check Read Function code";
+    if (!contains(name, "input") && !numeric("txtWriteCode")) return "Check Write Function code";
+    if (form_->checked("chkSingle") && !numeric("txtSingleCode")) return "Check Single Write Function code";
+    return {};
+}
+
+bool frmModBus::CheckFields() {
+    const std::string message = fieldError();
+    if (!message.empty()) context_.messages.show(message);
+    return message.empty();
+}
+
+void frmModBus::cmdOk_Click() {
+    if (!CheckFields()) return;
+    Configuration& configuration = context_.configuration;
+    auto record = std::make_shared<clsModBusType>();
+    record->SetByForm(*form_);
+    const std::string name = record->getName();
+    if (name.empty()) throw RuntimeError(ErrorNumber::InvalidCall);  // it could have no node
+    if (edit_) {
+        configuration.replaceDataType(editedName_, std::move(record));
+    } else {
+        configuration.dataTypes.add(std::move(record), name);
+    }
+    done_ = true;
+    form_->close();
+}
+
+void frmModBus::cmdCancel_Click() {
+    done_ = false;
+    form_->close();
+}
+
+}  // namespace trevandix

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "dialogs/Dialog.h"
+
+namespace trevandix {
+
+/// Adds a Modbus data type or edits one.
+class frmModBus {
+public:
+    explicit frmModBus(const DialogContext& context) : context_(context) {}
+
+    /// True when a data type was added: the last one of its collection, still without a node.
+    bool showToAdd();
+    void showToEdit(const std::string& name);
+
+private:
+    void show();
+    void Form_Load();
+    void cmbMBType_Click();
+    void chkSingle_Click();
+    void cmdOk_Click();
+    void cmdCancel_Click();
+    bool CheckFields();
+    std::string fieldError() const;
+    void disableWriting();
+
+    DialogContext context_;
+    std::unique_ptr<Form> form_;
+    bool edit_ = false;
+    std::string editedName_;
+    bool done_ = false;
+};
+
+}  // namespace trevandix

@@ -1,0 +1,140 @@
+#include "dialogs/frmPLC.h"
+
+#include <array>
+
+#include "dialogs/UnitChecks.h"
+#include "xmlfile/Generale.h"
+
+namespace trevandix {
+
+namespace {
+
+constexpr std::array kControls{
+    ControlSpec{ControlKind::Text, "txtName", "Unit Name"},
+    ControlSpec{ControlKind::Text, "txtAddress", "IP Address"},
+    ControlSpec{ControlKind::Text, "txtUI", "ModBus Unit Identifier", "", Place::NextRow, 8},
+    ControlSpec{ControlKind::Text, "txtTimeout", "Communication Timeout (ms)", "", Place::NextRow, 8},
+    ControlSpec{ControlKind::Text, "txtPort", "Port Name (COMx)", "", Place::NextRow, 8},
+    ControlSpec{ControlKind::Choice, "cmbBaud", "Baud rate (b/s)", "", Place::NextRow, 12},
+    ControlSpec{ControlKind::Choice, "cmbParity", "Parity", "", Place::NextRow, 12},
+    ControlSpec{ControlKind::Combo, "cmbData", "Data e Stop bits", "", Place::NextRow, 6},
+    ControlSpec{ControlKind::Combo, "cmbStop", "", "", Place::SameRow, 6},
+    ControlSpec{ControlKind::Choice, "cmbFlow", "Flow Control", "", Place::NextRow, 12},
+    ControlSpec{ControlKind::Text, "txtSilent", "Silent interval (ms)", "", Place::NextRow, 8},
+    ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow},
+    ControlSpec{ControlKind::Button, "cmdCancel", "Quit", "", Place::ButtonRow},
+};
+constexpr FormSpec kForm{"frmPLC", "Unit Properties", kControls, "cmdOk", "cmdCancel", "txtName"};
+
+constexpr std::array<std::string_view, 7> kRtuFields{"txtPort", "cmbBaud", "cmbParity", "cmbData",
+                                                     "cmbStop", "cmbFlow", "txtSilent"};
+
+}  // namespace
+
+bool frmPLC::showToAdd() {
+    show(nullptr);
+    return added_;
+}
+
+void frmPLC::show(std::shared_ptr<clsPLC> edited) {
+    edited_ = std::move(edited);
+    added_ = false;
+    form_ = context_.forms.create(kForm);
+    connect<frmPLC>(*form_, context_.messages, *this,
+                    {{"cmdOk", "cmdOk_Click", &frmPLC::cmdOk_Click},
+                     {"cmdCancel", "cmdCancel_Click", &frmPLC::cmdCancel_Click}});
+    reportErrors(context_.messages, "Form_Load", [&] { Form_Load(); });
+    form_->showModal();
+}
+
+void frmPLC::Form_Load() {
+    fillLists();
+    enableFields();
+    edited_ != nullptr ? loadRecord() : proposeUnit();
+}
+
+void frmPLC::fillLists() {
+    form_->setItems("cmbBaud", {"2400", "9600", "19200", "38400", "57600", "115200"});
+    form_->setItems("cmbParity", {"NO", "EVEN", "ODD"});
+    form_->setItems("cmbData", {"8", "7", "6", "5"});
+    form_->setItems("cmbStop", {"1", "2"});
+    form_->setItems("cmbFlow", {"NONE", "HARDWARE"});
+}
+
+void frmPLC::enableFields() {
+    const std::string& kind = context_.configuration.state.interfaceKind;
+    for (const std::string_view field : kRtuFields) form_->setEnabled(field, kind != kTcpIp);
+    form_->setEnabled("txtAddress", kind != kRtu);
+}
+
+void frmPLC::proposeUnit() {
+    const EditingState& state = context_.configuration.state;
+    form_->setText("txtName", "New Plc " + std::to_string(state.unitCounter));
+    form_->setText("txtUI", "1");
+    form_->setText("txtTimeout", "2000");
+    if (state.interfaceKind == kTcpIp) form_->setText("txtAddress", "192.168.0.1");
+    if (state.interfaceKind != kRtu) return;
+    form_->setText("txtPort", "COM1");
+    form_->setText("cmbBaud", "9600");
+    form_->setText("cmbParity", "NO");
+    form_->setText("cmbData", "8");
+    form_->setText("cmbStop", "1");
+    form_->setText("txtSilent", "10");
+    form_->setText("cmbFlow", "NONE");
+}
+
+void frmPLC::loadRecord() {
+    const std::string& kind = context_.configuration.state.interfaceKind;
+    form_->setText("txtName", edited_->getName());
+    form_->setText("txtUI", std::to_string(edited_->getUI()));
+    form_->setText("txtTimeout", std::to_string(edited_->getTimeout()));
+    if (kind == kTcpIp) form_->setText("txtAddress", edited_->getAddress());
+    if (kind != kRtu) return;
+    form_->setText("txtPort", edited_->getCom());
+    form_->setText("cmbBaud", std::to_string(edited_->getBaud()));
+    form_->setText("cmbParity", edited_->getParity());
+    form_->setText("cmbData", std::to_string(edited_->getDataBits()));
+    form_->setText("cmbStop", std::to_string(edited_->getStopBits()));
+    form_->setText("txtSilent", std::to_string(edited_->getSilent()));
+    form_->setText("cmbFlow", edited_->getFlowCtl());
+}
+
+bool frmPLC::CheckFields() {
+    const std::string message = unitFieldError(*form_, context_.configuration, edited_.get());
+    if (!message.empty()) context_.messages.show(message);
+    return message.empty();
+}
+
+void frmPLC::cmdOk_Click() {
+    if (!CheckFields()) {
+        form_->close();  // unlike the other dialogs: kept, users know it so
+        return;
+    }
+    Configuration& configuration = context_.configuration;
+    const std::string name = form_->text("txtName");
+    if (!CheckDuplNames(NodeTag::Plc, name, configuration.tree, edited_ != nullptr, context_.messages))
+        return;
+    auto record = std::make_shared<clsPLC>();
+    record->SetByForm(*form_, configuration.state.interfaceKind);
+    if (edited_ != nullptr) {
+        changeUnit(std::move(record));
+    } else {
+        configuration.units.add(record, record->sKey());
+        added_ = true;
+    }
+    configuration.state.saved = false;
+    form_->close();
+}
+
+void frmPLC::changeUnit(std::shared_ptr<clsPLC> record) {
+    Configuration& configuration = context_.configuration;
+    TreeNode& node = *configuration.tree.selected();
+    configuration.replaceUnit(node, std::move(record));
+    configuration.tree.select(&node);
+}
+
+void frmPLC::cmdCancel_Click() {
+    form_->close();
+}
+
+}  // namespace trevandix

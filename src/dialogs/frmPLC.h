@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "dialogs/Dialog.h"
+
+namespace trevandix {
+
+/// Adds a unit or edits the selected one, for either interface kind.
+class frmPLC {
+public:
+    explicit frmPLC(const DialogContext& context) : context_(context) {}
+
+    /// True when a unit was added: the last one of its collection, still without a node.
+    bool showToAdd();
+    /// `record` is the one under the selected node's key.
+    void showToEdit(std::shared_ptr<clsPLC> record) { show(std::move(record)); }
+
+private:
+    void show(std::shared_ptr<clsPLC> edited);
+    void Form_Load();
+    void fillLists();
+    void enableFields();
+    void proposeUnit();
+    void loadRecord();
+    void cmdOk_Click();
+    void cmdCancel_Click();
+    bool CheckFields();
+    void changeUnit(std::shared_ptr<clsPLC> record);
+
+    DialogContext context_;
+    std::unique_ptr<Form> form_;
+    std::shared_ptr<clsPLC> edited_;  ///< nothing while a unit is added
+    bool added_ = false;
+};
+
+}  // namespace trevandix

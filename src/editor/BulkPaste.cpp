@@ -1,0 +1,122 @@
+#include "editor/BulkPaste.h"
+
+#include <unordered_set>
+
+#include "editor/frmReplace.h"
+#include "model/ItemRenaming.h"
+#include "platform/Text.h"
+#include "xmlfile/Generale.h"
+
+namespace trevandix {
+
+namespace {
+
+constexpr std::size_t kCommentColumn = 1;
+
+/// The preview's rows; `current` gives the text that a list row has now.
+template <typename Current>
+std::vector<std::vector<std::string>> preview(std::string_view what, const std::vector<std::size_t>& rows,
+                                              const std::vector<std::string>& lines, const Current& current) {
+    std::vector<std::vector<std::string>> cells{{std::string(what), "", "New " + std::string(what)}};
+    cells.reserve(rows.size() + 1);
+    for (std::size_t i = 0; i < rows.size(); ++i) cells.push_back({current(rows[i]), "<---", lines[i]});
+    return cells;
+}
+
+}  // namespace
+
+std::vector<std::string> clipboardLines(std::string_view text) {
+    const std::string_view lineEnd = text.find("\r\n") != std::string_view::npos ? "\r\n" : "\n";
+    std::vector<std::string> lines;
+    while (!text.empty()) {
+        const std::size_t end = text.find(lineEnd);
+        lines.emplace_back(trimmed(text.substr(0, end)));
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + lineEnd.size());
+    }
+    return lines;
+}
+
+void BulkPaste::mnuPasteName_Click() {
+    context_.guarded("mnuPasteName_Click", [&] {
+        const std::string text = context_.platform.clipboard.text();
+        if (text.empty()) return void(context_.platform.messages.show("Empty clipboard !"));
+        const Rows rows = context_.list.selectedRows();
+        const Lines lines = clipboardLines(text);
+        if (clashes(lines, rows)) return void(context_.platform.messages.show("Name already existing"));
+        if (!fits(lines, rows)) return;
+        const auto name = [&](std::size_t row) { return context_.list.rows().at(row).text; };
+        if (!showFrmReplace(context_.platform.forms, preview("Item name", rows, lines, name))) return;
+        context_.state().saved = false;
+        applyNames(lines, rows);
+    });
+}
+
+// An item beside the selected ones has the name. A line with a "." clashes with nothing, as no name ends a
+// key with one; it is refused later, for its own item alone.
+bool BulkPaste::clashes(const Lines& lines, const Rows& rows) const {
+    const TreeNode* node = context_.tree().selected();
+    if (node == nullptr) return false;
+    std::unordered_set<Key> selected;
+    for (const std::size_t row : rows) selected.emplace(context_.list.rows().at(row).key);
+    for (const std::string& line : lines) {
+        if (line.find('.') != std::string::npos) continue;
+        const Key key(node->key(), line);
+        if (context_.configuration.items.contains(key) && !selected.contains(key)) return true;
+    }
+    return false;
+}
+
+bool BulkPaste::fits(const Lines& lines, const Rows& rows) const {
+    if (lines.size() != rows.size()) context_.platform.messages.show("Invalid selection");
+    return lines.size() == rows.size();
+}
+
+// All at once, not one after the other, so that selected items can swap their names.
+void BulkPaste::applyNames(const Lines& lines, const Rows& rows) {
+    std::vector<ItemRenaming> renamings;
+    Rows renamed;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (!checkForbiddenCharacters(lines[i], context_.platform.messages)) continue;
+        renamings.push_back({context_.list.rows().at(rows[i]).key, lines[i]});
+        renamed.push_back(rows[i]);
+    }
+    {
+        const StructureTree::Batch batch(context_.tree());
+        renameItems(context_.configuration, renamings);
+    }
+    std::optional<ErrorNumber> failure;
+    for (std::size_t i = 0; i < renamings.size(); ++i) {
+        if (renamings[i].failure) {
+            if (!failure) failure = renamings[i].failure;
+            continue;
+        }
+        context_.list.setKey(renamed[i], renamings[i].newKey);
+        context_.list.setCell(renamed[i], 0, renamings[i].name);
+    }
+    if (failure) throw RuntimeError(*failure);
+}
+
+void BulkPaste::mnuPasteComment_Click() {
+    context_.guarded("mnuPasteComment_Click", [&] {
+        const std::string text = context_.platform.clipboard.text();
+        if (text.empty()) return void(context_.platform.messages.show("Empty clipboard !"));
+        const Rows rows = context_.list.selectedRows();
+        const Lines lines = clipboardLines(text);
+        if (!fits(lines, rows)) return;
+        const auto comment = [&](std::size_t row) {
+            return context_.configuration.items.at(context_.list.rows().at(row).key)->sComment();
+        };
+        if (!showFrmReplace(context_.platform.forms, preview("Item comment", rows, lines, comment))) return;
+        context_.state().saved = false;
+        applyComments(lines, rows);
+    });
+}
+
+void BulkPaste::applyComments(const Lines& lines, const Rows& rows) {
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        context_.configuration.items.at(context_.list.rows().at(rows[i]).key)->sComment(lines[i]);
+        context_.list.setCell(rows[i], kCommentColumn, lines[i]);
+    }
+}
+
+}  // namespace trevandix

@@ -1,0 +1,28 @@
+#include "editor/EditorContext.h"
+
+#include "platform/RuntimeError.h"
+
+namespace trevandix {
+
+void EditorContext::enable(Situation situation) const {
+    const bool always = situation == Situation::Start || situation == Situation::Busy;
+    if (!always && !state().configurationOpen) return;
+    guarded("EnMenuButt", [&] { EnMenuButt(platform.commands, enablingRow(situation)); });
+}
+
+bool EditorContext::guarded(std::string_view procedure, const std::function<void()>& body) const {
+    return reportErrors(platform.messages, procedure, body);
+}
+
+void EditorContext::InitObjects() const {
+    platform.window.setTreeVisible(false);
+    tree().clear();
+    list.setVisible(false);
+    const ListView::Update update(list);
+    list.clearRows();
+    list.clearColumns();
+    state().copyBuffer.assign(1, nullptr);
+    state().pasteCounter = 1;
+}
+
+}  // namespace trevandix

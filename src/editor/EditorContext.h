@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "editor/Enabling.h"
+#include "model/Configuration.h"
+#include "platform/ListView.h"
+#include "platform/Platform.h"
+
+namespace trevandix {
+
+/// What every family of commands works on. Owned by `frmEditing`.
+struct EditorContext {
+    Platform& platform;
+    Configuration& configuration;
+    ListView& list;
+
+    StructureTree& tree() const { return configuration.tree; }
+    EditingState& state() const { return configuration.state; }
+
+    /// Switches the commands for a situation. Without an open configuration only Start and Busy have an effect, so
+    /// that nothing can be saved over a file that could not be read.
+    void enable(Situation situation) const;
+
+    /// Runs a handler; its failure is shown with the handler's name.
+    bool guarded(std::string_view procedure, const std::function<void()>& body) const;
+
+    /// Empties the view: tree and list hidden and cleared, copy buffer and paste counter as at the start. Leaves
+    /// collections, flags and counters alone.
+    void InitObjects() const;
+};
+
+}  // namespace trevandix

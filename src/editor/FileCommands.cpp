@@ -1,0 +1,220 @@
+#include "editor/FileCommands.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "editor/LoadProgress.h"
+#include "editor/frmSelect.h"
+#include "platform/FileAccess.h"
+#include "platform/RuntimeError.h"
+#include "xmlfile/ConfigurationReader.h"
+#include "xmlfile/ConfigurationWriter.h"
+#include "xmlfile/Latin1File.h"
+
+namespace trevandix {
+
+namespace {
+
+constexpr std::string_view kFilter = "configuration files |*.xml";
+constexpr std::string_view kSaveActive = "Do you want to save active configuration?";
+constexpr std::string_view kSaveThis = "Do you want to save this configuration?";
+
+// Default names go on behind the records that were read; the counter stops at its 16-bit limit.
+std::int16_t counterBehind(std::size_t records) {
+    constexpr std::size_t kLimit = std::numeric_limits<std::int16_t>::max();
+    return static_cast<std::int16_t>(std::min(records + 1, kLimit));
+}
+
+}  // namespace
+
+FileCommands::SaveQuestion FileCommands::askToSave(std::string_view question) {
+    if (!context_.state().configurationOpen || context_.state().saved) return SaveQuestion::NotAsked;
+    if (!context_.platform.messages.confirms(question)) return SaveQuestion::Settled;
+    mnuSaveCfg_Click();
+    return context_.state().saved ? SaveQuestion::Settled : SaveQuestion::Stop;
+}
+
+std::string FileCommands::defaultFilePath() const {
+    const auto folder = fromUtf8(context_.platform.programFolder);
+    return toUtf8((folder / fromUtf8(context_.state().interfaceKind + ".xml")).make_preferred());
+}
+
+void FileCommands::mnuNewCfg_Click() {
+    context_.guarded("mnuNewCfg_Click", [&] {
+        const SaveQuestion question = askToSave(kSaveActive);
+        if (question == SaveQuestion::Stop) return;
+        EditingState& state = context_.state();
+        if (question == SaveQuestion::Settled) state.configurationOpen = false;
+        context_.InitObjects();
+        showFrmSelect(context_.platform.forms, state);
+        state.filePath = defaultFilePath();
+        state.configurationOpen = true;
+        state.saved = false;
+        context_.configuration.buildRoot();
+        context_.platform.window.showImportPanel(false);  // a failed Open may have left it
+        context_.platform.window.setTreeVisible(true);
+        context_.list.setVisible(true);
+        context_.list.setSorted(false);
+        context_.enable(Situation::AfterNew);
+        context_.configuration.createCollections();
+        state.unitCounter = state.branchCounter = state.itemCounter = state.dataTypeCounter = 0;
+        context_.platform.window.focusTree();
+    });
+}
+
+bool FileCommands::ShowDialSave(std::string& fileName) const {
+    return reportErrors(
+        context_.platform.messages, "ShowDialSave",
+        [&] {
+            fileName = context_.platform.fileDialog.open("Open as existing configuration", kFilter).value_or("");
+        },
+        "ShowDialSave ");
+}
+
+void FileCommands::mnuOpenCfg_Click() {
+    context_.guarded("mnuOpenCfg_Click", [&] {
+        if (askToSave(kSaveActive) == SaveQuestion::Stop) return;
+        std::string fileName;
+        if (ShowDialSave(fileName) && !fileName.empty()) load(fileName);
+    });
+}
+
+void FileCommands::openFile(const std::string& filePath) {
+    context_.guarded("mnuOpenCfg_Click", [&] {
+        if (askToSave(kSaveActive) != SaveQuestion::Stop) load(filePath);
+    });
+}
+
+void FileCommands::load(const std::string& filePath) {
+    Configuration& configuration = context_.configuration;
+    // From here on the old configuration is gone, and the new one is not there before it has been read whole.
+    configuration.state.configurationOpen = false;
+    context_.InitObjects();
+    configuration.createCollections();
+    configuration.state.filePath = filePath;
+    bool read = false;
+    {
+        const StructureTree::Batch batch(configuration.tree);
+        configuration.buildRoot();
+        MainWindow& window = context_.platform.window;
+        window.showImportPanel(true);
+        context_.enable(Situation::Busy);
+        LoadProgress progress(window);
+        ConfigurationReader reader(configuration, context_.platform.xmlParser, context_.platform.messages,
+                                   context_.platform.pointer, [&] { progress.itemRead(); });
+        window.processEvents();
+        reading_ = true;
+        read = reader.ImportXML(filePath);
+        reading_ = false;
+    }
+    if (read) {
+        finishLoad();
+    } else {
+        context_.enable(Situation::Start);
+    }
+}
+
+void FileCommands::finishLoad() {
+    Configuration& configuration = context_.configuration;
+    EditingState& state = configuration.state;
+    context_.platform.window.showImportPanel(false);
+    state.dataTypeCounter = counterBehind(configuration.dataTypes.size());
+    state.itemCounter = counterBehind(configuration.items.size());
+    state.branchCounter = counterBehind(configuration.branches.size());
+    state.unitCounter = counterBehind(configuration.units.size());
+    state.configurationOpen = true;
+    state.saved = true;
+    context_.platform.window.setTreeVisible(true);
+    context_.list.setVisible(true);
+    context_.list.setSorted(false);
+    views_.TreeView1_NodeClick(*configuration.tree.root());
+    context_.enable(Situation::AfterNew);
+    context_.platform.window.focusTree();
+}
+
+bool FileCommands::writeAndPublish() {
+    EditingState& state = context_.state();
+    ConfigurationWriter writer(context_.configuration, context_.platform.messages, context_.platform.pointer);
+    if (!writer.CreateXML(state.filePath)) {
+        state.saved = false;
+        return false;
+    }
+    // Without administrator's rights this is refused; saving has succeeded all the same.
+    context_.platform.registry.publish(state.interfaceKind, state.filePath);
+    state.saved = true;
+    return true;
+}
+
+void FileCommands::mnuSaveCfg_Click() {
+    context_.guarded("mnuSaveCfg_Click", [&] {
+        if (context_.state().configurationOpen) save();
+    });
+}
+
+void FileCommands::save() {
+    const std::string& path = context_.state().filePath;
+    Answer answer = Answer::Yes;
+    if (fileExists(path)) {
+        answer = context_.platform.messages.show("File " + path + " already existing. Overwrite?",
+                                                 Buttons::YesNoCancel);
+    }
+    if (answer == Answer::Yes && writeAndPublish()) context_.platform.messages.show(path + " saved");
+    if (answer == Answer::No) mnuSaveAs_Click();
+}
+
+void FileCommands::mnuSaveAs_Click() {
+    context_.guarded("mnuSaveAs_Click", [&] {
+        try {
+            if (context_.state().configurationOpen) saveAs();
+        } catch (const RuntimeError& error) {
+            if (error.number() != ErrorNumber::CancelWasSelected) throw;
+        }
+    });
+}
+
+void FileCommands::saveAs() {
+    const auto fileName =
+        context_.platform.fileDialog.save("Save configuration", kFilter, context_.state().interfaceKind + ".xml");
+    if (!fileName) throw RuntimeError(ErrorNumber::CancelWasSelected);
+    if (fileName->empty()) return;
+    context_.configuration.setFilePath(*fileName);
+    writeAndPublish();
+}
+
+void FileCommands::mnuCloseCfg_Click() {
+    context_.guarded("mnuCloseCfg_Click", [&] {
+        const SaveQuestion question = askToSave(kSaveThis);
+        if (question == SaveQuestion::Stop) return;
+        if (question == SaveQuestion::Settled) context_.state().configurationOpen = false;
+        context_.InitObjects();
+        context_.enable(Situation::Start);
+        context_.configuration.items.clear();
+        context_.configuration.units.clear();
+        context_.configuration.branches.clear();
+    });
+}
+
+void FileCommands::mnuExit_Click() {
+    context_.guarded("mnuExit_Click", [&] {
+        EditingState& state = context_.state();
+        if (state.configurationOpen && !state.saved && context_.platform.messages.confirms(kSaveActive)) {
+            mnuSaveCfg_Click();
+        }
+        state.configurationOpen = false;
+        context_.platform.window.close();
+    });
+}
+
+void FileCommands::unload() {
+    context_.guarded("Form_Unload", [&] {
+        EditingState& state = context_.state();
+        if (state.configurationOpen && !state.saved && context_.platform.messages.confirms(kSaveActive)) {
+            mnuSaveCfg_Click();
+        }
+        state.configurationOpen = false;
+        context_.configuration.units.clear();
+        context_.configuration.items.clear();
+    });
+}
+
+}  // namespace trevandix

@@ -1,0 +1,113 @@
+#include "editor/ObjectCommands.h"
+
+#include <algorithm>
+
+#include "dialogs/frmBranch.h"
+#include "dialogs/frmItems.h"
+#include "dialogs/frmModBus.h"
+#include "dialogs/frmPLC.h"
+#include "model/Numbers.h"
+
+namespace trevandix {
+
+DialogContext ObjectCommands::dialogContext() const {
+    Platform& platform = context_.platform;
+    return {platform.forms, platform.messages, platform.pointer, context_.configuration};
+}
+
+TreeNode* ObjectCommands::selectedOf(std::initializer_list<NodeTag> tags) const {
+    TreeNode* node = context_.tree().selected();
+    if (!context_.state().configurationOpen || node == nullptr) return nullptr;
+    return std::ranges::find(tags, node->tag()) == tags.end() ? nullptr : node;
+}
+
+void ObjectCommands::showSelected(TreeNode& node) {
+    context_.tree().ensureVisible(node);
+    context_.tree().select(&node);
+}
+
+// The command is also offered on a branch whose first child is an item; the type belongs to the folder from
+// there too.
+void ObjectCommands::mnuAddMBType_Click() {
+    context_.guarded("mnuAddMBType_Click", [&] {
+        if (selectedOf({NodeTag::ModBus, NodeTag::Branch}) == nullptr) return;
+        frmModBus dialog(dialogContext());
+        if (!dialog.showToAdd()) return;
+        showSelected(context_.configuration.addNodeOfLastDataType());
+        context_.state().saved = false;
+        context_.state().dataTypeCounter = raised(context_.state().dataTypeCounter);
+        views_.TreeView1_NodeClick(context_.tree().at(Key(kModBusFolder)));
+    });
+}
+
+void ObjectCommands::mnuAddPlc_Click() {
+    context_.guarded("mnuAddPlc_Click", [&] {
+        if (selectedOf({NodeTag::Config}) == nullptr) return;
+        frmPLC dialog(dialogContext());
+        if (!dialog.showToAdd()) return;
+        TreeNode& unit = context_.configuration.addNodeOfLastUnit();
+        showSelected(unit);
+        context_.state().saved = false;
+        context_.state().unitCounter = raised(context_.state().unitCounter);
+        views_.TreeView1_NodeClick(unit);
+    });
+}
+
+void ObjectCommands::mnuAddBranch_Click() {
+    context_.guarded("mnuAddBranch_Click", [&] {
+        TreeNode* container = selectedOf({NodeTag::Plc, NodeTag::Branch});
+        if (container == nullptr) return;
+        frmBranch dialog(dialogContext());
+        if (!dialog.showToAdd()) return;
+        showSelected(context_.configuration.addNodeOfLastBranch(*container));
+        context_.state().saved = false;
+        context_.state().branchCounter = raised(context_.state().branchCounter);
+    });
+}
+
+void ObjectCommands::mnuAddItem_Click() {
+    context_.guarded("mnuAddItem_Click", [&] {
+        TreeNode* container = selectedOf({NodeTag::Plc, NodeTag::Branch});
+        if (container == nullptr) return;
+        // The select-node routine sorts the children afterwards in any case. Sorted before, a name is found
+        // among them without a walk, so that a large group costs no more for each item than a small one.
+        context_.tree().keepSorted(*container);
+        frmItems(dialogContext()).showToAdd();
+        views_.TreeView1_NodeClick(*context_.tree().selected());
+    });
+}
+
+void ObjectCommands::TreeView1_DblClick() {
+    context_.guarded("TreeView1_DblClick", [&] {
+        TreeNode* node = selectedOf({NodeTag::DataType, NodeTag::Branch, NodeTag::Plc, NodeTag::Item});
+        if (node != nullptr) editRecordOf(*node);
+    });
+}
+
+void ObjectCommands::editRecordOf(TreeNode& node) {
+    Configuration& configuration = context_.configuration;
+    switch (node.tag()) {
+        case NodeTag::DataType:
+            frmModBus(dialogContext()).showToEdit(node.text());
+            views_.TreeView1_NodeClick(configuration.tree.at(Key(kModBusFolder)));
+            break;
+        case NodeTag::Branch:
+            configuration.branches.at(node.key());  // a node without its record has nothing to edit
+            frmBranch(dialogContext()).showToEdit();
+            views_.TreeView1_NodeClick(*configuration.tree.selected());
+            break;
+        case NodeTag::Plc:
+            frmPLC(dialogContext()).showToEdit(configuration.units.at(node.key()));
+            views_.TreeView1_NodeClick(*configuration.tree.selected());
+            break;
+        case NodeTag::Item:
+            frmItems(dialogContext()).showToEdit(configuration.items.at(node.key()));
+            views_.TreeView1_NodeClick(*configuration.tree.selected()->parent());
+            break;
+        case NodeTag::Config:
+        case NodeTag::ModBus:
+            break;
+    }
+}
+
+}  // namespace trevandix

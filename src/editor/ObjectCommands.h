@@ -1,0 +1,35 @@
+#pragma once
+
+#include <initializer_list>
+
+#include "dialogs/Dialog.h"
+#include "editor/EditorContext.h"
+#include "editor/TreeAndList.h"
+
+namespace trevandix {
+
+/// The Add commands and the double click: open the property dialog of the record, then bring tree and list up
+/// to date. A command does nothing where the selected node is of no kind that it is for.
+class ObjectCommands {
+public:
+    ObjectCommands(const EditorContext& context, TreeAndList& views) : context_(context), views_(views) {}
+
+    void mnuAddMBType_Click();
+    void mnuAddPlc_Click();
+    void mnuAddBranch_Click();
+    void mnuAddItem_Click();
+    /// Opens the dialog of the selected node's record in edit mode.
+    void TreeView1_DblClick();
+
+private:
+    DialogContext dialogContext() const;
+    /// The selected node of an open configuration when its tag is one of these, else nullptr.
+    TreeNode* selectedOf(std::initializer_list<NodeTag> tags) const;
+    void showSelected(TreeNode& node);
+    void editRecordOf(TreeNode& node);
+
+    const EditorContext& context_;
+    TreeAndList& views_;
+};
+
+}  // namespace trevandix

@@ -1,0 +1,126 @@
+#include "editor/TreeAndList.h"
+
+#include <array>
+#include <span>
+
+namespace trevandix {
+
+namespace {
+
+struct Column {
+    std::string_view header;
+    double width;
+};
+
+constexpr std::array kUnitColumns{Column{"Unit Name", 0.5}, Column{"ModBus Unit Identifier", 0.4}};
+constexpr std::array kDataTypeColumns{Column{"Data Type Name", 0.4}, Column{"Read Code", 0.2},
+                                      Column{"Write Code", 0.2}, Column{"Single Write Code", 0.2}};
+// A branch shows all of these, a single item all but the index.
+constexpr std::array kItemColumns{Column{"Item Name", 0.4},    Column{"Comment", 0.4},     Column{"Address", 0.2},
+                                  Column{"DataType", 0.2},     Column{"ModBus Type", 0.2}, Column{"Access Rights", 0},
+                                  Column{"Index", 0.3}};
+
+std::span<const Column> columnsOf(NodeTag tag) {
+    switch (tag) {
+        case NodeTag::Config:
+        case NodeTag::Plc:
+            return kUnitColumns;
+        case NodeTag::ModBus:
+            return kDataTypeColumns;
+        case NodeTag::Branch:
+            return kItemColumns;
+        case NodeTag::Item:
+            return std::span(kItemColumns).first(kItemColumns.size() - 1);
+        case NodeTag::DataType:
+            break;
+    }
+    return {};
+}
+
+}  // namespace
+
+void TreeAndList::TreeView1_NodeClick(TreeNode& node) {
+    context_.guarded("TreeView1_NodeClick", [&] {
+        const PointerScope hourglass(context_.platform.pointer, Pointer::Hourglass);
+        const ListView::Update update(context_.list);
+        context_.list.clearRows();
+        context_.list.clearColumns();
+        context_.tree().keepSorted(node);
+        context_.enable(situationOf(node.tag()));
+        showColumns(node.tag());
+        switch (node.tag()) {
+            case NodeTag::Config:
+                showUnits();
+                break;
+            case NodeTag::ModBus:
+                showDataTypes();
+                break;
+            case NodeTag::DataType:
+                break;
+            case NodeTag::Plc:
+                showUnit(node);
+                break;
+            case NodeTag::Branch:
+                showBranch(node);
+                break;
+            case NodeTag::Item:
+                showItem(node);
+                break;
+        }
+        context_.tree().select(&node);
+    });
+}
+
+void TreeAndList::showColumns(NodeTag tag) {
+    const auto columns = columnsOf(tag);
+    for (const Column& column : columns) context_.list.addColumn(column.header, column.width);
+    if (!columns.empty()) context_.list.setMode(ListMode::Report);
+}
+
+void TreeAndList::showUnits() {
+    for (const auto& [key, unit] : context_.configuration.units) unit->AddToListView(context_.list);
+}
+
+void TreeAndList::showDataTypes() {
+    for (const auto& [key, type] : context_.configuration.dataTypes) type->AddToListView(context_.list);
+}
+
+void TreeAndList::showUnit(const TreeNode& node) {
+    context_.configuration.units.at(node.key())->AddToListView(context_.list);
+}
+
+void TreeAndList::showBranch(const TreeNode& node) {
+    const TreeNode* child = node.firstChild();
+    if (child == nullptr) return;
+    // Only the first child decides about the bulk pastes, as the server's users know it.
+    if (child->tag() == NodeTag::Item) context_.enable(Situation::BranchWithItemFirst);
+    context_.list.reserve(node.childCount());
+    for (; child != nullptr; child = child->nextSibling()) {
+        if (child->tag() != NodeTag::Item) continue;
+        context_.configuration.items.at(child->key())->AddToListView(context_.list, true);
+    }
+}
+
+void TreeAndList::showItem(const TreeNode& node) {
+    context_.configuration.items.at(node.key())->AddToListView(context_.list, false);
+}
+
+void TreeAndList::ListView1_Click() {
+    context_.guarded("ListView1_Click", [&] {
+        const auto row = context_.list.currentRow();
+        if (!row) return;
+        const NodeTag tag = context_.tree().at(context_.list.rows()[*row].key).tag();
+        if (tag != NodeTag::Config && tag != NodeTag::ModBus) context_.enable(situationOf(tag));
+    });
+}
+
+void TreeAndList::selectNodeOfCurrentRow() {
+    const auto row = context_.list.currentRow();
+    if (row) context_.tree().select(&context_.tree().at(context_.list.rows()[*row].key));
+}
+
+void TreeAndList::ListView1_ColumnClick(std::size_t column) {
+    context_.guarded("ListView1_ColumnClick", [&] { context_.list.sortBy(column); });
+}
+
+}  // namespace trevandix

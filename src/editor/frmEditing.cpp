@@ -1,0 +1,115 @@
+#include "editor/frmEditing.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "editor/CommandTable.h"
+
+namespace trevandix {
+
+frmEditing::frmEditing(Platform& platform, Configuration& configuration, ListView& list)
+    : context_{platform, configuration, list},
+      views_(context_),
+      file_(context_, views_),
+      objects_(context_, views_),
+      clipboard_(context_, views_),
+      bulkPaste_(context_),
+      drag_(context_),
+      find_(context_) {}
+
+void frmEditing::Form_Load() {
+    context_.InitObjects();
+    context_.enable(Situation::Start);
+    loading_ = false;
+}
+
+void frmEditing::openFile(const std::string& filePath) { file_.openFile(filePath); }
+
+frmEditing::Handler frmEditing::handlerOf(std::string_view command) {
+    using Row = std::pair<std::string_view, Handler>;
+    static constexpr std::array kHandlers{
+        Row{"mnuNewCfg", [](frmEditing& f) { f.file_.mnuNewCfg_Click(); }},
+        Row{"mnuOpenCfg", [](frmEditing& f) { f.file_.mnuOpenCfg_Click(); }},
+        Row{"mnuSaveCfg", [](frmEditing& f) { f.file_.mnuSaveCfg_Click(); }},
+        Row{"mnuSaveAs", [](frmEditing& f) { f.file_.mnuSaveAs_Click(); }},
+        Row{"mnuCloseCfg", [](frmEditing& f) { f.file_.mnuCloseCfg_Click(); }},
+        Row{"mnuExit", [](frmEditing& f) { f.file_.mnuExit_Click(); }},
+        Row{"mnuAddMBType", [](frmEditing& f) { f.objects_.mnuAddMBType_Click(); }},
+        Row{"mnuAddPlc", [](frmEditing& f) { f.objects_.mnuAddPlc_Click(); }},
+        Row{"mnuAddBranch", [](frmEditing& f) { f.objects_.mnuAddBranch_Click(); }},
+        Row{"mnuAddItem", [](frmEditing& f) { f.objects_.mnuAddItem_Click(); }},
+        Row{"mnuCopy", [](frmEditing& f) { f.clipboard_.mnuCopy_Click(); }},
+        Row{"mnuCut", [](frmEditing& f) { f.clipboard_.mnuCut_Click(); }},
+        Row{"mnuPaste", [](frmEditing& f) { f.clipboard_.mnuPaste_Click(); }},
+        Row{"mnuDelete", [](frmEditing& f) { f.clipboard_.mnuDelete_Click(); }},
+        Row{"mnuPasteName", [](frmEditing& f) { f.bulkPaste_.mnuPasteName_Click(); }},
+        Row{"mnuPasteComment", [](frmEditing& f) { f.bulkPaste_.mnuPasteComment_Click(); }},
+        Row{"mnuIcon", [](frmEditing& f) { f.views_.setMode(ListMode::Icon); }},
+        Row{"mnuSmallIcon", [](frmEditing& f) { f.views_.setMode(ListMode::SmallIcon); }},
+        Row{"mnuList", [](frmEditing& f) { f.views_.setMode(ListMode::List); }},
+        Row{"mnuReport", [](frmEditing& f) { f.views_.setMode(ListMode::Report); }},
+        Row{"mnuFind", [](frmEditing& f) { f.find_.mnuFind_Click(); }},
+        Row{"cmdNext", [](frmEditing& f) { f.find_.findNextByKey(); }},
+        Row{"mnuAbout", [](frmEditing& f) { f.context_.platform.window.showAboutBox(); }},
+    };
+    const auto* row = std::ranges::find(kHandlers, command, &Row::first);
+    return row == kHandlers.end() ? nullptr : row->second;
+}
+
+void frmEditing::commandChosen(std::string_view command) {
+    // While a file is read the window is alive, but nothing may change what is being built.
+    if (file_.reading()) return;
+    if (const Handler handler = handlerOf(command)) handler(*this);
+}
+
+void frmEditing::Toolbar1_ButtonClick(std::string_view key) {
+    context_.guarded("Toolbar1_ButtonClick", [&] {
+        const auto buttons = commandTables().buttons;
+        const auto button = std::ranges::find(buttons, key, &ToolButtonSpec::key);
+        if (button != buttons.end()) commandChosen(button->command);
+    });
+}
+
+void frmEditing::Form_Unload() {
+    file_.unload();
+    find_.unload();
+}
+
+void frmEditing::TreeView1_NodeClick(TreeNode& node) {
+    if (!file_.reading()) views_.TreeView1_NodeClick(node);
+}
+
+void frmEditing::TreeView1_DblClick() {
+    if (!file_.reading()) objects_.TreeView1_DblClick();
+}
+
+void frmEditing::treeExpansionChanged(TreeNode& node, bool expanded) {
+    context_.tree().setExpanded(node, expanded);
+}
+
+void frmEditing::ListView1_Click() {
+    if (!file_.reading()) views_.ListView1_Click();
+}
+
+void frmEditing::ListView1_DblClick() {
+    if (file_.reading()) return;
+    context_.guarded("ListView1_DblClick", [&] { views_.selectNodeOfCurrentRow(); });
+    TreeView1_DblClick();
+}
+
+void frmEditing::ListView1_ColumnClick(std::size_t column) {
+    if (!file_.reading()) views_.ListView1_ColumnClick(column);
+}
+
+bool frmEditing::TreeView1_MouseDown(TreeNode* node, ShiftState shift) {
+    return !file_.reading() && drag_.TreeView1_MouseDown(node, shift);
+}
+
+DropEffect frmEditing::TreeView1_OLEStartDrag() { return drag_.TreeView1_OLEStartDrag(); }
+void frmEditing::TreeView1_OLEDragOver(TreeNode* node) { drag_.TreeView1_OLEDragOver(node); }
+bool frmEditing::dropAllowed(const TreeNode* node) const { return drag_.dropAllowed(node); }
+void frmEditing::TreeView1_OLEDragDrop() { drag_.TreeView1_OLEDragDrop(); }
+void frmEditing::dragCancelled() { drag_.dragCancelled(); }
+
+}  // namespace trevandix

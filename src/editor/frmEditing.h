@@ -1,0 +1,60 @@
+#pragma once
+
+#include <string>
+
+#include "editor/BulkPaste.h"
+#include "editor/ClipboardEditing.h"
+#include "editor/DragAndDrop.h"
+#include "editor/EditorContext.h"
+#include "editor/FileCommands.h"
+#include "editor/ObjectCommands.h"
+#include "editor/TreeAndList.h"
+#include "editor/frmFind.h"
+
+namespace trevandix {
+
+/// The main window's logic: owns the families of commands and hands every event to the one it belongs to.
+class frmEditing : public MainWindowEvents {
+public:
+    /// All three outlive the editor.
+    frmEditing(Platform& platform, Configuration& configuration, ListView& list);
+
+    /// The last step of start-up: the commands of a program without a configuration.
+    void Form_Load();
+    /// Opens a file as if it had been chosen in the Open dialog.
+    void openFile(const std::string& filePath);
+    void Toolbar1_ButtonClick(std::string_view key);
+
+    void commandChosen(std::string_view command) override;
+    bool loading() const override { return loading_; }
+    void Form_Unload() override;
+    void TreeView1_NodeClick(TreeNode& node) override;
+    void TreeView1_DblClick() override;
+    void treeExpansionChanged(TreeNode& node, bool expanded) override;
+    void ListView1_Click() override;
+    void ListView1_DblClick() override;
+    void ListView1_ColumnClick(std::size_t column) override;
+    bool TreeView1_MouseDown(TreeNode* node, ShiftState shift) override;
+    DropEffect TreeView1_OLEStartDrag() override;
+    void TreeView1_OLEDragOver(TreeNode* node) override;
+    bool dropAllowed(const TreeNode* node) const override;
+    void TreeView1_OLEDragDrop() override;
+    void dragCancelled() override;
+
+private:
+    using Handler = void (*)(frmEditing&);
+    /// The handler of a command, or nullptr for an unknown name.
+    static Handler handlerOf(std::string_view command);
+
+    EditorContext context_;
+    TreeAndList views_;
+    FileCommands file_;
+    ObjectCommands objects_;
+    ClipboardEditing clipboard_;
+    BulkPaste bulkPaste_;
+    DragAndDrop drag_;
+    frmFind find_;
+    bool loading_ = true;
+};
+
+}  // namespace trevandix

@@ -1,0 +1,32 @@
+#include "editor/frmReplace.h"
+
+#include <array>
+
+namespace trevandix {
+
+namespace {
+
+constexpr std::array kControls{
+    ControlSpec{ControlKind::Grid, "Grid1", "", "", Place::NextRow, 80},
+    ControlSpec{ControlKind::Button, "Command2", "&Replace", "", Place::ButtonRow},
+    ControlSpec{ControlKind::Button, "Command1", "Cancel", "", Place::ButtonRow},
+};
+constexpr FormSpec kForm{"frmReplace", "Replace Text", kControls, "Command2", "Command1", "Command2"};
+
+}  // namespace
+
+bool showFrmReplace(Forms& forms, const std::vector<std::vector<std::string>>& rows) {
+    bool confirmed = false;
+    const auto form = forms.create(kForm);
+    form->setCells("Grid1", rows);
+    const auto leave = [&](bool confirm) {
+        confirmed = confirm;
+        form->close();
+    };
+    form->on("Command1", [&] { leave(false); });
+    form->on("Command2", [&] { leave(true); });
+    form->showModal();
+    return confirmed;
+}
+
+}  // namespace trevandix

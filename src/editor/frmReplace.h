@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/Form.h"
+
+namespace trevandix {
+
+/// Shows old and new texts side by side, the first row being the header. True when the user confirmed.
+bool showFrmReplace(Forms& forms, const std::vector<std::vector<std::string>>& rows);
+
+}  // namespace trevandix

@@ -1,0 +1,137 @@
+#include "model/Configuration.h"
+
+#include "model/SubtreeRekeying.h"
+
+namespace trevandix {
+
+void Configuration::createCollections() {
+    units.clear();
+    items.clear();
+    branches.clear();
+    dataTypes.clear();
+}
+
+void Configuration::buildRoot() {
+    TreeNode& root = tree.addRoot(state.filePath, {NodeTag::Config, Image::Config});
+    tree.ensureVisible(root);
+    tree.select(&root);
+    const TreeNode& folder =
+        tree.addChild(root, Key(kModBusFolder), kModBusFolder, {NodeTag::ModBus, Image::Main});
+    tree.ensureVisible(folder);
+}
+
+void Configuration::setFilePath(std::string_view path) {
+    state.filePath = path;
+    if (tree.root() != nullptr) tree.setText(*tree.root(), path);
+}
+
+// The record, and with it `text`, lives on in the collection.
+template <typename Record>
+TreeNode& Configuration::add(KeyedCollection<Record>& collection, std::shared_ptr<Record> record,
+                             const Key& key, TreeNode& parent, std::string_view text, const NodeLook& look) {
+    collection.add(std::move(record), key);
+    return addNode(collection, key, parent, text, look);
+}
+
+template <typename Record>
+TreeNode& Configuration::addNode(KeyedCollection<Record>& collection, const Key& key, TreeNode& parent,
+                                 std::string_view text, const NodeLook& look) {
+    try {
+        return tree.addChild(parent, key, text, look);
+    } catch (...) {
+        collection.remove(key);
+        throw;
+    }
+}
+
+TreeNode& Configuration::addDataType(std::shared_ptr<clsModBusType> record) {
+    const std::string& name = record->getName();
+    const Key key(name);
+    return add(dataTypes, std::move(record), key, tree.at(Key(kModBusFolder)), name,
+               {NodeTag::DataType, Image::Item});
+}
+
+TreeNode& Configuration::addUnit(std::shared_ptr<clsPLC> record, bool fromFile) {
+    if (tree.root() == nullptr) throw RuntimeError(ErrorNumber::ObjectNotSet);
+    const Key key = record->sKey();
+    const std::string& name = record->getName();
+    const NodeLook look{NodeTag::Plc, Image::Plc, fromFile ? Image::Plc : Image::None};
+    return add(units, std::move(record), key, *tree.root(), name, look);
+}
+
+TreeNode& Configuration::addBranch(std::shared_ptr<clsBranch> record, TreeNode& parent, Image selectedImage) {
+    const Key key = record->sKey();
+    const std::string& name = record->sName();
+    return add(branches, std::move(record), key, parent, name, {NodeTag::Branch, Image::Branch, selectedImage});
+}
+
+TreeNode& Configuration::addItem(std::shared_ptr<clsItem> record, TreeNode& parent, Image selectedImage) {
+    const Key key = record->sKey();
+    const std::string& name = record->sName();
+    return add(items, std::move(record), key, parent, name, {NodeTag::Item, Image::Item, selectedImage});
+}
+
+TreeNode& Configuration::addNodeOfLastDataType() {
+    const std::string& name = dataTypes.last()->getName();
+    return addNode(dataTypes, name, tree.at(Key(kModBusFolder)), name, {NodeTag::DataType, Image::Item});
+}
+
+TreeNode& Configuration::addNodeOfLastUnit() {
+    const auto unit = units.last();
+    return addNode(units, unit->sKey(), *tree.root(), unit->getName(), {NodeTag::Plc, Image::Plc});
+}
+
+TreeNode& Configuration::addNodeOfLastBranch(TreeNode& parent) {
+    const auto branch = branches.last();
+    const NodeLook look{NodeTag::Branch, Image::Branch, Image::Branch};
+    return addNode(branches, branch->sKey(), parent, branch->sName(), look);
+}
+
+template <typename Record>
+void Configuration::replace(KeyedCollection<Record>& collection, TreeNode& node,
+                            std::shared_ptr<Record> record, const Key& key, std::string_view text) {
+    const Key oldKey = node.key();
+    if (!collection.contains(oldKey)) throw RuntimeError(ErrorNumber::InvalidCall);
+    if (key == oldKey) {
+        collection.remove(oldKey);
+        collection.add(std::move(record), key);
+    } else {
+        collection.add(std::move(record), key);
+        try {
+            tree.setKey(node, key);
+        } catch (...) {
+            collection.remove(key);
+            throw;
+        }
+        collection.remove(oldKey);
+    }
+    tree.setText(node, text);
+}
+
+void Configuration::replaceItem(TreeNode& node, std::shared_ptr<clsItem> record) {
+    replace(items, node, record, record->sKey(), record->sName());
+}
+
+void Configuration::replaceBranch(TreeNode& node, std::shared_ptr<clsBranch> record) {
+    SubtreeRekeying rekeying(*this, node, record->sKey());
+    replace(branches, node, record, record->sKey(), record->sName());
+    rekeying.apply();
+}
+
+void Configuration::replaceUnit(TreeNode& node, std::shared_ptr<clsPLC> record) {
+    SubtreeRekeying rekeying(*this, node, record->sKey());
+    replace(units, node, record, record->sKey(), record->getName());
+    rekeying.apply();
+}
+
+void Configuration::replaceDataType(const Key& editedName, std::shared_ptr<clsModBusType> record) {
+    dataTypes.remove(editedName);
+    dataTypes.add(record, record->getName());
+}
+
+Key makeKey(std::string_view name, const TreeNode& node, bool useParent) {
+    const TreeNode* container = useParent ? node.parent() : &node;
+    return Key(container != nullptr ? container->key() : Key(), name);
+}
+
+}  // namespace trevandix

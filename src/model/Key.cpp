@@ -1,0 +1,46 @@
+#include "model/Key.h"
+
+#include <cstring>
+#include <limits>
+#include <new>
+
+#include "platform/RuntimeError.h"
+
+namespace trevandix {
+
+Key::Rep* Key::allocate(std::size_t length) {
+    if (length > std::numeric_limits<std::uint32_t>::max()) throw RuntimeError(ErrorNumber::OutOfMemory);
+    void* memory = std::malloc(sizeof(Rep) + length);
+    if (memory == nullptr) throw std::bad_alloc();
+    return new (memory) Rep{1, static_cast<std::uint32_t>(length), 0};
+}
+
+void Key::seal(Rep* rep) {
+    rep->hash = std::hash<std::string_view>{}(std::string_view(characters(rep), rep->length));
+}
+
+Key::Key(std::string_view text) {
+    if (text.empty()) return;
+    rep_ = allocate(text.size());
+    std::memcpy(characters(rep_), text.data(), text.size());
+    seal(rep_);
+}
+
+Key::Key(const Key& container, std::string_view name) {
+    const std::string_view head = container.view();
+    rep_ = allocate(head.size() + 1 + name.size());
+    char* out = characters(rep_);
+    if (!head.empty()) std::memcpy(out, head.data(), head.size());
+    out[head.size()] = '.';
+    if (!name.empty()) std::memcpy(out + head.size() + 1, name.data(), name.size());
+    seal(rep_);
+}
+
+std::string_view Key::parent() const { return parentKey(view()); }
+
+std::string_view parentKey(std::string_view key) {
+    const std::size_t dot = key.rfind('.');
+    return dot == std::string_view::npos ? std::string_view() : key.substr(0, dot);
+}
+
+}  // namespace trevandix

@@ -1,0 +1,123 @@
+#pragma once
+
+#include <cstddef>
+#include <iterator>
+#include <list>
+#include <memory>
+#include <utility>
+
+#include "model/Key.h"
+#include "model/KeyIndex.h"
+#include "platform/RuntimeError.h"
+
+namespace trevandix {
+
+/// Records in order of addition, found and removed by key in constant time. Keys compare exactly. A record may stand
+/// under more than one key (a copy made by dragging shares it), hence the shared ownership.
+template <typename Record>
+class KeyedCollection {
+public:
+    using Pointer = std::shared_ptr<Record>;
+
+private:
+    class Entry {
+    public:
+        Entry(Pointer entryRecord, const Key& key) : record(std::move(entryRecord)), key_(key) {}
+        const Key& key() const { return key_; }
+        const Pointer record;
+
+    private:
+        Key key_;
+    };
+    using Entries = std::list<Entry>;
+    using Handle = typename Entries::iterator;
+
+public:
+    class Iterator {
+    public:
+        using value_type = std::pair<const Key&, const Pointer&>;
+        using difference_type = std::ptrdiff_t;
+        Iterator() = default;
+        value_type operator*() const { return {place_->key(), place_->record}; }
+        Iterator& operator++() {
+            ++place_;
+            return *this;
+        }
+        Iterator operator++(int) {
+            Iterator before = *this;
+            ++*this;
+            return before;
+        }
+        bool operator==(const Iterator&) const = default;
+
+    private:
+        friend KeyedCollection;
+        explicit Iterator(typename Entries::const_iterator place) : place_(place) {}
+        typename Entries::const_iterator place_;
+    };
+
+    KeyedCollection() = default;
+    KeyedCollection(const KeyedCollection&) = delete;
+    KeyedCollection& operator=(const KeyedCollection&) = delete;
+
+    /// Errors: KeyInCollection; the collection is then unchanged.
+    void add(Pointer record, const Key& key) {
+        Entries added;
+        added.emplace_back(std::move(record), key);
+        if (!index_.insert(added.begin())) throw RuntimeError(ErrorNumber::KeyInCollection);
+        entries_.splice(entries_.end(), added);
+    }
+
+    /// Errors: InvalidCall when no record has the key.
+    void remove(const Key& key) {
+        const Handle place = handle(key);
+        index_.erase(key);
+        entries_.erase(place);
+    }
+
+    /// The record under the key, or nullptr.
+    Pointer find(const Key& key) const {
+        const Handle* place = index_.find(key);
+        return place == nullptr ? nullptr : (*place)->record;
+    }
+
+    /// Errors: InvalidCall when no record has the key.
+    const Pointer& at(const Key& key) const { return handle(key)->record; }
+
+    /// The same, looked for at `place` first, which then moves behind the record found: who asks in about the order
+    /// of addition saves the search. `place` may start at begin(); changes of the collection make it invalid.
+    const Pointer& at(const Key& key, Iterator& place) const {
+        if (place == end() || !((*place).first == key)) place = Iterator(handle(key));
+        return (*place++).second;
+    }
+
+    bool contains(const Key& key) const { return index_.find(key) != nullptr; }
+
+    /// The record added last. Errors: SubscriptOutOfRange when empty.
+    const Pointer& last() const {
+        if (empty()) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+        return entries_.back().record;
+    }
+
+    std::size_t size() const { return entries_.size(); }
+    bool empty() const { return entries_.empty(); }
+    void clear() {
+        index_ = {};
+        entries_.clear();
+    }
+
+    Iterator begin() const { return Iterator(entries_.begin()); }
+    Iterator end() const { return Iterator(entries_.end()); }
+
+private:
+    Handle handle(const Key& key) const {
+        const Handle* place = index_.find(key);
+        if (place == nullptr) throw RuntimeError(ErrorNumber::InvalidCall);
+        return *place;
+    }
+
+    KeyIndex<Handle> index_;
+    Entries entries_;
+};
+
+}  // namespace trevandix

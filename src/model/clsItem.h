@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "model/InternedText.h"
+#include "model/Key.h"
+
+namespace trevandix {
+
+class Form;
+class ListView;
+class XmlElement;
+
+/// An OPC tag: a named value at a Modbus address of one unit. Members stand in the order of the record's interface.
+class clsItem {
+public:
+    /// Elements of an array or length of a string; else 0.
+    void nElements(std::int16_t count) { nElements_ = count; }
+    std::int16_t nElements() const { return nElements_; }
+    /// Bit 0 to 15 of a register; else 0.
+    void nBitNumber(std::int16_t bit) { nBitNumber_ = bit; }
+    std::int16_t nBitNumber() const { return nBitNumber_; }
+    /// Table label, ":", value type label.
+    void sDataType(std::string_view type) { sDataType_ = InternedText(type); }
+    const std::string& sDataType() const { return sDataType_.str(); }
+    /// "READ", "WRITE" or "READWRITE".
+    void sAccessRight(std::string_view right) { sAccessRight_ = InternedText(right); }
+    const std::string& sAccessRight() const { return sAccessRight_.str(); }
+    void sComment(std::string_view comment) { sComment_ = comment; }
+    const std::string& sComment() const { return sComment_; }
+    /// Register or bit address, 0 to 65535 from the dialog; a file may hold any 32-bit number.
+    void nAddress(std::int32_t address) { nAddress_ = address; }
+    std::int32_t nAddress() const { return nAddress_; }
+    void sName(std::string_view name) { sName_ = name; }
+    const std::string& sName() const { return sName_; }
+    const Key& sKey() const { return sKey_; }
+    void sKey(const Key& key) { sKey_ = key; }
+
+    /// From a tag element; `container` is the key of the unit or branch around it.
+    /// Errors: ObjectNotSet for a missing element, Overflow.
+    void SetByXml(const XmlElement& element, const Key& container);
+    /// From the item dialog's controls; `container` is the key of the node that holds the item. Errors: Overflow.
+    void SetByForm(const Form& dialog, const Key& container);
+    /// Copies `source` for `container`; beside the item it was copied from, the name gets "_" and the counter.
+    void SetByCopy(const clsItem& source, const Key& container, std::int16_t copyCounter);
+    std::string_view getParentKey() const { return sKey_.parent(); }
+    /// `index` adds the sort key of table, address and bit as a last column.
+    void AddToListView(ListView& list, bool index) const;
+    /// The tag element at a depth in tabs; lines joined by CR LF, no line end behind the last.
+    std::string GetXmlTag(int depth) const;
+    void appendXmlTag(std::string& out, int depth) const;
+
+private:
+    std::string addressText(std::string_view label) const;
+    std::string indexText(std::string_view table) const;
+
+    std::string sName_;
+    Key sKey_;
+    std::int32_t nAddress_ = 0;
+    std::int16_t nBitNumber_ = 0;
+    std::int16_t nElements_ = 0;
+    std::string sComment_;
+    InternedText sAccessRight_;
+    InternedText sDataType_;
+};
+
+}  // namespace trevandix

@@ -1,0 +1,43 @@
+#include "model/clsModBusType.h"
+
+#include "model/Numbers.h"
+#include "model/TypeNames.h"
+#include "model/XmlFields.h"
+#include "platform/Form.h"
+#include "platform/ListView.h"
+
+namespace trevandix {
+
+void clsModBusType::SetByXml(const XmlElement& element) {
+    sName_ = displayTypeLabel(requiredAttribute(element, "name"));
+    nReadCode_ = byteValue(requiredAttribute(element, "readcode"));
+    nWriteCode_ = byteValue(requiredAttribute(element, "writecode"));
+    nSingleWrCode_ = byteValue(requiredAttribute(element, "singlewrcode"));
+}
+
+void clsModBusType::SetByForm(const Form& dialog) {
+    sName_ = dialog.text("cmbMBType");
+    nReadCode_ = byteValue(dialog.text("txtReadCode"));
+    nWriteCode_ = contains(sName_, "input") ? std::uint8_t{0} : byteValue(dialog.text("txtWriteCode"));
+    nSingleWrCode_ = dialog.checked("chkSingle") ? byteValue(dialog.text("txtSingleCode")) : std::uint8_t{0};
+}
+
+std::string clsModBusType::GetXmlTag() const {
+    // The blanks around one equals sign and not the others: kept, existing files are compared by their bytes.
+    std::string out = "\t\t<DATATYPE name=\"" + fileTypeName(sName_) + "\" readcode = \"";
+    appendNumber(out, nReadCode_);
+    out += "\" writecode=\"";
+    appendNumber(out, nWriteCode_);
+    out += "\" singlewrcode=\"";
+    appendNumber(out, nSingleWrCode_);
+    out += "\"/>";
+    return out;
+}
+
+void clsModBusType::AddToListView(ListView& list) const {
+    const auto codeOrEmpty = [](std::uint8_t code) { return code == 0 ? std::string() : std::to_string(code); };
+    list.addRow({sName_, sName_, "item", "modbus",
+                 {std::to_string(nReadCode_), codeOrEmpty(nWriteCode_), codeOrEmpty(nSingleWrCode_)}});
+}
+
+}  // namespace trevandix

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace trevandix {
+
+class Form;
+class ListView;
+class XmlElement;
+
+/// A Modbus table and the function codes with which the server accesses it. Codes are Modbus function codes,
+/// 0 meaning that the type has none.
+class clsModBusType {
+public:
+    void setName(std::string_view name) { sName_ = name; }
+    const std::string& getName() const { return sName_; }
+    void setReadCode(std::uint8_t code) { nReadCode_ = code; }
+    std::uint8_t getReadCode() const { return nReadCode_; }
+    void setWriteCode(std::uint8_t code) { nWriteCode_ = code; }
+    std::uint8_t getWriteCode() const { return nWriteCode_; }
+    void setSingleWrCode(std::uint8_t code) { nSingleWrCode_ = code; }
+    std::uint8_t getSingleWrCode() const { return nSingleWrCode_; }
+
+    /// From a DATATYPE element. Errors: ObjectNotSet for a missing attribute, TypeMismatch and Overflow for a code.
+    void SetByXml(const XmlElement& element);
+    /// From the data type dialog's controls. Errors: TypeMismatch and Overflow for a code.
+    void SetByForm(const Form& dialog);
+    /// The element's line, without a line end.
+    std::string GetXmlTag() const;
+    void AddToListView(ListView& list) const;
+
+private:
+    std::string sName_;
+    std::uint8_t nReadCode_ = 0;
+    std::uint8_t nWriteCode_ = 0;
+    std::uint8_t nSingleWrCode_ = 0;
+};
+
+}  // namespace trevandix

@@ -1,0 +1,73 @@
+#include "platform/FileAccess.h"
+
+#include <cerrno>
+#include <memory>
+
+#include "platform/RuntimeError.h"
+
+namespace trevandix {
+
+std::filesystem::path fromUtf8(std::string_view path) {
+    return std::filesystem::path(std::u8string(path.begin(), path.end()));
+}
+
+std::string toUtf8(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+std::FILE* openFile(const std::string& filePath, const char* mode) {
+    errno = 0;
+#ifdef _WIN32
+    const std::string_view narrow(mode);
+    std::FILE* file = _wfopen(fromUtf8(filePath).c_str(), std::wstring(narrow.begin(), narrow.end()).c_str());
+#else
+    std::FILE* file = std::fopen(filePath.c_str(), mode);
+#endif
+    if (file == nullptr) throwFileError(errno);
+    return file;
+}
+
+std::string readWholeFile(const std::string& filePath) {
+    std::error_code error;
+    if (std::filesystem::is_directory(fromUtf8(filePath), error)) throw RuntimeError(ErrorNumber::PathFileAccess);
+    struct Closer {
+        void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+    const std::unique_ptr<std::FILE, Closer> file(openFile(filePath, "rb"));
+    const auto size = std::filesystem::file_size(fromUtf8(filePath), error);
+    std::string bytes(error ? 0 : static_cast<std::size_t>(size), '\0');
+    std::size_t length = std::fread(bytes.data(), 1, bytes.size(), file.get());
+    // What the size did not tell (a pipe, a file that grows) is read piece by piece.
+    constexpr std::size_t kPiece = std::size_t{1} << 16;
+    for (std::size_t got = length; got == bytes.size() && std::ferror(file.get()) == 0;) {
+        bytes.resize(length + kPiece);
+        const std::size_t more = std::fread(bytes.data() + length, 1, kPiece, file.get());
+        length += more;
+        if (more < kPiece) break;
+        got = bytes.size();
+    }
+    if (std::ferror(file.get()) != 0) throwFileError(errno);
+    bytes.resize(length);
+    return bytes;
+}
+
+void throwFileError(int error) {
+    switch (error) {
+        case ENOENT:
+        case ENOTDIR:
+            throw RuntimeError(ErrorNumber::FileNotFound);
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            throw RuntimeError(ErrorNumber::PermissionDenied);
+        case ENOSPC:
+            throw RuntimeError(ErrorNumber::DiskFull);
+        case ENOMEM:
+            throw RuntimeError(ErrorNumber::OutOfMemory);
+        default:
+            throw RuntimeError(ErrorNumber::PathFileAccess);
+    }
+}
+
+}  // namespace trevandix

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace trevandix {
+
+/// A path from its UTF-8 form, which is how paths travel through the program on every system.
+std::filesystem::path fromUtf8(std::string_view path);
+std::string toUtf8(const std::filesystem::path& path);
+
+/// Opens a file. The caller closes it. Errors as `throwFileError`.
+std::FILE* openFile(const std::string& filePath, const char* mode);
+
+/// The whole file. Errors as `throwFileError`; PathFileAccess for a folder.
+std::string readWholeFile(const std::string& filePath);
+
+/// Throws the RuntimeError that an `errno` of a file operation stands for: FileNotFound, PermissionDenied, DiskFull,
+/// OutOfMemory or PathFileAccess.
+[[noreturn]] void throwFileError(int error);
+
+}  // namespace trevandix

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace trevandix {
+
+/// One row: the key of the tree node it stands for, its text and the texts of the columns after the first.
+struct ListRow {
+    std::string key;
+    std::string text;
+    std::string_view smallIcon;  ///< image name of the tree's image list; static storage
+    std::string_view largeIcon;  ///< image name of the list's image list; static storage
+    std::vector<std::string> subItems;
+};
+
+struct ListColumn {
+    std::string header;
+    double width = 0;  ///< fraction of the list's width; 0 for the control's default width
+};
+
+enum class ListMode { Icon = 0, SmallIcon = 1, List = 2, Report = 3 };
+
+/// The control that shows a list; it asks for rows when it draws them, so no row is ever copied into it.
+class ListDisplay {
+public:
+    virtual ~ListDisplay() = default;
+    /// Columns, rows or mode are other ones; nothing is selected any more.
+    virtual void contentsChanged() = 0;
+    virtual void rowChanged(std::size_t row) = 0;
+    virtual void setVisible(bool visible) = 0;
+    /// Positions of the selected rows, ascending.
+    virtual std::vector<std::size_t> selectedRows() const = 0;
+    /// The row that the keyboard is on, when it is selected.
+    virtual std::optional<std::size_t> currentRow() const = 0;
+    virtual void selectAll() = 0;
+};
+
+/// The list of the main window: columns, rows and their order. The display shows them.
+class ListView {
+public:
+    /// The display, or nullptr. Not owned.
+    void setDisplay(ListDisplay* display) { display_ = display; }
+
+    void clearRows();
+    void clearColumns();
+    void addColumn(std::string_view header, double width = 0);
+    /// The row's place is settled when the update ends, where rows are sorted.
+    void addRow(ListRow row);
+    void reserve(std::size_t rows) { rows_.reserve(rows); }
+
+    const std::vector<ListColumn>& columns() const { return columns_; }
+    const std::vector<ListRow>& rows() const { return rows_; }
+    /// The text at a column counted from 0; empty where the row has none.
+    std::string_view cell(std::size_t row, std::size_t column) const;
+    /// For a row whose record has got another key.
+    void setKey(std::size_t row, std::string_view key) { rows_.at(row).key = key; }
+    void setCell(std::size_t row, std::size_t column, std::string_view text);
+
+    void setMode(ListMode mode);
+    ListMode mode() const { return mode_; }
+    void setVisible(bool visible);
+    bool visible() const { return visible_; }
+
+    /// Ascending by the texts of a column, ignoring case; rows of equal text keep their order.
+    void sortBy(std::size_t column);
+    /// Rows already shown stay where they are when sorting is turned off.
+    void setSorted(bool sorted);
+    bool sorted() const { return sorted_; }
+    std::size_t sortKey() const { return sortKey_; }
+
+    std::vector<std::size_t> selectedRows() const;
+    std::optional<std::size_t> currentRow() const;
+    void selectAll();
+
+    /// Changes made while one lives reach the display once, at its end.
+    class Update {
+    public:
+        explicit Update(ListView& list) : list_(list) { ++list_.updates_; }
+        ~Update();
+        Update(const Update&) = delete;
+        Update& operator=(const Update&) = delete;
+
+    private:
+        ListView& list_;
+    };
+
+private:
+    void changed();
+    void sortRows();
+
+    ListDisplay* display_ = nullptr;
+    std::vector<ListColumn> columns_;
+    std::vector<ListRow> rows_;
+    ListMode mode_ = ListMode::Report;
+    bool visible_ = false;
+    bool sorted_ = false;
+    bool dirty_ = false;
+    int updates_ = 0;
+    std::size_t sortKey_ = 0;
+};
+
+}  // namespace trevandix

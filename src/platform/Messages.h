@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string_view>
+
+namespace trevandix {
+
+enum class Buttons { Ok, YesNo, YesNoCancel };
+enum class Icon { None, Exclamation, Critical };
+enum class Answer { Ok, Yes, No, Cancel };
+
+/// Modal message boxes with the application's title.
+class Messages {
+public:
+    virtual ~Messages() = default;
+    /// `text` is UTF-8. Closing the box counts as Ok, No or Cancel, whichever the buttons have last.
+    virtual Answer show(std::string_view text, Buttons buttons = Buttons::Ok, Icon icon = Icon::None) = 0;
+
+    bool confirms(std::string_view question) { return show(question, Buttons::YesNo) == Answer::Yes; }
+};
+
+}  // namespace trevandix

@@ -1,0 +1,94 @@
+#include "platform/Text.h"
+
+namespace trevandix {
+
+namespace {
+
+bool isContinuation(std::string_view text, std::size_t index) {
+    return index < text.size() && (static_cast<unsigned char>(text[index]) & 0xC0) == 0x80;
+}
+
+char32_t bits(std::string_view text, std::size_t index, unsigned mask) {
+    return static_cast<unsigned char>(text[index]) & mask;
+}
+
+constexpr bool within(char32_t c, char32_t first, char32_t last) { return c >= first && c <= last; }
+
+}  // namespace
+
+char32_t nextCodePoint(std::string_view text, std::size_t& position) {
+    const std::size_t at = position;
+    const auto lead = static_cast<unsigned char>(text[at]);
+    const int extra = lead < 0xC2 ? 0 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : lead < 0xF5 ? 3 : 0;
+    for (int i = 1; i <= extra; ++i) {
+        if (!isContinuation(text, at + static_cast<std::size_t>(i))) {
+            position = at + 1;
+            return lead;
+        }
+    }
+    position = at + 1 + static_cast<std::size_t>(extra);
+    char32_t c = lead;
+    if (extra > 0) {
+        c = lead & (0x3FU >> extra);
+        for (int i = 1; i <= extra; ++i) c = (c << 6) | bits(text, at + static_cast<std::size_t>(i), 0x3F);
+    }
+    return c;
+}
+
+void appendUtf8(std::string& out, char32_t c) {
+    if (c < 0x80) {
+        out += static_cast<char>(c);
+    } else if (c < 0x800) {
+        out += static_cast<char>(0xC0 | (c >> 6));
+        out += static_cast<char>(0x80 | (c & 0x3F));
+    } else if (c < 0x10000) {
+        out += static_cast<char>(0xE0 | (c >> 12));
+        out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+        out += static_cast<char>(0x80 | (c & 0x3F));
+    } else {
+        out += static_cast<char>(0xF0 | (c >> 18));
+        out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
+        out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+        out += static_cast<char>(0x80 | (c & 0x3F));
+    }
+}
+
+char32_t upperCased(char32_t c) {
+    if (within(c, 'a', 'z')) return c - 0x20;
+    if (c < 0x80) return c;
+    if (within(c, 0xE0, 0xFE) && c != 0xF7) return c - 0x20;
+    if (c == 0xFF) return 0x178;
+    if (within(c, 0x100, 0x137) && c != 0x131) return c & ~1U;
+    if (within(c, 0x139, 0x148) || within(c, 0x179, 0x17E)) return (c & 1U) != 0 ? c : c - 1;
+    if (within(c, 0x14A, 0x177)) return c & ~1U;
+    if (within(c, 0x3B1, 0x3C9) && c != 0x3C2) return c - 0x20;
+    if (within(c, 0x430, 0x44F)) return c - 0x20;
+    if (within(c, 0x450, 0x45F)) return c - 0x50;
+    return c;
+}
+
+std::string upperCased(std::string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) appendUtf8(result, upperCased(nextCodePoint(text, at)));
+    return result;
+}
+
+int compareIgnoringCase(std::string_view left, std::string_view right) {
+    std::size_t i = 0;
+    std::size_t j = 0;
+    while (i < left.size() && j < right.size()) {
+        const char32_t a = upperCased(nextCodePoint(left, i));
+        const char32_t b = upperCased(nextCodePoint(right, j));
+        if (a != b) return a < b ? -1 : 1;
+    }
+    return static_cast<int>(i < left.size()) - static_cast<int>(j < right.size());
+}
+
+std::string_view trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+}  // namespace trevandix

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace trevandix {
+
+class XmlDocument;
+
+/// A light handle on one node of a parsed document; valid while the document lives. Texts are UTF-8.
+class XmlElement {
+public:
+    XmlElement() = default;
+    XmlElement(const XmlDocument* document, const void* node) : document_(document), node_(node) {}
+
+    explicit operator bool() const { return node_ != nullptr; }
+    bool operator==(const XmlElement& other) const { return node_ == other.node_; }
+
+    bool isElement() const;
+    /// The name as written in the file.
+    std::string_view name() const;
+    /// The name compares equal to `upper` (ASCII capitals) when its case is ignored.
+    bool isNamed(std::string_view upper) const;
+    XmlElement parent() const;
+    /// Children in document order, of every node kind.
+    XmlElement firstChild() const;
+    XmlElement nextSibling() const;
+    /// The first child element of exactly this name, or an empty handle.
+    XmlElement child(std::string_view name) const;
+    /// The attribute's value; nothing when it is missing.
+    std::optional<std::string_view> attribute(std::string_view name) const;
+    /// The text below the element; empty when there is none.
+    std::string text() const;
+    /// The same without a copy where the text is one piece; `buffer` holds it where it is not.
+    std::string_view text(std::string& buffer) const;
+
+private:
+    const XmlDocument* document_ = nullptr;
+    const void* node_ = nullptr;
+};
+
+/// A parsed document. Implementations give meaning to the opaque node pointers.
+class XmlDocument {
+public:
+    virtual ~XmlDocument() = default;
+    virtual XmlElement root() const = 0;
+
+private:
+    friend class XmlElement;
+    virtual bool isElement(const void* node) const = 0;
+    virtual std::string_view name(const void* node) const = 0;
+    virtual const void* parent(const void* node) const = 0;
+    virtual const void* firstChild(const void* node) const = 0;
+    virtual const void* nextSibling(const void* node) const = 0;
+    virtual const void* child(const void* node, std::string_view name) const = 0;
+    virtual std::optional<std::string_view> attribute(const void* node, std::string_view name) const = 0;
+    virtual std::string_view text(const void* node, std::string& buffer) const = 0;
+};
+
+/// Loads documents from files.
+class XmlParser {
+public:
+    virtual ~XmlParser() = default;
+    /// Errors: FileNotFound, PathFileAccess, PermissionDenied, XmlParse (with line and reason).
+    virtual std::unique_ptr<XmlDocument> load(const std::string& filePath) = 0;
+};
+
+}  // namespace trevandix

@@ -1,0 +1,126 @@
+#include "platform/pugi/PugiXml.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <pugixml.hpp>
+
+#include "platform/FileAccess.h"
+#include "platform/RuntimeError.h"
+#include "platform/Text.h"
+
+namespace trevandix {
+
+namespace {
+
+// Bytes 80 to 9F of Windows-1252; 0 where the byte has no character and is kept as a control.
+constexpr std::array<char16_t, 32> kWindows1252{
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+std::string fromWindows1252(std::string_view bytes) {
+    std::string text;
+    text.reserve(bytes.size() + bytes.size() / 8);
+    for (const char byte : bytes) {
+        const auto c = static_cast<unsigned char>(byte);
+        const char32_t special = c >= 0x80 && c < 0xA0 ? kWindows1252[c - 0x80U] : 0;
+        appendUtf8(text, special != 0 ? special : c);
+    }
+    return text;
+}
+
+// The encoding that the declaration names, in small letters; empty when there is none.
+std::string declaredEncoding(std::string_view bytes) {
+    if (!bytes.starts_with("<?xml")) return {};
+    const std::string_view declaration = bytes.substr(0, bytes.substr(0, 512).find("?>"));
+    const auto word = declaration.find("encoding");
+    if (word == std::string_view::npos) return {};
+    const auto open = declaration.find_first_of("\"'", word);
+    if (open == std::string_view::npos) return {};
+    const auto close = declaration.find(declaration[open], open + 1);
+    std::string name(declaration.substr(open + 1, close == std::string_view::npos ? 0 : close - open - 1));
+    std::ranges::transform(name, name.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? char(c + 32) : c; });
+    return name;
+}
+
+std::string lineAndReason(std::string_view bytes, const pugi::xml_parse_result& result) {
+    const auto offset = std::min(bytes.size(), static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0)));
+    const auto line = 1 + std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(offset), '\n');
+    return "line " + std::to_string(line) + ", " + result.description();
+}
+
+class PugiDocument : public XmlDocument {
+public:
+    std::string bytes;  // the document's texts lie in here
+    pugi::xml_document document;
+
+    XmlElement root() const override { return {this, document.document_element().internal_object()}; }
+
+private:
+    static pugi::xml_node at(const void* node) {
+        return pugi::xml_node(static_cast<pugi::xml_node_struct*>(const_cast<void*>(node)));
+    }
+    bool isElement(const void* node) const override { return at(node).type() == pugi::node_element; }
+    std::string_view name(const void* node) const override { return at(node).name(); }
+    const void* parent(const void* node) const override { return at(node).parent().internal_object(); }
+    const void* firstChild(const void* node) const override { return at(node).first_child().internal_object(); }
+    const void* nextSibling(const void* node) const override { return at(node).next_sibling().internal_object(); }
+
+    const void* child(const void* node, std::string_view name) const override {
+        for (pugi::xml_node child = at(node).first_child(); child; child = child.next_sibling()) {
+            if (name == child.name()) return child.internal_object();
+        }
+        return nullptr;
+    }
+
+    std::optional<std::string_view> attribute(const void* node, std::string_view name) const override {
+        for (const pugi::xml_attribute& attribute : at(node).attributes()) {
+            if (name == attribute.name()) return attribute.value();
+        }
+        return std::nullopt;
+    }
+
+    // All text below the element, as parsers report an element's text.
+    std::string_view text(const void* node, std::string& buffer) const override {
+        const pugi::xml_node element = at(node);
+        const pugi::xml_node first = element.first_child();
+        if (!first) return {};
+        if (!first.next_sibling() && first.type() == pugi::node_pcdata) return first.value();
+        buffer.clear();
+        pugi::xml_node below = first;
+        while (below) {
+            if (below.type() == pugi::node_pcdata || below.type() == pugi::node_cdata) buffer += below.value();
+            if (below.first_child()) {
+                below = below.first_child();
+                continue;
+            }
+            while (below != element && !below.next_sibling()) below = below.parent();
+            if (below == element) break;
+            below = below.next_sibling();
+        }
+        return buffer;
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<XmlDocument> PugiXmlParser::load(const std::string& filePath) {
+    auto document = std::make_unique<PugiDocument>();
+    std::string& bytes = document->bytes;
+    bytes = readWholeFile(filePath);
+    pugi::xml_encoding encoding = pugi::encoding_auto;
+    if (declaredEncoding(bytes) == "windows-1252") {
+        bytes = fromWindows1252(bytes);
+        encoding = pugi::encoding_utf8;
+    }
+    // Texts of blanks alone are kept where they are an element's only content, so that a comment of blanks survives.
+    constexpr unsigned kOptions = pugi::parse_default | pugi::parse_ws_pcdata_single;
+    const pugi::xml_parse_result result =
+        document->document.load_buffer_inplace(bytes.data(), bytes.size(), kOptions, encoding);
+    // The parser has written over line ends in `bytes`: they are counted in the file.
+    if (!result) throw RuntimeError(ErrorNumber::XmlParse, lineAndReason(readWholeFile(filePath), result));
+    return document;
+}
+
+}  // namespace trevandix

@@ -1,0 +1,17 @@
+#include "platform/wx/WxClipboard.h"
+
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
+
+#include "platform/wx/WxText.h"
+
+namespace trevandix {
+
+std::string WxClipboard::text() {
+    const wxClipboardLocker locker;
+    if (!locker) return {};
+    wxTextDataObject data;
+    return wxTheClipboard->GetData(data) ? fromWx(data.GetText()) : std::string();
+}
+
+}  // namespace trevandix

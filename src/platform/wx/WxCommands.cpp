@@ -1,0 +1,134 @@
+#include "platform/wx/WxCommands.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "Version.h"
+#include "platform/wx/WxIcons.h"
+#include "platform/wx/WxText.h"
+
+namespace trevandix {
+
+namespace {
+
+wxString label(const MenuEntrySpec& entry) {
+    wxString text = toWx(entry.caption);
+    if (!entry.shortcut.empty()) text += "\t" + toWx(entry.shortcut);
+    return text;
+}
+
+const MenuEntrySpec* findEntry(const CommandTables& tables, std::string_view name) {
+    for (const MenuSpec& menu : tables.menus) {
+        const auto entry = std::ranges::find(menu.entries, name, &MenuEntrySpec::name);
+        if (entry != menu.entries.end()) return &*entry;
+    }
+    return nullptr;
+}
+
+wxString toolTip(const MenuEntrySpec& entry) {
+    wxString text = wxMenuItem::GetLabelText(toWx(entry.caption));
+    if (!entry.shortcut.empty()) text += " (" + toWx(entry.shortcut) + ")";
+    return text;
+}
+
+}  // namespace
+
+WxCommands::WxCommands(wxFrame& frame, const CommandTables& tables, Choose choose)
+    : frame_(frame), choose_(std::move(choose)) {
+    buildMenus(tables.menus);
+    buildToolBar(tables);
+}
+
+void WxCommands::buildMenus(std::span<const MenuSpec> menus) {
+    auto* bar = new wxMenuBar;
+    const auto add = [this](wxMenu& menu, std::string_view name, const wxString& text, std::string_view hint) {
+        const wxWindowIDRef id = wxWindow::NewControlId();
+        entries_.push_back({name, menus_.size(), menu.Append(id, text, toWx(hint))});
+        frame_.Bind(wxEVT_MENU, &WxCommands::onMenu, this, id);
+    };
+    for (const MenuSpec& spec : menus) {
+        auto* menu = new wxMenu;
+        for (const MenuEntrySpec& entry : spec.entries) {
+            if (entry.name.empty()) {
+                menu->AppendSeparator();
+            } else {
+                add(*menu, entry.name, label(entry), entry.hint);
+            }
+        }
+        // A menu bar holds menus only, so a command of its own stands in one.
+        if (spec.entries.empty()) add(*menu, spec.name, toWx(spec.caption) + " " + toWx(kProduct) + "...", {});
+        menus_.push_back({spec.name});
+        bar->Append(menu, toWx(spec.caption));
+    }
+    frame_.SetMenuBar(bar);
+}
+
+void WxCommands::buildToolBar(const CommandTables& tables) {
+    toolBar_ = frame_.CreateToolBar(wxTB_FLAT | wxTB_HORIZONTAL, wxID_ANY, "Toolbar1");
+    toolBar_->SetToolBitmapSize(toolBar_->FromDIP(wxSize(kToolbarIconSize, kToolbarIconSize)));
+    int group = tables.buttons.empty() ? 0 : tables.buttons.front().group;
+    for (const ToolButtonSpec& spec : tables.buttons) {
+        if (std::exchange(group, spec.group) != spec.group) toolBar_->AddSeparator();
+        const MenuEntrySpec* entry = findEntry(tables, spec.command);
+        const wxString tip = entry != nullptr ? toolTip(*entry) : toWx(spec.key);
+        const int id = wxWindow::NewControlId();
+        toolBar_->AddTool(id, tip, iconBundle(spec.image, kToolbarIconSize), tip);
+        if (entry != nullptr) toolBar_->SetToolLongHelp(id, toWx(entry->hint));
+        frame_.Bind(wxEVT_TOOL, &WxCommands::onTool, this, id);
+        buttons_.push_back({spec.key, spec.command, id});
+    }
+    toolBar_->Realize();
+}
+
+void WxCommands::enableMenu(std::string_view name, bool enabled) {
+    const auto menu = std::ranges::find(menus_, name, &Menu::name);
+    if (menu != menus_.end()) {
+        if (std::exchange(menu->enabled, enabled) == enabled) return;
+        frame_.GetMenuBar()->EnableTop(static_cast<std::size_t>(menu - menus_.begin()), enabled);
+        return;
+    }
+    const auto entry = std::ranges::find(entries_, name, &Entry::name);
+    if (entry == entries_.end() || std::exchange(entry->enabled, enabled) == enabled) return;
+    entry->item->Enable(enabled);
+}
+
+void WxCommands::enableButton(std::string_view key, bool enabled) {
+    const auto button = std::ranges::find(buttons_, key, &Button::key);
+    if (button == buttons_.end() || std::exchange(button->enabled, enabled) == enabled) return;
+    toolBar_->EnableTool(button->id, enabled);
+}
+
+// Systems do not agree whether the shortcuts of a disabled menu still work; here they do not.
+void WxCommands::onMenu(wxCommandEvent& event) {
+    const auto entry =
+        std::ranges::find_if(entries_, [&](const Entry& each) { return each.item->GetId() == event.GetId(); });
+    if (entry != entries_.end() && entry->enabled && menus_[entry->menu].enabled) choose_(entry->name);
+}
+
+void WxCommands::onTool(wxCommandEvent& event) {
+    const auto button = std::ranges::find(buttons_, event.GetId(), &Button::id);
+    if (button != buttons_.end() && button->enabled) choose_(button->command);
+}
+
+void WxCommands::appendEntries(wxMenu& popup, std::string_view menu) {
+    const auto top = std::ranges::find(menus_, menu, &Menu::name);
+    if (top == menus_.end()) return;
+    if (popup.GetMenuItemCount() > 0) popup.AppendSeparator();
+    for (const wxMenuItem* item : frame_.GetMenuBar()->GetMenu(static_cast<std::size_t>(top - menus_.begin()))->GetMenuItems()) {
+        if (item->IsSeparator()) {
+            popup.AppendSeparator();
+        } else {
+            popup.Append(item->GetId(), item->GetItemLabel(), item->GetHelp())->Enable(item->IsEnabled());
+        }
+    }
+}
+
+void WxCommands::popUp(wxWindow& window, const wxPoint& point, std::initializer_list<std::string_view> menus) {
+    wxMenu popup;
+    for (const std::string_view menu : menus) appendEntries(popup, menu);
+    const int id = window.GetPopupMenuSelectionFromUser(popup, point);
+    const auto entry = std::ranges::find_if(entries_, [id](const Entry& each) { return each.item->GetId() == id; });
+    if (entry != entries_.end() && entry->enabled) choose_(entry->name);
+}
+
+}  // namespace trevandix

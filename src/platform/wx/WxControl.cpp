@@ -1,0 +1,171 @@
+#include "platform/wx/WxControl.h"
+
+#include <wx/button.h>
+#include <wx/checkbox.h>
+#include <wx/choice.h>
+#include <wx/combobox.h>
+#include <wx/grid.h>
+#include <wx/radiobut.h>
+#include <wx/statbox.h>
+#include <wx/textctrl.h>
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#endif
+
+#include <algorithm>
+
+#include "platform/wx/WxGrid.h"
+#include "platform/wx/WxText.h"
+#include "platform/wx/WxTextBox.h"
+
+namespace trevandix {
+
+namespace {
+
+void setWidth(wxControl& field, int columns) {
+    const int text = field.GetCharWidth() * columns;
+    field.SetMinSize(wxSize(field.GetSizeFromTextSize(text).GetWidth(), -1));
+}
+
+wxWindow* makeText(wxWindow& parent, const ControlSpec& spec) {
+    auto* box = new WxTextBox(&parent, spec.filter);
+    setWidth(*box, spec.columns);
+    return box;
+}
+
+wxWindow* makeList(wxWindow& parent, const ControlSpec& spec) {
+    wxControl* list = nullptr;
+    if (spec.kind == ControlKind::Choice) list = new wxChoice(&parent, wxID_ANY);
+    else list = new wxComboBox(&parent, wxID_ANY);
+    setWidth(*list, spec.columns);
+    return list;
+}
+
+wxWindow* makeWindow(wxWindow& parent, const ControlSpec& spec, const wxString& caption, bool startsGroup) {
+    switch (spec.kind) {
+        case ControlKind::Heading:
+            return new wxStaticText(&parent, wxID_ANY, caption);
+        case ControlKind::Text:
+            return makeText(parent, spec);
+        case ControlKind::Choice:
+        case ControlKind::Combo:
+            return makeList(parent, spec);
+        case ControlKind::Check:
+            return new wxCheckBox(&parent, wxID_ANY, caption);
+        case ControlKind::Option:
+            return new wxRadioButton(&parent, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize,
+                                     startsGroup ? wxRB_GROUP : 0);
+        case ControlKind::Button:
+            return new wxButton(&parent, wxID_ANY, caption);
+        case ControlKind::Frame:
+            return new wxStaticBox(&parent, wxID_ANY, caption);
+        case ControlKind::Grid:
+            return new WxGrid(&parent);
+    }
+    return nullptr;
+}
+
+bool takesAccessKey(ControlKind kind) {
+    return kind != ControlKind::Heading && kind != ControlKind::Frame && kind != ControlKind::Grid;
+}
+
+}  // namespace
+
+WxControl WxControl::make(wxWindow& parent, const ControlSpec& spec, bool startsGroup, WxAccessKeys& keys) {
+    WxControl control;
+    control.spec = &spec;
+    wxString caption = toWx(spec.caption);
+    control.caption = fromWx(wxControl::RemoveMnemonics(caption));
+    if (takesAccessKey(spec.kind)) caption = keys.marked(caption);
+    if (control.isField() && !caption.empty()) {
+        control.label = new wxStaticText(&parent, wxID_ANY, caption);
+        if (!spec.labelName.empty()) control.label->SetName(toWx(spec.labelName));
+    }
+    control.window = makeWindow(parent, spec, caption, startsGroup);
+    control.window->SetName(toWx(spec.name));
+    return control;
+}
+
+bool WxControl::isList() const { return spec->kind == ControlKind::Choice || spec->kind == ControlKind::Combo; }
+
+bool WxControl::isField() const { return spec->kind == ControlKind::Text || isList(); }
+
+bool WxControl::listIsOpen() const {
+#ifdef __WXMSW__
+    return isList() && ::SendMessage(static_cast<HWND>(window->GetHandle()), CB_GETDROPPEDSTATE, 0, 0) != 0;
+#else
+    return false;  // an open list takes the keys itself
+#endif
+}
+
+std::string WxControl::text() const {
+    if (spec->kind == ControlKind::Text) return fromWx(static_cast<wxTextCtrl*>(window)->GetValue());
+    if (spec->kind == ControlKind::Combo) return fromWx(static_cast<wxComboBox*>(window)->GetValue());
+    if (spec->kind == ControlKind::Choice) return fromWx(static_cast<wxChoice*>(window)->GetStringSelection());
+    return caption;
+}
+
+void WxControl::setText(std::string_view text, WxAccessKeys& keys) {
+    const wxString value = toWx(text);
+    switch (spec->kind) {
+        case ControlKind::Text:
+            static_cast<WxTextBox*>(window)->setText(value);
+            return;
+        case ControlKind::Choice: {
+            auto* list = static_cast<wxChoice*>(window);
+            list->SetSelection(list->FindString(value, true));
+            return;
+        }
+        case ControlKind::Combo:
+            static_cast<wxComboBox*>(window)->ChangeValue(value);
+            return;
+        default:
+            caption = fromWx(wxControl::RemoveMnemonics(value));
+            window->SetLabel(takesAccessKey(spec->kind)
+                                 ? keys.marked(value, WxAccessKeys::keyOf(window->GetLabel()))
+                                 : value);
+    }
+}
+
+std::vector<std::string> WxControl::items() const {
+    std::vector<std::string> texts;
+    if (!isList()) return texts;
+    for (const wxString& item : static_cast<wxChoice*>(window)->GetStrings()) texts.push_back(fromWx(item));
+    return texts;
+}
+
+void WxControl::setItems(const std::vector<std::string>& items) {
+    if (!isList()) return;
+    auto* list = static_cast<wxChoice*>(window);
+    wxArrayString texts;
+    int widest = 0;
+    for (const std::string& item : items) {
+        texts.push_back(toWx(item));
+        widest = std::max(widest, list->GetTextExtent(texts.back()).GetWidth());
+    }
+    list->Set(texts);
+    list->SetSelection(wxNOT_FOUND);
+    const int needed = list->GetSizeFromTextSize(widest).GetWidth();
+    if (needed > list->GetMinSize().GetWidth()) list->SetMinSize(wxSize(needed, -1));
+}
+
+bool WxControl::checked() const {
+    if (spec->kind == ControlKind::Check) return static_cast<wxCheckBox*>(window)->GetValue();
+    return spec->kind == ControlKind::Option && static_cast<wxRadioButton*>(window)->GetValue();
+}
+
+void WxControl::setChecked(bool checked) {
+    if (spec->kind == ControlKind::Check) static_cast<wxCheckBox*>(window)->SetValue(checked);
+    if (spec->kind == ControlKind::Option) static_cast<wxRadioButton*>(window)->SetValue(checked);
+}
+
+void WxControl::setCells(const std::vector<std::vector<std::string>>& rows) {
+    if (spec->kind == ControlKind::Grid) static_cast<WxGrid*>(window)->setCells(rows);
+}
+
+void WxControl::focus() {
+    window->SetFocus();
+    if (spec->kind == ControlKind::Text) static_cast<wxTextCtrl*>(window)->SelectAll();
+}
+
+}  // namespace trevandix

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <wx/stattext.h>
+#include <wx/window.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/Form.h"
+#include "platform/wx/WxAccessKeys.h"
+
+namespace trevandix {
+
+/// One control of a form on the screen, with its label.
+struct WxControl {
+    const ControlSpec* spec = nullptr;
+    wxWindow* window = nullptr;      ///< owned by the dialog
+    wxStaticText* label = nullptr;   ///< in front of a field that has a caption
+    std::string caption;             ///< as shown, without access key
+    Form::Handler handler;           ///< what the user's action runs; may be empty
+
+    /// Makes the control and what stands in front of it as children of `parent`, in this order.
+    static WxControl make(wxWindow& parent, const ControlSpec& spec, bool startsGroup, WxAccessKeys& keys);
+
+    bool isList() const;
+    /// A text box or a list.
+    bool isField() const;
+    /// The list hangs open, so that Enter and Escape belong to it.
+    bool listIsOpen() const;
+    std::string text() const;
+    void setText(std::string_view text, WxAccessKeys& keys);
+    std::vector<std::string> items() const;
+    void setItems(const std::vector<std::string>& items);
+    bool checked() const;
+    void setChecked(bool checked);
+    void setCells(const std::vector<std::vector<std::string>>& rows);
+    void focus();
+};
+
+}  // namespace trevandix

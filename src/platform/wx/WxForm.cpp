@@ -1,0 +1,241 @@
+#include "platform/wx/WxForm.h"
+
+#include <wx/button.h>
+#include <wx/display.h>
+
+#include <algorithm>
+
+#include "platform/RuntimeError.h"
+#include "platform/wx/WxFormLayout.h"
+#include "platform/wx/WxParent.h"
+#include "platform/wx/WxText.h"
+
+namespace trevandix {
+
+namespace {
+
+// Runs a copy: the handler may delete the form, and itself with it.
+void run(const Form::Handler& handler) {
+    const Form::Handler copy = handler;
+    if (copy) copy();
+}
+
+bool hasGrid(const FormSpec& spec) {
+    return std::ranges::find(spec.controls, ControlKind::Grid, &ControlSpec::kind) != spec.controls.end();
+}
+
+}  // namespace
+
+WxForm::WxForm(wxWindow& parent, const FormSpec& spec) : spec_(spec) {
+    const long style = wxDEFAULT_DIALOG_STYLE | (hasGrid(spec) ? wxRESIZE_BORDER : 0);
+    dialog_ = new wxDialog(&parent, wxID_ANY, toWx(spec.caption), wxDefaultPosition, wxDefaultSize, style,
+                           toWx(spec.name));
+    WxFormLayout(spec, controls_, keys_).build(*dialog_);
+    for (WxControl& control : controls_) connect(control);
+    dialog_->SetEscapeId(wxID_NONE);
+    dialog_->Bind(wxEVT_CHAR_HOOK, &WxForm::onKey, this);
+    dialog_->Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { close(); });
+    dialog_->Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
+        event.Skip();
+        if (event.GetActive()) dialog_->CallAfter([this] { run(activated_); });
+    });
+    if (!spec.defaultButton.empty()) static_cast<wxButton*>(at(spec.defaultButton).window)->SetDefault();
+}
+
+WxForm::~WxForm() {
+    if (!dialog_) return;
+    dialog_->Hide();
+    // A handler of the dialog may be what deletes the form, so the dialog lives on until it has returned; nothing of it
+    // reaches here any more.
+    dialog_->SetEvtHandlerEnabled(false);
+    for (WxControl& control : controls_) control.window->SetEvtHandlerEnabled(false);
+    dialog_->Destroy();
+}
+
+WxForm::Target WxForm::find(std::string_view name) const {
+    for (WxControl& control : controls_) {
+        if (control.spec->name == name) return {&control, false};
+        if (!control.spec->labelName.empty() && control.spec->labelName == name) return {&control, true};
+    }
+    throw RuntimeError(ErrorNumber::ElementNotFound, name);
+}
+
+WxControl& WxForm::at(std::string_view name) const { return *find(name).control; }
+
+void WxForm::connect(WxControl& control) {
+    const auto act = [&control](wxCommandEvent&) { run(control.handler); };
+    switch (control.spec->kind) {
+        case ControlKind::Button:
+            control.window->Bind(wxEVT_BUTTON, act);
+            break;
+        case ControlKind::Check:
+            control.window->Bind(wxEVT_CHECKBOX, act);
+            break;
+        case ControlKind::Option:
+            control.window->Bind(wxEVT_RADIOBUTTON, act);
+            break;
+        case ControlKind::Choice:
+            control.window->Bind(wxEVT_CHOICE, act);
+            break;
+        case ControlKind::Combo:
+            control.window->Bind(wxEVT_COMBOBOX, act);
+            break;
+        default:
+            break;
+    }
+}
+
+std::string WxForm::text(std::string_view name) const {
+    const auto [control, labelOnly] = find(name);
+    return labelOnly ? control->caption : control->text();
+}
+
+void WxForm::setText(std::string_view name, std::string_view text) {
+    const auto [control, labelOnly] = find(name);
+    if (labelOnly) {
+        control->caption = text;
+        control->label->SetLabel(keys_.marked(toWx(text), WxAccessKeys::keyOf(control->label->GetLabel())));
+    } else {
+        control->setText(text, keys_);
+    }
+    if (shown_ && !control->isField()) fit();
+}
+
+void WxForm::setItems(std::string_view name, const std::vector<std::string>& items) { at(name).setItems(items); }
+
+std::vector<std::string> WxForm::items(std::string_view name) const { return at(name).items(); }
+
+bool WxForm::enabled(std::string_view name) const {
+    const auto [control, labelOnly] = find(name);
+    return labelOnly ? control->label->IsThisEnabled() : control->window->IsThisEnabled();
+}
+
+void WxForm::setEnabled(std::string_view name, bool enabled) {
+    const auto [control, labelOnly] = find(name);
+    if (control->label != nullptr) control->label->Enable(enabled);
+    if (!labelOnly) control->window->Enable(enabled);
+}
+
+bool WxForm::visible(std::string_view name) const {
+    const auto [control, labelOnly] = find(name);
+    return labelOnly ? control->label->IsShown() : control->window->IsShown();
+}
+
+void WxForm::setVisible(std::string_view name, bool visible) {
+    const auto [control, labelOnly] = find(name);
+    if (control->label != nullptr) control->label->Show(visible);
+    if (!labelOnly) control->window->Show(visible);
+    if (shown_) fit();
+}
+
+bool WxForm::checked(std::string_view name) const { return at(name).checked(); }
+
+void WxForm::setChecked(std::string_view name, bool checked) { at(name).setChecked(checked); }
+
+void WxForm::setFocus(std::string_view name) { at(name).focus(); }
+
+void WxForm::setCells(std::string_view name, const std::vector<std::vector<std::string>>& rows) {
+    at(name).setCells(rows);
+    if (shown_) fit();
+}
+
+void WxForm::on(std::string_view name, Handler handler) { at(name).handler = std::move(handler); }
+
+// The smallest size is the one in which no text is cut, as far as the screen has room.
+void WxForm::fit() {
+    const wxSize screen = wxDisplay(dialog_.get()).GetClientArea().GetSize();
+    wxSize size = dialog_->GetSizer()->CalcMin();
+    size.DecTo(dialog_->WindowToClientSize(screen));
+    dialog_->SetMinClientSize(wxDefaultSize);
+    dialog_->SetClientSize(size);
+    dialog_->SetMinClientSize(size);
+    dialog_->Layout();
+}
+
+void WxForm::prepare() {
+    fit();
+    dialog_->CentreOnParent();
+    shown_ = true;
+    if (!spec_.initialFocus.empty()) {
+        at(spec_.initialFocus).focus();
+        return;
+    }
+    const auto first = std::ranges::find_if(
+        controls_, [](const WxControl& each) { return each.window->CanAcceptFocus() && each.window->IsEnabled(); });
+    if (first != controls_.end()) first->focus();
+}
+
+void WxForm::showModal() {
+    if (!dialog_) return;
+    const FocusKeeper focus;
+    prepare();
+    dialog_->ShowModal();
+}
+
+void WxForm::showModeless() {
+    if (!dialog_) return;
+    if (!dialog_->IsShown()) prepare();
+    dialog_->Show();
+    dialog_->Raise();
+}
+
+void WxForm::close() {
+    if (!dialog_ || !shown_) return;
+    shown_ = false;
+    if (dialog_->IsModal()) {
+        dialog_->EndModal(wxID_CANCEL);
+    } else {
+        dialog_->Hide();
+    }
+    run(closed_);
+}
+
+bool WxForm::pressFromKeyboard(const WxControl* button) {
+    if (button == nullptr || !button->window->IsEnabled() || !button->window->IsShownOnScreen()) return false;
+    run(button->handler);
+    return true;
+}
+
+// The default button; where it is out of use, the one that belongs to the focused control.
+const WxControl* WxForm::buttonForEnter() const {
+    const auto usable = [](const WxControl& each) {
+        return each.spec->kind == ControlKind::Button && each.window->IsEnabled() && each.window->IsShownOnScreen();
+    };
+    if (!spec_.defaultButton.empty() && usable(at(spec_.defaultButton))) return &at(spec_.defaultButton);
+    const wxWindow* focused = wxWindow::FindFocus();
+    const auto button = std::ranges::find_if(controls_, [&](const WxControl& each) {
+        return usable(each) && focused != nullptr && each.window->GetParent() == focused->GetParent();
+    });
+    return button == controls_.end() ? nullptr : &*button;
+}
+
+// Access keys of labels: the toolkit gives them to buttons only, everywhere but on Windows.
+bool WxForm::focusByAccessKey(const wxKeyEvent& event) {
+    if (event.GetModifiers() != wxMOD_ALT) return false;
+    const wxChar key = static_cast<wxChar>(wxToupper(event.GetUnicodeKey()));
+    for (WxControl& control : controls_) {
+        if (control.label == nullptr || WxAccessKeys::keyOf(control.label->GetLabel()) != key || key == 0) continue;
+        if (!control.window->IsEnabled() || !control.window->IsShownOnScreen()) continue;
+        control.focus();
+        return true;
+    }
+    return false;
+}
+
+void WxForm::onKey(wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    const bool plain = event.GetModifiers() == 0 && std::ranges::none_of(controls_, &WxControl::listIsOpen);
+    if (plain && key == WXK_ESCAPE) {
+        if (spec_.cancelButton.empty()) close();
+        else pressFromKeyboard(&at(spec_.cancelButton));
+        return;
+    }
+    if (plain && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER)) {
+        // A button that has the keyboard is pressed itself.
+        const bool onButton = wxDynamicCast(wxWindow::FindFocus(), wxButton) != nullptr;
+        if (!onButton && pressFromKeyboard(buttonForEnter())) return;
+    }
+    if (!focusByAccessKey(event)) event.Skip();
+}
+
+}  // namespace trevandix

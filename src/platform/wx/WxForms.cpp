@@ -1,0 +1,9 @@
+#include "platform/wx/WxForms.h"
+
+#include "platform/wx/WxForm.h"
+
+namespace trevandix {
+
+std::unique_ptr<Form> WxForms::create(const FormSpec& spec) { return std::make_unique<WxForm>(parent_, spec); }
+
+}  // namespace trevandix

@@ -1,0 +1,18 @@
+#include "platform/wx/WxImageNames.h"
+
+#include <algorithm>
+
+#include "platform/wx/WxIcons.h"
+
+namespace trevandix {
+
+int WxImageNames::indexOf(std::string_view name) {
+    if (name.empty()) return -1;
+    const auto place = std::ranges::find(names_, name);
+    if (place != names_.end()) return static_cast<int>(place - names_.begin());
+    names_.emplace_back(name);
+    bundles_.push_back(iconBundle(prefix_ + std::string(name), size_));
+    return static_cast<int>(names_.size()) - 1;
+}
+
+}  // namespace trevandix

@@ -1,0 +1,41 @@
+#include "platform/wx/WxImportPanel.h"
+
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+
+namespace trevandix {
+
+namespace {
+
+constexpr int kHighestPercent = 99;
+constexpr int kGaugeWidth = 280;
+constexpr int kMargin = 20;
+
+}  // namespace
+
+WxImportPanel::WxImportPanel(wxWindow* parent)
+    : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_RAISED, "pnlImpStat") {
+    Hide();
+    auto* label = new wxStaticText(this, wxID_ANY, "Loading File ....", wxDefaultPosition, wxDefaultSize, 0, "lblLabel");
+    percent_ = new wxGauge(this, wxID_ANY, kHighestPercent, wxDefaultPosition, FromDIP(wxSize(kGaugeWidth, -1)),
+                           wxGA_HORIZONTAL | wxGA_SMOOTH, wxDefaultValidator, "pnlPercent");
+    auto* column = new wxBoxSizer(wxVERTICAL);
+    column->Add(label, wxSizerFlags().CentreHorizontal());
+    column->Add(percent_, wxSizerFlags().Expand().Border(wxTOP, FromDIP(kMargin) / 2));
+    auto* frame = new wxBoxSizer(wxVERTICAL);
+    frame->Add(column, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kMargin)));
+    SetSizerAndFit(frame);
+}
+
+void WxImportPanel::setShown(bool shown) {
+    if (shown) recentre();
+    Show(shown);
+    if (shown) Raise();
+}
+
+void WxImportPanel::recentre() {
+    SetSize(GetBestSize());
+    CentreOnParent();
+}
+
+}  // namespace trevandix

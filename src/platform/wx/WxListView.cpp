@@ -1,0 +1,193 @@
+#include "platform/wx/WxListView.h"
+
+#include <wx/app.h>
+#include <wx/sizer.h>
+
+#include <utility>
+
+namespace trevandix {
+
+namespace {
+
+class Raised {
+public:
+    explicit Raised(int& counter) : counter_(counter) { ++counter_; }
+    ~Raised() { --counter_; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+
+private:
+    int& counter_;
+};
+
+// The window whose mouse events are those of the rows: the control itself, or the part of it below the header.
+wxWindow& rowArea(wxListCtrl& control) {
+    for (wxWindow* part : control.GetChildren()) {
+        if (part->GetName() == "listctrlmainwindow" || part->GetName() == "listctrl") return *part;
+    }
+    return control;
+}
+
+}  // namespace
+
+WxListView::WxListView(wxWindow* parent, ListView& list, WxInputGate& gate, OpenMenu openMenu)
+    : wxPanel(parent), list_(list), gate_(gate), openMenu_(std::move(openMenu)),
+      report_(new WxReportList(this, list)), shown_(report_) {
+    SetSizer(new wxBoxSizer(wxVERTICAL));
+    GetSizer()->Add(report_, wxSizerFlags(1).Expand());
+    watch(*report_);
+    report_->Hide();
+    Bind(wxEVT_CHAR_HOOK, &WxListView::onKey, this);
+    list_.setDisplay(this);
+}
+
+WxListView::~WxListView() { list_.setDisplay(nullptr); }
+
+void WxListView::watch(wxListCtrl& control) {
+    const auto changed = [this](wxListEvent& event) {
+        event.Skip();
+        if (quiet_ == 0) click();
+    };
+    control.Bind(wxEVT_LIST_ITEM_SELECTED, changed);
+    control.Bind(wxEVT_LIST_ITEM_DESELECTED, changed);
+    control.Bind(wxEVT_LIST_ITEM_FOCUSED, changed);
+    control.Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { doubleClick(); });
+    control.Bind(wxEVT_LIST_COL_CLICK, [this](wxListEvent& event) {
+        if (event.GetColumn() < 0) return;
+        const auto column = static_cast<std::size_t>(event.GetColumn());
+        gate_.post(WxInputGate::Kind::Single, [column](MainWindowEvents& e) { e.ListView1_ColumnClick(column); });
+    });
+    wxWindow& rows = rowArea(control);
+    rows.Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
+        event.Skip();
+        click();
+    });
+    rows.Bind(wxEVT_LEFT_DCLICK, [this](wxMouseEvent& event) {
+        event.Skip();
+        if (beside(event.GetPosition())) doubleClick();
+    });
+    control.Bind(wxEVT_CONTEXT_MENU, &WxListView::onContextMenu, this);
+}
+
+bool WxListView::beside(const wxPoint& point) const {
+    int flags = 0;
+    return shown_->HitTest(point, flags) == wxNOT_FOUND;
+}
+
+void WxListView::click() {
+    gate_.post(WxInputGate::Kind::ListClick, [](MainWindowEvents& events) { events.ListView1_Click(); });
+}
+
+void WxListView::doubleClick() {
+    gate_.post(WxInputGate::Kind::Single, [](MainWindowEvents& events) { events.ListView1_DblClick(); });
+}
+
+// Without columns there is nothing that a header could show.
+void WxListView::showFitting() {
+    const bool report = list_.mode() == ListMode::Report && !list_.columns().empty();
+    const ListMode mode = list_.mode() == ListMode::Report ? ListMode::List : list_.mode();
+    wxListCtrl* before = shown_;
+    const bool focused = IsDescendant(FindFocus());
+    if (!report && (icons_ == nullptr || icons_->mode() != mode)) {
+        if (icons_ != nullptr) {
+            icons_->Hide();
+            wxTheApp->ScheduleForDestruction(icons_);
+        }
+        if (before == icons_) before = nullptr;
+        icons_ = new WxIconList(this, list_, mode);
+        icons_->Hide();
+        GetSizer()->Add(icons_, wxSizerFlags(1).Expand());
+        watch(*icons_);
+    }
+    shown_ = report ? static_cast<wxListCtrl*>(report_) : icons_;
+    if (shown_ == before) return;
+    if (before != nullptr) before->Hide();
+    shown_->Show(list_.visible());
+    Layout();
+    if (focused && list_.visible()) shown_->SetFocus();
+}
+
+void WxListView::contentsChanged() {
+    const Raised quiet(quiet_);
+    showFitting();
+    if (shown_ == report_) {
+        report_->refill();
+        if (icons_ != nullptr) icons_->DeleteAllItems();
+    } else {
+        icons_->refill();
+        report_->SetItemCount(0);
+    }
+}
+
+void WxListView::rowChanged(std::size_t row) {
+    const Raised quiet(quiet_);
+    if (shown_ == report_) {
+        report_->RefreshItem(static_cast<long>(row));
+    } else {
+        icons_->refreshRow(row);
+    }
+}
+
+void WxListView::setVisible(bool visible) {
+    shown_->Show(visible);
+    Layout();
+}
+
+bool WxListView::usable() const { return shown_->IsShownOnScreen(); }
+
+std::vector<std::size_t> WxListView::selectedRows() const {
+    std::vector<std::size_t> rows;
+    rows.reserve(static_cast<std::size_t>(shown_->GetSelectedItemCount()));
+    for (long row = -1; (row = shown_->GetNextItem(row, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED)) >= 0;) {
+        rows.push_back(static_cast<std::size_t>(row));
+    }
+    return rows;
+}
+
+std::optional<std::size_t> WxListView::currentRow() const {
+    const long row = shown_->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
+    if (row < 0 || shown_->GetItemState(row, wxLIST_STATE_SELECTED) == 0) return std::nullopt;
+    return static_cast<std::size_t>(row);
+}
+
+void WxListView::selectAll() {
+    const Raised quiet(quiet_);
+    if (shown_->GetItemCount() == 0) return;
+    shown_->SetItemState(-1, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+    click();
+}
+
+void WxListView::onKey(wxKeyEvent& event) {
+    if (event.GetKeyCode() == 'A' && event.GetModifiers() == wxMOD_CONTROL) {
+        list_.selectAll();
+    } else {
+        event.Skip();
+    }
+}
+
+// The menu acts on the rows that are selected, so a row pointed at outside the selection becomes it.
+void WxListView::onContextMenu(wxContextMenuEvent& event) {
+    wxWindow& rows = rowArea(*shown_);
+    if (event.GetPosition() == wxDefaultPosition) {
+        wxRect line;
+        const long row = shown_->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
+        const bool shows = row >= 0 && shown_->GetItemRect(row, line) && GetClientRect().Intersects(line);
+        openMenu_(*shown_, shows ? line.GetBottomLeft() : wxPoint());
+        return;
+    }
+    const wxPoint point = rows.ScreenToClient(event.GetPosition());
+    int flags = 0;
+    const long row = shown_->HitTest(point, flags);
+    if (row >= 0 && shown_->GetItemState(row, wxLIST_STATE_SELECTED) == 0) {
+        {
+            const Raised quiet(quiet_);
+            shown_->SetItemState(-1, 0, wxLIST_STATE_SELECTED);
+            const long both = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
+            shown_->SetItemState(row, both, both);
+        }
+        click();
+    }
+    openMenu_(rows, point);
+}
+
+}  // namespace trevandix

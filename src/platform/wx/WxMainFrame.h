@@ -1,0 +1,68 @@
+#pragma once
+
+#include <wx/frame.h>
+#include <wx/splitter.h>
+
+#include <memory>
+
+#include "platform/MainWindow.h"
+#include "platform/wx/WxCommands.h"
+#include "platform/wx/WxImportPanel.h"
+#include "platform/wx/WxInputGate.h"
+#include "platform/wx/WxListView.h"
+#include "platform/wx/WxPointer.h"
+#include "platform/wx/WxTreeDrag.h"
+#include "platform/wx/WxTreeView.h"
+
+namespace trevandix {
+
+/// The main window on the screen: menu bar, toolbar, tree and list side by side, import panel, status bar.
+class WxMainFrame : public wxFrame, public MainWindow, public CommandBar {
+public:
+    /// Everything handed over must outlive the window.
+    WxMainFrame(const CommandTables& tables, StructureTree& tree, ListView& list, WxPointer& pointer);
+    ~WxMainFrame() override;
+
+    /// Who hears of the user from now on. Not owned; must live until `Form_Unload` has been called.
+    void attach(MainWindowEvents* events) { gate_.attach(events); }
+    /// Runs a piece of work as a command runs: nothing else is started meanwhile.
+    void perform(const std::function<void()>& work);
+
+    void setTreeVisible(bool visible) override;
+    FocusedView focusedView() const override { return lastFocused_; }
+    void focusTree() override;
+    void showImportPanel(bool visible) override { importPanel_->setShown(visible); }
+    void setPercent(int percent) override { importPanel_->setPercent(percent); }
+    void processEvents() override { gate_.pump(); }
+    void close() override;
+    void showAboutBox() override;
+
+    void enableMenu(std::string_view name, bool enabled) override { commands_->enableMenu(name, enabled); }
+    void enableButton(std::string_view key, bool enabled) override { commands_->enableButton(key, enabled); }
+
+private:
+    void buildViews(StructureTree& tree, ListView& list, WxPointer& pointer);
+    void placeOnScreen();
+    void openMenu(wxWindow& window, const wxPoint& point);
+    void unload();
+    void onClose(wxCloseEvent& event);
+    void onKey(wxKeyEvent& event);
+    void onChildFocus(wxChildFocusEvent& event);
+    void onActivate(wxActivateEvent& event);
+    void restoreFocus();
+
+    WxInputGate gate_{*this};
+    std::unique_ptr<WxCommands> commands_;
+    wxPanel* body_ = nullptr;
+    wxSplitterWindow* splitter_ = nullptr;
+    wxPanel* treePane_ = nullptr;
+    WxTreeView* tree_ = nullptr;
+    WxListView* list_ = nullptr;
+    WxImportPanel* importPanel_ = nullptr;
+    std::unique_ptr<WxTreeDrag> drag_;
+    double treeShare_ = 0.4;  // of the width
+    FocusedView lastFocused_ = FocusedView::None;
+    bool unloaded_ = false;
+};
+
+}  // namespace trevandix

@@ -1,0 +1,42 @@
+#include "platform/wx/WxMessages.h"
+
+#include <wx/msgdlg.h>
+
+#include "Version.h"
+#include "platform/wx/WxParent.h"
+#include "platform/wx/WxText.h"
+
+namespace trevandix {
+
+namespace {
+
+long styleOf(Buttons buttons, Icon icon) {
+    long style = wxOK;
+    if (buttons == Buttons::YesNo) style = wxYES_NO;
+    if (buttons == Buttons::YesNoCancel) style = wxYES_NO | wxCANCEL;
+    if (icon == Icon::Exclamation) return style | wxICON_EXCLAMATION;
+    if (icon == Icon::Critical) return style | wxICON_ERROR;
+    return style | wxICON_NONE;
+}
+
+Answer lastButton(Buttons buttons) {
+    if (buttons == Buttons::Ok) return Answer::Ok;
+    return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+}
+
+}  // namespace
+
+Answer WxMessages::show(std::string_view text, Buttons buttons, Icon icon) {
+    const FocusKeeper focus;
+    wxMessageDialog box(dialogParent(), toWx(text), toWx(kProduct), styleOf(buttons, icon));
+    switch (box.ShowModal()) {
+        case wxID_YES:
+            return Answer::Yes;
+        case wxID_NO:
+            return Answer::No;
+        default:
+            return lastButton(buttons);
+    }
+}
+
+}  // namespace trevandix

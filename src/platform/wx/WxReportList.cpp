@@ -1,0 +1,69 @@
+#include "platform/wx/WxReportList.h"
+
+#include <wx/wupdlock.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/wx/WxText.h"
+
+namespace trevandix {
+
+namespace {
+
+constexpr int kDefaultColumnWidth = 96;  // device-independent pixels
+constexpr int kHeaderMargin = 24;
+
+}  // namespace
+
+WxReportList::WxReportList(wxWindow* parent, const ListView& list)
+    : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL, wxDefaultValidator,
+                 "ListView1"),
+      list_(list) {}
+
+void WxReportList::refill() {
+    const wxWindowUpdateLocker frozen(this);
+    const long rows = static_cast<long>(list_.rows().size());
+    if (GetItemCount() > 0) SetItemState(-1, 0, wxLIST_STATE_SELECTED);
+    SetItemCount(0);
+    buildColumns();
+    loadImages();
+    SetItemCount(rows);
+    if (rows == 0) return;
+    EnsureVisible(0);
+    SetItemState(0, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
+}
+
+void WxReportList::buildColumns() {
+    DeleteAllColumns();
+    const int width = GetClientSize().GetWidth();
+    for (const ListColumn& column : list_.columns()) {
+        const wxString header = toWx(column.header);
+        const int needed = GetTextExtent(header).GetWidth() + FromDIP(kHeaderMargin);
+        const int wanted = column.width > 0 ? static_cast<int>(std::lround(width * column.width))
+                                            : std::max(FromDIP(kDefaultColumnWidth), needed);
+        AppendColumn(header, wxLIST_FORMAT_LEFT, wanted);
+    }
+}
+
+// All images are drawn before the first row is: they cannot be changed while the control draws.
+void WxReportList::loadImages() {
+    const std::size_t before = images_.bundles().size();
+    std::string_view last;
+    for (const ListRow& row : list_.rows()) {
+        if (row.smallIcon != last) images_.indexOf(last = row.smallIcon);
+    }
+    if (images_.bundles().size() != before) SetSmallImages(images_.bundles());
+}
+
+wxString WxReportList::OnGetItemText(long row, long column) const {
+    if (row < 0 || static_cast<std::size_t>(row) >= list_.rows().size()) return {};
+    return toWx(list_.cell(static_cast<std::size_t>(row), static_cast<std::size_t>(column)));
+}
+
+int WxReportList::OnGetItemImage(long row) const {
+    if (row < 0 || static_cast<std::size_t>(row) >= list_.rows().size()) return -1;
+    return images_.indexOf(list_.rows()[static_cast<std::size_t>(row)].smallIcon);
+}
+
+}  // namespace trevandix

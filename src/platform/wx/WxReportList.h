@@ -1,0 +1,30 @@
+#pragma once
+
+#include <wx/listctrl.h>
+
+#include "platform/ListView.h"
+#include "platform/wx/WxImageNames.h"
+
+namespace trevandix {
+
+/// The list with columns. Its rows stay in the ListView; the control asks for those that it draws.
+class WxReportList : public wxListCtrl {
+public:
+    WxReportList(wxWindow* parent, const ListView& list);
+
+    /// Takes over columns and rows anew; nothing is selected any more.
+    void refill();
+
+protected:
+    wxString OnGetItemText(long row, long column) const override;
+    int OnGetItemImage(long row) const override;
+
+private:
+    void buildColumns();
+    void loadImages();
+
+    const ListView& list_;
+    mutable WxImageNames images_{"tree-", 16};
+};
+
+}  // namespace trevandix

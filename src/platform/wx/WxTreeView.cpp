@@ -1,0 +1,257 @@
+#include "platform/wx/WxTreeView.h"
+
+#include <wx/wupdlock.h>
+
+#include <utility>
+
+#include "platform/wx/WxIcons.h"
+#include "platform/wx/WxText.h"
+
+namespace trevandix {
+
+wxIMPLEMENT_CLASS(WxTreeView, wxTreeCtrl);
+
+namespace {
+
+class NodeData : public wxTreeItemData {
+public:
+    explicit NodeData(const TreeNode& shown) : node(const_cast<TreeNode*>(&shown)) {}
+    TreeNode* node;
+    int place = 0;  // among its siblings, while they are sorted
+};
+
+bool liesIn(const TreeNode* node, const TreeNode& top) {
+    while (node != nullptr && node != &top) node = node->parent();
+    return node != nullptr;
+}
+
+}  // namespace
+
+/// While one lives, what the control reports is not its user's doing.
+class WxTreeView::Quiet {
+public:
+    explicit Quiet(WxTreeView& view) : view_(view) { ++view_.quiet_; }
+    ~Quiet() { --view_.quiet_; }
+    Quiet(const Quiet&) = delete;
+    Quiet& operator=(const Quiet&) = delete;
+
+private:
+    WxTreeView& view_;
+};
+
+WxTreeView::WxTreeView(wxWindow* parent, StructureTree& tree, WxInputGate& gate)
+    : wxTreeCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_SINGLE,
+                 wxDefaultValidator, "TreeView1"),
+      tree_(tree),
+      gate_(gate) {
+    for (const Image image : {Image::Config, Image::Main, Image::Item, Image::Plc, Image::Branch}) {
+        images_.indexOf(imageName(image));
+    }
+    SetImages(images_.bundles());
+    Bind(wxEVT_TREE_SEL_CHANGED, &WxTreeView::onSelected, this);
+    Bind(wxEVT_TREE_ITEM_ACTIVATED, &WxTreeView::onActivated, this);
+    Bind(wxEVT_TREE_ITEM_EXPANDED, [this](wxTreeEvent& event) { onExpansion(event, true); });
+    Bind(wxEVT_TREE_ITEM_COLLAPSED, [this](wxTreeEvent& event) { onExpansion(event, false); });
+    Bind(wxEVT_LEFT_DOWN, &WxTreeView::onLeftDown, this);
+    if (tree_.root() != nullptr) {
+        const Quiet quiet(*this);
+        insertSubtree(*tree_.root());
+    }
+    tree_.setObserver(this);
+}
+
+WxTreeView::~WxTreeView() {
+    tree_.setObserver(nullptr);
+    ++quiet_;
+    DeleteAllItems();
+}
+
+TreeNode* WxTreeView::nodeOf(const wxTreeItemId& item) const {
+    return item.IsOk() ? static_cast<NodeData*>(GetItemData(item))->node : nullptr;
+}
+
+TreeNode* WxTreeView::nodeAt(const wxPoint& point) const {
+    int flags = 0;
+    return nodeOf(HitTest(point, flags));
+}
+
+TreeNode* WxTreeView::selectedNode() const { return nodeOf(GetSelection()); }
+
+wxPoint WxTreeView::menuPlace() const {
+    wxRect line;
+    const wxTreeItemId item = GetSelection();
+    if (item.IsOk() && GetBoundingRect(item, line, true) && GetClientRect().Intersects(line)) return line.GetBottomLeft();
+    return {};
+}
+
+void WxTreeView::pick(const TreeNode& node) {
+    if (selectedNode() == &node) return;
+    SelectItem(itemOf(node));
+}
+
+void WxTreeView::insert(const TreeNode& node, Where where) {
+    const wxString text = toWx(node.text());
+    const int image = images_.indexOf(imageName(node.look().image));
+    const int selected = images_.indexOf(imageName(node.look().selectedImage));
+    auto* data = new NodeData(node);
+    wxTreeItemId item;
+    if (node.parent() == nullptr) {
+        item = AddRoot(text, image, selected, data);
+    } else if (const wxTreeItemId parent = itemOf(*node.parent());
+               where == Where::AtTheEnd || node.nextSibling() == nullptr) {
+        item = AppendItem(parent, text, image, selected, data);
+    } else if (node.previousSibling() == nullptr) {
+        item = PrependItem(parent, text, image, selected, data);
+    } else {
+        item = InsertItem(parent, itemOf(*node.previousSibling()), text, image, selected, data);
+    }
+    node.viewItem = item.GetID();
+    // The control forgets the expansion of an item without children, so the first child brings it back.
+    const TreeNode* parent = node.parent();
+    if (parent != nullptr && parent->expanded() && !IsExpanded(itemOf(*parent))) Expand(itemOf(*parent));
+}
+
+void WxTreeView::insertSubtree(const TreeNode& top) {
+    insert(top, Where::AtItsPlace);
+    for (const TreeNode* node = nextBelow(top, top); node != nullptr; node = nextBelow(*node, top)) {
+        insert(*node, Where::AtTheEnd);
+    }
+}
+
+void WxTreeView::nodeAdded(const TreeNode& node) {
+    const Quiet quiet(*this);
+    insert(node, Where::AtItsPlace);
+}
+
+void WxTreeView::forget(const TreeNode& node) {
+    if (liesIn(clicked_, node)) clicked_ = nullptr;
+    if (liesIn(highlighted_, node)) highlighted_ = nullptr;
+    if (liesIn(visibleLater_, node)) visibleLater_ = nullptr;
+}
+
+void WxTreeView::nodeRemoved(const TreeNode& node) {
+    const Quiet quiet(*this);
+    forget(node);
+    Delete(itemOf(node));
+}
+
+void WxTreeView::textChanged(const TreeNode& node) { SetItemText(itemOf(node), toWx(node.text())); }
+
+void WxTreeView::nodeMoved(const TreeNode& node) {
+    const Quiet quiet(*this);
+    const wxWindowUpdateLocker frozen(this);
+    Delete(itemOf(node));
+    insertSubtree(node);
+    if (tree_.selected() != nullptr && liesIn(tree_.selected(), node)) SelectItem(itemOf(*tree_.selected()));
+}
+
+void WxTreeView::childrenSorted(const TreeNode& parent) {
+    const Quiet quiet(*this);
+    const wxWindowUpdateLocker frozen(this);
+    int place = 0;
+    for (const TreeNode* child = parent.firstChild(); child != nullptr; child = child->nextSibling()) {
+        static_cast<NodeData*>(GetItemData(itemOf(*child)))->place = place++;
+    }
+    SortChildren(itemOf(parent));
+}
+
+int WxTreeView::OnCompareItems(const wxTreeItemId& first, const wxTreeItemId& second) {
+    return static_cast<NodeData*>(GetItemData(first))->place - static_cast<NodeData*>(GetItemData(second))->place;
+}
+
+void WxTreeView::expansionChanged(const TreeNode& node) {
+    const Quiet quiet(*this);
+    const wxTreeItemId item = itemOf(node);
+    if (!node.expanded()) {
+        Collapse(item);
+    } else if (node.childCount() > 0 && !IsExpanded(item)) {
+        Expand(item);
+    }
+}
+
+void WxTreeView::madeVisible(const TreeNode& node) {
+    if (batches_ > 0) {
+        visibleLater_ = &node;
+        return;
+    }
+    const Quiet quiet(*this);
+    EnsureVisible(itemOf(node));
+}
+
+void WxTreeView::selectionChanged(const TreeNode* node) {
+    const Quiet quiet(*this);
+    clicked_ = nullptr;
+    if (node == nullptr) {
+        UnselectAll();
+        return;
+    }
+    if (GetSelection() == itemOf(*node)) return;
+    SelectItem(itemOf(*node));
+    madeVisible(*node);
+}
+
+void WxTreeView::highlightChanged(const TreeNode* node) {
+    if (highlighted_ != nullptr) SetItemDropHighlight(itemOf(*highlighted_), false);
+    if (node != nullptr) SetItemDropHighlight(itemOf(*node), true);
+    highlighted_ = node;
+}
+
+void WxTreeView::cleared() {
+    const Quiet quiet(*this);
+    clicked_ = nullptr;
+    highlighted_ = visibleLater_ = nullptr;
+    DeleteAllItems();
+}
+
+void WxTreeView::batchBegins() {
+    if (batches_++ == 0) Freeze();
+}
+
+void WxTreeView::batchEnds() {
+    if (--batches_ > 0) return;
+    Thaw();
+    if (visibleLater_ != nullptr) madeVisible(*std::exchange(visibleLater_, nullptr));
+}
+
+// The control selects its root here when nothing is selected; that is nobody's click.
+void WxTreeView::OnInternalIdle() {
+    const Quiet quiet(*this);
+    wxTreeCtrl::OnInternalIdle();
+}
+
+void WxTreeView::click(TreeNode& node) {
+    clicked_ = &node;
+    gate_.post(WxInputGate::Kind::TreeClick, [this](MainWindowEvents& events) {
+        if (TreeNode* clicked = std::exchange(clicked_, nullptr)) events.TreeView1_NodeClick(*clicked);
+    });
+}
+
+void WxTreeView::onSelected(wxTreeEvent& event) {
+    if (quiet_ > 0) return;
+    if (TreeNode* node = nodeOf(event.GetItem())) click(*node);
+}
+
+// Not passed on: the control would open or close the node.
+void WxTreeView::onActivated(wxTreeEvent&) {
+    gate_.post(WxInputGate::Kind::Single, [](MainWindowEvents& events) { events.TreeView1_DblClick(); });
+}
+
+void WxTreeView::onExpansion(wxTreeEvent& event, bool expanded) {
+    TreeNode* node = nodeOf(event.GetItem());
+    if (node == nullptr || node->expanded() == expanded) return;
+    if (quiet_ > 0) {
+        tree_.setExpanded(*node, expanded);
+    } else {
+        gate_.run([node, expanded](MainWindowEvents& events) { events.treeExpansionChanged(*node, expanded); });
+    }
+}
+
+void WxTreeView::onLeftDown(wxMouseEvent& event) {
+    event.Skip();
+    int flags = 0;
+    const wxTreeItemId item = HitTest(event.GetPosition(), flags);
+    const bool onItem = (flags & (wxTREE_HITTEST_ONITEMICON | wxTREE_HITTEST_ONITEMLABEL)) != 0;
+    if (item.IsOk() && onItem && item == GetSelection()) click(*nodeOf(item));
+}
+
+}  // namespace trevandix

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <wx/treectrl.h>
+
+#include <functional>
+
+#include "model/StructureTree.h"
+#include "platform/wx/WxImageNames.h"
+#include "platform/wx/WxInputGate.h"
+
+namespace trevandix {
+
+/// The structure tree on the screen, `TreeView1`. Follows the tree; reports only what its user does.
+class WxTreeView : public wxTreeCtrl, public TreeObserver {
+    wxDECLARE_CLASS(WxTreeView);
+
+public:
+    /// `tree` and `gate` must outlive the view.
+    WxTreeView(wxWindow* parent, StructureTree& tree, WxInputGate& gate);
+    ~WxTreeView() override;
+
+    /// The node in whose line a point of the window lies; nullptr for none.
+    TreeNode* nodeAt(const wxPoint& point) const;
+    TreeNode* selectedNode() const;
+    /// Selects a node as a click of the user does.
+    void pick(const TreeNode& node);
+    /// Where a menu opens that the keyboard asks for.
+    wxPoint menuPlace() const;
+
+    void nodeAdded(const TreeNode& node) override;
+    void nodeRemoved(const TreeNode& node) override;
+    void textChanged(const TreeNode& node) override;
+    void nodeMoved(const TreeNode& node) override;
+    void childrenSorted(const TreeNode& parent) override;
+    void expansionChanged(const TreeNode& node) override;
+    void madeVisible(const TreeNode& node) override;
+    void selectionChanged(const TreeNode* node) override;
+    void highlightChanged(const TreeNode* node) override;
+    void cleared() override;
+    void batchBegins() override;
+    void batchEnds() override;
+
+protected:
+    int OnCompareItems(const wxTreeItemId& first, const wxTreeItemId& second) override;
+    void OnInternalIdle() override;
+
+private:
+    class Quiet;
+    enum class Where { AtItsPlace, AtTheEnd };
+
+    void insert(const TreeNode& node, Where where);
+    void insertSubtree(const TreeNode& top);
+    void forget(const TreeNode& node);
+    void click(TreeNode& node);
+    void onSelected(wxTreeEvent& event);
+    void onActivated(wxTreeEvent& event);
+    void onExpansion(wxTreeEvent& event, bool expanded);
+    void onLeftDown(wxMouseEvent& event);
+    TreeNode* nodeOf(const wxTreeItemId& item) const;
+    static wxTreeItemId itemOf(const TreeNode& node) { return wxTreeItemId(node.viewItem); }
+
+    StructureTree& tree_;
+    WxInputGate& gate_;
+    WxImageNames images_{"tree-", 16};
+    TreeNode* clicked_ = nullptr;             // waits to be reported
+    const TreeNode* highlighted_ = nullptr;
+    const TreeNode* visibleLater_ = nullptr;  // scrolled to when the batch ends
+    int quiet_ = 0;
+    int batches_ = 0;
+};
+
+}  // namespace trevandix

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+namespace trevandix {
+
+/// Appends UTF-8 `text` as ISO-8859-1. A character that has no single byte there becomes a numeric character
+/// reference, the one form in which nothing is lost.
+void appendLatin1(std::string& out, std::string_view text);
+
+/// A text file of ISO-8859-1 lines that end with CR LF. Opened for appending, written in large pieces.
+/// Errors of all operations: PathFileAccess, PermissionDenied, FileNotFound, DiskFull.
+class Latin1File {
+public:
+    explicit Latin1File(const std::string& filePath);
+    ~Latin1File();
+    Latin1File(const Latin1File&) = delete;
+    Latin1File& operator=(const Latin1File&) = delete;
+
+    /// One line, or several joined by CR LF.
+    void print(std::string_view line);
+    /// Writes what is left. Without it the file is left as far as it got.
+    void close();
+
+private:
+    void flush();
+
+    std::FILE* file_;
+    std::string buffer_;
+};
+
+/// Removes the file if there is one. Errors: PermissionDenied, PathFileAccess.
+void deleteFileIfThere(const std::string& filePath);
+bool fileExists(const std::string& filePath);
+
+}  // namespace trevandix

@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include "DialogSteps.h"
+
+namespace trevandix::testing {
+
+namespace {
+
+class BranchDialog : public ::testing::Test {
+protected:
+    void SetUp() override {
+        startPlant(place);
+        addUnit(place, "U", "1");
+        place.click("U");
+        place.configuration.state.saved = true;
+    }
+    void add(FakeForms::Script script) { runDialog(place, "mnuAddBranch", std::move(script)); }
+    Workplace place;
+};
+
+TEST_F(BranchDialog, ProposesNumberedNamesAndSelectsTheNewBranch) {
+    const std::size_t rows = place.list.rows().size();
+    add([](FakeForm& form) {
+        EXPECT_EQ(form.spec.caption, "Branch Name");
+        EXPECT_EQ(form.text("txtBranchName"), "NewBranch0");
+        form.press("cmdOk");
+    });
+    EXPECT_EQ(place.configuration.tree.selected()->key().str(), "U.NewBranch0");
+    EXPECT_EQ(place.list.rows().size(), rows);  // the list stays as it is
+    EXPECT_FALSE(place.configuration.state.saved);
+    place.click("U");
+    add([](FakeForm& form) {
+        EXPECT_EQ(form.text("txtBranchName"), "NewBranch1");
+        form.press("cmdOk");
+    });
+    EXPECT_EQ(place.node("U").childCount(), 2U);
+    EXPECT_EQ(place.messages.take(), Texts{});
+    EXPECT_EQ(disagreements(place.configuration), Texts{});
+}
+
+TEST_F(BranchDialog, AnyNameGoesButThatOfASiblingBranch) {
+    for (const char* name : {"", "a.b", "a b"}) addBranch(place, "U", name);
+    EXPECT_EQ(place.node("U.").text(), "");
+    EXPECT_EQ(place.configuration.branches.at("U.a.b")->getParentKey(), "U.a");
+    place.click("U");
+    add([&](FakeForm& form) {
+        form.type("txtBranchName", "a b");
+        form.press("cmdOk");
+        EXPECT_TRUE(form.open);
+        EXPECT_EQ(place.messages.take(), Texts{"Name already existing. Please use a different name"});
+        form.press("cmdCancel");
+    });
+    // A sibling item has the key: the check lets the name pass, the tree does not.
+    addItem(place, "U", "Run");
+    addBranch(place, "U", "Run");
+    EXPECT_EQ(place.messages.take(),
+              Texts{" Error n. 35602  Key is not unique in collection in mnuAddBranch_Click"});
+    // Under U.a, "b" has the key of "a.b" under U.
+    addBranch(place, "U", "a");
+    addBranch(place, "U.a", "b");
+    EXPECT_EQ(place.messages.take(), Texts{" Error n. 457  This key is already associated with an element of "
+                                           "this collection in cmdOk_Click"});
+    EXPECT_EQ(disagreements(place.configuration), Texts{});
+}
+
+TEST_F(BranchDialog, CancelChangesNothing) {
+    addBranch(place, "U", "Area");
+    place.configuration.state.saved = true;
+    place.click("U");
+    const auto cancel = [](FakeForm& form) {
+        form.type("txtBranchName", "typed");
+        form.press("cmdCancel");
+    };
+    add(cancel);
+    editDialog(place, "U.Area", cancel);
+    EXPECT_EQ(keysBelow(place, "U"), Texts{"U.Area"});
+    EXPECT_TRUE(place.configuration.state.saved);
+    EXPECT_EQ(place.configuration.state.branchCounter, 1);
+}
+
+TEST_F(BranchDialog, RenamesABranchWithAllBelowIt) {
+    for (const char* name : {"Area", "Other"}) addBranch(place, "U", name);
+    addItem(place, "U.Area", "Level");
+    place.configuration.state.saved = true;
+    editDialog(place, "U.Area", [&](FakeForm& form) {
+        EXPECT_EQ(form.text("txtBranchName"), "Area");
+        form.type("txtBranchName", "Other");
+        form.press("cmdOk");
+        EXPECT_EQ(place.messages.take(), Texts{"Name already existing. Please use a different name"});
+        form.type("txtBranchName", "Zone");
+        form.press("cmdOk");
+    });
+    EXPECT_EQ(keysBelow(place, "U"), (Texts{"U.Other", "U.Zone", "U.Zone.Level"}));
+    EXPECT_EQ(place.configuration.tree.selected()->key().str(), "U.Zone");
+    EXPECT_EQ(place.configuration.branches.at("U.Zone")->sName(), "Zone");
+    EXPECT_EQ(place.list.rows().at(0).key, "U.Zone.Level");
+    EXPECT_FALSE(place.configuration.state.saved);
+    EXPECT_EQ(disagreements(place.configuration), Texts{});
+}
+
+TEST_F(BranchDialog, TheCounterStopsAtItsLimitWithAMessage) {
+    place.configuration.state.branchCounter = 32767;
+    add([](FakeForm& form) { form.press("cmdOk"); });
+    EXPECT_EQ(place.messages.take(), Texts{" Error n. 6  Overflow in mnuAddBranch_Click"});
+    EXPECT_EQ(place.configuration.tree.selected()->key().str(), "U.NewBranch32767");
+    EXPECT_EQ(disagreements(place.configuration), Texts{});
+}
+
+}  // namespace
+
+}  // namespace trevandix::testing

@@ -1,0 +1,176 @@
+#include <gtest/gtest.h>
+
+#include "Plant.h"
+
+namespace trevandix::testing {
+
+using Texts = std::vector<std::string>;
+using Cells = std::vector<std::vector<std::string>>;
+
+namespace {
+
+struct BulkWorkplace : PlantedWorkplace {
+    BulkWorkplace()
+        : PlantedWorkplace({"U", "U.A/", "U.A.a", "U.A.b", "U.A.c", "U.A.d", "U.A.S/", "U.B/", "U.B.q"}) {
+        click("U.A");
+    }
+    /// Pastes the text onto the rows, pressing the button in the preview.
+    Texts paste(const Texts& rows, std::string_view text, std::string_view command = "mnuPasteName",
+                std::string_view button = "Command2") {
+        clipboard.contents = text;
+        selectRows(rows);
+        messages.take();
+        forms.scripts.clear();
+        forms.scripts.emplace_back([this, button](FakeForm& form) {
+            preview = form.cells;
+            form.press(button);
+        });
+        run(command);
+        return messages.take();
+    }
+    Texts names() {
+        Texts found = below("U.A");
+        for (auto& key : found) {
+            const auto record = configuration.items.find(Key(key));
+            EXPECT_EQ(node(key).text(), record != nullptr ? record->sName() : "S");
+            key = key.substr(4);
+        }
+        return found;
+    }
+    Cells preview;
+};
+
+}  // namespace
+
+TEST(BulkPaste, LinesAsOtherProgramsLeaveThem) {
+    const std::vector<std::pair<std::string_view, Texts>> cases{
+        {"a\r\nb\r\n", {"a", "b"}},
+        {"a\r\nb", {"a", "b"}},
+        {"  a b \r\n\r\n c", {"a b", "", "c"}},
+        {"a\nb\r\nc\r\n", {"a\nb", "c"}},
+        {"a\nb\n", {"a", "b"}},
+        {"\r\n", {""}},
+        {"a\r\n ", {"a", ""}},
+        {"\xC3\xA4\r\n\xE2\x82\xAC", {"\xC3\xA4", "\xE2\x82\xAC"}},
+        {"", {}},
+    };
+    for (const auto& [text, lines] : cases) EXPECT_EQ(clipboardLines(text), lines) << text;
+}
+
+TEST(BulkPaste, NamesGoToTheRowsInListOrder) {
+    BulkWorkplace place;
+    EXPECT_EQ(place.paste({"a", "b", "d"}, " one \r\ntwo\r\nthree\r\n"), Texts());
+    EXPECT_EQ(place.preview, (Cells{{"Item name", "", "New Item name"},
+                                    {"a", "<---", "one"},
+                                    {"b", "<---", "two"},
+                                    {"d", "<---", "three"}}));
+    EXPECT_EQ(place.names(), (Texts{"c", "one", "S", "three", "two"}));  // the tree goes on sorting
+    EXPECT_EQ(place.item("U.A.two").sKey(), "U.A.two");
+    EXPECT_EQ(place.list.rows()[1].text, "two");
+    EXPECT_FALSE(place.configuration.state.saved);
+    EXPECT_EQ(place.wrong(), Texts());
+    // The rows stand for the renamed items from now on.
+    place.run("mnuCopy");
+    EXPECT_EQ(place.configuration.state.copyBuffer.back()->sName(), "three");
+    EXPECT_EQ(place.messages.take(), Texts());
+}
+
+TEST(BulkPaste, RefusesBeforeAnythingChanges) {
+    BulkWorkplace place;
+    struct Case {
+        Texts rows;
+        std::string_view text;
+        Texts messages;
+        std::string_view command = "mnuPasteName";
+        std::string_view button = "Command2";
+    };
+    const std::vector<Case> cases{
+        {{"a"}, "", {"Empty clipboard !"}},
+        {{"a"}, "", {"Empty clipboard !"}, "mnuPasteComment"},
+        {{"a", "b", "c"}, "x\r\ny", {"Invalid selection"}},
+        {{"a", "b", "c"}, "x\r\ny", {"Invalid selection"}, "mnuPasteComment"},
+        {{}, "x", {"Invalid selection"}},
+        {{"a", "b"}, "x\r\nd", {"Name already existing"}},
+        {{"a"}, "b\r\nx\r\ny", {"Name already existing"}},  // looked for before the lines are counted
+        {{"a"}, "x", {}, "mnuPasteName", "Command1"},
+        {{"a"}, "x", {}, "mnuPasteComment", "Command1"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.command) + " " + std::string(c.text));
+        EXPECT_EQ(place.paste(c.rows, c.text, c.command, c.button), c.messages);
+        EXPECT_EQ(place.names(), (Texts{"a", "b", "c", "d", "S"}));
+        EXPECT_TRUE(place.configuration.state.saved);
+    }
+}
+
+TEST(BulkPaste, NamesCanBeExchanged) {
+    BulkWorkplace place;
+    for (const char* name : {"a", "b", "c"}) place.item("U.A." + std::string(name)).sComment(name);
+    EXPECT_EQ(place.paste({"a", "b", "c", "d"}, "b\r\nc\r\na\r\nd"), Texts());
+    EXPECT_EQ(place.names(), (Texts{"a", "b", "c", "d", "S"}));
+    EXPECT_EQ(place.item("U.A.b").sComment(), "a");
+    EXPECT_EQ(place.item("U.A.c").sComment(), "b");
+    EXPECT_EQ(place.item("U.A.a").sComment(), "c");
+    EXPECT_EQ(place.list.rows()[2].key, "U.A.a");
+    EXPECT_EQ(place.wrong(), Texts());
+}
+
+TEST(BulkPaste, WhatCannotBeRenamedStaysAsItWas) {
+    const std::string inCollection =
+        " Error n. 457  This key is already associated with an element of this collection in "
+        "mnuPasteName_Click";
+    const std::string inTree = " Error n. 35602  Key is not unique in collection in mnuPasteName_Click";
+    const std::string space = "Character ( ) not acceptable in string b c";
+    struct Case {
+        std::string_view text;  // onto a, b, c
+        Texts messages;
+        Texts names;
+    };
+    const std::vector<Case> cases{
+        {"x\r\nb c\r\nz", {space}, {"b", "d", "S", "x", "z"}},
+        {"x\r\nS.b\r\nz", {"Character (.) not acceptable in string S.b"}, {"b", "d", "S", "x", "z"}},
+        {"x\r\nx\r\nz", {inCollection}, {"b", "d", "S", "x", "z"}},
+        {"b\r\nb c\r\nz", {space, inCollection}, {"a", "b", "d", "S", "z"}},
+        {"b\r\nc\r\nb c", {space, inCollection}, {"a", "b", "c", "d", "S"}},
+        {"b\r\na\r\nb", {inCollection}, {"a", "b", "c", "d", "S"}},
+        {"S\r\na\r\nz", {inTree}, {"a", "b", "d", "S", "z"}},
+    };
+    for (const Case& c : cases) {
+        BulkWorkplace place;
+        SCOPED_TRACE(std::string(c.text));
+        EXPECT_EQ(place.paste({"a", "b", "c"}, c.text), c.messages);
+        EXPECT_EQ(place.names(), c.names);
+        EXPECT_EQ(place.wrong(), Texts());
+        EXPECT_FALSE(place.configuration.state.saved);
+    }
+}
+
+TEST(BulkPaste, AnItemAloneIsComparedWithItsSiblingsTooLate) {
+    BulkWorkplace place;
+    place.click("U.A.a");
+    EXPECT_EQ(place.paste({"a"}, "b").size(),
+              1U);  // an error message, as the clash test looks below the item
+    EXPECT_EQ(place.names(), (Texts{"a", "b", "c", "d", "S"}));
+    EXPECT_EQ(place.paste({"a"}, "x"), Texts());
+    EXPECT_EQ(place.names(), (Texts{"b", "c", "d", "S", "x"}));
+    EXPECT_EQ(place.wrong(), Texts());
+}
+
+TEST(BulkPaste, CommentsAreTakenAsTheyAre) {
+    BulkWorkplace place;
+    place.item("U.A.b").sComment("old");
+    EXPECT_EQ(place.paste({"b", "c"}, "a, b: c\r\na, b: c", "mnuPasteComment"), Texts());
+    EXPECT_EQ(place.preview, (Cells{{"Item comment", "", "New Item comment"},
+                                    {"old", "<---", "a, b: c"},
+                                    {"", "<---", "a, b: c"}}));
+    EXPECT_EQ(place.item("U.A.b").sComment(), "a, b: c");
+    EXPECT_EQ(place.list.cell(2, 1), "a, b: c");
+    EXPECT_FALSE(place.configuration.state.saved);
+    place.drag("U.A.b", "U.B");
+    EXPECT_EQ(place.paste({"b"}, "x", "mnuPasteComment"),
+              Texts{" Error n. 5  Invalid procedure call or argument in mnuPasteComment_Click"});
+    EXPECT_EQ(place.paste({"b"}, "x"), Texts{" Error n. 35601  Element not found in mnuPasteName_Click"});
+    EXPECT_EQ(place.wrong(), Texts());
+}
+
+}  // namespace trevandix::testing

@@ -1,0 +1,169 @@
+#include <gtest/gtest.h>
+
+#include "Plant.h"
+
+namespace trevandix::testing {
+
+using Texts = std::vector<std::string>;
+
+namespace {
+constexpr const char* kRefused = "Unable to drag nodes here";
+constexpr const char* kInUse = "Name already in use at this level. Move not allowed";
+}  // namespace
+
+TEST(DragAndDrop, MovesAndCopiesWhereItMay) {
+    struct Case {
+        std::string_view source, target;
+        Texts messages;
+        std::string_view placed;  // empty where nothing may change
+    };
+    const Texts all{"U", "U.A/", "U.A.B/", "U.A.B.x", "U.A.x", "V", "V.A/", "V.B/", "V.B.x", "V.run"};
+    const std::vector<Case> cases{
+        {"U.A.x", "V", {}, "V.x"},
+        {"U.A.B", "V.A", {}, "V.A.B"},
+        {"U.A.x", "", {}, ".x"},
+        {"U.A.B", "ModBus", {}, "ModBus.B"},
+        {"U.A.x", "V.run", {kRefused}, ""},
+        {"U.A.x", "U.A.x", {kRefused}, ""},
+        {"U.A", "U.A", {kRefused}, ""},
+        {"U.A", "U.A.B", {kRefused}, ""},
+        {"", "U", {}, ""},
+        {"", "U.A.x", {kRefused}, ""},
+        {"U.A.x", "U.A", {}, ""},
+        {"U", "", {}, ""},
+        {"U.A.x", "V.B", {kInUse}, ""},
+        {"U.A", "V", {kInUse}, ""},
+    };
+    for (const Case& c : cases) {
+        for (const bool control : {false, true}) {
+            PlantedWorkplace place(all);
+            SCOPED_TRACE(std::string(c.source) + " to " + std::string(c.target) +
+                         (control ? " copied" : " moved"));
+            const Texts before = place.below("");
+            TreeNode* target = c.target.empty() ? place.configuration.tree.root() : &place.node(c.target);
+            place.drag(c.source, c.target, control);
+            EXPECT_EQ(place.messages.texts, c.messages);
+            if (!c.messages.empty()) {
+                EXPECT_EQ(place.messages.icons[0],
+                          c.messages[0] == kRefused ? Icon::Exclamation : Icon::Critical);
+            }
+            EXPECT_EQ(place.wrong(), Texts());
+            EXPECT_TRUE(place.configuration.state.saved);
+            const bool done = !c.placed.empty();
+            EXPECT_EQ(place.configuration.tree.dropHighlight(), done ? nullptr : target);
+            EXPECT_EQ(place.pointer.shapes.back(), done ? Pointer::Default : Pointer::Icon);
+            if (!done) {
+                EXPECT_EQ(place.below(""), before);
+                continue;
+            }
+            EXPECT_EQ(place.has(c.source), control);
+            const TreeNode& placed = place.node(c.placed);
+            EXPECT_EQ(placed.parent(), target);
+            EXPECT_TRUE(placed.expanded());
+            const Key last = placed.firstChild() != nullptr ? placed.firstChild()->key() : placed.key();
+            EXPECT_EQ(place.configuration.items.at(last)->sKey(), last);
+        }
+    }
+}
+
+TEST(DragAndDrop, PointerTellsBeforehand) {
+    PlantedWorkplace place({"U", "U.A/", "U.A.B/", "U.x", "V", "V.x"});
+    place.editor.TreeView1_MouseDown(&place.node("U.A"), {});
+    EXPECT_EQ(place.editor.TreeView1_OLEStartDrag(), DropEffect::Move);
+    const auto allowed = [&](std::string_view key) { return place.editor.dropAllowed(&place.node(key)); };
+    EXPECT_TRUE(allowed("V"));
+    for (const char* key : {"U", "U.A", "U.A.B", "U.x"}) EXPECT_FALSE(allowed(key)) << key;
+    EXPECT_FALSE(place.editor.dropAllowed(nullptr));
+    place.editor.TreeView1_MouseDown(&place.node("U.x"), {.control = true});
+    EXPECT_EQ(place.editor.TreeView1_OLEStartDrag(), DropEffect::Copy);
+    EXPECT_FALSE(allowed("V"));  // has an x
+    EXPECT_TRUE(allowed("U.A"));
+    EXPECT_FALSE(place.editor.TreeView1_MouseDown(nullptr, {}));
+}
+
+TEST(DragAndDrop, ACopySharesItsRecords) {
+    PlantedWorkplace place({"U", "U.A/", "U.A.S/", "U.A.S.x", "V"});
+    place.drag("U.A", "V", true);
+    EXPECT_EQ(place.below("V"), (Texts{"V.A", "V.A.S", "V.A.S.x"}));
+    EXPECT_EQ(place.configuration.items.at("U.A.S.x"), place.configuration.items.at("V.A.S.x"));
+    EXPECT_EQ(place.configuration.branches.at("U.A.S"), place.configuration.branches.at("V.A.S"));
+    EXPECT_EQ(place.item("U.A.S.x").sKey(), "V.A.S.x");
+    // The source is found by its node's key still, whatever its record says.
+    place.drag("U.A.S", "U");
+    EXPECT_EQ(place.below("U"), (Texts{"U.A", "U.S", "U.S.x"}));
+    EXPECT_EQ(place.wrong(), Texts());
+    place.click("U.S");
+    place.run("mnuDelete");
+    EXPECT_EQ(place.below(""), (Texts{"ModBus", "U", "U.A", "V", "V.A", "V.A.S", "V.A.S.x"}));
+    EXPECT_EQ(place.wrong(), Texts());
+}
+
+TEST(DragAndDrop, AMoveKeepsOrderLookAndASortedParent) {
+    PlantedWorkplace place({"U", "U.A/", "U.A.z", "U.A.a", "U.A.m/", "U.A.m.q", "V", "V.Z/", "V.a"});
+    place.click("V");
+    place.drag("U.A", "V");
+    EXPECT_EQ(place.below("V"), (Texts{"V.a", "V.A", "V.A.z", "V.A.a", "V.A.m", "V.A.m.q", "V.Z"}));
+    EXPECT_EQ(place.node("V.A.m").tag(), NodeTag::Branch);
+    EXPECT_EQ(place.node("V.A.m.q").look().selectedImage, Image::Item);
+    EXPECT_EQ(place.wrong(), Texts());
+}
+
+TEST(DragAndDrop, OtherNodesMoveWithoutTheirRecords) {
+    PlantedWorkplace place({"U", "U.A/", "V", "V.x"});
+    place.drag("V", "U.A");
+    EXPECT_EQ(place.below("U"), (Texts{"U.A", "U.A.V"}));
+    EXPECT_EQ(place.node("U.A.V").tag(), NodeTag::Plc);
+    EXPECT_FALSE(place.has("V"));
+    EXPECT_TRUE(place.configuration.units.contains("V") && place.configuration.items.contains("V.x"));
+    EXPECT_EQ(place.messages.take(), Texts());
+}
+
+TEST(DragAndDrop, AFailureHalfWayKeepsWhatWasDone) {
+    // The item "A.x" of V takes the key that the branch's item needs.
+    PlantedWorkplace place({"U", "U.A/", "U.A.w", "U.A.x", "V"});
+    auto item = std::make_shared<clsItem>();
+    item->sName("A.x");
+    item->sKey("V.A.x");
+    place.configuration.addItem(item, place.node("V"));
+    place.drag("U.A", "V", true);
+    EXPECT_EQ(place.messages.take(), Texts{kInUse});
+    EXPECT_EQ(place.below("V"), (Texts{"V.A.x", "V.A", "V.A.w"}));
+    EXPECT_EQ(place.below("U"), (Texts{"U.A", "U.A.w", "U.A.x"}));
+    // A record left without a node refuses its key without a word.
+    place.drag("V", "U.A");
+    place.configuration.tree.addChild(*place.configuration.tree.root(), "V", "V", {NodeTag::Plc});
+    place.drag("U.A", "V");
+    EXPECT_EQ(place.below("V"), Texts{"V.A"});
+    EXPECT_TRUE(place.has("U.A.w") && place.configuration.branches.contains("U.A"));
+    EXPECT_EQ(place.messages.take(), Texts());
+}
+
+TEST(DragAndDrop, EndsWithoutADrop) {
+    PlantedWorkplace place({"U", "U.x", "V", "V.x"});
+    const auto start = [&] {
+        place.editor.TreeView1_MouseDown(&place.node("U.x"), {});
+        place.editor.TreeView1_OLEStartDrag();
+    };
+    start();
+    place.editor.TreeView1_OLEDragOver(&place.node("V"));
+    place.editor.dragCancelled();
+    EXPECT_EQ(place.configuration.tree.dropHighlight(), nullptr);
+    EXPECT_EQ(place.pointer.shapes.back(), Pointer::Default);
+    place.drag("U.x", "V");  // refused, and the highlight stays
+    EXPECT_EQ(place.messages.take(), Texts{kInUse});
+    EXPECT_NE(place.configuration.tree.dropHighlight(), nullptr);
+    start();
+    place.editor.TreeView1_OLEDragDrop();  // over nothing
+    EXPECT_EQ(place.messages.take(), Texts());
+    EXPECT_EQ(place.pointer.shapes.back(), Pointer::Default);
+    // The dragged node has gone meanwhile.
+    start();
+    place.editor.TreeView1_OLEDragOver(&place.node("V"));
+    place.configuration.items.remove("U.x");
+    place.configuration.tree.remove(place.node("U.x"));
+    EXPECT_FALSE(place.editor.dropAllowed(&place.node("V")));
+    place.editor.TreeView1_OLEDragDrop();
+    EXPECT_EQ(place.below(""), (Texts{"ModBus", "U", "V", "V.x"}));
+}
+
+}  // namespace trevandix::testing

@@ -1,0 +1,310 @@
+#include "FakePlatform.h"
+
+#include <algorithm>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <stdexcept>
+
+namespace trevandix::testing {
+
+Answer FakeMessages::show(std::string_view text, Buttons buttons, Icon icon) {
+    texts.emplace_back(text);
+    buttonsShown.push_back(buttons);
+    icons.push_back(icon);
+    if (buttons == Buttons::Ok) return Answer::Ok;
+    if (answers.empty()) return Answer::Yes;
+    const Answer answer = answers.front();
+    answers.pop_front();
+    return answer;
+}
+
+std::optional<std::string> FakeFileDialog::open(std::string_view title, std::string_view filter) {
+    calls.push_back(std::string(title) + "|" + std::string(filter));
+    return choice;
+}
+
+std::optional<std::string> FakeFileDialog::save(std::string_view title, std::string_view filter,
+                                                std::string_view proposedName) {
+    calls.push_back(std::string(title) + "|" + std::string(filter) + "|" + std::string(proposedName));
+    return choice;
+}
+
+bool FakeRegistry::publish(std::string_view interfaceKind, std::string_view filePath) {
+    if (refuses) return false;
+    published.emplace_back(interfaceKind, filePath);
+    return true;
+}
+
+FakeForm::FakeForm(const FormSpec& formSpec) : spec(formSpec) {
+    for (const ControlSpec& control : spec.controls) {
+        State& made = controls_[std::string(control.name)];
+        made.spec = &control;
+        const bool field = control.kind == ControlKind::Text || control.kind == ControlKind::Choice ||
+                           control.kind == ControlKind::Combo;
+        if (!field) made.text = control.caption;
+        if (!control.labelName.empty()) controls_[std::string(control.labelName)].text = control.caption;
+    }
+}
+
+FakeForm::State& FakeForm::state(std::string_view name) {
+    const auto place = controls_.find(name);
+    if (place == controls_.end()) throw RuntimeError(ErrorNumber::ElementNotFound, name);
+    return place->second;
+}
+
+const FakeForm::State& FakeForm::state(std::string_view name) const {
+    return const_cast<FakeForm*>(this)->state(name);
+}
+
+FakeForm::State& FakeForm::usable(std::string_view name) {
+    State& control = state(name);
+    if (!open) throw std::logic_error("form is closed");
+    for (const State* s = &control; s != nullptr;) {
+        if (!s->enabled || !s->visible) throw std::logic_error("out of reach: " + std::string(name));
+        s = s->spec != nullptr && !s->spec->frame.empty() ? &state(s->spec->frame) : nullptr;
+    }
+    return control;
+}
+
+std::string FakeForm::text(std::string_view name) const { return state(name).text; }
+
+void FakeForm::setText(std::string_view name, std::string_view text) {
+    State& control = state(name);
+    const bool listed = control.spec == nullptr || control.spec->kind != ControlKind::Choice ||
+                        std::ranges::find(control.items, text) != control.items.end();
+    control.text = listed ? text : std::string_view();
+}
+
+void FakeForm::setItems(std::string_view name, const std::vector<std::string>& items) {
+    state(name).items = items;
+    if (state(name).spec->kind == ControlKind::Choice) state(name).text.clear();
+}
+
+std::vector<std::string> FakeForm::items(std::string_view name) const { return state(name).items; }
+bool FakeForm::enabled(std::string_view name) const { return state(name).enabled; }
+
+void FakeForm::setEnabled(std::string_view name, bool enabled) {
+    State& control = state(name);
+    control.enabled = enabled;
+    if (control.spec != nullptr && !control.spec->labelName.empty()) {
+        state(control.spec->labelName).enabled = enabled;
+    }
+}
+
+bool FakeForm::visible(std::string_view name) const { return state(name).visible; }
+void FakeForm::setVisible(std::string_view name, bool visible) { state(name).visible = visible; }
+bool FakeForm::checked(std::string_view name) const { return state(name).checked; }
+
+void FakeForm::setChecked(std::string_view name, bool checked) {
+    State& control = state(name);
+    if (checked && control.spec->kind == ControlKind::Option) {
+        for (auto& [otherName, other] : controls_) {
+            if (other.spec != nullptr && other.spec->kind == ControlKind::Option &&
+                other.spec->frame == control.spec->frame) {
+                other.checked = false;
+            }
+        }
+    }
+    control.checked = checked;
+}
+
+void FakeForm::setFocus(std::string_view name) { focused = state(name).spec->name; }
+
+void FakeForm::setCells(std::string_view name, const std::vector<std::vector<std::string>>& rows) {
+    state(name);
+    cells = rows;
+}
+
+void FakeForm::on(std::string_view name, Handler handler) { state(name).handler = std::move(handler); }
+
+void FakeForm::showModal() {
+    showModeless();
+    if (script) script(*this);
+    close();
+}
+
+void FakeForm::showModeless() {
+    open = true;
+    if (activated_) activated_();
+}
+
+void FakeForm::close() {
+    if (!open) return;
+    open = false;
+    if (closed_) {
+        const Handler handler = closed_;  // it may destroy the form
+        handler();
+    }
+}
+
+void FakeForm::type(std::string_view name, std::string_view text) {
+    State& control = usable(name);
+    if (control.spec->kind == ControlKind::Choice) throw std::logic_error("takes no typed text");
+    control.text = filtered(control.spec->filter, text);
+}
+
+void FakeForm::choose(std::string_view name, std::string_view item) {
+    State& control = usable(name);
+    if (std::ranges::find(control.items, item) == control.items.end()) {
+        throw std::logic_error("no such entry: " + std::string(item));
+    }
+    control.text = item;
+    if (control.handler) control.handler();
+}
+
+void FakeForm::toggle(std::string_view name) {
+    State& control = usable(name);
+    setChecked(name, control.spec->kind == ControlKind::Option || !control.checked);
+    if (control.handler) control.handler();
+}
+
+void FakeForm::press(std::string_view name) {
+    const Handler handler = usable(name).handler;
+    if (handler) handler();
+}
+
+std::unique_ptr<Form> FakeForms::create(const FormSpec& spec) {
+    auto form = std::make_unique<FakeForm>(spec);
+    shown.emplace_back(spec.name);
+    if (!scripts.empty()) {
+        form->script = std::move(scripts.front());
+        scripts.pop_front();
+    }
+    last = form.get();
+    return form;
+}
+
+std::optional<std::size_t> FakeListDisplay::currentRow() const {
+    return selected.empty() ? std::nullopt : std::optional(selected.back());
+}
+
+namespace {
+std::filesystem::path ownFolder() {
+    std::random_device random;
+    auto folder = std::filesystem::temp_directory_path() / ("trevandix-test-" + std::to_string(random()));
+    std::filesystem::create_directories(folder);
+    return folder;
+}
+}  // namespace
+
+Workplace::Workplace()
+    : folder(ownFolder()),
+      platform{messages, fileDialog, clipboard, registry,        pointer, parser,
+               forms,    window,     window,    folder.string()},
+      editor(platform, configuration, list) {
+    list.setDisplay(&display);
+    editor.Form_Load();
+}
+
+Workplace::~Workplace() {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder, ignored);
+}
+
+void Workplace::newConfiguration(std::string_view interfaceKind) {
+    forms.scripts.emplace_back([rtu = interfaceKind == kRtu](FakeForm& form) {
+        form.toggle(rtu ? "optRTU" : "optTcpip");
+        form.press("cmdOk");
+    });
+    run("mnuNewCfg");
+}
+
+void Workplace::openText(std::string_view bytes, const std::string& name) {
+    writeFile(folder / name, bytes);
+    fileDialog.choice = path(name);
+    run("mnuOpenCfg");
+}
+
+TreeNode& Workplace::click(std::string_view key) {
+    TreeNode& target = key.empty() ? *configuration.tree.root() : node(key);
+    window.focus = FocusedView::Tree;
+    editor.TreeView1_NodeClick(target);
+    return target;
+}
+
+void Workplace::selectRows(const std::vector<std::string>& texts) {
+    window.focus = FocusedView::List;
+    display.selected.clear();
+    for (std::size_t row = 0; row < list.rows().size(); ++row) {
+        if (std::ranges::find(texts, list.rows()[row].text) != texts.end()) display.selected.push_back(row);
+    }
+    editor.ListView1_Click();
+}
+
+std::string readFile(const std::filesystem::path& path) {
+    std::ifstream stream(path, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << stream.rdbuf();
+    return bytes.str();
+}
+
+void writeFile(const std::filesystem::path& path, std::string_view bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+std::vector<std::string> disagreements(const Configuration& configuration) {
+    std::vector<std::string> found;
+    std::size_t nodes = 0;
+    for (const TreeNode* n = configuration.tree.firstAdded(); n != nullptr; n = StructureTree::nextAdded(*n)) {
+        const Key& key = n->key();
+        bool has = true;
+        switch (n->tag()) {
+            case NodeTag::Config:
+            case NodeTag::ModBus:
+                continue;
+            case NodeTag::DataType:
+                has = configuration.dataTypes.contains(key);
+                break;
+            case NodeTag::Plc:
+                has = configuration.units.contains(key);
+                break;
+            case NodeTag::Branch:
+                has = configuration.branches.contains(key);
+                break;
+            case NodeTag::Item:
+                has = configuration.items.contains(key);
+                break;
+        }
+        ++nodes;
+        if (!has) found.push_back(std::string(tagName(n->tag())) + " node without record: " + key.str());
+    }
+    const auto check = [&](const auto& collection, NodeTag tag) {
+        for (const auto& [key, record] : collection) {
+            const TreeNode* node = configuration.tree.find(key);
+            if (node == nullptr || node->tag() != tag) {
+                found.push_back(std::string(tagName(tag)) + " record without node: " + key.str());
+            }
+        }
+    };
+    check(configuration.units, NodeTag::Plc);
+    check(configuration.items, NodeTag::Item);
+    check(configuration.branches, NodeTag::Branch);
+    check(configuration.dataTypes, NodeTag::DataType);
+    const std::size_t records = configuration.units.size() + configuration.items.size() +
+                                configuration.branches.size() + configuration.dataTypes.size();
+    if (nodes != records) found.push_back("counts differ");
+    return found;
+}
+
+std::string fileText(const std::vector<std::string>& dataTypes, const std::vector<std::string>& units, bool rtu) {
+    const std::string root = rtu ? "VOSKModBusRTUCfg" : "VOSKModBusTcpIpCfg";
+    std::string text = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<" + root + ">\r\n\t<MODBUS>\r\n";
+    for (const auto& line : dataTypes) text += line + "\r\n";
+    text += "\t</MODBUS>\r\n\t<OPC_DA>\r\n";
+    for (const auto& block : units) text += block + "\r\n";
+    return text + "\t</OPC_DA>\r\n</" + root + ">\r\n";
+}
+
+std::string tagText(int depth, std::string_view name, std::string_view type, int address,
+                    std::string_view comment) {
+    clsItem item;
+    item.sName(name);
+    item.sComment(comment);
+    item.nAddress(address);
+    std::string text = item.GetXmlTag(depth);
+    const auto at = text.find("<datatype></datatype>");
+    return text.replace(at, 21, "<datatype>" + std::string(type) + "</datatype>");
+}
+
+}  // namespace trevandix::testing

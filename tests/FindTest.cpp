@@ -1,0 +1,85 @@
+#include <gtest/gtest.h>
+
+#include "Plant.h"
+
+namespace trevandix::testing {
+
+namespace {
+
+struct FindWorkplace : PlantedWorkplace {
+    FindWorkplace()
+        : PlantedWorkplace({"U", "U.Tank/", "U.Tank.MainTank", "U.x", "TANKS", "TANKS.tank9",
+                            "U.Tank.\xC3\x84rger", "U.Tank.zz"}) {
+        click("U.x");
+        run("mnuFind");
+        window.focus = FocusedView::None;
+    }
+    /// The selected node after typing the text and pressing the button.
+    std::string search(std::string_view text, std::string_view button) {
+        forms.last->type("txtFind", text);
+        forms.last->press(button);
+        return configuration.tree.selected()->key().str();
+    }
+};
+
+}  // namespace
+
+TEST(Find, PrefixWithoutRegardToCaseInOrderOfAddition) {
+    const std::vector<std::pair<std::string_view, std::string_view>> cases{
+        {"tank", "U.Tank"},
+        {"TANKS", "TANKS"},
+        {"Tank9", "TANKS.tank9"},
+        {"MAINt", "U.Tank.MainTank"},
+        {"mod", "ModBus"},
+        {"tank99", "U.x"},
+        {"", "U.x"},
+        {"\xC3\xA4R", "U.Tank.\xC3\x84rger"},
+        {"ank", "U.x"},
+    };
+    for (const auto& [text, key] : cases) {
+        FindWorkplace place;
+        SCOPED_TRACE(std::string(text));
+        EXPECT_EQ(place.search(text, "cmdFind"), key);
+        EXPECT_EQ(place.window.focus, key == "U.x" ? FocusedView::None : FocusedView::Tree);
+        EXPECT_EQ(place.list.rows().size(), 1U);  // as it was
+        EXPECT_TRUE(place.messages.texts.empty());
+    }
+}
+
+TEST(Find, NextKeepsItsOwnCount) {
+    FindWorkplace place;
+    EXPECT_EQ(place.search("tank", "cmdNext"), "TANKS");
+    EXPECT_EQ(place.search("tank", "cmdNext"), "TANKS.tank9");
+    EXPECT_EQ(place.search("tank", "cmdFind"), "U.Tank");
+    EXPECT_EQ(place.search("tank", "cmdNext"), "U.Tank");  // the fourth is not there
+    place.forms.last->press("cmdCancel");
+    place.run("cmdNext");  // the key does nothing with the window closed
+    place.run("mnuFind");
+    EXPECT_EQ(place.search("tank", "cmdNext"), "TANKS");
+    place.run("mnuFind");  // comes to the front only
+    EXPECT_EQ(place.forms.shown, (std::vector<std::string>{"frmSelect", "frmFind", "frmFind"}));
+    place.run("cmdNext");
+    EXPECT_EQ(place.configuration.tree.selected()->key().view(), "TANKS.tank9");
+    place.search("", "cmdNext");
+    place.forms.last->press("cmdCancel");
+    place.run("mnuFind");
+    EXPECT_EQ(place.search("", "cmdNext"), "TANKS.tank9");  // counts all the same
+    EXPECT_EQ(place.search("tank", "cmdNext"), "TANKS.tank9");
+}
+
+TEST(Find, ShowsWhatItFindsAndOutlivesTheConfiguration) {
+    FindWorkplace place;
+    EXPECT_EQ(place.forms.last->focused, "txtFind");
+    place.configuration.tree.setExpanded(place.node("U"), false);
+    place.search("main", "cmdFind");
+    EXPECT_TRUE(place.node("U").expanded() && place.node("U.Tank").expanded());
+    place.configuration.state.saved = true;
+    place.run("mnuCloseCfg");
+    place.forms.last->press("cmdFind");
+    place.forms.last->press("cmdNext");
+    EXPECT_TRUE(place.messages.texts.empty());
+    place.editor.Form_Unload();
+    place.run("cmdNext");
+}
+
+}  // namespace trevandix::testing

@@ -1,0 +1,235 @@
+// What the reader makes of files, good and bad.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "FakePlatform.h"
+#include "editor/LoadProgress.h"
+#include "platform/Text.h"
+
+namespace trevandix::testing {
+
+namespace {
+
+const std::string kType = R"(		<DATATYPE name="HREGISTER" readcode = "3" writecode="16" singlewrcode="6"/>)";
+
+std::string unit(const std::string& name, const std::string& tags, const std::string& id = "1") {
+    return "\t\t<PLC name=\"" + name + "\" address = \"192.168.0.10\" id=\"" + id +
+           "\" timeout=\"1000\">\r\n\t\t\t<tags>\r\n" + tags + "\t\t\t</tags>\r\n\t\t</PLC>";
+}
+
+std::string good() { return fileText({kType}, {unit("PLC1", tagText(4, "Run") + "\r\n")}); }
+
+std::string replaced(std::string text, std::string_view what, std::string_view by) {
+    const auto at = text.find(what);
+    if (at == std::string::npos) throw std::logic_error("not there: " + std::string(what));
+    return text.replace(at, what.size(), by);
+}
+
+// In UTF-16, little endian, with its byte-order mark.
+std::string utf16(std::string_view text) {
+    std::string bytes = "\xFF\xFE";
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t c = nextCodePoint(text, at);
+        bytes += static_cast<char>(c & 0xFF);
+        bytes += static_cast<char>(c >> 8);
+    }
+    return bytes;
+}
+
+}  // namespace
+
+TEST(Reader, TakesWhateverCaseOrderAndExtrasFilesHave) {
+    Workplace place;
+    place.openText(
+        "<?xml version='1.0'?><!-- plant --><voskMODBUSrtucfg><other/><modbus><DataType name='COIL' readcode='1' "
+        "writecode='15' singlewrcode='5'/><x/></modbus><?pi?><OPC_da>text<plc><unknown>1</unknown><Name>P</Name>"
+        "<silent>9</silent><baudrate>19200</baudrate><ID>7</ID><com>COM3</com><Tags><area><Sub-1><TAG><elements>4x"
+        "</elements><name>Run</name><comment>a<b>c</b><![CDATA[d]]></comment><datatype>COIL VT_BOOL</datatype>"
+        "<address> 12abc</address><accessrights>READ</accessrights></TAG></Sub-1></area></Tags></plc></OPC_da>"
+        "</voskMODBUSrtucfg>");
+    ASSERT_TRUE(place.messages.texts.empty()) << place.messages.texts[0];
+    EXPECT_EQ(place.configuration.state.interfaceKind, kRtu);
+    const clsPLC& plc = *place.configuration.units.at("P");
+    EXPECT_EQ(plc.getUI(), 7);
+    EXPECT_EQ(plc.getBaud(), 19200);
+    EXPECT_EQ(plc.getCom(), "COM3");
+    EXPECT_EQ(plc.getAddress(), "");
+    EXPECT_TRUE(place.configuration.dataTypes.contains("coil"));
+    const clsItem& item = place.item("P.AREA.SUB-1.Run");
+    EXPECT_EQ(item.nAddress(), 12);
+    EXPECT_EQ(item.nElements(), 4);
+    EXPECT_EQ(item.nBitNumber(), 0);
+    EXPECT_EQ(item.sComment(), "acd");
+    EXPECT_EQ(item.sDataType(), "coil:boolean");
+    EXPECT_EQ(place.node("P").look().selectedImage, Image::Plc);
+    EXPECT_TRUE(place.node("P.AREA.SUB-1").expanded());
+}
+
+// A comment in each encoding that files declare comes back as the same text.
+TEST(Reader, KnowsTheEncodingsOfFiles) {
+    const std::string text = "Füllstand 5°";
+    const std::string euro = text + " €";
+    const std::string file = replaced(good(), "<comment></comment>", "<comment>@</comment>");
+    const auto with = [&](std::string_view encoding, std::string_view comment) {
+        return replaced(replaced(file, "ISO-8859-1", encoding), "@", comment);
+    };
+    const std::vector<std::pair<std::string, std::string>> table{
+        {with("ISO-8859-1", "F\xFCllstand 5\xB0"), text},
+        {with("ISO-8859-1", "F\xFCllstand 5\xB0 &#x20AC;"), euro},
+        {with("UTF-8", euro), euro},
+        {"\xEF\xBB\xBF" + with("UTF-8", euro), euro},
+        {with("windows-1252", "F\xFCllstand 5\xB0 \x80"), euro},
+        {utf16(with("UTF-16", euro)), euro},
+        {with("UTF-8", "   "), "   "},
+    };
+    for (const auto& [bytes, comment] : table) {
+        Workplace place;
+        place.openText(bytes);
+        ASSERT_TRUE(place.messages.texts.empty()) << place.messages.texts[0];
+        EXPECT_EQ(place.item("PLC1.Run").sComment(), comment);
+    }
+}
+
+// Each bad file: the message, no open configuration, nothing written, nothing that could be saved over the file.
+TEST(Reader, RefusesBadFilesWithTheirMessage) {
+    const std::string two = fileText({kType}, {unit("PLC1", ""), unit("PLC1", "")});
+    const auto with = [](std::string_view what, std::string_view by) { return replaced(good(), what, by); };
+    const std::vector<std::pair<std::string, std::string>> table{
+        {"", " Error n. 1001  The file is not well-formed XML"},
+        {"   ", " Error n. 1001"},
+        {"plain text", " Error n. 1001"},
+        {good().substr(0, good().size() / 2), " Error n. 1001  The file is not well-formed XML: line 7, "},
+        {"<other/>", "The configuration file is not valid."},
+        {with("1000", "soon"), " Error n. 13  Type mismatch in BrowsePlc"},
+        {with("id=\"1\"", "id=\"256\""), " Error n. 6  Overflow in BrowsePlc"},
+        {with("readcode = \"3\"", "readcode = \"x\""), " Error n. 13  Type mismatch in ImportXML"},
+        {with("<address>1</address>", "<address>3000000000</address>"), " Error n. 6  Overflow in BrowseBranch"},
+        {with("<address>1</address>", ""), " Error n. 91  Object variable not set: <tag> has no element \"address\" in BrowseBranch"},
+        {with("timeout=", "time="), " Error n. 91  Object variable not set: <PLC> has no attribute \"timeout\" in BrowsePlc"},
+        {two, " Error n. 457  This key is already associated with an element of this collection in BrowsePlc"},
+        {with("PLC1", "ModBus"), " Error n. 35602  Key is not unique in collection in BrowsePlc"},
+        {with("PLC1", "holding register"), " Error n. 35602"},
+    };
+    for (const auto& [bytes, message] : table) {
+        Workplace place;
+        place.openText(good(), "before.xml");
+        place.openText(bytes);
+        const auto texts = place.messages.take();
+        ASSERT_EQ(texts.size(), 1U) << message;
+        EXPECT_TRUE(texts[0].starts_with(message)) << texts[0];
+        EXPECT_FALSE(place.configuration.state.configurationOpen);
+        EXPECT_FALSE(place.window.menus["mnuSaveCfg"]);
+        EXPECT_TRUE(place.window.menus["mnuOpenCfg"]);
+        EXPECT_TRUE(place.window.panelVisible);
+        EXPECT_TRUE(disagreements(place.configuration).empty());
+        place.editor.TreeView1_NodeClick(*place.configuration.tree.root());
+        EXPECT_FALSE(place.window.menus["mnuSaveCfg"]);
+        place.run("mnuSaveCfg");
+        place.run("mnuSaveAs");
+        EXPECT_EQ(readFile(place.path("test.xml")), bytes);
+        EXPECT_TRUE(place.messages.texts.empty());
+        EXPECT_EQ(place.pointer.shapes.back(), Pointer::Default);
+    }
+}
+
+TEST(Reader, RefusesWhatIsNoReadableFile) {
+    Workplace place;
+    for (const auto& [path, number] : {std::pair{place.path("missing.xml"), " Error n. 53 "},
+                                       std::pair{place.folder.string(), " Error n. 75 "}}) {
+        place.fileDialog.choice = path;
+        place.run("mnuOpenCfg");
+        const auto texts = place.messages.take();
+        ASSERT_EQ(texts.size(), 1U);
+        EXPECT_TRUE(texts[0].starts_with(number) && texts[0].ends_with(" in ImportXML")) << texts[0];
+        EXPECT_FALSE(place.configuration.state.configurationOpen);
+    }
+}
+
+TEST(Reader, KeepsWhatWasReadBeforeTheFailure) {
+    Workplace place;
+    place.openText(fileText({kType}, {unit("PLC1", tagText(4, "Run") + "\r\n"), unit("PLC1", "")}));
+    EXPECT_EQ(place.configuration.units.size(), 1U);
+    EXPECT_TRUE(place.configuration.items.contains("PLC1.Run"));
+}
+
+TEST(Reader, NestsAsDeeplyAsTheFileDoes) {
+    constexpr int kLevels = 10'000;
+    std::string tags;
+    for (int level = 0; level < kLevels; ++level) tags += "<B>";
+    tags += tagText(4, "Deep");
+    for (int level = 0; level < kLevels; ++level) tags += "</B>";
+    Workplace place;
+    place.openText(fileText({}, {unit("P", tags + "\r\n")}));
+    EXPECT_TRUE(place.messages.take().empty());
+    EXPECT_EQ(place.configuration.branches.size(), static_cast<std::size_t>(kLevels));
+    place.run("mnuSaveCfg");
+    const std::string saved = readFile(place.path("test.xml"));
+    EXPECT_NE(saved.find(std::string(kLevels + 5, '\t') + "<name>Deep</name>"), std::string::npos);
+    place.run("mnuCloseCfg");
+    EXPECT_EQ(place.configuration.tree.size(), 0U);
+}
+
+// The panel counts every item, stays below 100, and a user's clicks in the middle of a load do no harm.
+TEST(Reader, ShowsProgressAndSurvivesItsUser) {
+    std::string tags;
+    for (int i = 0; i < 30'000; ++i) tags += tagText(4, "I" + std::to_string(i)) + "\r\n";
+    Workplace place;
+    int pumped = 0;
+    place.window.onEvents = [&] {
+        ++pumped;
+        for (const char* command : {"mnuNewCfg", "mnuOpenCfg", "mnuSaveCfg", "mnuCloseCfg", "mnuDelete"}) {
+            if (pumped > 1) place.run(command);
+        }
+        if (pumped > 1) place.editor.TreeView1_NodeClick(*place.configuration.tree.root());
+    };
+    place.openText(fileText({}, {unit("P", tags)}));
+    EXPECT_EQ(place.configuration.items.size(), 30'000U);
+    EXPECT_TRUE(place.configuration.state.saved);
+    EXPECT_FALSE(place.window.panelVisible);
+    for (const int percent : place.window.percents) EXPECT_TRUE(percent >= 0 && percent < 100);
+    EXPECT_EQ(place.configuration.state.itemCounter, 30'001);
+    EXPECT_EQ(place.configuration.state.unitCounter, 2);
+
+    FakeWindow window;
+    LoadProgress progress(window);
+    for (int i = 0; i < 250; ++i) progress.itemRead();
+    EXPECT_EQ(progress.percent(), 50);
+}
+
+// Counters end at their 16-bit limit instead of wrapping.
+TEST(Reader, StopsCountersAtTheirLimit) {
+    std::string tags;
+    for (int i = 0; i < 32'770; ++i) tags += tagText(4, "I" + std::to_string(i));
+    Workplace place;
+    place.openText(fileText({}, {unit("P", tags + "\r\n")}));
+    EXPECT_EQ(place.configuration.state.itemCounter, 32'767);
+}
+
+// Truncated, doubled and mangled at random places: never a crash, and always either open or told why not.
+TEST(Reader, SurvivesMangledFiles) {
+    const std::string sample = readFile(std::filesystem::path(TREVANDIX_SAMPLES) / "boiler-house-rtu.xml");
+    std::mt19937 random(5);
+    for (int round = 0; round < 150; ++round) {
+        std::string bytes = sample;
+        for (int change = 0; change < 3; ++change) {
+            const auto at = random() % bytes.size();
+            switch (random() % 3) {
+                case 0:
+                    bytes.resize(at + 1);
+                    break;
+                case 1:
+                    bytes.insert(at, bytes.substr(random() % bytes.size(), random() % 300));
+                    break;
+                default:
+                    bytes[at] = static_cast<char>(random() % 256);
+            }
+        }
+        Workplace place;
+        place.openText(bytes);
+        EXPECT_NE(place.configuration.state.configurationOpen, !place.messages.texts.empty());
+        EXPECT_TRUE(disagreements(place.configuration).empty());
+    }
+}
+
+}  // namespace trevandix::testing
