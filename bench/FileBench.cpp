@@ -1,6 +1,5 @@
 // Reading and writing a plant's file, beside a bare parse and a raw write of the same bytes.
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -135,7 +134,6 @@ void Memory(benchmark::State& state) {
             const std::size_t before = resident();
             Loaded loaded;
             loaded.read(path);
-            malloc_trim(0);
             return static_cast<double>(resident() - before);
         });
         state.counters["bytes_per_item"] = bytes / static_cast<double>(state.range(0));

@@ -139,6 +139,7 @@ public:
     void processEvents() override { if (onEvents) onEvents(); }
     void close() override { closed = true; }
     void showAboutBox() override { ++aboutShown; }
+    void setStatus(StatusField field, std::string_view text) override { status[field] = text; }
     void enableMenu(std::string_view name, bool enabled) override { menus[std::string(name)] = enabled; }
     void enableButton(std::string_view key, bool enabled) override { buttons[std::string(key)] = enabled; }
 
@@ -147,6 +148,7 @@ public:
     bool closed = false;
     int aboutShown = 0;
     FocusedView focus = FocusedView::None;
+    std::map<StatusField, std::string> status;
     std::vector<int> percents;
     std::function<void()> onEvents;
     std::map<std::string, bool, std::less<>> menus;

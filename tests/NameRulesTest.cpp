@@ -141,6 +141,18 @@ TEST_F(Rekeying, ARefusedNameChangesNothing) {
     EXPECT_EQ(disagreements(place.configuration), Texts{});
 }
 
+TEST_F(Rekeying, TwoNodesThatWouldGetOneKeyAreRefused) {
+    auto twin = std::make_shared<clsItem>();
+    twin->sName("Stop");
+    twin->sKey("elsewhere");  // a key that does not follow from its place
+    place.configuration.addItem(twin, place.node("PLC1"));
+    rename("PLC1", "PLC2");
+    EXPECT_EQ(place.messages.take(), Texts{" Error n. 457  This key is already associated with an element of "
+                                           "this collection in cmdOk_Click"});
+    EXPECT_EQ(place.node("PLC1").text(), "PLC1");
+    EXPECT_EQ(disagreements(place.configuration), Texts{});
+}
+
 }  // namespace
 
 }  // namespace trevandix::testing

@@ -47,8 +47,8 @@ struct Program {
     PugiXmlParser xmlParser;
     WxMainFrame* window = new WxMainFrame(commandTables(), configuration.tree, list, pointer);
     WxForms forms{*window};
-    Platform platform{messages,  fileDialog, clipboard, registry, pointer,        xmlParser,
-                      forms,     *window,    *window,   programFolder()};
+    Platform platform{messages,  fileDialog, clipboard, registry, pointer,
+                      xmlParser, forms,      *window,   *window,  programFolder()};
     frmEditing editor{platform, configuration, list};
 };
 
@@ -76,9 +76,8 @@ bool App::OnInit() {
     program_->window->attach(&program_->editor);
     program_->window->Show();
     if (!file_.empty()) {
-        program_->window->CallAfter([this] {
-            program_->window->perform([this] { program_->editor.openFile(fromWx(file_)); });
-        });
+        program_->window->CallAfter(
+            [this] { program_->window->perform([this] { program_->editor.openFile(fromWx(file_)); }); });
     }
     return true;
 }

@@ -166,9 +166,10 @@ void frmItems::proposeNextItem() {
     const ItemPlace next = advanced(place, text("cmbModbusType"), text("cmbDataType"),
                                     toInt32(leadingNumber(text("txtElements"))));
     form_->setText("txtItemName", "New_Item_" + std::to_string(context_.configuration.state.itemCounter));
-    form_->setText("txtComment", "");
     form_->setText("txtAddress", std::to_string(next.address));
-    form_->setText("cmbBit", std::to_string(next.bit));
+    // Only what changes: in a large group, writing to controls is what takes the time.
+    if (!text("txtComment").empty()) form_->setText("txtComment", "");
+    if (next.bit != place.bit) form_->setText("cmbBit", std::to_string(next.bit));
 }
 
 void frmItems::cmdGroup_Click() {

@@ -69,6 +69,7 @@ void frmModBus::Form_Load() {
     std::vector<std::string> names;
     for (const Preset& preset : kPresets) names.emplace_back(preset.name);
     form_->setItems("cmbMBType", names);
+    form_->setEnabled("txtSingleCode", false);  // goes with the check box
     if (!edit_) return;
     form_->setText("cmbMBType", editedName_);
     const auto record = context_.configuration.dataTypes.at(editedName_);

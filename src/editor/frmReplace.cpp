@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::array kControls{
     ControlSpec{ControlKind::Grid, "Grid1", "", "", Place::NextRow, 80},
-    ControlSpec{ControlKind::Button, "Command2", "&Replace", "", Place::ButtonRow},
+    ControlSpec{ControlKind::Button, "Command2", "Confirm", "", Place::ButtonRow},
     ControlSpec{ControlKind::Button, "Command1", "Cancel", "", Place::ButtonRow},
 };
 constexpr FormSpec kForm{"frmReplace", "Replace Text", kControls, "Command2", "Command1", "Command2"};

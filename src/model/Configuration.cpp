@@ -62,7 +62,8 @@ TreeNode& Configuration::addUnit(std::shared_ptr<clsPLC> record, bool fromFile) 
 TreeNode& Configuration::addBranch(std::shared_ptr<clsBranch> record, TreeNode& parent, Image selectedImage) {
     const Key key = record->sKey();
     const std::string& name = record->sName();
-    return add(branches, std::move(record), key, parent, name, {NodeTag::Branch, Image::Branch, selectedImage});
+    return add(branches, std::move(record), key, parent, name,
+               {NodeTag::Branch, Image::Branch, selectedImage});
 }
 
 TreeNode& Configuration::addItem(std::shared_ptr<clsItem> record, TreeNode& parent, Image selectedImage) {

@@ -1,6 +1,5 @@
 #include "model/clsItem.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <unordered_map>
@@ -51,6 +50,31 @@ const FileType& fileTypeOf(const InternedText& label) {
     return place->second;
 }
 
+// What stands in front of each value of a tag element, made once for all the items of a depth in a row.
+struct TagFrame {
+    int depth = -1;
+    std::string name, comment, address, dataType, accessRights, dataBit, elements;
+    std::string endAccessRights, endDataBit, endElements, end;
+
+    void setDepth(int newDepth) {
+        if (depth == newDepth) return;
+        const std::string tabs(static_cast<std::size_t>(newDepth), '\t');
+        const auto line = [&](std::string_view begin) { return tabs + "\t<" + std::string(begin) + ">"; };
+        name = tabs + "<tag>\r\n" + line("name");
+        comment = "</name>\r\n" + line("comment");
+        address = "</comment>\r\n" + line("address");
+        dataType = "</address>\r\n" + line("datatype");
+        accessRights = "</datatype>\r\n" + line("accessrights");
+        endAccessRights = "</accessrights>\r\n";
+        dataBit = line("databit");
+        endDataBit = "</databit>\r\n";
+        elements = line("elements");
+        endElements = "</elements>\r\n";
+        end = tabs + "</tag>";
+        depth = newDepth;
+    }
+};
+
 std::string padded(int value, const char* pattern) {
     std::array<char, 16> digits;
     const int length = std::snprintf(digits.data(), digits.size(), pattern, value);
@@ -60,16 +84,10 @@ std::string padded(int value, const char* pattern) {
 }  // namespace
 
 void clsItem::SetByXml(const XmlElement& element, const Key& container) {
-    // One walk over the children instead of a search for each: items are what files are full of.
     constexpr std::array<std::string_view, 7> kNames{"name",    "comment", "address", "datatype", "accessrights",
                                                      "databit", "elements"};
     std::array<XmlElement, kNames.size()> children;
-    for (XmlElement child = element.firstChild(); child; child = child.nextSibling()) {
-        const auto* place = std::ranges::find(kNames, child.name());
-        if (place == kNames.end()) continue;
-        XmlElement& slot = children[static_cast<std::size_t>(place - kNames.begin())];
-        if (!slot) slot = child;
-    }
+    element.findChildren(kNames, children);
     const auto& [name, comment, address, dataType, accessRights, dataBit, elements] = children;
     std::string buffer;
     const auto required = [&](const XmlElement& child, std::string_view childName) {
@@ -145,21 +163,23 @@ std::string clsItem::GetXmlTag(int depth) const {
 }
 
 void clsItem::appendXmlTag(std::string& out, int depth) const {
+    static TagFrame frame;
+    frame.setDepth(depth);
     const FileType& type = fileTypeOf(sDataType_);
-    const auto field = [&](std::string_view name, const auto& value) {
-        appendElement(out, depth + 1, name, value);
-        out += "\r\n";
-    };
-    const auto tabs = static_cast<std::size_t>(depth);
-    out.append(tabs, '\t') += "<tag>\r\n";
-    field("name", sName_);
-    field("comment", sComment_);
-    field("address", nAddress_);
-    field("datatype", type.name);
-    field("accessrights", sAccessRight());
-    if (type.bit) field("databit", int{nBitNumber_});
-    if (type.elements) field("elements", int{nElements_});
-    out.append(tabs, '\t') += "</tag>";
+    ((out += frame.name) += sName_) += frame.comment;
+    (out += sComment_) += frame.address;
+    appendNumber(out, nAddress_);
+    ((out += frame.dataType) += type.name) += frame.accessRights;
+    (out += sAccessRight()) += frame.endAccessRights;
+    if (type.bit) {
+        appendNumber(out += frame.dataBit, nBitNumber_);
+        out += frame.endDataBit;
+    }
+    if (type.elements) {
+        appendNumber(out += frame.elements, nElements_);
+        out += frame.endElements;
+    }
+    out += frame.end;
 }
 
 }  // namespace trevandix

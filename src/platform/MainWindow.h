@@ -18,6 +18,9 @@ public:
 
 enum class FocusedView { None, Tree, List };
 
+/// The fields of the status bar, from the left.
+enum class StatusField { Selection, Counts, Saved, Notice };
+
 /// What the editor needs of its main window besides tree, list and commands.
 class MainWindow {
 public:
@@ -36,6 +39,8 @@ public:
     /// Ends the window for good, asking nothing more.
     virtual void close() = 0;
     virtual void showAboutBox() = 0;
+    /// Quiet news that hold nobody up. An empty text clears the field.
+    virtual void setStatus(StatusField field, std::string_view text) = 0;
 };
 
 /// Which keys were down with a mouse event.

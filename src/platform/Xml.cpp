@@ -22,6 +22,10 @@ XmlElement XmlElement::firstChild() const { return {document_, document_->firstC
 XmlElement XmlElement::nextSibling() const { return {document_, document_->nextSibling(node_)}; }
 XmlElement XmlElement::child(std::string_view name) const { return {document_, document_->child(node_, name)}; }
 
+void XmlElement::findChildren(std::span<const std::string_view> names, std::span<XmlElement> found) const {
+    document_->findChildren(node_, names, found);
+}
+
 std::optional<std::string_view> XmlElement::attribute(std::string_view name) const {
     return document_->attribute(node_, name);
 }

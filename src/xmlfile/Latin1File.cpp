@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "platform/FileAccess.h"
+#include "platform/FileSafety.h"
 #include "platform/RuntimeError.h"
 #include "platform/Text.h"
 
@@ -54,7 +55,15 @@ Latin1File::~Latin1File() {
 }
 
 void Latin1File::print(std::string_view line) {
-    appendLatin1(buffer_, line);
+    printWith([&](std::string& out) { out += line; });
+}
+
+void Latin1File::endLine(std::size_t start) {
+    if (const auto added = std::string_view(buffer_).substr(start); !isAscii(added)) {
+        std::string latin1;
+        appendLatin1(latin1, added);
+        buffer_.replace(start, std::string::npos, latin1);
+    }
     buffer_ += "\r\n";
     if (buffer_.size() >= kPiece) flush();
 }
@@ -68,6 +77,11 @@ void Latin1File::flush() {
         throwFileError(error);
     }
     buffer_.clear();
+}
+
+void Latin1File::sync() {
+    flush();
+    syncFile(file_);
 }
 
 void Latin1File::close() {

@@ -21,10 +21,21 @@ public:
 
     /// One line, or several joined by CR LF.
     void print(std::string_view line);
+    /// The same of what `append` appends to a string, without a copy.
+    template <typename Append>
+    void printWith(Append append) {
+        const std::size_t start = buffer_.size();
+        append(buffer_);
+        endLine(start);
+    }
+    /// Writes what is left and returns when all of it is on the disk.
+    void sync();
     /// Writes what is left. Without it the file is left as far as it got.
     void close();
 
 private:
+    /// Converts what was appended from `start` on, as UTF-8, and ends its line.
+    void endLine(std::size_t start);
     void flush();
 
     std::FILE* file_;

@@ -39,8 +39,10 @@ bool FileRegistry::publish(std::string_view interfaceKind, std::string_view file
     const fs::path file = folder / (std::string(interfaceKind) + ".ini");
     fs::path temporary = file;
     temporary += ".new";
-    if (write(temporary, filePath)) fs::rename(temporary, file, error);
-    else error = std::make_error_code(std::errc::io_error);
+    if (write(temporary, filePath))
+        fs::rename(temporary, file, error);
+    else
+        error = std::make_error_code(std::errc::io_error);
     if (!error) return true;
     fs::remove(temporary, error);
     return false;

@@ -8,6 +8,7 @@
 #include "platform/FileAccess.h"
 #include "platform/RuntimeError.h"
 #include "platform/Text.h"
+#include "platform/pugi/NodeMemory.h"
 
 namespace trevandix {
 
@@ -53,7 +54,8 @@ std::string lineAndReason(std::string_view bytes, const pugi::xml_parse_result& 
 class PugiDocument : public XmlDocument {
 public:
     std::string bytes;  // the document's texts lie in here
-    pugi::xml_document document;
+    NodeMemory memory;
+    pugi::xml_document& document = memory.makeDocument();
 
     XmlElement root() const override { return {this, document.document_element().internal_object()}; }
 
@@ -74,6 +76,20 @@ private:
         return nullptr;
     }
 
+    void findChildren(const void* node, std::span<const std::string_view> names,
+                      std::span<XmlElement> found) const override {
+        std::size_t expected = 0;
+        for (pugi::xml_node child = at(node).first_child(); child; child = child.next_sibling()) {
+            const std::string_view name = child.name();
+            if (expected == names.size() || name != names[expected]) {
+                expected = static_cast<std::size_t>(std::ranges::find(names, name) - names.begin());
+            }
+            if (expected == names.size()) continue;
+            if (!found[expected]) found[expected] = {this, child.internal_object()};
+            ++expected;
+        }
+    }
+
     std::optional<std::string_view> attribute(const void* node, std::string_view name) const override {
         for (const pugi::xml_attribute& attribute : at(node).attributes()) {
             if (name == attribute.name()) return attribute.value();
@@ -85,8 +101,7 @@ private:
     std::string_view text(const void* node, std::string& buffer) const override {
         const pugi::xml_node element = at(node);
         const pugi::xml_node first = element.first_child();
-        if (!first) return {};
-        if (!first.next_sibling() && first.type() == pugi::node_pcdata) return first.value();
+        if (first.type() == pugi::node_pcdata && first.next_sibling().empty()) return first.value();
         buffer.clear();
         pugi::xml_node below = first;
         while (below) {
@@ -116,6 +131,7 @@ std::unique_ptr<XmlDocument> PugiXmlParser::load(const std::string& filePath) {
     }
     // Texts of blanks alone are kept where they are an element's only content, so that a comment of blanks survives.
     constexpr unsigned kOptions = pugi::parse_default | pugi::parse_ws_pcdata_single;
+    const NodeMemory::Use use(document->memory);
     const pugi::xml_parse_result result =
         document->document.load_buffer_inplace(bytes.data(), bytes.size(), kOptions, encoding);
     // The parser has written over line ends in `bytes`: they are counted in the file.

@@ -10,7 +10,8 @@ namespace {
 
 std::wstring wide(std::string_view text) {
     const int size = static_cast<int>(text.size());
-    std::wstring result(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0)), L'\0');
+    std::wstring result(
+        static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0)), L'\0');
     MultiByteToWideChar(CP_UTF8, 0, text.data(), size, result.data(), static_cast<int>(result.size()));
     return result;
 }
@@ -42,8 +43,8 @@ LSTATUS setValue(HKEY key, const std::wstring& filePath) {
 
 bool publishInView(const std::string& path, const std::wstring& filePath, REGSAM view) {
     HKEY key = nullptr;
-    if (RegCreateKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_SET_VALUE | view,
-                        nullptr, &key, nullptr) != ERROR_SUCCESS) {
+    if (RegCreateKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                        KEY_SET_VALUE | view, nullptr, &key, nullptr) != ERROR_SUCCESS) {
         return false;
     }
     const LSTATUS status = setValue(key, filePath);

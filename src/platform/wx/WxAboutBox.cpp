@@ -18,7 +18,8 @@ constexpr int kIconSize = 64;
 constexpr int kGap = 8;
 
 void addLine(wxWindow* parent, wxSizer& column, const wxString& text) {
-    column.Add(new wxStaticText(parent, wxID_ANY, text), wxSizerFlags().Border(wxBOTTOM, parent->FromDIP(kGap) / 2));
+    column.Add(new wxStaticText(parent, wxID_ANY, text),
+               wxSizerFlags().Border(wxBOTTOM, parent->FromDIP(kGap) / 2));
 }
 
 void addLink(wxWindow* parent, wxSizer& column, std::string_view text, const wxString& address) {

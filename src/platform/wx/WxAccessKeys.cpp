@@ -6,9 +6,13 @@ namespace trevandix {
 
 namespace {
 
-wxChar upper(wxUniChar character) { return static_cast<wxChar>(wxToupper(character)); }
+wxChar upper(wxUniChar character) {
+    return static_cast<wxChar>(wxToupper(character));
+}
 
-bool startsWord(const wxString& text, std::size_t at) { return at == 0 || !wxIsalnum(text[at - 1]); }
+bool startsWord(const wxString& text, std::size_t at) {
+    return at == 0 || !wxIsalnum(text[at - 1]);
+}
 
 }  // namespace
 

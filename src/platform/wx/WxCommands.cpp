@@ -41,7 +41,8 @@ WxCommands::WxCommands(wxFrame& frame, const CommandTables& tables, Choose choos
 
 void WxCommands::buildMenus(std::span<const MenuSpec> menus) {
     auto* bar = new wxMenuBar;
-    const auto add = [this](wxMenu& menu, std::string_view name, const wxString& text, std::string_view hint) {
+    const auto add = [this](wxMenu& menu, std::string_view name, const wxString& text,
+                            std::string_view hint) {
         const wxWindowIDRef id = wxWindow::NewControlId();
         entries_.push_back({name, menus_.size(), menu.Append(id, text, toWx(hint))});
         frame_.Bind(wxEVT_MENU, &WxCommands::onMenu, this, id);
@@ -56,7 +57,8 @@ void WxCommands::buildMenus(std::span<const MenuSpec> menus) {
             }
         }
         // A menu bar holds menus only, so a command of its own stands in one.
-        if (spec.entries.empty()) add(*menu, spec.name, toWx(spec.caption) + " " + toWx(kProduct) + "...", {});
+        if (spec.entries.empty())
+            add(*menu, spec.name, toWx(spec.caption) + " " + toWx(kProduct) + "...", {});
         menus_.push_back({spec.name});
         bar->Append(menu, toWx(spec.caption));
     }
@@ -100,8 +102,8 @@ void WxCommands::enableButton(std::string_view key, bool enabled) {
 
 // Systems do not agree whether the shortcuts of a disabled menu still work; here they do not.
 void WxCommands::onMenu(wxCommandEvent& event) {
-    const auto entry =
-        std::ranges::find_if(entries_, [&](const Entry& each) { return each.item->GetId() == event.GetId(); });
+    const auto entry = std::ranges::find_if(
+        entries_, [&](const Entry& each) { return each.item->GetId() == event.GetId(); });
     if (entry != entries_.end() && entry->enabled && menus_[entry->menu].enabled) choose_(entry->name);
 }
 
@@ -114,7 +116,8 @@ void WxCommands::appendEntries(wxMenu& popup, std::string_view menu) {
     const auto top = std::ranges::find(menus_, menu, &Menu::name);
     if (top == menus_.end()) return;
     if (popup.GetMenuItemCount() > 0) popup.AppendSeparator();
-    for (const wxMenuItem* item : frame_.GetMenuBar()->GetMenu(static_cast<std::size_t>(top - menus_.begin()))->GetMenuItems()) {
+    for (const wxMenuItem* item :
+         frame_.GetMenuBar()->GetMenu(static_cast<std::size_t>(top - menus_.begin()))->GetMenuItems()) {
         if (item->IsSeparator()) {
             popup.AppendSeparator();
         } else {
@@ -123,11 +126,13 @@ void WxCommands::appendEntries(wxMenu& popup, std::string_view menu) {
     }
 }
 
-void WxCommands::popUp(wxWindow& window, const wxPoint& point, std::initializer_list<std::string_view> menus) {
+void WxCommands::popUp(wxWindow& window, const wxPoint& point,
+                       std::initializer_list<std::string_view> menus) {
     wxMenu popup;
     for (const std::string_view menu : menus) appendEntries(popup, menu);
     const int id = window.GetPopupMenuSelectionFromUser(popup, point);
-    const auto entry = std::ranges::find_if(entries_, [id](const Entry& each) { return each.item->GetId() == id; });
+    const auto entry =
+        std::ranges::find_if(entries_, [id](const Entry& each) { return each.item->GetId() == id; });
     if (entry != entries_.end() && entry->enabled) choose_(entry->name);
 }
 

@@ -35,8 +35,10 @@ wxWindow* makeText(wxWindow& parent, const ControlSpec& spec) {
 
 wxWindow* makeList(wxWindow& parent, const ControlSpec& spec) {
     wxControl* list = nullptr;
-    if (spec.kind == ControlKind::Choice) list = new wxChoice(&parent, wxID_ANY);
-    else list = new wxComboBox(&parent, wxID_ANY);
+    if (spec.kind == ControlKind::Choice)
+        list = new wxChoice(&parent, wxID_ANY);
+    else
+        list = new wxComboBox(&parent, wxID_ANY);
     setWidth(*list, spec.columns);
     return list;
 }
@@ -86,9 +88,13 @@ WxControl WxControl::make(wxWindow& parent, const ControlSpec& spec, bool starts
     return control;
 }
 
-bool WxControl::isList() const { return spec->kind == ControlKind::Choice || spec->kind == ControlKind::Combo; }
+bool WxControl::isList() const {
+    return spec->kind == ControlKind::Choice || spec->kind == ControlKind::Combo;
+}
 
-bool WxControl::isField() const { return spec->kind == ControlKind::Text || isList(); }
+bool WxControl::isField() const {
+    return spec->kind == ControlKind::Text || isList();
+}
 
 bool WxControl::listIsOpen() const {
 #ifdef __WXMSW__
@@ -101,7 +107,8 @@ bool WxControl::listIsOpen() const {
 std::string WxControl::text() const {
     if (spec->kind == ControlKind::Text) return fromWx(static_cast<wxTextCtrl*>(window)->GetValue());
     if (spec->kind == ControlKind::Combo) return fromWx(static_cast<wxComboBox*>(window)->GetValue());
-    if (spec->kind == ControlKind::Choice) return fromWx(static_cast<wxChoice*>(window)->GetStringSelection());
+    if (spec->kind == ControlKind::Choice)
+        return fromWx(static_cast<wxChoice*>(window)->GetStringSelection());
     return caption;
 }
 

@@ -14,10 +14,10 @@ namespace trevandix {
 /// One control of a form on the screen, with its label.
 struct WxControl {
     const ControlSpec* spec = nullptr;
-    wxWindow* window = nullptr;      ///< owned by the dialog
-    wxStaticText* label = nullptr;   ///< in front of a field that has a caption
-    std::string caption;             ///< as shown, without access key
-    Form::Handler handler;           ///< what the user's action runs; may be empty
+    wxWindow* window = nullptr;     ///< owned by the dialog
+    wxStaticText* label = nullptr;  ///< in front of a field that has a caption
+    std::string caption;            ///< as shown, without access key
+    Form::Handler handler;          ///< what the user's action runs; may be empty
 
     /// Makes the control and what stands in front of it as children of `parent`, in this order.
     static WxControl make(wxWindow& parent, const ControlSpec& spec, bool startsGroup, WxAccessKeys& keys);

@@ -14,6 +14,8 @@ namespace trevandix {
 
 namespace {
 
+constexpr int kTitleButtons = 130;  // icon and buttons beside the title, in device-independent pixels
+
 // Runs a copy: the handler may delete the form, and itself with it.
 void run(const Form::Handler& handler) {
     const Form::Handler copy = handler;
@@ -45,8 +47,8 @@ WxForm::WxForm(wxWindow& parent, const FormSpec& spec) : spec_(spec) {
 WxForm::~WxForm() {
     if (!dialog_) return;
     dialog_->Hide();
-    // A handler of the dialog may be what deletes the form, so the dialog lives on until it has returned; nothing of it
-    // reaches here any more.
+    // A handler of the dialog may be what deletes the form, so the dialog lives on until it has returned;
+    // nothing of it reaches here any more.
     dialog_->SetEvtHandlerEnabled(false);
     for (WxControl& control : controls_) control.window->SetEvtHandlerEnabled(false);
     dialog_->Destroy();
@@ -60,7 +62,9 @@ WxForm::Target WxForm::find(std::string_view name) const {
     throw RuntimeError(ErrorNumber::ElementNotFound, name);
 }
 
-WxControl& WxForm::at(std::string_view name) const { return *find(name).control; }
+WxControl& WxForm::at(std::string_view name) const {
+    return *find(name).control;
+}
 
 void WxForm::connect(WxControl& control) {
     const auto act = [&control](wxCommandEvent&) { run(control.handler); };
@@ -101,9 +105,13 @@ void WxForm::setText(std::string_view name, std::string_view text) {
     if (shown_ && !control->isField()) fit();
 }
 
-void WxForm::setItems(std::string_view name, const std::vector<std::string>& items) { at(name).setItems(items); }
+void WxForm::setItems(std::string_view name, const std::vector<std::string>& items) {
+    at(name).setItems(items);
+}
 
-std::vector<std::string> WxForm::items(std::string_view name) const { return at(name).items(); }
+std::vector<std::string> WxForm::items(std::string_view name) const {
+    return at(name).items();
+}
 
 bool WxForm::enabled(std::string_view name) const {
     const auto [control, labelOnly] = find(name);
@@ -128,23 +136,33 @@ void WxForm::setVisible(std::string_view name, bool visible) {
     if (shown_) fit();
 }
 
-bool WxForm::checked(std::string_view name) const { return at(name).checked(); }
+bool WxForm::checked(std::string_view name) const {
+    return at(name).checked();
+}
 
-void WxForm::setChecked(std::string_view name, bool checked) { at(name).setChecked(checked); }
+void WxForm::setChecked(std::string_view name, bool checked) {
+    at(name).setChecked(checked);
+}
 
-void WxForm::setFocus(std::string_view name) { at(name).focus(); }
+void WxForm::setFocus(std::string_view name) {
+    at(name).focus();
+}
 
 void WxForm::setCells(std::string_view name, const std::vector<std::vector<std::string>>& rows) {
     at(name).setCells(rows);
     if (shown_) fit();
 }
 
-void WxForm::on(std::string_view name, Handler handler) { at(name).handler = std::move(handler); }
+void WxForm::on(std::string_view name, Handler handler) {
+    at(name).handler = std::move(handler);
+}
 
-// The smallest size is the one in which no text is cut, as far as the screen has room.
+// The smallest size is the one in which no text is cut, the title included, as far as the screen has room.
 void WxForm::fit() {
     const wxSize screen = wxDisplay(dialog_.get()).GetClientArea().GetSize();
     wxSize size = dialog_->GetSizer()->CalcMin();
+    size.IncTo(
+        wxSize(dialog_->GetTextExtent(dialog_->GetTitle()).GetWidth() + dialog_->FromDIP(kTitleButtons), 0));
     size.DecTo(dialog_->WindowToClientSize(screen));
     dialog_->SetMinClientSize(wxDefaultSize);
     dialog_->SetClientSize(size);
@@ -160,8 +178,9 @@ void WxForm::prepare() {
         at(spec_.initialFocus).focus();
         return;
     }
-    const auto first = std::ranges::find_if(
-        controls_, [](const WxControl& each) { return each.window->CanAcceptFocus() && each.window->IsEnabled(); });
+    const auto first = std::ranges::find_if(controls_, [](const WxControl& each) {
+        return each.window->CanAcceptFocus() && each.window->IsEnabled();
+    });
     if (first != controls_.end()) first->focus();
 }
 
@@ -199,7 +218,8 @@ bool WxForm::pressFromKeyboard(const WxControl* button) {
 // The default button; where it is out of use, the one that belongs to the focused control.
 const WxControl* WxForm::buttonForEnter() const {
     const auto usable = [](const WxControl& each) {
-        return each.spec->kind == ControlKind::Button && each.window->IsEnabled() && each.window->IsShownOnScreen();
+        return each.spec->kind == ControlKind::Button && each.window->IsEnabled() &&
+               each.window->IsShownOnScreen();
     };
     if (!spec_.defaultButton.empty() && usable(at(spec_.defaultButton))) return &at(spec_.defaultButton);
     const wxWindow* focused = wxWindow::FindFocus();
@@ -209,12 +229,16 @@ const WxControl* WxForm::buttonForEnter() const {
     return button == controls_.end() ? nullptr : &*button;
 }
 
-// Access keys of labels: the toolkit gives them to buttons only, everywhere but on Windows.
-bool WxForm::focusByAccessKey(const wxKeyEvent& event) {
+// Access keys of labels: the toolkit gives them to buttons only, everywhere but on Windows. A button is
+// pressed at once: GTK would show it pressed for a quarter of a second and lose what is typed meanwhile.
+bool WxForm::followAccessKey(const wxKeyEvent& event) {
     if (event.GetModifiers() != wxMOD_ALT) return false;
     const wxChar key = static_cast<wxChar>(wxToupper(event.GetUnicodeKey()));
     for (WxControl& control : controls_) {
-        if (control.label == nullptr || WxAccessKeys::keyOf(control.label->GetLabel()) != key || key == 0) continue;
+        const bool button = control.spec->kind == ControlKind::Button;
+        const wxWindow* captioned = button ? control.window : control.label;
+        if (captioned == nullptr || WxAccessKeys::keyOf(captioned->GetLabel()) != key || key == 0) continue;
+        if (button) return pressFromKeyboard(&control);
         if (!control.window->IsEnabled() || !control.window->IsShownOnScreen()) continue;
         control.focus();
         return true;
@@ -226,8 +250,10 @@ void WxForm::onKey(wxKeyEvent& event) {
     const int key = event.GetKeyCode();
     const bool plain = event.GetModifiers() == 0 && std::ranges::none_of(controls_, &WxControl::listIsOpen);
     if (plain && key == WXK_ESCAPE) {
-        if (spec_.cancelButton.empty()) close();
-        else pressFromKeyboard(&at(spec_.cancelButton));
+        if (spec_.cancelButton.empty())
+            close();
+        else
+            pressFromKeyboard(&at(spec_.cancelButton));
         return;
     }
     if (plain && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER)) {
@@ -235,7 +261,7 @@ void WxForm::onKey(wxKeyEvent& event) {
         const bool onButton = wxDynamicCast(wxWindow::FindFocus(), wxButton) != nullptr;
         if (!onButton && pressFromKeyboard(buttonForEnter())) return;
     }
-    if (!focusByAccessKey(event)) event.Skip();
+    if (!followAccessKey(event)) event.Skip();
 }
 
 }  // namespace trevandix

@@ -48,7 +48,7 @@ private:
     void onKey(wxKeyEvent& event);
     bool pressFromKeyboard(const WxControl* button);
     const WxControl* buttonForEnter() const;
-    bool focusByAccessKey(const wxKeyEvent& event);
+    bool followAccessKey(const wxKeyEvent& event);
     void fit();
     void prepare();
 

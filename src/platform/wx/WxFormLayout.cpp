@@ -25,7 +25,8 @@ void WxFormLayout::build(wxWindow& dialog) {
 
 const ControlSpec* WxFormLayout::nextIn(std::string_view frame, const ControlSpec* after) const {
     const ControlSpec* end = spec_.controls.data() + spec_.controls.size();
-    for (const ControlSpec* each = after == nullptr ? spec_.controls.data() : after + 1; each != end; ++each) {
+    for (const ControlSpec* each = after == nullptr ? spec_.controls.data() : after + 1; each != end;
+         ++each) {
         if (each->frame == frame) return each;
     }
     return nullptr;
@@ -94,14 +95,16 @@ void WxFormLayout::startRow(Area& area, WxControl& control, const ControlSpec* n
     const bool shares = next != nullptr && next->place == Place::SameRow;
     const bool standsForLabel = control.spec->kind == ControlKind::Check && shares;
     wxWindow* first = standsForLabel ? control.window : control.label;
-    if (first != nullptr) area.grid->Add(first, wxGBPosition(area.row, 0), kOneColumn, wxALIGN_CENTRE_VERTICAL);
+    if (first != nullptr)
+        area.grid->Add(first, wxGBPosition(area.row, 0), kOneColumn, wxALIGN_CENTRE_VERTICAL);
     const bool secondColumn = first != nullptr;
     area.grid->Add(area.cell, wxGBPosition(area.row, secondColumn ? 1 : 0),
                    secondColumn ? kOneColumn : kBothColumns, wxEXPAND);
     if (standsForLabel) return;
     const bool grid = control.spec->kind == ControlKind::Grid;
     const wxSizerFlags flags(fillsWidth(control.spec->kind) ? 1 : 0);
-    area.cell->Add(control.window, grid ? wxSizerFlags(flags).Expand() : wxSizerFlags(flags).CentreVertical());
+    area.cell->Add(control.window,
+                   grid ? wxSizerFlags(flags).Expand() : wxSizerFlags(flags).CentreVertical());
     if (grid) area.grid->AddGrowableRow(static_cast<std::size_t>(area.row));
 }
 

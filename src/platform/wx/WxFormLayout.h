@@ -9,8 +9,8 @@
 
 namespace trevandix {
 
-/// Turns a form's table into controls in their places: labels in one column, fields in the next, buttons in a row at
-/// the bottom or in a column on the right.
+/// Turns a form's table into controls in their places: labels in one column, fields in the next, buttons in a
+/// row at the bottom or in a column on the right.
 class WxFormLayout {
 public:
     /// The controls are appended to `controls`, which keeps their addresses.

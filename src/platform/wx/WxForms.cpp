@@ -4,6 +4,8 @@
 
 namespace trevandix {
 
-std::unique_ptr<Form> WxForms::create(const FormSpec& spec) { return std::make_unique<WxForm>(parent_, spec); }
+std::unique_ptr<Form> WxForms::create(const FormSpec& spec) {
+    return std::make_unique<WxForm>(parent_, spec);
+}
 
 }  // namespace trevandix

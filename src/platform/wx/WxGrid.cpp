@@ -37,8 +37,10 @@ void WxGrid::setCells(const std::vector<std::vector<std::string>>& rows) {
             for (std::size_t column = 0; column < rows[row].size(); ++column) {
                 const int at = static_cast<int>(column);
                 const wxString text = toWx(rows[row][column]);
-                if (row == 0) SetColLabelValue(at, text);
-                else SetCellValue(static_cast<int>(row) - 1, at, text);
+                if (row == 0)
+                    SetColLabelValue(at, text);
+                else
+                    SetCellValue(static_cast<int>(row) - 1, at, text);
             }
         }
     }
@@ -60,7 +62,8 @@ void WxGrid::fit() {
     }
     const int rows = std::clamp(GetNumberRows(), 1, kMostRowsShown);
     const int bar = wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this);
-    SetMinSize(wxSize(width + bar + FromDIP(kCellMargin), GetColLabelSize() + rows * GetDefaultRowSize() + FromDIP(4)));
+    SetMinSize(wxSize(width + bar + FromDIP(kCellMargin),
+                      GetColLabelSize() + rows * GetDefaultRowSize() + FromDIP(4)));
 }
 
 }  // namespace trevandix

@@ -18,10 +18,11 @@ long styleOf(ListMode mode) {
 }  // namespace
 
 WxIconList::WxIconList(wxWindow* parent, const ListView& list, ListMode mode)
-    : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, styleOf(mode), wxDefaultValidator, "ListView1"),
+    : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, styleOf(mode), wxDefaultValidator,
+                 "ListView1"),
       list_(list),
       mode_(mode),
-      images_(mode == ListMode::Icon ? "" : "tree-", mode == ListMode::Icon ? kLargeIconSize : kTreeIconSize) {}
+      images_(mode == ListMode::Icon ? kLargeIconSize : kTreeIconSize) {}
 
 std::string_view WxIconList::iconOf(const ListRow& row) const {
     return mode_ == ListMode::Icon ? row.largeIcon : row.smallIcon;

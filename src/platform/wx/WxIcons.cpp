@@ -44,7 +44,9 @@ wxBitmap bitmapAt(const wxBitmapBundle& bundle, int pixels) {
     return withTrueColours(bundle.GetBitmap(wxSize(pixels, pixels)));
 }
 #else
-wxBitmap bitmapAt(const wxBitmapBundle& bundle, int pixels) { return bundle.GetBitmap(wxSize(pixels, pixels)); }
+wxBitmap bitmapAt(const wxBitmapBundle& bundle, int pixels) {
+    return bundle.GetBitmap(wxSize(pixels, pixels));
+}
 #endif
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Icons.h"
 #include "platform/wx/WxIcons.h"
 
 namespace trevandix {
@@ -11,7 +12,8 @@ int WxImageNames::indexOf(std::string_view name) {
     const auto place = std::ranges::find(names_, name);
     if (place != names_.end()) return static_cast<int>(place - names_.begin());
     names_.emplace_back(name);
-    bundles_.push_back(iconBundle(prefix_ + std::string(name), size_));
+    const std::string inViews = "tree-" + std::string(name);
+    bundles_.push_back(iconBundle(iconSvg(inViews).empty() ? name : inViews, size_));
     return static_cast<int>(names_.size()) - 1;
 }
 

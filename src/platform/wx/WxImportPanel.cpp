@@ -16,9 +16,11 @@ constexpr int kMargin = 20;
 WxImportPanel::WxImportPanel(wxWindow* parent)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_RAISED, "pnlImpStat") {
     Hide();
-    auto* label = new wxStaticText(this, wxID_ANY, "Loading File ....", wxDefaultPosition, wxDefaultSize, 0, "lblLabel");
-    percent_ = new wxGauge(this, wxID_ANY, kHighestPercent, wxDefaultPosition, FromDIP(wxSize(kGaugeWidth, -1)),
-                           wxGA_HORIZONTAL | wxGA_SMOOTH, wxDefaultValidator, "pnlPercent");
+    auto* label = new wxStaticText(this, wxID_ANY, "Loading File ....", wxDefaultPosition, wxDefaultSize, 0,
+                                   "lblLabel");
+    percent_ =
+        new wxGauge(this, wxID_ANY, kHighestPercent, wxDefaultPosition, FromDIP(wxSize(kGaugeWidth, -1)),
+                    wxGA_HORIZONTAL | wxGA_SMOOTH, wxDefaultValidator, "pnlPercent");
     auto* column = new wxBoxSizer(wxVERTICAL);
     column->Add(label, wxSizerFlags().CentreHorizontal());
     column->Add(percent_, wxSizerFlags().Expand().Border(wxTOP, FromDIP(kMargin) / 2));

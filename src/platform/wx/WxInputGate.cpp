@@ -28,9 +28,13 @@ bool isInput(const wxEvent& event) {
 
 }  // namespace
 
-WxInputGate::WxInputGate(wxWindow& window) : window_(window) { wxEvtHandler::AddFilter(this); }
+WxInputGate::WxInputGate(wxWindow& window) : window_(window) {
+    wxEvtHandler::AddFilter(this);
+}
 
-WxInputGate::~WxInputGate() { wxEvtHandler::RemoveFilter(this); }
+WxInputGate::~WxInputGate() {
+    wxEvtHandler::RemoveFilter(this);
+}
 
 void WxInputGate::run(const Call& call) {
     if (busy() || events_ == nullptr) return;
@@ -39,7 +43,8 @@ void WxInputGate::run(const Call& call) {
 }
 
 void WxInputGate::post(Kind kind, Call call) {
-    if (kind != Kind::Single) std::erase_if(waiting_, [kind](const auto& entry) { return entry.first == kind; });
+    if (kind != Kind::Single)
+        std::erase_if(waiting_, [kind](const auto& entry) { return entry.first == kind; });
     waiting_.emplace_back(kind, std::move(call));
     window_.CallAfter([this] { flush(); });
 }

@@ -10,8 +10,9 @@
 
 namespace trevandix {
 
-/// The one way by which the main window's controls reach the editor. While the editor is at work nothing else gets
-/// through: input that arrives in between is dropped, and a wish to close the window waits until the work is done.
+/// The one way by which the main window's controls reach the editor. While the editor is at work nothing else
+/// gets through: input that arrives in between is dropped, and a wish to close the window waits until the
+/// work is done.
 class WxInputGate : public wxEventFilter {
 public:
     using Call = std::function<void(MainWindowEvents&)>;

@@ -20,7 +20,8 @@ private:
     int& counter_;
 };
 
-// The window whose mouse events are those of the rows: the control itself, or the part of it below the header.
+// The window whose mouse events are those of the rows: the control itself, or the part of it below the
+// header.
 wxWindow& rowArea(wxListCtrl& control) {
     for (wxWindow* part : control.GetChildren()) {
         if (part->GetName() == "listctrlmainwindow" || part->GetName() == "listctrl") return *part;
@@ -31,8 +32,12 @@ wxWindow& rowArea(wxListCtrl& control) {
 }  // namespace
 
 WxListView::WxListView(wxWindow* parent, ListView& list, WxInputGate& gate, OpenMenu openMenu)
-    : wxPanel(parent), list_(list), gate_(gate), openMenu_(std::move(openMenu)),
-      report_(new WxReportList(this, list)), shown_(report_) {
+    : wxPanel(parent),
+      list_(list),
+      gate_(gate),
+      openMenu_(std::move(openMenu)),
+      report_(new WxReportList(this, list)),
+      shown_(report_) {
     SetSizer(new wxBoxSizer(wxVERTICAL));
     GetSizer()->Add(report_, wxSizerFlags(1).Expand());
     watch(*report_);
@@ -41,7 +46,9 @@ WxListView::WxListView(wxWindow* parent, ListView& list, WxInputGate& gate, Open
     list_.setDisplay(this);
 }
 
-WxListView::~WxListView() { list_.setDisplay(nullptr); }
+WxListView::~WxListView() {
+    list_.setDisplay(nullptr);
+}
 
 void WxListView::watch(wxListCtrl& control) {
     const auto changed = [this](wxListEvent& event) {
@@ -55,7 +62,8 @@ void WxListView::watch(wxListCtrl& control) {
     control.Bind(wxEVT_LIST_COL_CLICK, [this](wxListEvent& event) {
         if (event.GetColumn() < 0) return;
         const auto column = static_cast<std::size_t>(event.GetColumn());
-        gate_.post(WxInputGate::Kind::Single, [column](MainWindowEvents& e) { e.ListView1_ColumnClick(column); });
+        gate_.post(WxInputGate::Kind::Single,
+                   [column](MainWindowEvents& e) { e.ListView1_ColumnClick(column); });
     });
     wxWindow& rows = rowArea(control);
     rows.Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
@@ -133,7 +141,9 @@ void WxListView::setVisible(bool visible) {
     Layout();
 }
 
-bool WxListView::usable() const { return shown_->IsShownOnScreen(); }
+bool WxListView::usable() const {
+    return shown_->IsShownOnScreen();
+}
 
 std::vector<std::size_t> WxListView::selectedRows() const {
     std::vector<std::size_t> rows;

@@ -11,8 +11,8 @@
 
 namespace trevandix {
 
-/// The list on the screen, `ListView1`: one control with columns and one for the other view modes, of which the
-/// wanted one shows.
+/// The list on the screen, `ListView1`: one control with columns and one for the other view modes, of which
+/// the wanted one shows.
 class WxListView : public wxPanel, public ListDisplay {
 public:
     using OpenMenu = std::function<void(wxWindow&, const wxPoint&)>;

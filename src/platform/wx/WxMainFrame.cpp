@@ -4,6 +4,7 @@
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
+#include <array>
 #include <cmath>
 
 #include "Version.h"
@@ -16,11 +17,14 @@ namespace trevandix {
 namespace {
 
 constexpr double kScreenShare = 0.8;
+constexpr int kStatusFields = 4;
 constexpr int kSmallestPane = 120;
 constexpr int kSmallestWidth = 480;
 constexpr int kSmallestHeight = 320;
 
-wxString windowCaption() { return toWx(kCompany) + " - " + toWx(kProduct); }
+wxString windowCaption() {
+    return toWx(kCompany) + " - " + toWx(kProduct);
+}
 
 }  // namespace
 
@@ -32,7 +36,9 @@ WxMainFrame::WxMainFrame(const CommandTables& tables, StructureTree& tree, ListV
     commands_ = std::make_unique<WxCommands>(*this, tables, [this](std::string_view command) {
         gate_.run([command](MainWindowEvents& events) { events.commandChosen(command); });
     });
-    CreateStatusBar(1);
+    CreateStatusBar(kStatusFields);
+    static constexpr std::array<int, kStatusFields> kWidths{-4, -3, -2, -4};
+    SetStatusWidths(kStatusFields, kWidths.data());
     Centre();
     buildViews(tree, list, pointer);
     Bind(wxEVT_CLOSE_WINDOW, &WxMainFrame::onClose, this);
@@ -70,8 +76,10 @@ void WxMainFrame::buildViews(StructureTree& tree, ListView& list, WxPointer& poi
     const auto menu = [this](wxWindow& window, const wxPoint& point) { openMenu(window, point); };
     list_ = new WxListView(splitter_, list, gate_, menu);
     list_->SetBackgroundColour(workspace);
-    drag_ = std::make_unique<WxTreeDrag>(*tree_, gate_, pointer, [this](const wxPoint& p) { openMenu(*tree_, p); });
+    drag_ = std::make_unique<WxTreeDrag>(*tree_, gate_, pointer,
+                                         [this](const wxPoint& p) { openMenu(*tree_, p); });
     tree_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { openMenu(*tree_, tree_->menuPlace()); });
+    tree_->Bind(wxEVT_TREE_ITEM_MENU, [this](wxTreeEvent&) { openMenu(*tree_, tree_->menuPlace()); });
     tree_->Hide();
 
     splitter_->SplitVertically(treePane_, list_, static_cast<int>(GetClientSize().GetWidth() * treeShare_));
@@ -82,7 +90,8 @@ void WxMainFrame::buildViews(StructureTree& tree, ListView& list, WxPointer& poi
         if (width > 0 && event.GetSashPosition() > 0) treeShare_ = double(event.GetSashPosition()) / width;
     });
     splitter_->Bind(wxEVT_SPLITTER_SASH_POS_RESIZE, [this](wxSplitterEvent& event) {
-        event.SetSashPosition(static_cast<int>(std::lround(splitter_->GetClientSize().GetWidth() * treeShare_)));
+        event.SetSashPosition(
+            static_cast<int>(std::lround(splitter_->GetClientSize().GetWidth() * treeShare_)));
     });
     importPanel_ = new WxImportPanel(body_);
     body_->SetSizer(new wxBoxSizer(wxVERTICAL));
@@ -134,6 +143,10 @@ void WxMainFrame::onClose(wxCloseEvent& event) {
         return;
     }
     close();
+}
+
+void WxMainFrame::setStatus(StatusField field, std::string_view text) {
+    SetStatusText(toWx(text), static_cast<int>(field));
 }
 
 void WxMainFrame::showAboutBox() {

@@ -36,6 +36,7 @@ public:
     void processEvents() override { gate_.pump(); }
     void close() override;
     void showAboutBox() override;
+    void setStatus(StatusField field, std::string_view text) override;
 
     void enableMenu(std::string_view name, bool enabled) override { commands_->enableMenu(name, enabled); }
     void enableButton(std::string_view key, bool enabled) override { commands_->enableButton(key, enabled); }

@@ -7,7 +7,8 @@
 
 namespace trevandix {
 
-/// The window that a modal dialog stands in front of: the active one, else the main window. nullptr before there is one.
+/// The window that a modal dialog stands in front of: the active one, else the main window. nullptr before
+/// there is one.
 wxWindow* dialogParent();
 
 /// Gives the keyboard back, at the end of its life, to the control that had it.

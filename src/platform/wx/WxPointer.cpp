@@ -19,7 +19,8 @@ constexpr const char* kPlus =
 
 // An arrow that carries a sheet of paper; drawn here because systems do not agree on such a pointer.
 wxCursor dragCursor(bool copies) {
-    std::string svg = R"(<svg xmlns="http://www.w3.org/2000/svg" width="32" height="32" viewBox="0 0 32 32">)";
+    std::string svg =
+        R"(<svg xmlns="http://www.w3.org/2000/svg" width="32" height="32" viewBox="0 0 32 32">)";
     svg += kArrowAndSheet;
     if (copies) svg += kPlus;
     svg += "</svg>";

@@ -17,8 +17,8 @@ constexpr int kHeaderMargin = 24;
 }  // namespace
 
 WxReportList::WxReportList(wxWindow* parent, const ListView& list)
-    : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL, wxDefaultValidator,
-                 "ListView1"),
+    : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL,
+                 wxDefaultValidator, "ListView1"),
       list_(list) {}
 
 void WxReportList::refill() {

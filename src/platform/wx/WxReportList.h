@@ -3,6 +3,7 @@
 #include <wx/listctrl.h>
 
 #include "platform/ListView.h"
+#include "platform/wx/WxIcons.h"
 #include "platform/wx/WxImageNames.h"
 
 namespace trevandix {
@@ -24,7 +25,7 @@ private:
     void loadImages();
 
     const ListView& list_;
-    mutable WxImageNames images_{"tree-", 16};
+    mutable WxImageNames images_{kTreeIconSize};
 };
 
 }  // namespace trevandix

@@ -42,7 +42,8 @@ WxTextBox::Outcome WxTextBox::applied(KeyFilter filter, const wxString& before, 
     std::size_t head = 0;
     while (head < shorter && before[head] == after[head]) ++head;
     std::size_t tail = 0;
-    while (tail < shorter - head && before[before.length() - 1 - tail] == after[after.length() - 1 - tail]) ++tail;
+    while (tail < shorter - head && before[before.length() - 1 - tail] == after[after.length() - 1 - tail])
+        ++tail;
     const wxString inserted = after.Mid(head, after.length() - head - tail);
     const wxString kept = toWx(filtered(filter, fromWx(inserted)));
     return {after.Left(head) + kept + after.Right(tail), static_cast<long>(head + kept.length())};

@@ -6,8 +6,8 @@
 
 namespace trevandix {
 
-/// A one-line text box that stays free of the characters that its filter discards, whether they are typed, pasted or
-/// dropped. What the program itself puts there stays as it is.
+/// A one-line text box that stays free of the characters that its filter discards, whether they are typed,
+/// pasted or dropped. What the program itself puts there stays as it is.
 class WxTextBox : public wxTextCtrl {
 public:
     WxTextBox(wxWindow* parent, KeyFilter filter);

@@ -27,7 +27,8 @@ WxTreeDrag::WxTreeDrag(WxTreeView& tree, WxInputGate& gate, WxPointer& pointer, 
     tree_.Bind(wxEVT_RIGHT_DCLICK, &WxTreeDrag::onPress, this);
     tree_.Bind(wxEVT_MOTION, &WxTreeDrag::onMotion, this);
     tree_.Bind(wxEVT_RIGHT_UP, &WxTreeDrag::onRelease, this);
-    tree_.Bind(wxEVT_CHAR_HOOK, &WxTreeDrag::onKey, this);
+    tree_.Bind(wxEVT_KEY_DOWN, &WxTreeDrag::onKey,
+               this);  // a captured mouse keeps the earlier events of keys away
     tree_.Bind(wxEVT_MOUSE_CAPTURE_LOST, &WxTreeDrag::onCaptureLost, this);
     Bind(wxEVT_TIMER, &WxTreeDrag::onTimer, this);
 }
@@ -62,7 +63,8 @@ void WxTreeDrag::onMotion(wxMouseEvent& event) {
 void WxTreeDrag::start() {
     state_ = State::Dragging;
     over_ = nullptr;
-    gate_.run([this](MainWindowEvents& events) { copies_ = events.TreeView1_OLEStartDrag() == DropEffect::Copy; });
+    gate_.run(
+        [this](MainWindowEvents& events) { copies_ = events.TreeView1_OLEStartDrag() == DropEffect::Copy; });
     showPointer();
     timer_.Start(kScrollInterval);
 }
@@ -131,6 +133,8 @@ void WxTreeDrag::onKey(wxKeyEvent& event) {
 }
 
 // Another program or a dialog took the mouse.
-void WxTreeDrag::onCaptureLost(wxMouseCaptureLostEvent&) { cancel(State::Idle); }
+void WxTreeDrag::onCaptureLost(wxMouseCaptureLostEvent&) {
+    cancel(State::Idle);
+}
 
 }  // namespace trevandix

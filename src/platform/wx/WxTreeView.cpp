@@ -4,7 +4,6 @@
 
 #include <utility>
 
-#include "platform/wx/WxIcons.h"
 #include "platform/wx/WxText.h"
 
 namespace trevandix {
@@ -40,8 +39,8 @@ private:
 };
 
 WxTreeView::WxTreeView(wxWindow* parent, StructureTree& tree, WxInputGate& gate)
-    : wxTreeCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_SINGLE,
-                 wxDefaultValidator, "TreeView1"),
+    : wxTreeCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                 wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_SINGLE, wxDefaultValidator, "TreeView1"),
       tree_(tree),
       gate_(gate) {
     for (const Image image : {Image::Config, Image::Main, Image::Item, Image::Plc, Image::Branch}) {
@@ -75,12 +74,15 @@ TreeNode* WxTreeView::nodeAt(const wxPoint& point) const {
     return nodeOf(HitTest(point, flags));
 }
 
-TreeNode* WxTreeView::selectedNode() const { return nodeOf(GetSelection()); }
+TreeNode* WxTreeView::selectedNode() const {
+    return nodeOf(GetSelection());
+}
 
 wxPoint WxTreeView::menuPlace() const {
     wxRect line;
     const wxTreeItemId item = GetSelection();
-    if (item.IsOk() && GetBoundingRect(item, line, true) && GetClientRect().Intersects(line)) return line.GetBottomLeft();
+    if (item.IsOk() && GetBoundingRect(item, line, true) && GetClientRect().Intersects(line))
+        return line.GetBottomLeft();
     return {};
 }
 
@@ -135,7 +137,9 @@ void WxTreeView::nodeRemoved(const TreeNode& node) {
     Delete(itemOf(node));
 }
 
-void WxTreeView::textChanged(const TreeNode& node) { SetItemText(itemOf(node), toWx(node.text())); }
+void WxTreeView::textChanged(const TreeNode& node) {
+    SetItemText(itemOf(node), toWx(node.text()));
+}
 
 void WxTreeView::nodeMoved(const TreeNode& node) {
     const Quiet quiet(*this);
@@ -156,7 +160,8 @@ void WxTreeView::childrenSorted(const TreeNode& parent) {
 }
 
 int WxTreeView::OnCompareItems(const wxTreeItemId& first, const wxTreeItemId& second) {
-    return static_cast<NodeData*>(GetItemData(first))->place - static_cast<NodeData*>(GetItemData(second))->place;
+    return static_cast<NodeData*>(GetItemData(first))->place -
+           static_cast<NodeData*>(GetItemData(second))->place;
 }
 
 void WxTreeView::expansionChanged(const TreeNode& node) {
@@ -242,7 +247,8 @@ void WxTreeView::onExpansion(wxTreeEvent& event, bool expanded) {
     if (quiet_ > 0) {
         tree_.setExpanded(*node, expanded);
     } else {
-        gate_.run([node, expanded](MainWindowEvents& events) { events.treeExpansionChanged(*node, expanded); });
+        gate_.run(
+            [node, expanded](MainWindowEvents& events) { events.treeExpansionChanged(*node, expanded); });
     }
 }
 

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "model/StructureTree.h"
+#include "platform/wx/WxIcons.h"
 #include "platform/wx/WxImageNames.h"
 #include "platform/wx/WxInputGate.h"
 
@@ -61,8 +62,8 @@ private:
 
     StructureTree& tree_;
     WxInputGate& gate_;
-    WxImageNames images_{"tree-", 16};
-    TreeNode* clicked_ = nullptr;             // waits to be reported
+    WxImageNames images_{kTreeIconSize};
+    TreeNode* clicked_ = nullptr;  // waits to be reported
     const TreeNode* highlighted_ = nullptr;
     const TreeNode* visibleLater_ = nullptr;  // scrolled to when the batch ends
     int quiet_ = 0;

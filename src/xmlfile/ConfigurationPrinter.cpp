@@ -1,0 +1,96 @@
+#include "xmlfile/ConfigurationPrinter.h"
+
+#include "platform/RuntimeError.h"
+#include "xmlfile/ConfigurationWriter.h"
+#include "xmlfile/FormatWords.h"
+#include "xmlfile/Latin1File.h"
+
+namespace trevandix {
+
+namespace {
+constexpr int kUnitChildDepth = 4;
+}
+
+bool ConfigurationPrinter::printSome(Latin1File& file, std::size_t nodes) {
+    if (!begun_) begin(file);
+    while (nodes > 0) {
+        if (unitNode_ == nullptr) {
+            if (unit_ == configuration_.units.end()) {
+                end(file);
+                return false;
+            }
+            beginUnit(file);
+            --nodes;
+        }
+        inProcedure("PrintBranch", [&] { PrintBranch(file, nodes); });
+        if (node_ == nullptr) endUnit(file);
+    }
+    return true;
+}
+
+void ConfigurationPrinter::begin(Latin1File& file) {
+    begun_ = true;
+    file.print(kProlog);
+    const FileKind* kind = fileKindOf(configuration_.state.interfaceKind);
+    if (kind != nullptr) file.print("<" + std::string(kind->rootTag) + ">");
+    file.print("\t<MODBUS>");
+    for (const auto& [key, type] : configuration_.dataTypes) file.print(type->GetXmlTag());
+    file.print("\t</MODBUS>");
+    file.print("\t<OPC_DA>");
+    unit_ = configuration_.units.begin();
+    nextItem_ = configuration_.items.begin();
+}
+
+void ConfigurationPrinter::beginUnit(Latin1File& file) {
+    const auto [key, unit] = *unit_;
+    file.print(unit->GetXmlTag(configuration_.state.interfaceKind));
+    file.print("\t\t\t<tags>");
+    unitNode_ = &configuration_.tree.at(key);
+    node_ = unitNode_->firstChild();
+    depth_ = kUnitChildDepth;
+}
+
+void ConfigurationPrinter::endUnit(Latin1File& file) {
+    file.print("\t\t\t</tags>");
+    file.print("\t\t</PLC>");
+    unitNode_ = nullptr;
+    ++unit_;
+}
+
+void ConfigurationPrinter::end(Latin1File& file) {
+    file.print("\t</OPC_DA>");
+    const FileKind* kind = fileKindOf(configuration_.state.interfaceKind);
+    if (kind != nullptr) file.print("</" + std::string(kind->rootTag) + ">");
+}
+
+// Walks without recursion: branches may nest as deeply as they like.
+void ConfigurationPrinter::PrintBranch(Latin1File& file, std::size_t& nodes) {
+    const auto endTag = [&](const TreeNode& branch, int depth) {
+        file.print(Indentation(depth) + "</" + branch.text() + ">");
+    };
+    int depth = depth_;
+    const TreeNode* node = node_;
+    for (; node != nullptr && nodes > 0; --nodes) {
+        if (node->tag() == NodeTag::Item) {
+            const clsItem& item = *configuration_.items.at(node->key(), nextItem_);
+            file.printWith([&](std::string& out) { item.appendXmlTag(out, depth); });
+        } else {
+            file.print(Indentation(depth) + "<" + node->text() + ">");
+            if (node->firstChild() != nullptr) {
+                node = node->firstChild();
+                ++depth;
+                continue;
+            }
+            endTag(*node, depth);
+        }
+        while (node->nextSibling() == nullptr && node->parent() != unitNode_) {
+            node = node->parent();
+            endTag(*node, --depth);
+        }
+        node = node->nextSibling();
+    }
+    node_ = node;
+    depth_ = depth;
+}
+
+}  // namespace trevandix

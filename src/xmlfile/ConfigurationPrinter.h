@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+
+#include "model/Configuration.h"
+
+namespace trevandix {
+
+class Latin1File;
+
+/// Prints a configuration line by line, all at once or a piece at a time. Whoever prints in pieces gives up when the
+/// configuration changes in between (`Configuration::changes`).
+class ConfigurationPrinter {
+public:
+    explicit ConfigurationPrinter(const Configuration& configuration) : configuration_(configuration) {}
+
+    /// Prints on for about as many nodes. False when everything is printed. Errors: those of the file; ElementNotFound
+    /// and InvalidCall where tree and collections disagree.
+    bool printSome(Latin1File& file, std::size_t nodes);
+
+private:
+    void begin(Latin1File& file);
+    void beginUnit(Latin1File& file);
+    void endUnit(Latin1File& file);
+    void end(Latin1File& file);
+    /// What is below a unit's node, in the order of the tree.
+    void PrintBranch(Latin1File& file, std::size_t& nodes);
+
+    const Configuration& configuration_;
+    bool begun_ = false;
+    KeyedCollection<clsPLC>::Iterator unit_;
+    KeyedCollection<clsItem>::Iterator nextItem_;  // the item expected next: both orders are mostly the same
+    const TreeNode* unitNode_ = nullptr;           // of the unit that is being printed
+    const TreeNode* node_ = nullptr;               // to be printed next; nullptr at the unit's end
+    int depth_ = 0;
+};
+
+}  // namespace trevandix

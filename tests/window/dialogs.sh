@@ -1,0 +1,85 @@
+# shellcheck shell=bash
+# The steps of the property dialogs, by their access keys: the underlined letters, the same on every system.
+
+types="ModBus Data Type Properties"
+unit="Unit Properties"
+branch="Branch Name"
+item="Item Properties"
+
+new_configuration() { # [KEY to another interface]
+    keys alt+f n
+    await "Select ModBus interface"
+    keys "$@" Return
+    await "$main"
+}
+
+open_dialog() { # ENTRY of the Objects menu, TITLE
+    keys alt+o "$1"
+    await "$2"
+}
+
+confirm_dialog() {
+    keys Return
+    await "$main"
+}
+
+leave_dialog() {
+    keys Escape
+    await "$main"
+}
+
+fill_text() { # ACCESS KEY, TEXT
+    keys "alt+$1"
+    replaced "$2"
+}
+
+add_type() { # ENTRY
+    open_dialog a "$types"
+    choose "$1"
+    confirm_dialog
+}
+
+# Fields in the order of the Tab key; those that are out of use are passed over.
+fill_unit() { # NAME FIELD...
+    local field
+    replaced "$1"
+    for field in "${@:2}"; do
+        keys Tab
+        replaced "$field"
+    done
+}
+
+add_unit() { # as fill_unit
+    open_dialog u "$unit"
+    fill_unit "$@"
+    confirm_dialog
+}
+
+add_branch() { # NAME
+    open_dialog b "$branch"
+    replaced "$1"
+    confirm_dialog
+}
+
+# Places of the tables in the list, in the order in which add_type added them.
+declare -A tables=(["input status"]=1 ["coil"]=2 ["input register"]=3 ["holding register"]=4)
+
+# fill_item TABLE NAME COMMENT ADDRESS TYPE RIGHT; type and right by their places in their lists.
+fill_item() {
+    keys alt+m
+    choose "${tables[$1]}"
+    fill_text i "$2"
+    fill_text c "$3"
+    fill_text a "$4"
+    keys alt+d
+    choose "$5"
+    keys alt+r
+    choose "$6"
+}
+
+fill_bit() {
+    keys alt+b
+    choose $(($1 + 1))
+}
+
+fill_elements() { fill_text n "$1"; }

@@ -1,0 +1,162 @@
+# shellcheck shell=bash
+# What the flows of this folder share. A flow drives the real program with real keys and a real mouse, on a virtual
+# display of its own, and compares what is then on disk. TREVANDIX_PROGRAM names the program; one that ends in .exe
+# runs under Wine (tools/windows.sh display provides the display and Wine's folder).
+#
+# Nothing waits for a fixed time where a condition can be waited for: windows by the title of the active one, files by
+# being there. On failure a picture of the screen and the program's output stay in build/window-tests.
+
+set -euo pipefail
+window_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+flow=$(basename "$0" .sh)
+program=$(realpath "${TREVANDIX_PROGRAM:-$window_root/build/release/trevandix-editor}")
+results=$window_root/build/window-tests
+under_wine=$([[ $program == *.exe ]] && echo yes || true)
+
+main="VOSK Automation - Trevandix Configuration Editor"
+box="Trevandix Configuration Editor"
+export LC_ALL=C.UTF-8
+
+if [ -z "${WINDOW_TEST_DISPLAY:-}" ] && [ -z "$under_wine" ]; then
+    export WINDOW_TEST_DISPLAY=own
+    exec xvfb-run -a -s "-screen 0 1280x900x24 -nolisten tcp" bash "$0" "$@"
+fi
+
+folder=$(mktemp -d)
+editor=
+manager=
+
+# A home of its own, so that no setting of the person who runs this has a say. Wine keeps its own.
+if [ -z "$under_wine" ]; then
+    export HOME=$folder/home XDG_CONFIG_HOME=$folder/config XDG_RUNTIME_DIR=$folder/run
+    export GDK_BACKEND=x11 GSETTINGS_BACKEND=memory NO_AT_BRIDGE=1 GTK_THEME=Adwaita
+    unset WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS
+    mkdir -p "$HOME" "$XDG_CONFIG_HOME"
+    mkdir -m 700 "$XDG_RUNTIME_DIR"
+    openbox >/dev/null 2>&1 &
+    manager=$!
+fi
+mkdir -p "$results"
+
+finish() {
+    local code=$?
+    if [ "$code" != 0 ]; then
+        import -window root "$results/$flow${under_wine:+-wine}.png" 2>/dev/null || true
+        cp "$folder/output" "$results/$flow${under_wine:+-wine}.log" 2>/dev/null || true
+        echo "$flow: failed; picture: build/window-tests/$flow${under_wine:+-wine}.png" >&2
+    fi
+    if [ -n "$editor" ]; then kill "$editor" 2>/dev/null || true; fi
+    if [ -n "$manager" ]; then kill "$manager" 2>/dev/null || true; fi
+    rm -rf "$folder"
+}
+trap finish EXIT
+
+fail() {
+    local frame=0
+    printf '%s: %s\n' "$flow" "$*" >&2
+    while caller "$frame" >&2; do frame=$((frame + 1)); done
+    exit 1
+}
+
+# until_true SECONDS COMMAND...: 0 once the command succeeds, 1 when the time is over.
+until_true() {
+    local end=$((SECONDS + $1 + 1))
+    shift
+    until "$@"; do
+        if [ "$SECONDS" -ge "$end" ]; then return 1; fi
+        sleep 0.03
+    done
+}
+
+active_title() { xdotool getactivewindow getwindowname 2>/dev/null; }
+is_active() { [ "$(active_title)" = "$1" ] && [ "$(xdotool getwindowfocus getwindowname 2>/dev/null)" != "" ]; }
+
+# Waits until the window of this title has the keyboard.
+await() {
+    until_true 15 is_active "$1" || fail "expected the window \"$1\", the active one is \"$(active_title)\""
+}
+
+# The path as the program writes it.
+native() {
+    if [ -n "$under_wine" ]; then printf 'Z:%s' "${1//\//\\}"; else printf '%s' "$1"; fi
+}
+
+# start [FILE]: starts the program and waits for its window.
+start() {
+    local command=("$program")
+    if [ -n "$under_wine" ]; then command=(wine "$program"); fi
+    if [ $# -gt 0 ]; then command+=("$(native "$1")"); fi
+    until_true 10 xdotool get_desktop >/dev/null 2>&1 || fail "no window manager"
+    "${command[@]}" >"$folder/output" 2>&1 &
+    editor=$!
+    until_true 30 is_active "$main" || fail "the program shows no window"
+    said_at_start=$(wc -c <"$folder/output") # GTK always complains about the first layout of a toolbar
+}
+
+# Waits for the program's end, which must be a good one.
+await_end() {
+    local code=0
+    until_true 15 eval "! kill -0 $editor 2>/dev/null" || fail "the program did not end"
+    wait "$editor" || code=$?
+    editor=
+    [ "$code" = 0 ] || fail "the program ended with code $code"
+    if [ -n "$under_wine" ]; then return; fi
+    if tail -c "+$((said_at_start + 1))" "$folder/output" | grep -E 'CRITICAL|assert' >&2; then
+        fail "the toolkit complained"
+    fi
+}
+
+keys() { xdotool key --delay "${key_delay:-4}" "$@"; }
+typed() { xdotool type --delay "${key_delay:-4}" -- "$1"; }
+times() { for ((n = 0; n < $1; ++n)); do printf '%s ' "$2"; done; }
+
+# The n-th entry, from 1, of the drop-down list that has the keyboard.
+choose() {
+    # shellcheck disable=SC2046
+    keys Home $(times $(($1 - 1)) Down)
+}
+
+# replaced TEXT: replaces what the text box with the keyboard holds.
+replaced() {
+    keys ctrl+a
+    if [ -n "$1" ]; then typed "$1"; else keys BackSpace; fi
+}
+
+# answer KEY: answers the message box that is in front.
+answer() {
+    await "$box"
+    keys "$1"
+}
+
+save_as() {
+    keys alt+f a
+    await "Save configuration"
+    keys ctrl+a
+    typed "$(native "$1")"
+    keys Return
+    await "$main"
+    until_true 10 test -s "$1" || fail "nothing was written to $1"
+}
+
+# same_bytes EXPECTED WRITTEN
+same_bytes() {
+    cmp -s "$1" "$2" && return
+    cp "$2" "$results/$flow.xml"
+    diff <(cat -A "$1") <(cat -A "$2") >&2 || true
+    fail "the file is not the expected one; kept as build/window-tests/$flow.xml"
+}
+
+# published KIND PATH: what the server would find.
+published() {
+    local view value
+    if [ -z "$under_wine" ]; then
+        value=$(cat "$XDG_CONFIG_HOME/VOSKAutomation/$1.ini")
+        [ "$value" = "ConfigFile=$2" ] || fail "published is \"$value\", expected \"ConfigFile=$2\""
+        return
+    fi
+    for view in 32 64; do
+        value=$(wine reg query "HKLM\\Software\\VOSKAutomation\\$1" /v ConfigFile "/reg:$view" | tr -d '\r' |
+            sed -n 's/^ *ConfigFile *REG_SZ *//p')
+        [ "$value" = "$(native "$2")" ] || fail "published in view $view is \"$value\", expected \"$(native "$2")\""
+    done
+}

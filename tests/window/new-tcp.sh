@@ -1,0 +1,74 @@
+#!/usr/bin/env bash
+# A TCP/IP configuration from an empty start by keys alone: every data type, a unit, nested branches, items of every
+# table and value type, one by one, in runs and as a group; an item and a branch edited; saved as, saved again.
+. "$(dirname "$0")/lib.sh"
+. "$(dirname "$0")/dialogs.sh"
+
+start
+new_configuration
+keys Down # the ModBus folder
+for entry in 1 2 3 4; do add_type "$entry"; done
+keys Up
+add_unit PLC1 10.0.0.5 7 1500
+
+open_dialog i "$item"
+fill_item coil Run "" 5 1 3
+keys alt+e
+fill_item coil Coils "" 20 2 2
+fill_elements 16
+keys alt+e
+fill_item "input status" Door "cabinet 1" 3 1 1
+confirm_dialog
+
+add_branch Area
+add_branch Tank1
+open_dialog i "$item"
+fill_item "holding register" "Le vel!&1" "tank level" 100 4 3 # the name takes neither blank nor sign
+keys alt+e alt+e
+fill_item "holding register" Alarm "" 10 1 1 # a run of bits that crosses the end of its register
+fill_bit 14
+keys alt+e alt+e alt+e
+fill_item "input register" Temp probe 200 6 1
+keys alt+g
+replaced 3
+keys Return # the panel's own button
+fill_item "holding register" Flags "" 300 7 3
+fill_bit 10
+fill_elements 20
+confirm_dialog
+
+add_branch Types
+open_dialog i "$item"
+for type in {1..15}; do
+    fill_item "holding register" "V$type" "" "$((500 + 10 * type))" "$type" 3
+    case $type in
+        1) fill_bit 3 ;;
+        7) fill_bit 4 && fill_elements 5 ;;
+        8 | 9 | 1?) fill_elements 2 ;;
+    esac
+    keys alt+e
+done
+leave_dialog
+
+# Enter on an item and on a branch opens its dialog.
+keys Down Return
+await "$item"
+fill_text i Edited
+fill_text c "was V1"
+confirm_dialog
+keys Return
+await "$branch"
+replaced Kinds
+confirm_dialog
+
+save_as "$folder/new-tcp.xml"
+same_bytes "$window_root/tests/window/expected/new-tcp.xml" "$folder/new-tcp.xml"
+published TrevandixTcpIp "$folder/new-tcp.xml"
+
+rm "$folder/new-tcp.xml"
+keys ctrl+s # nothing there: no question
+answer Return
+await "$main"
+same_bytes "$window_root/tests/window/expected/new-tcp.xml" "$folder/new-tcp.xml"
+keys alt+f x
+await_end
