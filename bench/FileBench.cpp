@@ -43,25 +43,58 @@ struct Loaded {
     }
 };
 
-// The number that `measure` returns in a process of its own. A program reads its file with a fresh heap; in one
-// process the frees of one run would be paid in the middle of the next, by whichever benchmark follows.
-template <typename Measure>
-double inNewProcess(Measure measure) {
-    std::array<int, 2> ends{};
-    if (pipe(ends.data()) != 0) std::abort();
-    const pid_t child = fork();
-    if (child == 0) {
-        const double result = measure();
-        _exit(write(ends[1], &result, sizeof(result)) == sizeof(result) ? 0 : 1);
+using Measure = double (*)(const char* path);
+
+// Makes each measurement in a new process, forked from one that has done nothing before. So every reading
+// starts with the heap of a program just started; in one process it would find memory that earlier runs made
+// resident, and pay for their frees, by whichever benchmark went before.
+class FreshProcesses {
+public:
+    FreshProcesses() {
+        if (pipe(orders_.data()) != 0 || pipe(results_.data()) != 0) std::abort();
+        const pid_t server = fork();
+        if (server < 0) std::abort();
+        close(orders_[server == 0 ? 1 : 0]);
+        if (server == 0) serve();
+        close(results_[1]);
     }
-    close(ends[1]);
-    double result = 0;
-    int status = 0;
-    const bool got = read(ends[0], &result, sizeof(result)) == sizeof(result);
-    close(ends[0]);
-    if (child < 0 || waitpid(child, &status, 0) != child || status != 0 || !got) std::abort();
-    return result;
-}
+
+    double run(Measure measure, const std::string& path) const {
+        Order order{measure, {}};
+        if (path.size() >= order.path.size()) std::abort();
+        path.copy(order.path.data(), path.size());
+        double result = 0;
+        if (write(orders_[1], &order, sizeof(order)) != sizeof(order)) std::abort();
+        if (read(results_[0], &result, sizeof(result)) != sizeof(result)) std::abort();
+        return result;
+    }
+
+private:
+    struct Order {
+        Measure measure;
+        std::array<char, 512> path;
+    };
+
+    // Ends with the benchmarks, or when a measurement fails.
+    [[noreturn]] void serve() const {
+        Order order{};
+        int status = 0;
+        while (status == 0 && read(orders_[0], &order, sizeof(order)) == sizeof(order)) {
+            const pid_t child = fork();
+            if (child == 0) {
+                const double result = order.measure(order.path.data());
+                _exit(write(results_[1], &result, sizeof(result)) == sizeof(result) ? 0 : 1);
+            }
+            if (child < 0 || waitpid(child, &status, 0) != child) status = 1;
+        }
+        _exit(status == 0 ? 0 : 1);
+    }
+
+    std::array<int, 2> orders_{};
+    std::array<int, 2> results_{};
+};
+
+const FreshProcesses freshProcesses;
 
 // Of processor time, so that what else runs on the machine counts as little as it can.
 template <typename Work>
@@ -83,25 +116,25 @@ void perItem(benchmark::State& state) {
 
 // Neither reading is charged with freeing what it leaves behind.
 void BareParse(benchmark::State& state) {
-    const std::string& path = fileOf(state);
     for (auto _ : state) {
-        state.SetIterationTime(inNewProcess([&] {
+        const auto measure = [](const char* path) {
             pugi::xml_document document;
             return seconds([&] {
-                if (!document.load_file(path.c_str())) std::abort();
+                if (!document.load_file(path)) std::abort();
             });
-        }));
+        };
+        state.SetIterationTime(freshProcesses.run(measure, fileOf(state)));
     }
     perItem(state);
 }
 
 void Read(benchmark::State& state) {
-    const std::string& path = fileOf(state);
     for (auto _ : state) {
-        state.SetIterationTime(inNewProcess([&] {
+        const auto measure = [](const char* path) {
             Loaded loaded;
             return seconds([&] { loaded.read(path); });
-        }));
+        };
+        state.SetIterationTime(freshProcesses.run(measure, fileOf(state)));
     }
     perItem(state);
 }
@@ -128,19 +161,24 @@ void Write(benchmark::State& state) {
 }
 
 void Memory(benchmark::State& state) {
-    const std::string& path = fileOf(state);
     for (auto _ : state) {
-        const double bytes = inNewProcess([&] {
+        const auto measure = [](const char* path) {
             const std::size_t before = resident();
             Loaded loaded;
             loaded.read(path);
             return static_cast<double>(resident() - before);
-        });
+        };
+        const double bytes = freshProcesses.run(measure, fileOf(state));
         state.counters["bytes_per_item"] = bytes / static_cast<double>(state.range(0));
     }
 }
 
-BENCHMARK(BareParse)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond)->UseManualTime();
+BENCHMARK(BareParse)
+    ->Arg(10'000)
+    ->Arg(100'000)
+    ->Arg(1'000'000)
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime();
 BENCHMARK(Read)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond)->UseManualTime();
 BENCHMARK(RawWrite)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Write)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);

@@ -11,7 +11,8 @@ namespace {
 
 struct BulkWorkplace : PlantedWorkplace {
     BulkWorkplace()
-        : PlantedWorkplace({"U", "U.A/", "U.A.a", "U.A.b", "U.A.c", "U.A.d", "U.A.S/", "U.B/", "U.B.q"}) {
+        : PlantedWorkplace(
+              {"U", "U.A/", "U.A.a", "U.A.b", "U.A.c", "U.A.d", "U.A.S/", "U.A.S.b", "U.B/", "U.B.q"}) {
         click("U.A");
     }
     /// Pastes the text onto the rows, pressing the button in the preview.
@@ -28,12 +29,14 @@ struct BulkWorkplace : PlantedWorkplace {
         run(command);
         return messages.take();
     }
+    /// What branch A holds, in the tree's order.
     Texts names() {
-        Texts found = below("U.A");
-        for (auto& key : found) {
-            const auto record = configuration.items.find(Key(key));
-            EXPECT_EQ(node(key).text(), record != nullptr ? record->sName() : "S");
-            key = key.substr(4);
+        Texts found;
+        for (const TreeNode* child = node("U.A").firstChild(); child != nullptr;
+             child = child->nextSibling()) {
+            EXPECT_TRUE(child->tag() != NodeTag::Item || child->text() == item(child->key()).sName());
+            EXPECT_EQ(child->key(), Key("U.A." + child->text()));
+            found.push_back(child->text());
         }
         return found;
     }

@@ -67,7 +67,9 @@ FakeForm::State& FakeForm::usable(std::string_view name) {
     return control;
 }
 
-std::string FakeForm::text(std::string_view name) const { return state(name).text; }
+std::string FakeForm::text(std::string_view name) const {
+    return state(name).text;
+}
 
 void FakeForm::setText(std::string_view name, std::string_view text) {
     State& control = state(name);
@@ -81,8 +83,12 @@ void FakeForm::setItems(std::string_view name, const std::vector<std::string>& i
     if (state(name).spec->kind == ControlKind::Choice) state(name).text.clear();
 }
 
-std::vector<std::string> FakeForm::items(std::string_view name) const { return state(name).items; }
-bool FakeForm::enabled(std::string_view name) const { return state(name).enabled; }
+std::vector<std::string> FakeForm::items(std::string_view name) const {
+    return state(name).items;
+}
+bool FakeForm::enabled(std::string_view name) const {
+    return state(name).enabled;
+}
 
 void FakeForm::setEnabled(std::string_view name, bool enabled) {
     State& control = state(name);
@@ -92,9 +98,15 @@ void FakeForm::setEnabled(std::string_view name, bool enabled) {
     }
 }
 
-bool FakeForm::visible(std::string_view name) const { return state(name).visible; }
-void FakeForm::setVisible(std::string_view name, bool visible) { state(name).visible = visible; }
-bool FakeForm::checked(std::string_view name) const { return state(name).checked; }
+bool FakeForm::visible(std::string_view name) const {
+    return state(name).visible;
+}
+void FakeForm::setVisible(std::string_view name, bool visible) {
+    state(name).visible = visible;
+}
+bool FakeForm::checked(std::string_view name) const {
+    return state(name).checked;
+}
 
 void FakeForm::setChecked(std::string_view name, bool checked) {
     State& control = state(name);
@@ -109,14 +121,18 @@ void FakeForm::setChecked(std::string_view name, bool checked) {
     control.checked = checked;
 }
 
-void FakeForm::setFocus(std::string_view name) { focused = state(name).spec->name; }
+void FakeForm::setFocus(std::string_view name) {
+    focused = state(name).spec->name;
+}
 
 void FakeForm::setCells(std::string_view name, const std::vector<std::vector<std::string>>& rows) {
     state(name);
     cells = rows;
 }
 
-void FakeForm::on(std::string_view name, Handler handler) { state(name).handler = std::move(handler); }
+void FakeForm::on(std::string_view name, Handler handler) {
+    state(name).handler = std::move(handler);
+}
 
 void FakeForm::showModal() {
     showModeless();
@@ -190,8 +206,17 @@ std::filesystem::path ownFolder() {
 
 Workplace::Workplace()
     : folder(ownFolder()),
-      platform{messages, fileDialog, clipboard, registry,        pointer, parser,
-               forms,    window,     window,    folder.string()},
+      platform{messages,
+               fileDialog,
+               clipboard,
+               registry,
+               pointer,
+               parser,
+               forms,
+               window,
+               window,
+               folder.string(),
+               (folder / "state").string()},
       editor(platform, configuration, list) {
     list.setDisplay(&display);
     editor.Form_Load();
@@ -214,6 +239,13 @@ void Workplace::openText(std::string_view bytes, const std::string& name) {
     writeFile(folder / name, bytes);
     fileDialog.choice = path(name);
     run("mnuOpenCfg");
+}
+
+void Workplace::run(std::string_view command) {
+    const bool agreed = disagreements(configuration).empty();
+    editor.commandChosen(command);
+    const auto faults = agreed ? disagreements(configuration) : brokenLinks(configuration.tree);
+    if (!faults.empty()) throw std::logic_error("after " + std::string(command) + ": " + faults.front());
 }
 
 TreeNode& Workplace::click(std::string_view key) {
@@ -243,51 +275,8 @@ void writeFile(const std::filesystem::path& path, std::string_view bytes) {
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-std::vector<std::string> disagreements(const Configuration& configuration) {
-    std::vector<std::string> found;
-    std::size_t nodes = 0;
-    for (const TreeNode* n = configuration.tree.firstAdded(); n != nullptr; n = StructureTree::nextAdded(*n)) {
-        const Key& key = n->key();
-        bool has = true;
-        switch (n->tag()) {
-            case NodeTag::Config:
-            case NodeTag::ModBus:
-                continue;
-            case NodeTag::DataType:
-                has = configuration.dataTypes.contains(key);
-                break;
-            case NodeTag::Plc:
-                has = configuration.units.contains(key);
-                break;
-            case NodeTag::Branch:
-                has = configuration.branches.contains(key);
-                break;
-            case NodeTag::Item:
-                has = configuration.items.contains(key);
-                break;
-        }
-        ++nodes;
-        if (!has) found.push_back(std::string(tagName(n->tag())) + " node without record: " + key.str());
-    }
-    const auto check = [&](const auto& collection, NodeTag tag) {
-        for (const auto& [key, record] : collection) {
-            const TreeNode* node = configuration.tree.find(key);
-            if (node == nullptr || node->tag() != tag) {
-                found.push_back(std::string(tagName(tag)) + " record without node: " + key.str());
-            }
-        }
-    };
-    check(configuration.units, NodeTag::Plc);
-    check(configuration.items, NodeTag::Item);
-    check(configuration.branches, NodeTag::Branch);
-    check(configuration.dataTypes, NodeTag::DataType);
-    const std::size_t records = configuration.units.size() + configuration.items.size() +
-                                configuration.branches.size() + configuration.dataTypes.size();
-    if (nodes != records) found.push_back("counts differ");
-    return found;
-}
-
-std::string fileText(const std::vector<std::string>& dataTypes, const std::vector<std::string>& units, bool rtu) {
+std::string fileText(const std::vector<std::string>& dataTypes, const std::vector<std::string>& units,
+                     bool rtu) {
     const std::string root = rtu ? "VOSKModBusRTUCfg" : "VOSKModBusTcpIpCfg";
     std::string text = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<" + root + ">\r\n\t<MODBUS>\r\n";
     for (const auto& line : dataTypes) text += line + "\r\n";

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "editor/frmEditing.h"
+#include "model/Invariants.h"
 #include "platform/pugi/PugiXml.h"
 
 namespace trevandix::testing {
@@ -54,7 +55,8 @@ public:
     std::vector<Pointer> shapes;
 };
 
-/// A form without a screen. `showModal` runs the test's script, which presses, types and reads as a user would.
+/// A form without a screen. `showModal` runs the test's script, which presses, types and reads as a user
+/// would.
 class FakeForm : public Form {
 public:
     explicit FakeForm(const FormSpec& spec);
@@ -77,8 +79,10 @@ public:
     void showModeless() override;
     void close() override;
 
-    // What a user does. Each refuses (throws std::logic_error) what a disabled or hidden control would not let him.
-    void type(std::string_view name, std::string_view text);    ///< replaces a text box's contents, through its filter
+    // What a user does. Each refuses (throws std::logic_error) what a disabled or hidden control would not
+    // let him.
+    void type(std::string_view name,
+              std::string_view text);  ///< replaces a text box's contents, through its filter
     void choose(std::string_view name, std::string_view item);  ///< picks an entry of a list
     void toggle(std::string_view name);                         ///< a check box; an option is chosen
     void press(std::string_view name);                          ///< a button
@@ -119,7 +123,10 @@ public:
 
 class FakeListDisplay : public ListDisplay {
 public:
-    void contentsChanged() override { selected.clear(); ++refreshes; }
+    void contentsChanged() override {
+        selected.clear();
+        ++refreshes;
+    }
     void rowChanged(std::size_t) override {}
     void setVisible(bool) override {}
     std::vector<std::size_t> selectedRows() const override { return selected; }
@@ -136,7 +143,9 @@ public:
     void focusTree() override { focus = FocusedView::Tree; }
     void showImportPanel(bool visible) override { panelVisible = visible; }
     void setPercent(int value) override { percents.push_back(value); }
-    void processEvents() override { if (onEvents) onEvents(); }
+    void processEvents() override {
+        if (onEvents) onEvents();
+    }
     void close() override { closed = true; }
     void showAboutBox() override { ++aboutShown; }
     void setStatus(StatusField field, std::string_view text) override { status[field] = text; }
@@ -189,20 +198,21 @@ public:
     clsItem& item(std::string_view key) { return *configuration.items.at(Key(key)); }
     /// Selects list rows by their text, as by the mouse, with the focus in the list.
     void selectRows(const std::vector<std::string>& texts);
-    void run(std::string_view command) { editor.commandChosen(command); }
+    /// Chooses a command. Throws when tree and collections, agreeing before, do not agree afterwards.
+    void run(std::string_view command);
 };
 
 std::string readFile(const std::filesystem::path& path);
 void writeFile(const std::filesystem::path& path, std::string_view bytes);
 
-/// Every way in which tree and collections disagree, one line each; empty when all is well.
-std::vector<std::string> disagreements(const Configuration& configuration);
+using trevandix::disagreements;
 
-/// A file of the writer's shape around the given lines of data types and units (TCP/IP unless `rtu`), CR LF added.
+/// A file of the writer's shape around the given lines of data types and units (TCP/IP unless `rtu`), CR LF
+/// added.
 std::string fileText(const std::vector<std::string>& dataTypes, const std::vector<std::string>& units,
                      bool rtu = false);
 /// One tag element's lines at a depth.
-std::string tagText(int depth, std::string_view name, std::string_view type = "HREGISTER VT_I2", int address = 1,
-                    std::string_view comment = "");
+std::string tagText(int depth, std::string_view name, std::string_view type = "HREGISTER VT_I2",
+                    int address = 1, std::string_view comment = "");
 
 }  // namespace trevandix::testing

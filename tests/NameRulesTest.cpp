@@ -150,7 +150,7 @@ TEST_F(Rekeying, TwoNodesThatWouldGetOneKeyAreRefused) {
     EXPECT_EQ(place.messages.take(), Texts{" Error n. 457  This key is already associated with an element of "
                                            "this collection in cmdOk_Click"});
     EXPECT_EQ(place.node("PLC1").text(), "PLC1");
-    EXPECT_EQ(disagreements(place.configuration), Texts{});
+    EXPECT_EQ(disagreements(place.configuration), Texts{"key of another place: elsewhere"});
 }
 
 }  // namespace

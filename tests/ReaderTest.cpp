@@ -108,6 +108,7 @@ TEST(Reader, RefusesBadFilesWithTheirMessage) {
         {with("<address>1</address>", ""), " Error n. 91  Object variable not set: <tag> has no element \"address\" in BrowseBranch"},
         {with("timeout=", "time="), " Error n. 91  Object variable not set: <PLC> has no attribute \"timeout\" in BrowsePlc"},
         {two, " Error n. 457  This key is already associated with an element of this collection in BrowsePlc"},
+        {with("PLC1", ""), " Error n. 5  Invalid procedure call or argument: a name is missing in BrowsePlc"},
         {with("PLC1", "ModBus"), " Error n. 35602  Key is not unique in collection in BrowsePlc"},
         {with("PLC1", "holding register"), " Error n. 35602"},
     };

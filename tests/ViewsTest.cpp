@@ -121,6 +121,22 @@ TEST(Views, FirstChildDecidesAboutBulkPastes) {
     EXPECT_EQ(place.list.rows()[0].text, "alpha");
 }
 
+// After a copy by dragging two nodes share a record, which names the copy; each row still leads to its own node.
+TEST(Views, RowsOfSharedRecordsLeadToTheirOwnNode) {
+    Workplace place;
+    place.openText(fileText({}, {"<PLC name='P' address='' id='1' timeout='1'><tags><A>" + tagText(5, "Run") +
+                                 "</A><B/></tags></PLC>"}));
+    place.editor.TreeView1_MouseDown(&place.node("P.A.Run"), ShiftState{false, true, false});
+    place.editor.TreeView1_OLEStartDrag();
+    place.editor.TreeView1_OLEDragOver(&place.node("P.B"));
+    place.editor.TreeView1_OLEDragDrop();
+    for (const char* branch : {"P.A", "P.B"}) {
+        place.click(branch);
+        ASSERT_EQ(place.list.rows().size(), 1U);
+        EXPECT_EQ(place.list.rows()[0].key, std::string(branch) + ".Run");
+    }
+}
+
 TEST(Views, ColumnSortIsAlwaysAscendingAndStays) {
     WaterWorks place;
     place.click("ModBus");
@@ -132,6 +148,44 @@ TEST(Views, ColumnSortIsAlwaysAscendingAndStays) {
     place.click("");
     EXPECT_TRUE(place.list.sorted());
     EXPECT_EQ(place.list.sortKey(), 1U);
+}
+
+// The status bar follows every way in which selection, contents and file change.
+TEST(Views, StatusBarFollowsTheEditor) {
+    WaterWorks place;
+    auto& status = place.window.status;
+    EXPECT_EQ(status[StatusField::Selection], place.path("test.xml"));
+    EXPECT_EQ(status[StatusField::Counts].find("4 units, "), 0U);
+    EXPECT_EQ(status[StatusField::Saved], "Saved");
+
+    place.click("Intake.PUMPS.PUMP1");
+    EXPECT_EQ(status[StatusField::Selection], "Intake.PUMPS.PUMP1");
+    place.run("mnuFind");
+    place.forms.last->type("txtFind", "PUMP2");
+    place.forms.last->press("cmdFind");
+    EXPECT_EQ(status[StatusField::Selection], "Intake.PUMPS.PUMP2");
+    place.click("");
+    place.forms.scripts.push_back([](FakeForm& form) {
+        form.type("txtName", "Outlet");
+        form.type("txtUI", "9");
+        form.press("cmdOk");
+    });
+    place.run("mnuAddPlc");
+    EXPECT_EQ(status[StatusField::Counts].find("5 units, "), 0U);
+    EXPECT_EQ(status[StatusField::Saved], "Unsaved changes");
+
+    place.registry.refuses = true;
+    place.run("mnuSaveCfg");
+    EXPECT_EQ(status[StatusField::Saved], "Saved");
+    EXPECT_NE(status[StatusField::Notice].find("not published"), std::string::npos);
+    place.registry.refuses = false;
+    place.run("mnuSaveCfg");
+    EXPECT_EQ(status[StatusField::Notice], "Published to the server: " + place.path("test.xml"));
+    place.editor.fileDropped(place.path("test.xml"));
+    EXPECT_EQ(status[StatusField::Notice], "");
+    EXPECT_EQ(status[StatusField::Counts].find("5 units, "), 0U);
+    place.run("mnuCloseCfg");
+    EXPECT_EQ(status[StatusField::Selection] + status[StatusField::Counts] + status[StatusField::Saved], "");
 }
 
 // Every menu entry and button that a flag names exists, every command has one handler, no shortcut or key is there twice.

@@ -18,7 +18,7 @@ windows_triplet=x86_64-w64-mingw32
 
 windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev cmake ninja-build dpkg-dev librsvg2-bin icoutils zip
     wine wine64 fonts-wine fonts-liberation libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2
-    libxrender1 xvfb openbox xdotool imagemagick)
+    libxrender1 xvfb openbox xdotool imagemagick xclip)
 
 # Source packages, in the order they are built: wxWidgets needs libpng.
 windows_sources=(pugixml libpng1.6 googletest wxwidgets3.2)
@@ -259,7 +259,8 @@ pack_portable() {
     mkdir -p "$folder"
     cp "$windows_output/trevandix-editor.exe" "$folder/"
     cp -r "$prefix/licences" "$folder/licences"
-    for extra in samples docs/manual.md LICENSE; do
+    "$windows_root/tools/manual.sh" "$folder/manual"
+    for extra in samples LICENSE; do
         if [ -e "$windows_root/$extra" ]; then cp -r "$windows_root/$extra" "$folder/"; fi
     done
     (cd "$windows_output" && zip -qrX trevandix-editor.zip trevandix-editor)
@@ -288,33 +289,14 @@ run_unit_tests() {
     fi
 }
 
-# Waits up to 30 seconds for a window whose title matches, and prints its id.
-wait_for_window() {
-    local window
-    for _ in {1..150}; do
-        window=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | head -n 1)
-        if [ -n "$window" ]; then
-            printf '%s\n' "$window"
-            return
-        fi
-        sleep 0.2
-    done
-    say "no window named $1"
-    return 1
-}
-
-# The program starts, shows its window, and ends with code 0 when asked to close.
+# The flows of tests/window, the same keys as on Linux.
 run_window_test() {
-    local program window code=0
-    timeout 120 wine "$windows_output/trevandix-editor.exe" &
-    program=$!
-    window=$(wait_for_window "${1:-Trevandix}") || return
-    sleep 1
-    import -window root "$windows_output/window.png"
-    timeout 20 xdotool windowfocus --sync "$window" key alt+F4
-    wait "$program" || code=$?
-    say "the program ended with code $code; picture in build/windows/window.png"
-    return "$code"
+    local flow
+    for flow in new-tcp new-rtu open-view-save editing; do
+        say "window.$flow"
+        TREVANDIX_PROGRAM=$windows_output/trevandix-editor.exe timeout 120 \
+            "$windows_root/tests/window/$flow.sh" || return
+    done
 }
 
 run_built_tests() {

@@ -9,7 +9,9 @@
 #include "editor/CommandTable.h"
 #include "editor/frmEditing.h"
 #include "model/Configuration.h"
+#include "platform/FileSafety.h"
 #include "platform/Platform.h"
+#include "platform/pugi/PugiVersion.h"
 #include "platform/pugi/PugiXml.h"
 #include "platform/wx/WxClipboard.h"
 #include "platform/wx/WxFileDialog.h"
@@ -47,8 +49,8 @@ struct Program {
     PugiXmlParser xmlParser;
     WxMainFrame* window = new WxMainFrame(commandTables(), configuration.tree, list, pointer);
     WxForms forms{*window};
-    Platform platform{messages,  fileDialog, clipboard, registry, pointer,
-                      xmlParser, forms,      *window,   *window,  programFolder()};
+    Platform platform{messages, fileDialog, clipboard, registry,        pointer,          xmlParser,
+                      forms,    *window,    *window,   programFolder(), userStateFolder()};
     frmEditing editor{platform, configuration, list};
 };
 
@@ -62,6 +64,8 @@ public:
     bool OnCmdLineParsed(wxCmdLineParser& parser) override;
 
 private:
+    void openFirst();
+
     std::unique_ptr<Program> program_;
     wxString file_;  // named on the command line
 };
@@ -72,14 +76,17 @@ bool App::OnInit() {
     SetVendorName(toWx(kCompany));
     if (!wxApp::OnInit()) return false;
     program_ = std::make_unique<Program>();
+    program_->window->setParserName(pugiVersion());
     program_->editor.Form_Load();
     program_->window->attach(&program_->editor);
     program_->window->Show();
-    if (!file_.empty()) {
-        program_->window->CallAfter(
-            [this] { program_->window->perform([this] { program_->editor.openFile(fromWx(file_)); }); });
-    }
+    program_->window->CallAfter([this] { program_->window->perform([this] { openFirst(); }); });
     return true;
+}
+
+// What a crash left comes before the file of the command line, which can be opened at any time.
+void App::openFirst() {
+    if (!program_->editor.offerRecovery() && !file_.empty()) program_->editor.openFile(fromWx(file_));
 }
 
 int App::OnExit() {

@@ -13,7 +13,8 @@ constexpr std::array kFile{
     MenuEntrySpec{"mnuOpenCfg", "&Open Configuration", "Ctrl+O", "Open a configuration file"},
     kSeparator,
     MenuEntrySpec{"mnuSaveCfg", "&Save Configuration", "Ctrl+S", "Save and publish the configuration"},
-    MenuEntrySpec{"mnuSaveAs", "Save Configuration &As", "Ctrl+Shift+S", "Save under another name and publish it"},
+    MenuEntrySpec{"mnuSaveAs", "Save Configuration &As", "Ctrl+Shift+S",
+                  "Save under another name and publish it"},
     kSeparator,
     MenuEntrySpec{"mnuCloseCfg", "&Close Configuration", "", "Close the configuration"},
     MenuEntrySpec{"mnuExit", "E&xit", "", "Leave the program"},
@@ -45,8 +46,8 @@ constexpr std::array kTools{
 };
 
 constexpr std::array kMenus{
-    MenuSpec{"mnuFile", "&File", kFile}, MenuSpec{"mnuObjects", "&Objects", kObjects},
-    MenuSpec{"mnuEdit", "&Edit", kEdit}, MenuSpec{"mnuView", "&View", kView},
+    MenuSpec{"mnuFile", "&File", kFile},    MenuSpec{"mnuObjects", "&Objects", kObjects},
+    MenuSpec{"mnuEdit", "&Edit", kEdit},    MenuSpec{"mnuView", "&View", kView},
     MenuSpec{"mnuTools", "&Tools", kTools}, MenuSpec{"mnuAbout", "&About", {}},
 };
 

@@ -4,6 +4,8 @@
 #include <limits>
 
 #include "editor/LoadProgress.h"
+#include "editor/SaveNotice.h"
+#include "editor/StatusNews.h"
 #include "editor/frmSelect.h"
 #include "platform/FileAccess.h"
 #include "platform/RuntimeError.h"
@@ -58,6 +60,8 @@ void FileCommands::mnuNewCfg_Click() {
         context_.enable(Situation::AfterNew);
         context_.configuration.createCollections();
         state.unitCounter = state.branchCounter = state.itemCounter = state.dataTypeCounter = 0;
+        context_.configuration.markUnchanged();
+        stamp_.reset();
         context_.platform.window.focusTree();
     });
 }
@@ -66,7 +70,8 @@ bool FileCommands::ShowDialSave(std::string& fileName) const {
     return reportErrors(
         context_.platform.messages, "ShowDialSave",
         [&] {
-            fileName = context_.platform.fileDialog.open("Open as existing configuration", kFilter).value_or("");
+            fileName =
+                context_.platform.fileDialog.open("Open as existing configuration", kFilter).value_or("");
         },
         "ShowDialSave ");
 }
@@ -86,13 +91,32 @@ void FileCommands::openFile(const std::string& filePath) {
 }
 
 void FileCommands::load(const std::string& filePath) {
+    const auto stamp = FileStamp::of(filePath);  // before reading: who writes meanwhile is noticed
+    if (read(filePath, filePath)) stamp_ = stamp;
+}
+
+bool FileCommands::recover(const std::string& content, const std::string& filePath,
+                           const std::optional<FileStamp>& stamp) {
+    bool recovered = false;
+    context_.guarded("mnuOpenCfg_Click", [&] {
+        recovered = read(content, filePath);
+        if (!recovered) return;
+        stamp_ = stamp;
+        context_.state().saved = false;
+        ++context_.state().otherEdits;
+    });
+    return recovered;
+}
+
+bool FileCommands::read(const std::string& source, const std::string& filePath) {
     Configuration& configuration = context_.configuration;
     // From here on the old configuration is gone, and the new one is not there before it has been read whole.
     configuration.state.configurationOpen = false;
     context_.InitObjects();
     configuration.createCollections();
     configuration.state.filePath = filePath;
-    bool read = false;
+    stamp_.reset();
+    bool complete = false;
     {
         const StructureTree::Batch batch(configuration.tree);
         configuration.buildRoot();
@@ -104,14 +128,15 @@ void FileCommands::load(const std::string& filePath) {
                                    context_.platform.pointer, [&] { progress.itemRead(); });
         window.processEvents();
         reading_ = true;
-        read = reader.ImportXML(filePath);
+        complete = reader.ImportXML(source);
         reading_ = false;
     }
-    if (read) {
+    if (complete) {
         finishLoad();
     } else {
         context_.enable(Situation::Start);
     }
+    return complete;
 }
 
 void FileCommands::finishLoad() {
@@ -124,6 +149,7 @@ void FileCommands::finishLoad() {
     state.unitCounter = counterBehind(configuration.units.size());
     state.configurationOpen = true;
     state.saved = true;
+    configuration.markUnchanged();
     context_.platform.window.setTreeVisible(true);
     context_.list.setVisible(true);
     context_.list.setSorted(false);
@@ -135,12 +161,17 @@ void FileCommands::finishLoad() {
 bool FileCommands::writeAndPublish() {
     EditingState& state = context_.state();
     ConfigurationWriter writer(context_.configuration, context_.platform.messages, context_.platform.pointer);
-    if (!writer.CreateXML(state.filePath)) {
+    const bool written = writer.CreateXML(state.filePath);
+    stamp_ = FileStamp::of(state.filePath);  // also of a partly written file: that one is ours
+    if (!written) {
         state.saved = false;
         return false;
     }
+    context_.configuration.markUnchanged();
     // Without administrator's rights this is refused; saving has succeeded all the same.
-    context_.platform.registry.publish(state.interfaceKind, state.filePath);
+    const bool published = context_.platform.registry.publish(state.interfaceKind, state.filePath);
+    context_.platform.window.setStatus(StatusField::Notice, publicationText(published, state.filePath));
+    noticeAmbiguousTexts(context_.configuration, context_.platform.window);
     state.saved = true;
     return true;
 }
@@ -151,8 +182,20 @@ void FileCommands::mnuSaveCfg_Click() {
     });
 }
 
+// Asks when the file is no longer the one that was opened or saved here. True when the user wants to leave it
+// so.
+bool FileCommands::overwritesOthersWork() const {
+    const std::string& path = context_.state().filePath;
+    const auto now = FileStamp::of(path);
+    if (!stamp_ || !now || now == stamp_) return false;
+    return !context_.platform.messages.confirms("File " + path + " was changed by another program on " +
+                                                now->localTime() + " (opened or saved here on " +
+                                                stamp_->localTime() + "). Save all the same?");
+}
+
 void FileCommands::save() {
     const std::string& path = context_.state().filePath;
+    if (overwritesOthersWork()) return;
     Answer answer = Answer::Yes;
     if (fileExists(path)) {
         answer = context_.platform.messages.show("File " + path + " already existing. Overwrite?",
@@ -173,8 +216,8 @@ void FileCommands::mnuSaveAs_Click() {
 }
 
 void FileCommands::saveAs() {
-    const auto fileName =
-        context_.platform.fileDialog.save("Save configuration", kFilter, context_.state().interfaceKind + ".xml");
+    const auto fileName = context_.platform.fileDialog.save("Save configuration", kFilter,
+                                                            context_.state().interfaceKind + ".xml");
     if (!fileName) throw RuntimeError(ErrorNumber::CancelWasSelected);
     if (fileName->empty()) return;
     context_.configuration.setFilePath(*fileName);
@@ -191,15 +234,22 @@ void FileCommands::mnuCloseCfg_Click() {
         context_.configuration.items.clear();
         context_.configuration.units.clear();
         context_.configuration.branches.clear();
+        context_.configuration.markUnchanged();
     });
+}
+
+// The program ends whatever comes of it.
+void FileCommands::saveAtEnd() {
+    const EditingState& state = context_.state();
+    if (!state.configurationOpen || state.saved || !context_.platform.messages.confirms(kSaveActive)) return;
+    mnuSaveCfg_Click();
+    if (!state.saved && keepUnsaved_) keepUnsaved_();
 }
 
 void FileCommands::mnuExit_Click() {
     context_.guarded("mnuExit_Click", [&] {
         EditingState& state = context_.state();
-        if (state.configurationOpen && !state.saved && context_.platform.messages.confirms(kSaveActive)) {
-            mnuSaveCfg_Click();
-        }
+        saveAtEnd();
         state.configurationOpen = false;
         context_.platform.window.close();
     });
@@ -208,9 +258,7 @@ void FileCommands::mnuExit_Click() {
 void FileCommands::unload() {
     context_.guarded("Form_Unload", [&] {
         EditingState& state = context_.state();
-        if (state.configurationOpen && !state.saved && context_.platform.messages.confirms(kSaveActive)) {
-            mnuSaveCfg_Click();
-        }
+        saveAtEnd();
         state.configurationOpen = false;
         context_.configuration.units.clear();
         context_.configuration.items.clear();

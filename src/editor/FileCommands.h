@@ -1,10 +1,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "editor/EditorContext.h"
+#include "editor/FileStamp.h"
 #include "editor/TreeAndList.h"
 
 namespace trevandix {
@@ -18,6 +20,10 @@ public:
     void mnuOpenCfg_Click();
     /// As if the file had been chosen in the Open dialog.
     void openFile(const std::string& filePath);
+    /// Opens what a run before left unsaved, as the changed configuration of `filePath`, which had that
+    /// stamp. False when it cannot be read; the user has been told then.
+    bool recover(const std::string& content, const std::string& filePath,
+                 const std::optional<FileStamp>& stamp);
     void mnuSaveCfg_Click();
     void mnuSaveAs_Click();
     void mnuCloseCfg_Click();
@@ -25,6 +31,12 @@ public:
     /// The window closes: asks, saves when wanted, and goes on whatever came of it.
     void unload();
 
+    /// Called when the program ends although the user wanted to save and could not, before anything is
+    /// released.
+    void onUnsavedEnd(std::function<void()> keep) { keepUnsaved_ = std::move(keep); }
+
+    /// Of the configuration's file when it was opened or last saved; nothing when it was neither.
+    const std::optional<FileStamp>& stamp() const { return stamp_; }
     /// True while a file is being read.
     bool reading() const { return reading_; }
 
@@ -33,15 +45,20 @@ private:
     SaveQuestion askToSave(std::string_view question);
     bool ShowDialSave(std::string& fileName) const;
     void load(const std::string& filePath);
+    bool read(const std::string& source, const std::string& filePath);
     void finishLoad();
     bool writeAndPublish();
     void save();
+    void saveAtEnd();
+    bool overwritesOthersWork() const;
     void saveAs();
     std::string defaultFilePath() const;
 
     const EditorContext& context_;
     TreeAndList& views_;
     bool reading_ = false;
+    std::optional<FileStamp> stamp_;
+    std::function<void()> keepUnsaved_;
 };
 
 }  // namespace trevandix

@@ -13,7 +13,7 @@ std::string counted(std::size_t count, std::string_view one, std::string_view ma
 void StatusNews::update() {
     const Configuration& configuration = context_.configuration;
     const EditingState& state = configuration.state;
-    if (!state.configurationOpen) {
+    if (!state.configurationOpen || configuration.tree.root() == nullptr) {
         for (const StatusField field : {StatusField::Selection, StatusField::Counts, StatusField::Saved}) show(field, "");
         return;
     }

@@ -98,6 +98,8 @@ void TreeAndList::showBranch(const TreeNode& node) {
     for (; child != nullptr; child = child->nextSibling()) {
         if (child->tag() != NodeTag::Item) continue;
         context_.configuration.items.at(child->key())->AddToListView(context_.list, true);
+        // A record shared by two nodes names only one of them; the row leads back to the node that it shows.
+        context_.list.setKey(context_.list.rows().size() - 1, child->key());
     }
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "editor/AgreementCheck.h"
 #include "editor/CommandTable.h"
 
 namespace trevandix {
@@ -16,7 +17,10 @@ frmEditing::frmEditing(Platform& platform, Configuration& configuration, ListVie
       clipboard_(context_, views_),
       bulkPaste_(context_),
       drag_(context_),
-      find_(context_) {}
+      find_(context_, [this] { news_.update(); }),
+      recovery_(context_, file_) {
+    file_.onUnsavedEnd([this] { recovery_.keepForNextStart(); });
+}
 
 void frmEditing::Form_Load() {
     context_.InitObjects();
@@ -24,7 +28,10 @@ void frmEditing::Form_Load() {
     loading_ = false;
 }
 
-void frmEditing::openFile(const std::string& filePath) { file_.openFile(filePath); }
+void frmEditing::openFile(const std::string& filePath) {
+    file_.openFile(filePath);
+    news_.update();
+}
 
 frmEditing::Handler frmEditing::handlerOf(std::string_view command) {
     using Row = std::pair<std::string_view, Handler>;
@@ -60,7 +67,11 @@ frmEditing::Handler frmEditing::handlerOf(std::string_view command) {
 void frmEditing::commandChosen(std::string_view command) {
     // While a file is read the window is alive, but nothing may change what is being built.
     if (file_.reading()) return;
+    const AgreementCheck check(context_.configuration);
     if (const Handler handler = handlerOf(command)) handler(*this);
+    // Comments change in place.
+    if (command == "mnuPasteComment") ++context_.state().otherEdits;
+    news_.update();
 }
 
 void frmEditing::Toolbar1_ButtonClick(std::string_view key) {
@@ -74,14 +85,27 @@ void frmEditing::Toolbar1_ButtonClick(std::string_view key) {
 void frmEditing::Form_Unload() {
     file_.unload();
     find_.unload();
+    recovery_.end();
+}
+
+std::chrono::milliseconds frmEditing::idle(std::chrono::steady_clock::time_point now,
+                                           std::chrono::steady_clock::time_point lastInput) {
+    return recovery_.idle(now, lastInput);
 }
 
 void frmEditing::TreeView1_NodeClick(TreeNode& node) {
-    if (!file_.reading()) views_.TreeView1_NodeClick(node);
+    if (file_.reading()) return;
+    views_.TreeView1_NodeClick(node);
+    news_.update();
 }
 
 void frmEditing::TreeView1_DblClick() {
-    if (!file_.reading()) objects_.TreeView1_DblClick();
+    if (file_.reading()) return;
+    const TreeNode* node = context_.tree().selected();
+    const bool dataType = node != nullptr && node->tag() == NodeTag::DataType;  // keeps its node when renamed
+    const AgreementCheck check(context_.configuration, dataType);
+    objects_.TreeView1_DblClick();
+    news_.update();
 }
 
 void frmEditing::treeExpansionChanged(TreeNode& node, bool expanded) {
@@ -106,10 +130,28 @@ bool frmEditing::TreeView1_MouseDown(TreeNode* node, ShiftState shift) {
     return !file_.reading() && drag_.TreeView1_MouseDown(node, shift);
 }
 
-DropEffect frmEditing::TreeView1_OLEStartDrag() { return drag_.TreeView1_OLEStartDrag(); }
-void frmEditing::TreeView1_OLEDragOver(TreeNode* node) { drag_.TreeView1_OLEDragOver(node); }
-bool frmEditing::dropAllowed(const TreeNode* node) const { return drag_.dropAllowed(node); }
-void frmEditing::TreeView1_OLEDragDrop() { drag_.TreeView1_OLEDragDrop(); }
-void frmEditing::dragCancelled() { drag_.dragCancelled(); }
+DropEffect frmEditing::TreeView1_OLEStartDrag() {
+    return drag_.TreeView1_OLEStartDrag();
+}
+void frmEditing::TreeView1_OLEDragOver(TreeNode* node) {
+    drag_.TreeView1_OLEDragOver(node);
+}
+bool frmEditing::dropAllowed(const TreeNode* node) const {
+    return drag_.dropAllowed(node);
+}
+void frmEditing::dragCancelled() {
+    drag_.dragCancelled();
+}
+
+void frmEditing::fileDropped(const std::string& filePath) {
+    if (!file_.reading()) openFile(filePath);
+}
+
+void frmEditing::TreeView1_OLEDragDrop() {
+    const AgreementCheck check(context_.configuration, true);
+    drag_.TreeView1_OLEDragDrop();
+    ++context_.state().otherEdits;  // nodes of units have no records that would count
+    news_.update();
+}
 
 }  // namespace trevandix

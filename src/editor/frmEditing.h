@@ -8,6 +8,8 @@
 #include "editor/EditorContext.h"
 #include "editor/FileCommands.h"
 #include "editor/ObjectCommands.h"
+#include "editor/Recovery.h"
+#include "editor/StatusNews.h"
 #include "editor/TreeAndList.h"
 #include "editor/frmFind.h"
 
@@ -23,11 +25,16 @@ public:
     void Form_Load();
     /// Opens a file as if it had been chosen in the Open dialog.
     void openFile(const std::string& filePath);
+    /// Asks about unsaved work of a run that did not end properly. True when it was taken back and is open
+    /// now.
+    bool offerRecovery() { return recovery_.offer(); }
     void Toolbar1_ButtonClick(std::string_view key);
 
     void commandChosen(std::string_view command) override;
     bool loading() const override { return loading_; }
     void Form_Unload() override;
+    std::chrono::milliseconds idle(std::chrono::steady_clock::time_point now,
+                                   std::chrono::steady_clock::time_point lastInput) override;
     void TreeView1_NodeClick(TreeNode& node) override;
     void TreeView1_DblClick() override;
     void treeExpansionChanged(TreeNode& node, bool expanded) override;
@@ -40,6 +47,7 @@ public:
     bool dropAllowed(const TreeNode* node) const override;
     void TreeView1_OLEDragDrop() override;
     void dragCancelled() override;
+    void fileDropped(const std::string& filePath) override;
 
 private:
     using Handler = void (*)(frmEditing&);
@@ -47,6 +55,7 @@ private:
     static Handler handlerOf(std::string_view command);
 
     EditorContext context_;
+    StatusNews news_{context_};
     TreeAndList views_;
     FileCommands file_;
     ObjectCommands objects_;
@@ -54,6 +63,7 @@ private:
     BulkPaste bulkPaste_;
     DragAndDrop drag_;
     frmFind find_;
+    Recovery recovery_;
     bool loading_ = true;
 };
 

@@ -74,6 +74,7 @@ void frmFind::selectMatch(std::size_t passed) {
         context_.platform.window.focusTree();
         tree.ensureVisible(*node);
         tree.select(node);
+        selected_();
         return;
     }
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "editor/EditorContext.h"
 
@@ -11,7 +13,9 @@ namespace trevandix {
 /// the order in which the nodes were added. The list keeps what it shows.
 class frmFind {
 public:
-    explicit frmFind(const EditorContext& context) : context_(context) {}
+    /// `selected` is called when a match has been selected.
+    frmFind(const EditorContext& context, std::function<void()> selected)
+        : context_(context), selected_(std::move(selected)) {}
 
     /// Shows the window, loading it first if needed.
     void mnuFind_Click();
@@ -26,6 +30,7 @@ private:
     void selectMatch(std::size_t passed);
 
     const EditorContext& context_;
+    std::function<void()> selected_;
     std::unique_ptr<Form> form_;
     /// A closed window lives on unseen until it is opened again: it may be closed from one of its own
     /// handlers.

@@ -4,6 +4,10 @@
 
 namespace trevandix {
 
+std::uint64_t Configuration::edits() const {
+    return state.otherEdits + units.changes() + items.changes() + branches.changes() + dataTypes.changes();
+}
+
 void Configuration::createCollections() {
     units.clear();
     items.clear();
@@ -29,6 +33,8 @@ void Configuration::setFilePath(std::string_view path) {
 template <typename Record>
 TreeNode& Configuration::add(KeyedCollection<Record>& collection, std::shared_ptr<Record> record,
                              const Key& key, TreeNode& parent, std::string_view text, const NodeLook& look) {
+    // Without a key the node could never be found again, not even to save it.
+    if (key.empty()) throw RuntimeError(ErrorNumber::InvalidCall, "a name is missing");
     collection.add(std::move(record), key);
     return addNode(collection, key, parent, text, look);
 }

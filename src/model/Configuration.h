@@ -34,6 +34,10 @@ struct EditingState {
     std::int16_t branchCounter = 0;
     std::int16_t itemCounter = 0;
     std::int16_t dataTypeCounter = 0;
+    /// Raised by edits that replace no record: comments, and nodes without records of their own.
+    std::uint64_t otherEdits = 0;
+    /// What `Configuration::edits` was when the configuration was begun, opened or saved.
+    std::uint64_t editsOnDisk = 0;
 };
 
 /// The one open configuration: records in four keyed collections, their nodes in the tree, and the editing
@@ -47,6 +51,14 @@ public:
     KeyedCollection<clsModBusType> dataTypes;
     StructureTree tree;
     EditingState state;
+
+    /// Another number after every edit of what a file would hold.
+    std::uint64_t edits() const;
+    /// Another number after every edit and every change of the tree's order besides.
+    std::uint64_t changes() const { return edits() + tree.changes(); }
+    /// There is nothing to lose: all edits so far are in the file, or given up.
+    void markUnchanged() { state.editsOnDisk = edits(); }
+    bool changed() const { return edits() != state.editsOnDisk; }
 
     /// Four empty collections.
     void createCollections();

@@ -36,7 +36,9 @@ Key::Key(const Key& container, std::string_view name) {
     seal(rep_);
 }
 
-std::string_view Key::parent() const { return parentKey(view()); }
+std::string_view Key::parent() const {
+    return parentKey(view());
+}
 
 std::string_view parentKey(std::string_view key) {
     const std::size_t dot = key.rfind('.');

@@ -10,8 +10,8 @@
 
 namespace trevandix {
 
-/// An immutable key text, shared between a record, its tree node and the collections' indexes, so that a key costs
-/// its characters once. Copies are cheap; the hash is computed once. Not for use from several threads.
+/// An immutable key text, shared between a record, its tree node and the collections' indexes, so that a key
+/// costs its characters once. Copies are cheap; the hash is computed once. Not for use from several threads.
 class Key {
 public:
     Key() = default;

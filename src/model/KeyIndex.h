@@ -7,9 +7,10 @@
 
 namespace trevandix {
 
-/// Finds by key what holds it. `Handle` is a pointer or an iterator to something with a `key()`, which must not
-/// change while it is in here. Open addressing with the hashes in the table: with a million entries every node that a
-/// std::unordered_map touches on its way is a cache miss, which made up a third of the time to read a file.
+/// Finds by key what holds it. `Handle` is a pointer or an iterator to something with a `key()`, which must
+/// not change while it is in here. Open addressing with the hashes in the table: with a million entries every
+/// node that a std::unordered_map touches on its way is a cache miss, which made up a third of the time to
+/// read a file.
 template <typename Handle>
 class KeyIndex {
 public:
@@ -53,7 +54,8 @@ private:
         Handle handle{};
     };
     static constexpr std::size_t kFree = 0;
-    static constexpr std::size_t kUsed = ~(~std::size_t{0} >> 1);  // the top bit, so that no mark equals kFree
+    static constexpr std::size_t kUsed =
+        ~(~std::size_t{0} >> 1);  // the top bit, so that no mark equals kFree
 
     static std::size_t markOf(const Key& key) { return key.hash() | kUsed; }
     std::size_t mask() const { return cells_.size() - 1; }
@@ -63,7 +65,8 @@ private:
     std::size_t search(const Key& key) const {
         const std::size_t mark = markOf(key);
         std::size_t place = mark & mask();
-        while (cells_[place].mark != kFree && (cells_[place].mark != mark || !(cells_[place].handle->key() == key))) {
+        while (cells_[place].mark != kFree &&
+               (cells_[place].mark != mark || !(cells_[place].handle->key() == key))) {
             place = after(place);
         }
         return place;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <list>
 #include <memory>
@@ -12,8 +13,8 @@
 
 namespace trevandix {
 
-/// Records in order of addition, found and removed by key in constant time. Keys compare exactly. A record may stand
-/// under more than one key (a copy made by dragging shares it), hence the shared ownership.
+/// Records in order of addition, found and removed by key in constant time. Keys compare exactly. A record
+/// may stand under more than one key (a copy made by dragging shares it), hence the shared ownership.
 template <typename Record>
 class KeyedCollection {
 public:
@@ -66,6 +67,7 @@ public:
         added.emplace_back(std::move(record), key);
         if (!index_.insert(added.begin())) throw RuntimeError(ErrorNumber::KeyInCollection);
         entries_.splice(entries_.end(), added);
+        ++changes_;
     }
 
     /// Errors: InvalidCall when no record has the key.
@@ -73,6 +75,7 @@ public:
         const Handle place = handle(key);
         index_.erase(key);
         entries_.erase(place);
+        ++changes_;
     }
 
     /// The record under the key, or nullptr.
@@ -84,8 +87,9 @@ public:
     /// Errors: InvalidCall when no record has the key.
     const Pointer& at(const Key& key) const { return handle(key)->record; }
 
-    /// The same, looked for at `place` first, which then moves behind the record found: who asks in about the order
-    /// of addition saves the search. `place` may start at begin(); changes of the collection make it invalid.
+    /// The same, looked for at `place` first, which then moves behind the record found: who asks in about the
+    /// order of addition saves the search. `place` may start at begin(); changes of the collection make it
+    /// invalid.
     const Pointer& at(const Key& key, Iterator& place) const {
         if (place == end() || !((*place).first == key)) place = Iterator(handle(key));
         return (*place++).second;
@@ -101,9 +105,12 @@ public:
 
     std::size_t size() const { return entries_.size(); }
     bool empty() const { return entries_.empty(); }
+    /// Another number after every addition and removal.
+    std::uint64_t changes() const { return changes_; }
     void clear() {
         index_ = {};
         entries_.clear();
+        ++changes_;
     }
 
     Iterator begin() const { return Iterator(entries_.begin()); }
@@ -118,6 +125,7 @@ private:
 
     KeyIndex<Handle> index_;
     Entries entries_;
+    std::uint64_t changes_ = 0;
 };
 
 }  // namespace trevandix

@@ -84,8 +84,8 @@ std::string padded(int value, const char* pattern) {
 }  // namespace
 
 void clsItem::SetByXml(const XmlElement& element, const Key& container) {
-    constexpr std::array<std::string_view, 7> kNames{"name",    "comment", "address", "datatype", "accessrights",
-                                                     "databit", "elements"};
+    constexpr std::array<std::string_view, 7> kNames{"name",         "comment", "address", "datatype",
+                                                     "accessrights", "databit", "elements"};
     std::array<XmlElement, kNames.size()> children;
     element.findChildren(kNames, children);
     const auto& [name, comment, address, dataType, accessRights, dataBit, elements] = children;

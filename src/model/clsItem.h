@@ -13,7 +13,8 @@ class Form;
 class ListView;
 class XmlElement;
 
-/// An OPC tag: a named value at a Modbus address of one unit. Members stand in the order of the record's interface.
+/// An OPC tag: a named value at a Modbus address of one unit. Members stand in the order of the record's
+/// interface.
 class clsItem {
 public:
     /// Elements of an array or length of a string; else 0.
@@ -41,9 +42,11 @@ public:
     /// From a tag element; `container` is the key of the unit or branch around it.
     /// Errors: ObjectNotSet for a missing element, Overflow.
     void SetByXml(const XmlElement& element, const Key& container);
-    /// From the item dialog's controls; `container` is the key of the node that holds the item. Errors: Overflow.
+    /// From the item dialog's controls; `container` is the key of the node that holds the item. Errors:
+    /// Overflow.
     void SetByForm(const Form& dialog, const Key& container);
-    /// Copies `source` for `container`; beside the item it was copied from, the name gets "_" and the counter.
+    /// Copies `source` for `container`; beside the item it was copied from, the name gets "_" and the
+    /// counter.
     void SetByCopy(const clsItem& source, const Key& container, std::int16_t copyCounter);
     std::string_view getParentKey() const { return sKey_.parent(); }
     /// `index` adds the sort key of table, address and bit as a last column.

@@ -28,8 +28,8 @@ struct ToolButtonSpec {
     int group;
 };
 
-/// A key of its own that stands behind no menu entry, such as "F3". It counts in the main window and in the modeless
-/// windows beside it.
+/// A key of its own that stands behind no menu entry, such as "F3". It counts in the main window and in the
+/// modeless windows beside it.
 struct ShortcutSpec {
     std::string_view shortcut;
     std::string_view command;

@@ -28,19 +28,29 @@ std::FILE* openFile(const std::string& filePath, const char* mode) {
     return file;
 }
 
+namespace {
+[[noreturn]] void throwTooLarge() {
+    throw RuntimeError(ErrorNumber::OutOfMemory,
+                       "the file has more than " + std::to_string(kLargestFile >> 20U) + " MiB");
+}
+}  // namespace
+
 std::string readWholeFile(const std::string& filePath) {
     std::error_code error;
-    if (std::filesystem::is_directory(fromUtf8(filePath), error)) throw RuntimeError(ErrorNumber::PathFileAccess);
+    if (std::filesystem::is_directory(fromUtf8(filePath), error))
+        throw RuntimeError(ErrorNumber::PathFileAccess);
     struct Closer {
         void operator()(std::FILE* file) const { std::fclose(file); }
     };
     const std::unique_ptr<std::FILE, Closer> file(openFile(filePath, "rb"));
     const auto size = std::filesystem::file_size(fromUtf8(filePath), error);
+    if (!error && size > kLargestFile) throwTooLarge();
     std::string bytes(error ? 0 : static_cast<std::size_t>(size), '\0');
     std::size_t length = std::fread(bytes.data(), 1, bytes.size(), file.get());
     // What the size did not tell (a pipe, a file that grows) is read piece by piece.
     constexpr std::size_t kPiece = std::size_t{1} << 16;
     for (std::size_t got = length; got == bytes.size() && std::ferror(file.get()) == 0;) {
+        if (length > kLargestFile) throwTooLarge();
         bytes.resize(length + kPiece);
         const std::size_t more = std::fread(bytes.data() + length, 1, kPiece, file.get());
         length += more;

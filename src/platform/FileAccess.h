@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <string>
@@ -14,11 +15,15 @@ std::string toUtf8(const std::filesystem::path& path);
 /// Opens a file. The caller closes it. Errors as `throwFileError`.
 std::FILE* openFile(const std::string& filePath, const char* mode);
 
-/// The whole file. Errors as `throwFileError`; PathFileAccess for a folder.
+/// Far beyond any plant, and still read within the memory that machines have.
+inline constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 30;
+
+/// The whole file. Errors as `throwFileError`; PathFileAccess for a folder; OutOfMemory for more than
+/// kLargestFile bytes, before they are read.
 std::string readWholeFile(const std::string& filePath);
 
-/// Throws the RuntimeError that an `errno` of a file operation stands for: FileNotFound, PermissionDenied, DiskFull,
-/// OutOfMemory or PathFileAccess.
+/// Throws the RuntimeError that an `errno` of a file operation stands for: FileNotFound, PermissionDenied,
+/// DiskFull, OutOfMemory or PathFileAccess.
 [[noreturn]] void throwFileError(int error);
 
 }  // namespace trevandix

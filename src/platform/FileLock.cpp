@@ -22,7 +22,9 @@ std::unique_ptr<FileLock> FileLock::tryLock(const std::string& filePath) {
     return std::unique_ptr<FileLock>(new FileLock(handle));
 }
 
-FileLock::~FileLock() { CloseHandle(handle_); }
+FileLock::~FileLock() {
+    CloseHandle(handle_);
+}
 
 #else
 
@@ -34,7 +36,9 @@ std::unique_ptr<FileLock> FileLock::tryLock(const std::string& filePath) {
     return nullptr;
 }
 
-FileLock::~FileLock() { close(handle_); }
+FileLock::~FileLock() {
+    close(handle_);
+}
 
 #endif
 

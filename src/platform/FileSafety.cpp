@@ -54,11 +54,13 @@ std::string userStateFolder() {
 #else
 
 namespace {
-std::error_code lastError() { return {errno, std::generic_category()}; }
+std::error_code lastError() {
+    return {errno, std::generic_category()};
+}
 }  // namespace
 
-// Not every file system has the one step that never replaces; those that lack it mostly have hard links, which never
-// replace either; the others have no more than a look before.
+// Not every file system has the one step that never replaces; those that lack it mostly have hard links,
+// which never replace either; the others have no more than a look before.
 std::error_code moveToFreeName(const std::string& from, const std::string& to) {
 #ifdef RENAME_NOREPLACE
     if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return {};
@@ -83,14 +85,16 @@ void syncFile(std::FILE* file) {
     errno = 0;
     if (std::fflush(file) != 0) throwFileError(errno);
     // What is no file on a disk cannot be brought there.
-    if (fsync(fileno(file)) != 0 && errno != EINVAL && errno != ENOTSUP && errno != EROFS) throwFileError(errno);
+    if (fsync(fileno(file)) != 0 && errno != EINVAL && errno != ENOTSUP && errno != EROFS)
+        throwFileError(errno);
 }
 
 std::string userStateFolder() {
     const char* state = std::getenv("XDG_STATE_HOME");
     if (state != nullptr && *state == '/') return std::string(state) + "/trevandix-editor";
     const char* home = std::getenv("HOME");
-    return home != nullptr && *home == '/' ? std::string(home) + "/.local/state/trevandix-editor" : std::string();
+    return home != nullptr && *home == '/' ? std::string(home) + "/.local/state/trevandix-editor"
+                                           : std::string();
 }
 
 #endif

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace trevandix {
@@ -58,6 +60,10 @@ public:
     virtual ~MainWindowEvents() = default;
     /// A menu entry, toolbar button or shortcut; `command` is the menu entry's name.
     virtual void commandChosen(std::string_view command) = 0;
+    /// Asked now and then, also while a dialog is open; `lastInput` is when the user last did anything.
+    /// Returns when to ask again.
+    virtual std::chrono::milliseconds idle(std::chrono::steady_clock::time_point now,
+                                           std::chrono::steady_clock::time_point lastInput) = 0;
     /// False until the window's initial layout stands; the window scales nothing before.
     virtual bool loading() const = 0;
     /// The window is closing, by whatever means.
@@ -86,6 +92,9 @@ public:
     virtual void TreeView1_OLEDragDrop() = 0;
     /// The drag ended without a drop.
     virtual void dragCancelled() = 0;
+
+    /// A file was dropped on the window from another program. `filePath` as the system gives it.
+    virtual void fileDropped(const std::string& filePath) = 0;
 };
 
 }  // namespace trevandix

@@ -22,6 +22,7 @@ struct Platform {
     MainWindow& window;
     CommandBar& commands;
     std::string programFolder;  ///< where New proposes its file, without a trailing separator
+    std::string stateFolder{};  ///< where unsaved work is kept for a crash; empty for nowhere
 };
 
 }  // namespace trevandix

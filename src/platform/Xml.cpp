@@ -4,8 +4,16 @@
 
 namespace trevandix {
 
-bool XmlElement::isElement() const { return document_->isElement(node_); }
-std::string_view XmlElement::name() const { return document_->name(node_); }
+XmlParseError::XmlParseError(std::size_t line, std::string_view reason)
+    : RuntimeError(ErrorNumber::XmlParse, "line " + std::to_string(line) + ", " + std::string(reason)),
+      line_(line) {}
+
+bool XmlElement::isElement() const {
+    return document_->isElement(node_);
+}
+std::string_view XmlElement::name() const {
+    return document_->name(node_);
+}
 
 bool XmlElement::isNamed(std::string_view upper) const {
     const std::string_view own = name();
@@ -17,10 +25,18 @@ bool XmlElement::isNamed(std::string_view upper) const {
     return true;
 }
 
-XmlElement XmlElement::parent() const { return {document_, document_->parent(node_)}; }
-XmlElement XmlElement::firstChild() const { return {document_, document_->firstChild(node_)}; }
-XmlElement XmlElement::nextSibling() const { return {document_, document_->nextSibling(node_)}; }
-XmlElement XmlElement::child(std::string_view name) const { return {document_, document_->child(node_, name)}; }
+XmlElement XmlElement::parent() const {
+    return {document_, document_->parent(node_)};
+}
+XmlElement XmlElement::firstChild() const {
+    return {document_, document_->firstChild(node_)};
+}
+XmlElement XmlElement::nextSibling() const {
+    return {document_, document_->nextSibling(node_)};
+}
+XmlElement XmlElement::child(std::string_view name) const {
+    return {document_, document_->child(node_, name)};
+}
 
 void XmlElement::findChildren(std::span<const std::string_view> names, std::span<XmlElement> found) const {
     document_->findChildren(node_, names, found);
@@ -35,6 +51,8 @@ std::string XmlElement::text() const {
     return std::string(text(buffer));
 }
 
-std::string_view XmlElement::text(std::string& buffer) const { return document_->text(node_, buffer); }
+std::string_view XmlElement::text(std::string& buffer) const {
+    return document_->text(node_, buffer);
+}
 
 }  // namespace trevandix

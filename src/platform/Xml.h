@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/RuntimeError.h"
+
 namespace trevandix {
 
 class XmlDocument;
@@ -30,8 +32,9 @@ public:
     XmlElement nextSibling() const;
     /// The first child element of exactly this name, or an empty handle.
     XmlElement child(std::string_view name) const;
-    /// The first child of each of the names, in one walk; an empty handle stays where there is none. It is quickest
-    /// where the children stand in the order of the names. `found` has as many places as there are names.
+    /// The first child of each of the names, in one walk; an empty handle stays where there is none. It is
+    /// quickest where the children stand in the order of the names. `found` has as many places as there are
+    /// names.
     void findChildren(std::span<const std::string_view> names, std::span<XmlElement> found) const;
     /// The attribute's value; nothing when it is missing.
     std::optional<std::string_view> attribute(std::string_view name) const;
@@ -50,6 +53,9 @@ class XmlDocument {
 public:
     virtual ~XmlDocument() = default;
     virtual XmlElement root() const = 0;
+    /// True once something was met that is well-formed but that the writer itself never means: it may be
+    /// markup that stands, not escaped, inside a value, which a parser reads as something else.
+    virtual bool doubtful() const { return false; }
 
 private:
     friend class XmlElement;
@@ -65,11 +71,21 @@ private:
     virtual std::string_view text(const void* node, std::string& buffer) const = 0;
 };
 
+/// A text that cannot be read, with the line (from 1) where it cannot and the reason.
+class XmlParseError : public RuntimeError {
+public:
+    XmlParseError(std::size_t line, std::string_view reason);
+    std::size_t line() const { return line_; }
+
+private:
+    std::size_t line_;
+};
+
 /// Loads documents from files.
 class XmlParser {
 public:
     virtual ~XmlParser() = default;
-    /// Errors: FileNotFound, PathFileAccess, PermissionDenied, XmlParse (with line and reason).
+    /// Errors: FileNotFound, PathFileAccess, PermissionDenied, XmlParseError, OutOfMemory (too large).
     virtual std::unique_ptr<XmlDocument> load(const std::string& filePath) = 0;
 };
 

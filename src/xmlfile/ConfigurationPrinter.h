@@ -8,14 +8,14 @@ namespace trevandix {
 
 class Latin1File;
 
-/// Prints a configuration line by line, all at once or a piece at a time. Whoever prints in pieces gives up when the
-/// configuration changes in between (`Configuration::changes`).
+/// Prints a configuration line by line, all at once or a piece at a time. Whoever prints in pieces gives up
+/// when the configuration changes in between (`Configuration::changes`).
 class ConfigurationPrinter {
 public:
     explicit ConfigurationPrinter(const Configuration& configuration) : configuration_(configuration) {}
 
-    /// Prints on for about as many nodes. False when everything is printed. Errors: those of the file; ElementNotFound
-    /// and InvalidCall where tree and collections disagree.
+    /// Prints on for about as many nodes. False when everything is printed. Errors: those of the file;
+    /// ElementNotFound and InvalidCall where tree and collections disagree.
     bool printSome(Latin1File& file, std::size_t nodes);
 
 private:

@@ -2,8 +2,10 @@
 
 #include <vector>
 
+#include "platform/FileAccess.h"
 #include "platform/RuntimeError.h"
 #include "xmlfile/FormatWords.h"
+#include "xmlfile/LineDocument.h"
 
 namespace trevandix {
 
@@ -18,14 +20,54 @@ ConfigurationReader::ConfigurationReader(Configuration& configuration, XmlParser
 bool ConfigurationReader::ImportXML(const std::string& filePath) {
     const PointerScope hourglass(pointer_, Pointer::Hourglass);
     bool valid = false;
-    const bool finished = reportErrors(messages_, "ImportXML", [&] { valid = readDocument(filePath); });
+    const bool finished = reportErrors(messages_, "ImportXML", [&] { valid = readFile(filePath); });
     if (finished && !valid) messages_.show("The configuration file is not valid.");
     return finished && valid;
 }
 
-bool ConfigurationReader::readDocument(const std::string& filePath) {
-    const std::unique_ptr<XmlDocument> document = parser_.load(filePath);
-    const XmlElement root = document->root();
+bool ConfigurationReader::readFile(const std::string& filePath) {
+    bool parsed = false;
+    bool valid = false;
+    try {
+        const std::unique_ptr<XmlDocument> document = parser_.load(filePath);
+        parsed = true;
+        valid = readDocument(*document);
+        if (!document->doubtful()) return valid;
+    } catch (const XmlParseError& notXml) {
+        try {
+            return readLines(filePath, References::Writer, false);
+        } catch (const XmlParseError& notTheWriters) {
+            if (notTheWriters.line() > 1 && notTheWriters.line() >= notXml.line()) throw;
+        }
+        throw;
+    } catch (const RuntimeError& error) {
+        if (!parsed || error.number() == ErrorNumber::OutOfMemory) throw;
+        try {
+            return readLines(filePath, References::Xml, true);
+        } catch (const XmlParseError&) {  // another program's file: the failure is its own
+        }
+        throw;
+    }
+    try {
+        return readLines(filePath, References::Xml, true);
+    } catch (const XmlParseError&) {
+        return valid;
+    }
+}
+
+bool ConfigurationReader::readLines(const std::string& filePath, References references, bool again) {
+    const LineDocument lines(readWholeFile(filePath), references);
+    if (again) {
+        configuration_.createCollections();
+        configuration_.tree.clear();
+        configuration_.buildRoot();
+        keyBytes_ = 0;
+    }
+    return readDocument(lines);
+}
+
+bool ConfigurationReader::readDocument(const XmlDocument& document) {
+    const XmlElement root = document.root();
     const FileKind* kind = fileKindOfRoot(root);
     if (kind == nullptr) return false;
     configuration_.state.interfaceKind = kind->interfaceKind;
@@ -64,7 +106,9 @@ void ConfigurationReader::BrowsePlc(const XmlElement& element) {
     }
 }
 
-// Walks without recursion: a file may nest branches as deeply as it likes.
+// Walks without recursion: a file may nest branches as deeply as it likes. Each container has been shown
+// before its children come, so that opening it shows them: going up to the root for each would take time that
+// grows with the square of the depth.
 void ConfigurationReader::BrowseBranch(const XmlElement& tags, TreeNode& unit) {
     struct Level {
         XmlElement next;
@@ -91,16 +135,30 @@ void ConfigurationReader::BrowseBranch(const XmlElement& tags, TreeNode& unit) {
 void ConfigurationReader::readItem(const XmlElement& element, TreeNode& container) {
     auto record = std::make_shared<clsItem>();
     record->SetByXml(element, container.key());
-    configuration_.tree.ensureVisible(configuration_.addItem(std::move(record), container));
+    countKey(record->sKey());
+    configuration_.addItem(std::move(record), container);
+    configuration_.tree.setExpanded(container, true);
     itemRead_();
 }
 
 TreeNode& ConfigurationReader::readBranch(const XmlElement& element, TreeNode& container) {
     auto record = std::make_shared<clsBranch>();
     record->build(element, container.key());
+    countKey(record->sKey());
     TreeNode& node = configuration_.addBranch(std::move(record), container);
-    configuration_.tree.ensureVisible(node);
+    configuration_.tree.setExpanded(container, true);
     return node;
+}
+
+// Each key holds the names of all the branches around it, so that a small file could ask for any amount of
+// memory.
+void ConfigurationReader::countKey(const Key& key) {
+    constexpr std::size_t kMost = std::size_t{1} << 29;
+    keyBytes_ += key.view().size();
+    if (keyBytes_ > kMost) {
+        throw RuntimeError(ErrorNumber::OutOfMemory,
+                           "the branches nest too deeply, or their names are too long");
+    }
 }
 
 }  // namespace trevandix

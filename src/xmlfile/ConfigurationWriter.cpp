@@ -9,7 +9,9 @@
 
 namespace trevandix {
 
-std::string Indentation(int depth) { return std::string(static_cast<std::size_t>(depth), '\t'); }
+std::string Indentation(int depth) {
+    return std::string(static_cast<std::size_t>(depth), '\t');
+}
 
 ConfigurationWriter::ConfigurationWriter(const Configuration& configuration, Messages& messages,
                                          MousePointer& pointer)

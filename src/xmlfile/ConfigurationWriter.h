@@ -13,9 +13,9 @@ class ConfigurationWriter {
 public:
     ConfigurationWriter(const Configuration& configuration, Messages& messages, MousePointer& pointer);
 
-    /// Replaces the file at the path. False when it failed; the user has been told then. The path is freed before
-    /// the new file is begun there, and a partly written one stays; the old content is kept beside it until the new
-    /// one is safely on the disk.
+    /// Replaces the file at the path. False when it failed; the user has been told then. The path is freed
+    /// before the new file is begun there, and a partly written one stays; the old content is kept beside it
+    /// until the new one is safely on the disk.
     bool CreateXML(const std::string& filePath);
 
 private:

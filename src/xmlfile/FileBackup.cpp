@@ -11,7 +11,8 @@ namespace trevandix {
 FileBackup::FileBackup(const std::string& filePath) {
     if (!fileExists(filePath)) return;
     std::error_code error;
-    if (std::filesystem::is_directory(fromUtf8(filePath), error)) throw RuntimeError(ErrorNumber::PathFileAccess);
+    if (std::filesystem::is_directory(fromUtf8(filePath), error))
+        throw RuntimeError(ErrorNumber::PathFileAccess);
     if (!mayBeWritten(filePath)) throw RuntimeError(ErrorNumber::PermissionDenied);
     const std::string first = filePath + ".bak";
     std::string name = first;
@@ -20,6 +21,8 @@ FileBackup::FileBackup(const std::string& filePath) {
         if (error != std::errc::file_exists) break;
         name = first + std::to_string(number);
     }
+    // Where nothing can be made, the new name is what is not found.
+    if (error == std::errc::no_such_file_or_directory) throw RuntimeError(ErrorNumber::PermissionDenied);
     if (error) throwFileError(error.value());
     path_ = name;
 }

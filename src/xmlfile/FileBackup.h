@@ -6,8 +6,8 @@
 
 namespace trevandix {
 
-/// The content that a file had before a new one was begun in its place: under the file's name with ".bak" behind it,
-/// or ".bak2" and so on, so that nothing left by an earlier failure is ever replaced.
+/// The content that a file had before a new one was begun in its place: under the file's name with ".bak"
+/// behind it, or ".bak2" and so on, so that nothing left by an earlier failure is ever replaced.
 class FileBackup {
 public:
     /// Moves the file, if there is one; the path is free afterwards. Errors, the file being untouched then:

@@ -15,7 +15,7 @@ namespace trevandix {
 
 namespace {
 
-constexpr std::size_t kPiece = std::size_t{1} << 18;
+constexpr std::size_t kPiece = std::size_t{1} << 19;
 
 bool isAscii(std::string_view text) {
     unsigned char all = 0;
@@ -95,14 +95,6 @@ void Latin1File::close() {
 bool fileExists(const std::string& filePath) {
     std::error_code ignored;
     return std::filesystem::exists(fromUtf8(filePath), ignored);
-}
-
-void deleteFileIfThere(const std::string& filePath) {
-    if (!fileExists(filePath)) return;
-    std::error_code error;
-    if (std::filesystem::is_directory(fromUtf8(filePath), error)) throw RuntimeError(ErrorNumber::PathFileAccess);
-    std::filesystem::remove(fromUtf8(filePath), error);
-    if (error) throwFileError(error.default_error_condition().value());
 }
 
 }  // namespace trevandix

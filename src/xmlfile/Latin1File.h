@@ -42,8 +42,6 @@ private:
     std::string buffer_;
 };
 
-/// Removes the file if there is one. Errors: PermissionDenied, PathFileAccess.
-void deleteFileIfThere(const std::string& filePath);
 bool fileExists(const std::string& filePath);
 
 }  // namespace trevandix

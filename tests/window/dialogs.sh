@@ -6,7 +6,7 @@ unit="Unit Properties"
 branch="Branch Name"
 item="Item Properties"
 
-new_configuration() { # [KEY to another interface]
+new_configuration() { # [KEY... to the other interface]
     keys alt+f n
     await "Select ModBus interface"
     keys "$@" Return
@@ -47,6 +47,12 @@ fill_unit() { # NAME FIELD...
         keys Tab
         replaced "$field"
     done
+}
+
+# From an editable list to the next field; in GTK the list's arrow takes the keyboard as well.
+leave_combo() {
+    keys Tab
+    if [ -z "$under_wine" ]; then keys Tab; fi
 }
 
 add_unit() { # as fill_unit

@@ -17,14 +17,9 @@ main="VOSK Automation - Trevandix Configuration Editor"
 box="Trevandix Configuration Editor"
 export LC_ALL=C.UTF-8
 
-if [ -z "${WINDOW_TEST_DISPLAY:-}" ] && [ -z "$under_wine" ]; then
-    export WINDOW_TEST_DISPLAY=own
-    exec xvfb-run -a -s "-screen 0 1280x900x24 -nolisten tcp" bash "$0" "$@"
-fi
-
 folder=$(mktemp -d)
 editor=
-manager=
+servers=() # display and window manager, when they are our own
 
 # A home of its own, so that no setting of the person who runs this has a say. Wine keeps its own.
 if [ -z "$under_wine" ]; then
@@ -33,8 +28,13 @@ if [ -z "$under_wine" ]; then
     unset WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS
     mkdir -p "$HOME" "$XDG_CONFIG_HOME"
     mkdir -m 700 "$XDG_RUNTIME_DIR"
-    openbox >/dev/null 2>&1 &
-    manager=$!
+    Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp 3>"$folder/display" 2>/dev/null &
+    servers=($!)
+    for _ in {1..200}; do if [ -s "$folder/display" ]; then break; else sleep 0.05; fi; done
+    DISPLAY=:$(cat "$folder/display")
+    export DISPLAY
+    openbox >"$folder/openbox" 2>&1 &
+    servers+=($!)
 fi
 mkdir -p "$results"
 
@@ -46,7 +46,7 @@ finish() {
         echo "$flow: failed; picture: build/window-tests/$flow${under_wine:+-wine}.png" >&2
     fi
     if [ -n "$editor" ]; then kill "$editor" 2>/dev/null || true; fi
-    if [ -n "$manager" ]; then kill "$manager" 2>/dev/null || true; fi
+    if [ ${#servers[@]} != 0 ]; then kill "${servers[@]}" 2>/dev/null || true; fi
     rm -rf "$folder"
 }
 trap finish EXIT
@@ -69,7 +69,7 @@ until_true() {
 }
 
 active_title() { xdotool getactivewindow getwindowname 2>/dev/null; }
-is_active() { [ "$(active_title)" = "$1" ] && [ "$(xdotool getwindowfocus getwindowname 2>/dev/null)" != "" ]; }
+is_active() { [ "$(active_title)" = "$1" ] && [ "$(xdotool getwindowfocus getwindowname 2>/dev/null)" = "$1" ]; }
 
 # Waits until the window of this title has the keyboard.
 await() {
@@ -86,7 +86,7 @@ start() {
     local command=("$program")
     if [ -n "$under_wine" ]; then command=(wine "$program"); fi
     if [ $# -gt 0 ]; then command+=("$(native "$1")"); fi
-    until_true 10 xdotool get_desktop >/dev/null 2>&1 || fail "no window manager"
+    until_true 10 xdotool get_desktop >/dev/null 2>&1 || fail "no window manager: $(cat "$folder/openbox")"
     "${command[@]}" >"$folder/output" 2>&1 &
     editor=$!
     until_true 30 is_active "$main" || fail "the program shows no window"
@@ -106,8 +106,10 @@ await_end() {
     fi
 }
 
-keys() { xdotool key --delay "${key_delay:-4}" "$@"; }
-typed() { xdotool type --delay "${key_delay:-4}" -- "$1"; }
+# Milliseconds from key to key; Wine loses some that come quicker.
+if [ -n "$under_wine" ]; then key_delay=20; else key_delay=4; fi
+keys() { xdotool key --delay "$key_delay" "$@"; }
+typed() { xdotool type --delay "$key_delay" -- "$1"; }
 times() { for ((n = 0; n < $1; ++n)); do printf '%s ' "$2"; done; }
 
 # The n-th entry, from 1, of the drop-down list that has the keyboard.
@@ -122,18 +124,27 @@ replaced() {
     if [ -n "$1" ]; then typed "$1"; else keys BackSpace; fi
 }
 
-# answer KEY: answers the message box that is in front.
+# answer KEY: answers the message box that is in front. A box that has just come up may miss a key.
 answer() {
+    local asked
     await "$box"
-    keys "$1"
+    asked=$(xdotool getactivewindow)
+    for _ in {1..5}; do
+        keys "$1"
+        if until_true 1 is_gone "$asked"; then return; fi
+    done
+    fail "$1 does not answer the message box"
 }
+is_gone() { ! xdotool getwindowname "$1" >/dev/null 2>&1; }
 
 save_as() {
     keys alt+f a
+    save_to "$1"
+}
+
+save_to() {
     await "Save configuration"
-    keys ctrl+a
-    typed "$(native "$1")"
-    keys Return
+    type_path "$1"
     await "$main"
     until_true 10 test -s "$1" || fail "nothing was written to $1"
 }
@@ -150,8 +161,8 @@ same_bytes() {
 published() {
     local view value
     if [ -z "$under_wine" ]; then
-        value=$(cat "$XDG_CONFIG_HOME/VOSKAutomation/$1.ini")
-        [ "$value" = "ConfigFile=$2" ] || fail "published is \"$value\", expected \"ConfigFile=$2\""
+        value=$XDG_CONFIG_HOME/VOSKAutomation/$1.ini
+        until_true 5 grep -qsx "ConfigFile=$2" "$value" || fail "published is \"$(cat "$value")\", expected $2"
         return
     fi
     for view in 32 64; do
@@ -159,4 +170,104 @@ published() {
             sed -n 's/^ *ConfigFile *REG_SZ *//p')
         [ "$value" = "$(native "$2")" ] || fail "published in view $view is \"$value\", expected \"$(native "$2")\""
     done
+}
+
+# Commands are refused while a file is read; this one changes nothing.
+until_loaded() {
+    until_true 15 find_opens || fail "the file is not open"
+    keys Escape
+    await "$main"
+}
+find_opens() {
+    keys ctrl+f
+    until_true 0 is_active "Find Item"
+}
+
+# What the text box with the keyboard holds, by way of the clipboard.
+holds() {
+    local value
+    printf '' | xclip -selection clipboard
+    keys ctrl+a ctrl+c
+    until_true 5 eval '[ -n "$(xclip -o -selection clipboard 2>/dev/null)" ]' || fail "nothing was copied"
+    value=$(xclip -o -selection clipboard)
+    [ "$value" = "$1" ] || fail "the field holds \"$value\", expected \"$1\""
+}
+
+# type_path PATH: into the system's file dialog.
+type_path() {
+    keys ctrl+a
+    typed "$(native "$1")"
+    keys Return
+}
+
+# The main window: its id and its size, WINDOW, WIDTH and HEIGHT.
+main_window() { eval "$(xdotool getwindowgeometry --shell "$(xdotool search --onlyvisible --name "^$main\$" | head -n 1)")"; }
+
+# click_list PERCENT ROW: the left button on a row of the list, or on its header.
+click_list() {
+    main_window
+    local top=79 height=23 row=$2
+    if [ -n "$under_wine" ]; then top=64 height=16; fi
+    if [ "$row" = header ]; then row=0; fi
+    xdotool mousemove --window "$WINDOW" $((WIDTH * 41 / 100 + WIDTH * $1 * 59 / 10000)) $((top + height * row)) click 1
+}
+
+# Pictures of the list, to tell whether it looks the same.
+take_list_picture() {
+    main_window
+    list_picture=$(import -window "$WINDOW" -crop "$((WIDTH * 55 / 100))x$((HEIGHT * 6 / 10))+$((WIDTH * 42 / 100))+70" \
+        rgb:- | md5sum)
+}
+list_is() { take_list_picture && [ "$list_picture" = "$1" ]; }
+list_differs_from() { take_list_picture && [ "$list_picture" != "$1" ]; }
+settled_list() {
+    local before
+    for _ in {1..50}; do
+        before=$list_picture
+        sleep 0.1
+        if list_is "$before"; then return; fi
+    done
+}
+
+# go ROW [KEY...]: selects a row of the tree, counted from 0, and goes on with further keys.
+go() {
+    # shellcheck disable=SC2046
+    keys Home $(times "$1" Down) "${@:2}"
+}
+
+# The pointer over a row of the tree.
+move_to() {
+    main_window
+    local top=80 height=23
+    if [ -n "$under_wine" ]; then top=63 height=16; fi
+    xdotool mousemove --window "$WINDOW" 110 $((top + height * $1))
+}
+
+press_right() {
+    move_to "$1"
+    xdotool mousedown 3
+}
+
+# drag FROM TO: with the right button, over a row between.
+drag() {
+    press_right "$1"
+    move_to $((($1 + $2) / 2))
+    move_to "$2"
+    xdotool mouseup 3
+}
+
+# Puts a text, in printf's form, on the clipboard.
+copied() {
+    # shellcheck disable=SC2059
+    printf "$1" | xclip -selection clipboard
+}
+
+# menu_entry KEY TITLE: chooses from a context menu, which is no window that could be waited for.
+menu_entry() {
+    until_true 10 entry_opens "$@" || fail "the menu does not open \"$2\""
+}
+entry_opens() {
+    sleep 0.2
+    keys "$1"
+    until_true 0 is_active "$2"
 }

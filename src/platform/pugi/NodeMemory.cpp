@@ -44,13 +44,19 @@ void* NodeMemory::Blocks::do_allocate(std::size_t size, std::size_t) {
     return block;
 }
 
-void NodeMemory::Blocks::do_deallocate(void* block, std::size_t size, std::size_t) { munmap(block, size); }
+void NodeMemory::Blocks::do_deallocate(void* block, std::size_t size, std::size_t) {
+    munmap(block, size);
+}
 
 #else
 
-void* NodeMemory::Blocks::do_allocate(std::size_t size, std::size_t) { return ::operator new(size); }
+void* NodeMemory::Blocks::do_allocate(std::size_t size, std::size_t) {
+    return ::operator new(size);
+}
 
-void NodeMemory::Blocks::do_deallocate(void* block, std::size_t, std::size_t) { ::operator delete(block); }
+void NodeMemory::Blocks::do_deallocate(void* block, std::size_t, std::size_t) {
+    ::operator delete(block);
+}
 
 #endif
 

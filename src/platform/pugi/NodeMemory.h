@@ -6,20 +6,23 @@
 
 namespace trevandix {
 
-/// The memory of one parsed document: large blocks that go back to the system with it. In the heap its nodes, twice as
-/// large as the records made from them, would stay resident below those. Huge pages halve the cost of first touching it.
+/// The memory of one parsed document: large blocks that go back to the system with it. In the heap its nodes,
+/// twice as large as the records made from them, would stay resident below those. Huge pages halve the cost
+/// of first touching it.
 class NodeMemory {
 public:
     NodeMemory() = default;
     NodeMemory(const NodeMemory&) = delete;
     NodeMemory& operator=(const NodeMemory&) = delete;
 
-    /// An empty document in this memory, to be parsed while a Use lives. It ends with the memory, without a destructor.
+    /// An empty document in this memory, to be parsed while a Use lives. It ends with the memory, without a
+    /// destructor.
     pugi::xml_document& makeDocument() {
         return *std::pmr::polymorphic_allocator<>(&nodes_).new_object<pugi::xml_document>();
     }
 
-    /// While it lives, the parser allocates from the memory. One at a time, as the parser has one allocator for all.
+    /// While it lives, the parser allocates from the memory. One at a time, as the parser has one allocator
+    /// for all.
     class Use {
     public:
         explicit Use(NodeMemory& memory);

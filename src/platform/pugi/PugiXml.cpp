@@ -9,6 +9,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/Text.h"
 #include "platform/pugi/NodeMemory.h"
+#include "platform/pugi/ParseFailures.h"
 
 namespace trevandix {
 
@@ -41,33 +42,46 @@ std::string declaredEncoding(std::string_view bytes) {
     if (open == std::string_view::npos) return {};
     const auto close = declaration.find(declaration[open], open + 1);
     std::string name(declaration.substr(open + 1, close == std::string_view::npos ? 0 : close - open - 1));
-    std::ranges::transform(name, name.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? char(c + 32) : c; });
+    std::ranges::transform(name, name.begin(),
+                           [](char c) { return c >= 'A' && c <= 'Z' ? char(c + 32) : c; });
     return name;
-}
-
-std::string lineAndReason(std::string_view bytes, const pugi::xml_parse_result& result) {
-    const auto offset = std::min(bytes.size(), static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0)));
-    const auto line = 1 + std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(offset), '\n');
-    return "line " + std::to_string(line) + ", " + result.description();
 }
 
 class PugiDocument : public XmlDocument {
 public:
-    std::string bytes;  // the document's texts lie in here
     NodeMemory memory;
     pugi::xml_document& document = memory.makeDocument();
 
+    bool doubtful() const override { return doubtful_; }
     XmlElement root() const override { return {this, document.document_element().internal_object()}; }
 
 private:
     static pugi::xml_node at(const void* node) {
         return pugi::xml_node(static_cast<pugi::xml_node_struct*>(const_cast<void*>(node)));
     }
-    bool isElement(const void* node) const override { return at(node).type() == pugi::node_element; }
-    std::string_view name(const void* node) const override { return at(node).name(); }
+    bool isElement(const void* node) const override {
+        const bool element = at(node).type() == pugi::node_element;
+        if (!element) doubtful_ = true;
+        return element;
+    }
+
+    std::string_view name(const void* node) const override {
+        const std::string_view name = at(node).name();
+        // Names lie in the parsed text, where a 0 has been written over the character behind them. When that
+        // was a blank, what follows it can still be seen.
+        if (name.empty()) return name;
+        const char next = name.data()[name.size() + 1];
+        if (next == '>' || next == ' ' || next == '\t') doubtful_ = true;
+        return name;
+    }
+
     const void* parent(const void* node) const override { return at(node).parent().internal_object(); }
-    const void* firstChild(const void* node) const override { return at(node).first_child().internal_object(); }
-    const void* nextSibling(const void* node) const override { return at(node).next_sibling().internal_object(); }
+    const void* firstChild(const void* node) const override {
+        return at(node).first_child().internal_object();
+    }
+    const void* nextSibling(const void* node) const override {
+        return at(node).next_sibling().internal_object();
+    }
 
     const void* child(const void* node, std::string_view name) const override {
         for (pugi::xml_node child = at(node).first_child(); child; child = child.next_sibling()) {
@@ -84,14 +98,19 @@ private:
             if (expected == names.size() || name != names[expected]) {
                 expected = static_cast<std::size_t>(std::ranges::find(names, name) - names.begin());
             }
-            if (expected == names.size()) continue;
-            if (!found[expected]) found[expected] = {this, child.internal_object()};
-            ++expected;
+            if (expected == names.size() || found[expected]) {
+                doubtful_ = true;
+                continue;
+            }
+            found[expected++] = {this, child.internal_object()};
         }
     }
 
     std::optional<std::string_view> attribute(const void* node, std::string_view name) const override {
+        constexpr int kMostAttributes = 4;  // that the writer gives an element
+        int count = 0;
         for (const pugi::xml_attribute& attribute : at(node).attributes()) {
+            if (++count > kMostAttributes) doubtful_ = true;
             if (name == attribute.name()) return attribute.value();
         }
         return std::nullopt;
@@ -103,9 +122,11 @@ private:
         const pugi::xml_node first = element.first_child();
         if (first.type() == pugi::node_pcdata && first.next_sibling().empty()) return first.value();
         buffer.clear();
+        if (!first.empty()) doubtful_ = true;
         pugi::xml_node below = first;
         while (below) {
-            if (below.type() == pugi::node_pcdata || below.type() == pugi::node_cdata) buffer += below.value();
+            if (below.type() == pugi::node_pcdata || below.type() == pugi::node_cdata)
+                buffer += below.value();
             if (below.first_child()) {
                 below = below.first_child();
                 continue;
@@ -116,26 +137,33 @@ private:
         }
         return buffer;
     }
+
+    mutable bool doubtful_ = false;
 };
 
 }  // namespace
 
 std::unique_ptr<XmlDocument> PugiXmlParser::load(const std::string& filePath) {
-    auto document = std::make_unique<PugiDocument>();
-    std::string& bytes = document->bytes;
-    bytes = readWholeFile(filePath);
+    std::string bytes = readWholeFile(filePath);
+    refuseHalfPairs(bytes);
     pugi::xml_encoding encoding = pugi::encoding_auto;
     if (declaredEncoding(bytes) == "windows-1252") {
         bytes = fromWindows1252(bytes);
         encoding = pugi::encoding_utf8;
     }
-    // Texts of blanks alone are kept where they are an element's only content, so that a comment of blanks survives.
-    constexpr unsigned kOptions = pugi::parse_default | pugi::parse_ws_pcdata_single;
+    auto document = std::make_unique<PugiDocument>();
+    // Texts of blanks alone are kept where they are an element's only content, so that a comment of blanks
+    // survives.
+    // Comments and instructions are kept so that markup inside values is noticed.
+    constexpr unsigned kOptions =
+        pugi::parse_default | pugi::parse_ws_pcdata_single | pugi::parse_comments | pugi::parse_pi;
     const NodeMemory::Use use(document->memory);
     const pugi::xml_parse_result result =
-        document->document.load_buffer_inplace(bytes.data(), bytes.size(), kOptions, encoding);
-    // The parser has written over line ends in `bytes`: they are counted in the file.
-    if (!result) throw RuntimeError(ErrorNumber::XmlParse, lineAndReason(readWholeFile(filePath), result));
+        document->document.load_buffer(bytes.data(), bytes.size(), kOptions, encoding);
+    if (!result) {
+        const auto offset = static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0));
+        throwParseError(bytes, offset, result.description());
+    }
     return document;
 }
 

@@ -1,13 +1,18 @@
 #include "platform/wx/WxAboutBox.h"
 
 #include <wx/button.h>
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
 #include <wx/hyperlink.h>
+#include <wx/platinfo.h>
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
+#include <wx/utils.h>
 
 #include "Version.h"
 #include "platform/wx/WxIcons.h"
+#include "platform/wx/WxManual.h"
 #include "platform/wx/WxText.h"
 
 namespace trevandix {
@@ -17,41 +22,66 @@ namespace {
 constexpr int kIconSize = 64;
 constexpr int kGap = 8;
 
-void addLine(wxWindow* parent, wxSizer& column, const wxString& text) {
-    column.Add(new wxStaticText(parent, wxID_ANY, text),
-               wxSizerFlags().Border(wxBOTTOM, parent->FromDIP(kGap) / 2));
+wxString facts(const wxString& parserName) {
+    const wxPlatformInfo& platform = wxPlatformInfo::Get();
+    wxString text = "Version " + toWx(kVersion) + "\n";
+    if (!kCommit.empty()) text += "Built from " + toWx(kCommit) + ", " + toWx(kDate) + "\n";
+    text += wxString(wxVERSION_STRING) + ", " + platform.GetPortIdName() + " " +
+            wxString::Format("%d.%d", platform.GetToolkitMajorVersion(), platform.GetToolkitMinorVersion());
+    return text + "\n" + parserName + "\n" + wxGetOsDescription();
 }
 
-void addLink(wxWindow* parent, wxSizer& column, std::string_view text, const wxString& address) {
+void addLink(wxWindow* parent, wxSizer& column, const wxString& text, const wxString& address) {
     if (text.empty()) return;
-    column.Add(new wxHyperlinkCtrl(parent, wxID_ANY, toWx(text), address), wxSizerFlags());
+    column.Add(new wxHyperlinkCtrl(parent, wxID_ANY, text, address), wxSizerFlags());
 }
 
 }  // namespace
 
-WxAboutBox::WxAboutBox(wxWindow* parent) : wxDialog(parent, wxID_ANY, "About " + toWx(kProduct)) {
+WxAboutBox::WxAboutBox(wxWindow* parent, const wxString& parserName)
+    : wxDialog(parent, wxID_ANY, "About " + toWx(kProduct)), facts_(facts(parserName)) {
+    SetIcons(programIcons());
+    const int gap = FromDIP(kGap);
     auto* texts = new wxBoxSizer(wxVERTICAL);
     auto* title = new wxStaticText(this, wxID_ANY, toWx(kProduct));
     title->SetFont(title->GetFont().Bold().Larger());
-    texts->Add(title, wxSizerFlags().Border(wxBOTTOM, FromDIP(kGap)));
-    addLine(this, *texts, "Version " + toWx(kVersion));
-    if (!kCommit.empty()) addLine(this, *texts, "Built from " + toWx(kCommit) + ", " + toWx(kDate));
-    addLine(this, *texts, toWx(kCompany));
-    addLink(this, *texts, kContactUrl, toWx(kContactUrl));
-    addLink(this, *texts, kContactMail, "mailto:" + toWx(kContactMail));
+    texts->Add(title, wxSizerFlags().Border(wxBOTTOM, gap));
+    texts->Add(new wxStaticText(this, wxID_ANY, facts_), wxSizerFlags().Border(wxBOTTOM, gap));
+    texts->Add(new wxStaticText(this, wxID_ANY, toWx(kCompany)), wxSizerFlags());
+    addLink(this, *texts, toWx(kContactUrl), toWx(kContactUrl));
+    addLink(this, *texts, toWx(kContactMail), "mailto:" + toWx(kContactMail));
+    auto* manual = new wxHyperlinkCtrl(this, wxID_ANY, "Manual (F1)", "manual");
+    manual->Bind(wxEVT_HYPERLINK, [](wxHyperlinkEvent&) { showManual(); });
+    texts->Add(manual, wxSizerFlags());
 
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(new wxStaticBitmap(this, wxID_ANY, iconBundle("app", kIconSize)), wxSizerFlags().Top());
-    row->Add(texts, wxSizerFlags(1).Border(wxLEFT, FromDIP(2 * kGap)));
-    auto* ok = new wxButton(this, wxID_OK, "Ok");
+    row->Add(texts, wxSizerFlags(1).Border(wxLEFT, 2 * gap));
+    auto* copyButton = new wxButton(this, wxID_ANY, "&Copy");
+    copyButton->SetToolTip("Copies all of this, for a mail to the maker");
+    copyButton->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { copy(); });
+    auto* ok = new wxButton(this, wxID_OK, "&Ok");
     ok->SetDefault();
     SetEscapeId(wxID_OK);
+    auto* buttons = new wxBoxSizer(wxHORIZONTAL);
+    buttons->Add(copyButton, wxSizerFlags().Border(wxRIGHT, gap));
+    buttons->Add(ok);
     auto* column = new wxBoxSizer(wxVERTICAL);
-    column->Add(row, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(2 * kGap)));
-    column->Add(ok, wxSizerFlags().Right().Border(wxALL, FromDIP(2 * kGap)));
+    column->Add(row, wxSizerFlags(1).Expand().Border(wxALL, 2 * gap));
+    column->Add(buttons, wxSizerFlags().Right().Border(wxALL, 2 * gap));
     SetSizerAndFit(column);
     CentreOnParent();
+    Bind(wxEVT_CHAR_HOOK, [](wxKeyEvent& event) { event.Skip(!followsManualKey(event)); });
     ok->SetFocus();
+}
+
+void WxAboutBox::copy() const {
+    const wxClipboardLocker locker;
+    if (!locker) return;
+    const wxString text = toWx(kProduct) + "\n" + facts_ + "\n" + toWx(kCompany) + "\n" + toWx(kContactUrl) +
+                          "\n" + toWx(kContactMail) + "\n";
+    wxTheClipboard->SetData(new wxTextDataObject(text));
+    wxTheClipboard->Flush();  // stays when the program ends
 }
 
 }  // namespace trevandix

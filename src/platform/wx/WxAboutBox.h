@@ -4,10 +4,17 @@
 
 namespace trevandix {
 
-/// Who made the program, which version it is and where to ask.
+/// Who made the program, which version it is, what it was made with, and where to ask. A button copies all of it
+/// for a mail to the maker.
 class WxAboutBox : public wxDialog {
 public:
-    explicit WxAboutBox(wxWindow* parent);
+    /// `parserName`: name and version of the XML parser.
+    WxAboutBox(wxWindow* parent, const wxString& parserName);
+
+private:
+    void copy() const;
+
+    wxString facts_;  // version and components, one a line
 };
 
 }  // namespace trevandix

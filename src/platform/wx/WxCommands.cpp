@@ -34,7 +34,7 @@ wxString toolTip(const MenuEntrySpec& entry) {
 }  // namespace
 
 WxCommands::WxCommands(wxFrame& frame, const CommandTables& tables, Choose choose)
-    : frame_(frame), choose_(std::move(choose)) {
+    : frame_(frame), shortcuts_(tables.shortcuts), choose_(std::move(choose)) {
     buildMenus(tables.menus);
     buildToolBar(tables);
 }
@@ -110,6 +110,17 @@ void WxCommands::onMenu(wxCommandEvent& event) {
 void WxCommands::onTool(wxCommandEvent& event) {
     const auto button = std::ranges::find(buttons_, event.GetId(), &Button::id);
     if (button != buttons_.end() && button->enabled) choose_(button->command);
+}
+
+bool WxCommands::followsShortcut(const wxKeyEvent& event) const {
+    for (const ShortcutSpec& spec : shortcuts_) {
+        wxAcceleratorEntry key;
+        if (!key.FromString(toWx(spec.shortcut))) continue;
+        if (key.GetKeyCode() != event.GetKeyCode() || key.GetFlags() != event.GetModifiers()) continue;
+        choose_(spec.command);
+        return true;
+    }
+    return false;
 }
 
 void WxCommands::appendEntries(wxMenu& popup, std::string_view menu) {

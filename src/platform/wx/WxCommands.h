@@ -26,6 +26,9 @@ public:
     void enableMenu(std::string_view name, bool enabled) override;
     void enableButton(std::string_view key, bool enabled) override;
 
+    /// Runs the command of a key that stands behind no menu entry. False when the key is no such one.
+    bool followsShortcut(const wxKeyEvent& event) const;
+
     /// Opens the entries of some menus at a point of `window` and runs what is picked.
     void popUp(wxWindow& window, const wxPoint& point, std::initializer_list<std::string_view> menus);
 
@@ -54,6 +57,7 @@ private:
     void onTool(wxCommandEvent& event);
 
     wxFrame& frame_;
+    std::span<const ShortcutSpec> shortcuts_;
     Choose choose_;
     wxToolBar* toolBar_ = nullptr;
     std::vector<Menu> menus_;

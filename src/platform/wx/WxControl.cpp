@@ -14,6 +14,7 @@
 
 #include <algorithm>
 
+#include "platform/wx/WxAccessibleName.h"
 #include "platform/wx/WxGrid.h"
 #include "platform/wx/WxText.h"
 #include "platform/wx/WxTextBox.h"
@@ -22,14 +23,19 @@ namespace trevandix {
 
 namespace {
 
-void setWidth(wxControl& field, int columns) {
+constexpr int kFieldPadding = 10;  // above and below a field's text together
+
+// Not every toolkit makes its fields high enough for a larger font.
+void setSize(wxControl& field, int columns) {
     const int text = field.GetCharWidth() * columns;
-    field.SetMinSize(wxSize(field.GetSizeFromTextSize(text).GetWidth(), -1));
+    const int height = field.GetCharHeight() + field.FromDIP(kFieldPadding);
+    field.SetMinSize(wxSize(field.GetSizeFromTextSize(text).GetWidth(),
+                            std::max(height, field.GetBestSize().GetHeight())));
 }
 
 wxWindow* makeText(wxWindow& parent, const ControlSpec& spec) {
     auto* box = new WxTextBox(&parent, spec.filter);
-    setWidth(*box, spec.columns);
+    setSize(*box, spec.columns);
     return box;
 }
 
@@ -39,7 +45,7 @@ wxWindow* makeList(wxWindow& parent, const ControlSpec& spec) {
         list = new wxChoice(&parent, wxID_ANY);
     else
         list = new wxComboBox(&parent, wxID_ANY);
-    setWidth(*list, spec.columns);
+    setSize(*list, spec.columns);
     return list;
 }
 
@@ -85,6 +91,7 @@ WxControl WxControl::make(wxWindow& parent, const ControlSpec& spec, bool starts
     }
     control.window = makeWindow(parent, spec, caption, startsGroup);
     control.window->SetName(toWx(spec.name));
+    if (control.isField()) setAccessibleName(*control.window, toWx(control.caption));
     return control;
 }
 
@@ -153,7 +160,8 @@ void WxControl::setItems(const std::vector<std::string>& items) {
     list->Set(texts);
     list->SetSelection(wxNOT_FOUND);
     const int needed = list->GetSizeFromTextSize(widest).GetWidth();
-    if (needed > list->GetMinSize().GetWidth()) list->SetMinSize(wxSize(needed, -1));
+    const wxSize least = list->GetMinSize();
+    if (needed > least.GetWidth()) list->SetMinSize(wxSize(needed, least.GetHeight()));
 }
 
 bool WxControl::checked() const {

@@ -2,11 +2,16 @@
 
 #include <wx/button.h>
 #include <wx/display.h>
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#endif
 
 #include <algorithm>
 
 #include "platform/RuntimeError.h"
 #include "platform/wx/WxFormLayout.h"
+#include "platform/wx/WxManual.h"
+#include "platform/wx/WxIcons.h"
 #include "platform/wx/WxParent.h"
 #include "platform/wx/WxText.h"
 
@@ -32,6 +37,7 @@ WxForm::WxForm(wxWindow& parent, const FormSpec& spec) : spec_(spec) {
     const long style = wxDEFAULT_DIALOG_STYLE | (hasGrid(spec) ? wxRESIZE_BORDER : 0);
     dialog_ = new wxDialog(&parent, wxID_ANY, toWx(spec.caption), wxDefaultPosition, wxDefaultSize, style,
                            toWx(spec.name));
+    dialog_->SetIcons(programIcons());
     WxFormLayout(spec, controls_, keys_).build(*dialog_);
     for (WxControl& control : controls_) connect(control);
     dialog_->SetEscapeId(wxID_NONE);
@@ -161,8 +167,9 @@ void WxForm::on(std::string_view name, Handler handler) {
 void WxForm::fit() {
     const wxSize screen = wxDisplay(dialog_.get()).GetClientArea().GetSize();
     wxSize size = dialog_->GetSizer()->CalcMin();
-    size.IncTo(
-        wxSize(dialog_->GetTextExtent(dialog_->GetTitle()).GetWidth() + dialog_->FromDIP(kTitleButtons), 0));
+    // Titles are set in a larger font than texts by some window managers.
+    const int title = dialog_->GetTextExtent(dialog_->GetTitle()).GetWidth() * 3 / 2;
+    size.IncTo(wxSize(title + dialog_->FromDIP(kTitleButtons), 0));
     size.DecTo(dialog_->WindowToClientSize(screen));
     dialog_->SetMinClientSize(wxDefaultSize);
     dialog_->SetClientSize(size);
@@ -211,7 +218,15 @@ void WxForm::close() {
 
 bool WxForm::pressFromKeyboard(const WxControl* button) {
     if (button == nullptr || !button->window->IsEnabled() || !button->window->IsShownOnScreen()) return false;
+#ifdef __WXMSW__
+    // The key is still in the queue: a message box that the button shows would take it for its answer. A
+    // posted message comes after this key and before the next one.
+    const auto handle = reinterpret_cast<LPARAM>(button->window->GetHandle());
+    ::PostMessage(static_cast<HWND>(button->window->GetParent()->GetHandle()), WM_COMMAND,
+                  MAKEWPARAM(button->window->GetId(), BN_CLICKED), handle);
+#else
     run(button->handler);
+#endif
     return true;
 }
 
@@ -247,6 +262,7 @@ bool WxForm::followAccessKey(const wxKeyEvent& event) {
 }
 
 void WxForm::onKey(wxKeyEvent& event) {
+    if (followsManualKey(event)) return;
     const int key = event.GetKeyCode();
     const bool plain = event.GetModifiers() == 0 && std::ranges::none_of(controls_, &WxControl::listIsOpen);
     if (plain && key == WXK_ESCAPE) {
@@ -261,7 +277,11 @@ void WxForm::onKey(wxKeyEvent& event) {
         const bool onButton = wxDynamicCast(wxWindow::FindFocus(), wxButton) != nullptr;
         if (!onButton && pressFromKeyboard(buttonForEnter())) return;
     }
-    if (!followAccessKey(event)) event.Skip();
+    if (followAccessKey(event)) return;
+    // Beside the main window its function keys count as well.
+    wxKeyEvent forMain(event);
+    const bool function = key >= WXK_F1 && key <= WXK_F24 && !dialog_->IsModal();
+    if (!function || !dialog_->GetParent()->GetEventHandler()->ProcessEvent(forMain)) event.Skip();
 }
 
 }  // namespace trevandix

@@ -114,7 +114,9 @@ void WxFormLayout::addFrame(Area& area, const ControlSpec& spec) {
     WxControl& control = controls_.emplace_back(WxControl::make(area.parent, spec, false, keys_));
     auto* box = static_cast<wxStaticBox*>(control.window);
     auto* sizer = new wxStaticBoxSizer(box, wxVERTICAL);
-    sizer->Add(fill(*box, spec.name), wxSizerFlags(1).Expand().Border(wxALL, area.parent.FromDIP(kGap)));
+    // Without a caption the frame leaves room for one all the same.
+    const int sides = spec.caption.empty() ? wxALL & ~wxTOP : wxALL;
+    sizer->Add(fill(*box, spec.name), wxSizerFlags(1).Expand().Border(sides, area.parent.FromDIP(kGap)));
     area.grid->Add(sizer, wxGBPosition(area.row, 0), kBothColumns, wxEXPAND);
 }
 

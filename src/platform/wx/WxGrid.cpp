@@ -17,13 +17,16 @@ constexpr int kCellMargin = 16;
 
 }  // namespace
 
-WxGrid::WxGrid(wxWindow* parent) : wxGrid(parent, wxID_ANY) {
+WxGrid::WxGrid(wxWindow* parent)
+    : wxGrid(parent, wxID_ANY),
+      scaling_(*this, {[this] { return widths(); }, [this](const auto& wanted) { setWidths(wanted); }}) {
     CreateGrid(0, 0, wxGridSelectRows);
     EnableEditing(false);
     HideRowLabels();
     DisableDragRowSize();
     SetTabBehaviour(Tab_Leave);
     SetColLabelAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
+    Bind(wxEVT_GRID_COL_SIZE, [this](wxGridSizeEvent&) { scaling_.keep(GetSize().GetWidth()); });
 }
 
 void WxGrid::setCells(const std::vector<std::vector<std::string>>& rows) {
@@ -64,6 +67,18 @@ void WxGrid::fit() {
     const int bar = wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this);
     SetMinSize(wxSize(width + bar + FromDIP(kCellMargin),
                       GetColLabelSize() + rows * GetDefaultRowSize() + FromDIP(4)));
+    scaling_.keep(GetMinSize().GetWidth());
+}
+
+std::vector<int> WxGrid::widths() const {
+    std::vector<int> result;
+    for (int column = 0; column < GetNumberCols(); ++column) result.push_back(GetColSize(column));
+    return result;
+}
+
+void WxGrid::setWidths(const std::vector<int>& widths) {
+    for (std::size_t column = 0; column < widths.size(); ++column)
+        SetColSize(static_cast<int>(column), widths[column]);
 }
 
 }  // namespace trevandix

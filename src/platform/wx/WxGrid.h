@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/wx/WxLayoutScaling.h"
+
 namespace trevandix {
 
 /// Cells to look at, with a header row.
@@ -17,6 +19,10 @@ public:
 
 private:
     void fit();
+    std::vector<int> widths() const;
+    void setWidths(const std::vector<int>& widths);
+
+    WxLayoutScaling scaling_;
 };
 
 }  // namespace trevandix

@@ -81,6 +81,7 @@ void WxInputGate::pump() {
 }
 
 int WxInputGate::FilterEvent(wxEvent& event) {
+    if (isInput(event)) lastInput_ = std::chrono::steady_clock::now();
     if (!pumping_) return Event_Skip;
     if (event.GetEventType() == wxEVT_CLOSE_WINDOW) {
         if (event.GetEventObject() == &window_) closeAsked_ = true;

@@ -3,6 +3,7 @@
 #include <wx/eventfilter.h>
 #include <wx/window.h>
 
+#include <chrono>
 #include <deque>
 #include <functional>
 
@@ -37,6 +38,9 @@ public:
     /// Lets the windows draw.
     void pump();
 
+    /// When the user last did anything, in whichever window.
+    std::chrono::steady_clock::time_point lastInput() const { return lastInput_; }
+
     int FilterEvent(wxEvent& event) override;
 
 private:
@@ -49,6 +53,7 @@ private:
     int depth_ = 0;
     bool pumping_ = false;
     bool closeAsked_ = false;
+    std::chrono::steady_clock::time_point lastInput_ = std::chrono::steady_clock::now();
 };
 
 }  // namespace trevandix

@@ -66,6 +66,12 @@ void WxListView::watch(wxListCtrl& control) {
                    [column](MainWindowEvents& e) { e.ListView1_ColumnClick(column); });
     });
     wxWindow& rows = rowArea(control);
+    // The toolkit's own list keeps this to itself, and the window has to know which view has the keyboard.
+    rows.Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+        event.Skip();
+        wxChildFocusEvent focused(this);
+        GetParent()->GetEventHandler()->ProcessEvent(focused);
+    });
     rows.Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
         event.Skip();
         click();
@@ -169,6 +175,7 @@ void WxListView::selectAll() {
 
 void WxListView::onKey(wxKeyEvent& event) {
     if (event.GetKeyCode() == 'A' && event.GetModifiers() == wxMOD_CONTROL) {
+        gate_.run([](MainWindowEvents&) {});  // the rows of a node that was chosen just before come first
         list_.selectAll();
     } else {
         event.Skip();

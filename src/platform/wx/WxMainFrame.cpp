@@ -4,12 +4,15 @@
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
 #include <array>
-#include <cmath>
 
 #include "Version.h"
 #include "platform/wx/WxAboutBox.h"
+#include "platform/wx/WxFileDrop.h"
 #include "platform/wx/WxIcons.h"
+#include "platform/wx/WxLayoutScaling.h"
+#include "platform/wx/WxManual.h"
 #include "platform/wx/WxText.h"
 
 namespace trevandix {
@@ -17,7 +20,8 @@ namespace trevandix {
 namespace {
 
 constexpr double kScreenShare = 0.8;
-constexpr int kStatusFields = 4;
+constexpr double kTreeShare = 0.4;  // of the width
+constexpr int kFirstTick = 1000;    // ms
 constexpr int kSmallestPane = 120;
 constexpr int kSmallestWidth = 480;
 constexpr int kSmallestHeight = 320;
@@ -32,16 +36,22 @@ WxMainFrame::WxMainFrame(const CommandTables& tables, StructureTree& tree, ListV
     : wxFrame(nullptr, wxID_ANY, windowCaption(), wxDefaultPosition, wxDefaultSize, wxDEFAULT_FRAME_STYLE,
               "frmEditing") {
     SetIcons(programIcons());
-    placeOnScreen();  // first of all: the toolbar cannot be laid out in a window without width
+    placeOnScreen();
     commands_ = std::make_unique<WxCommands>(*this, tables, [this](std::string_view command) {
         gate_.run([command](MainWindowEvents& events) { events.commandChosen(command); });
     });
-    CreateStatusBar(kStatusFields);
-    static constexpr std::array<int, kStatusFields> kWidths{-4, -3, -2, -4};
-    SetStatusWidths(kStatusFields, kWidths.data());
+    status_ = new WxStatusBar(this);
+    SetStatusBar(status_);
+    SetDropTarget(new WxFileDrop(gate_));  // counts for all windows in it
     Centre();
+#ifdef __WXGTK__
+    // The toolkit would wait for the window manager and then show the window without size and place first.
+    m_deferShow = false;
+#endif
     buildViews(tree, list, pointer);
     Bind(wxEVT_CLOSE_WINDOW, &WxMainFrame::onClose, this);
+    Bind(wxEVT_TIMER, &WxMainFrame::onTimer, this, timer_.GetId());
+    timer_.StartOnce(kFirstTick);
     Bind(wxEVT_CHAR_HOOK, &WxMainFrame::onKey, this);
     Bind(wxEVT_CHILD_FOCUS, &WxMainFrame::onChildFocus, this);
     Bind(wxEVT_ACTIVATE, &WxMainFrame::onActivate, this);
@@ -82,17 +92,8 @@ void WxMainFrame::buildViews(StructureTree& tree, ListView& list, WxPointer& poi
     tree_->Bind(wxEVT_TREE_ITEM_MENU, [this](wxTreeEvent&) { openMenu(*tree_, tree_->menuPlace()); });
     tree_->Hide();
 
-    splitter_->SplitVertically(treePane_, list_, static_cast<int>(GetClientSize().GetWidth() * treeShare_));
-    splitter_->SetSashGravity(treeShare_);  // not zero, or the control would not ask below
-    // The share that the user chose is what changes of size keep.
-    splitter_->Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [this](wxSplitterEvent& event) {
-        const int width = splitter_->GetClientSize().GetWidth();
-        if (width > 0 && event.GetSashPosition() > 0) treeShare_ = double(event.GetSashPosition()) / width;
-    });
-    splitter_->Bind(wxEVT_SPLITTER_SASH_POS_RESIZE, [this](wxSplitterEvent& event) {
-        event.SetSashPosition(
-            static_cast<int>(std::lround(splitter_->GetClientSize().GetWidth() * treeShare_)));
-    });
+    splitter_->SplitVertically(treePane_, list_, static_cast<int>(GetClientSize().GetWidth() * kTreeShare));
+    keepSashInProportion(*splitter_, kTreeShare);
     importPanel_ = new WxImportPanel(body_);
     body_->SetSizer(new wxBoxSizer(wxVERTICAL));
     body_->GetSizer()->Add(splitter_, wxSizerFlags(1).Expand());
@@ -136,6 +137,15 @@ void WxMainFrame::close() {
     Destroy();
 }
 
+// Past the gate: this never touches what a command or a dialog is working on.
+void WxMainFrame::onTimer(wxTimerEvent&) {
+    MainWindowEvents* events = gate_.attached();
+    const auto now = std::chrono::steady_clock::now();
+    const auto next =
+        events == nullptr ? std::chrono::milliseconds(kFirstTick) : events->idle(now, gate_.lastInput());
+    timer_.StartOnce(static_cast<int>(next.count()));
+}
+
 void WxMainFrame::onClose(wxCloseEvent& event) {
     if (gate_.busy() && event.CanVeto()) {
         gate_.closeLater();
@@ -146,18 +156,29 @@ void WxMainFrame::onClose(wxCloseEvent& event) {
 }
 
 void WxMainFrame::setStatus(StatusField field, std::string_view text) {
-    SetStatusText(toWx(text), static_cast<int>(field));
+    status_->setNews(field, toWx(text));
 }
 
 void WxMainFrame::showAboutBox() {
-    WxAboutBox box(this);
+    WxAboutBox box(this, parserName_);
     box.ShowModal();
+}
+
+// Such keys come in quick succession, and only the last of them counts.
+bool WxMainFrame::movesInView(const wxKeyEvent& event) {
+    static constexpr std::array kKeys{WXK_UP,     WXK_DOWN,     WXK_LEFT, WXK_RIGHT,
+                                      WXK_PAGEUP, WXK_PAGEDOWN, WXK_HOME, WXK_END};
+    return std::ranges::find(kKeys, event.GetKeyCode()) != kKeys.end();
 }
 
 // Tab and F6 go from one view to the other; toolbar and menu bar have keys of their own.
 void WxMainFrame::onKey(wxKeyEvent& event) {
+    if (followsManualKey(event) || commands_->followsShortcut(event)) return;
     const bool tab = event.GetKeyCode() == WXK_TAB && (event.GetModifiers() & ~wxMOD_SHIFT) == 0;
     const bool next = tab || (event.GetKeyCode() == WXK_F6 && event.GetModifiers() == 0);
+    // First what earlier keys did: this one may be meant for the rows, or a command, of the node that they
+    // chose.
+    if (!movesInView(event)) perform([] {});
     if (!next || !tree_->IsShownOnScreen() || !list_->usable()) {
         event.Skip();
     } else if (tree_->HasFocus()) {

@@ -2,6 +2,7 @@
 
 #include <wx/frame.h>
 #include <wx/splitter.h>
+#include <wx/timer.h>
 
 #include <memory>
 
@@ -11,6 +12,8 @@
 #include "platform/wx/WxInputGate.h"
 #include "platform/wx/WxListView.h"
 #include "platform/wx/WxPointer.h"
+#include "platform/wx/WxStatusBar.h"
+#include "platform/wx/WxText.h"
 #include "platform/wx/WxTreeDrag.h"
 #include "platform/wx/WxTreeView.h"
 
@@ -27,6 +30,8 @@ public:
     void attach(MainWindowEvents* events) { gate_.attach(events); }
     /// Runs a piece of work as a command runs: nothing else is started meanwhile.
     void perform(const std::function<void()>& work);
+    /// For the About box: name and version of the XML parser.
+    void setParserName(const std::string& name) { parserName_ = toWx(name); }
 
     void setTreeVisible(bool visible) override;
     FocusedView focusedView() const override { return lastFocused_; }
@@ -38,6 +43,8 @@ public:
     void showAboutBox() override;
     void setStatus(StatusField field, std::string_view text) override;
 
+    void DoGiveHelp(const wxString& text, bool show) override { status_->setHint(show ? text : wxString()); }
+
     void enableMenu(std::string_view name, bool enabled) override { commands_->enableMenu(name, enabled); }
     void enableButton(std::string_view key, bool enabled) override { commands_->enableButton(key, enabled); }
 
@@ -46,13 +53,16 @@ private:
     void placeOnScreen();
     void openMenu(wxWindow& window, const wxPoint& point);
     void unload();
+    void onTimer(wxTimerEvent& event);
     void onClose(wxCloseEvent& event);
     void onKey(wxKeyEvent& event);
+    static bool movesInView(const wxKeyEvent& event);
     void onChildFocus(wxChildFocusEvent& event);
     void onActivate(wxActivateEvent& event);
     void restoreFocus();
 
     WxInputGate gate_{*this};
+    wxTimer timer_{this};
     std::unique_ptr<WxCommands> commands_;
     wxPanel* body_ = nullptr;
     wxSplitterWindow* splitter_ = nullptr;
@@ -60,8 +70,9 @@ private:
     WxTreeView* tree_ = nullptr;
     WxListView* list_ = nullptr;
     WxImportPanel* importPanel_ = nullptr;
+    WxStatusBar* status_ = nullptr;
     std::unique_ptr<WxTreeDrag> drag_;
-    double treeShare_ = 0.4;  // of the width
+    wxString parserName_;
     FocusedView lastFocused_ = FocusedView::None;
     bool unloaded_ = false;
 };

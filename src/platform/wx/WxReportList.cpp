@@ -19,7 +19,19 @@ constexpr int kHeaderMargin = 24;
 WxReportList::WxReportList(wxWindow* parent, const ListView& list)
     : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL,
                  wxDefaultValidator, "ListView1"),
-      list_(list) {}
+      list_(list),
+      scaling_(*this, {[this] { return widths(); }, [this](const auto& wanted) { setWidths(wanted); }}) {
+    // Not before the control itself has taken over the width that its user chose.
+    Bind(wxEVT_LIST_COL_END_DRAG, [this](wxListEvent& event) {
+        event.Skip();
+        CallAfter([this] { scaling_.keep(GetSize().GetWidth()); });
+    });
+    // Columns that were made before the list had a width are made again.
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        if (widthless_ && GetClientSize().GetWidth() > 0) buildColumns();
+    });
+}
 
 void WxReportList::refill() {
     const wxWindowUpdateLocker frozen(this);
@@ -37,6 +49,7 @@ void WxReportList::refill() {
 void WxReportList::buildColumns() {
     DeleteAllColumns();
     const int width = GetClientSize().GetWidth();
+    widthless_ = width <= 0;
     for (const ListColumn& column : list_.columns()) {
         const wxString header = toWx(column.header);
         const int needed = GetTextExtent(header).GetWidth() + FromDIP(kHeaderMargin);
@@ -44,6 +57,18 @@ void WxReportList::buildColumns() {
                                             : std::max(FromDIP(kDefaultColumnWidth), needed);
         AppendColumn(header, wxLIST_FORMAT_LEFT, wanted);
     }
+    if (!widthless_) scaling_.keep(GetSize().GetWidth());
+}
+
+std::vector<int> WxReportList::widths() const {
+    std::vector<int> result;
+    for (int column = 0; column < GetColumnCount(); ++column) result.push_back(GetColumnWidth(column));
+    return result;
+}
+
+void WxReportList::setWidths(const std::vector<int>& widths) {
+    for (std::size_t column = 0; column < widths.size(); ++column)
+        SetColumnWidth(static_cast<int>(column), widths[column]);
 }
 
 // All images are drawn before the first row is: they cannot be changed while the control draws.

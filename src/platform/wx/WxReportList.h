@@ -5,6 +5,7 @@
 #include "platform/ListView.h"
 #include "platform/wx/WxIcons.h"
 #include "platform/wx/WxImageNames.h"
+#include "platform/wx/WxLayoutScaling.h"
 
 namespace trevandix {
 
@@ -22,10 +23,14 @@ protected:
 
 private:
     void buildColumns();
+    std::vector<int> widths() const;
+    void setWidths(const std::vector<int>& widths);
     void loadImages();
 
     const ListView& list_;
     mutable WxImageNames images_{kTreeIconSize};
+    WxLayoutScaling scaling_;
+    bool widthless_ = false;
 };
 
 }  // namespace trevandix

@@ -179,6 +179,8 @@ void WxTreeView::madeVisible(const TreeNode& node) {
         visibleLater_ = &node;
         return;
     }
+    // Before it is shown, the control has no size yet and would scroll sideways.
+    if (!IsShownOnScreen()) return;
     const Quiet quiet(*this);
     EnsureVisible(itemOf(node));
 }

@@ -1,0 +1,156 @@
+#include <array>
+#include <stdexcept>
+
+#include "FakePlatform.h"
+#include "Targets.h"
+
+namespace trevandix::fuzz {
+
+namespace {
+
+using testing::FakeForm;
+using testing::Workplace;
+
+/// A user whose every choice is the next byte.
+class ByteUser {
+public:
+    explicit ByteUser(std::string_view bytes) : bytes_(bytes) {
+        place_.newConfiguration(next() % 2 == 0 ? kTcpIp : kRtu);
+    }
+
+    void run() {
+        // Long sequences find nothing that shorter ones do not, and take their time.
+        for (int step = 0; step < 200 && !bytes_.empty(); ++step) {
+            this->step();
+            const auto faults = testing::disagreements(place_.configuration);
+            if (!faults.empty()) throw std::logic_error(faults.front());
+        }
+    }
+
+private:
+    unsigned next() {
+        if (bytes_.empty()) return 0;
+        const auto byte = static_cast<unsigned char>(bytes_.front());
+        bytes_.remove_prefix(1);
+        return byte;
+    }
+
+    std::string name() {
+        constexpr std::array kNames{"A", "a",      "B",    "A.B", "B.A", "tag",
+                                    "",  "ModBus", "coil", "x&y", "<b>", "A "};
+        const unsigned choice = next();
+        if (choice < 128) return kNames[choice % kNames.size()];
+        std::string text(bytes_.substr(0, choice % 8));
+        bytes_.remove_prefix(text.size());
+        return text;
+    }
+
+    TreeNode& anyNode() {
+        const StructureTree& tree = place_.configuration.tree;
+        TreeNode* node = tree.firstAdded();
+        for (std::size_t steps = next() % tree.size(); steps > 0; --steps)
+            node = StructureTree::nextAdded(*node);
+        return *node;
+    }
+
+    void dialog(FakeForm& form) {
+        for (const char* field :
+             {"txtName", "txtBranchName", "txtItemName", "txtComment", "txtUI", "txtAddress"}) {
+            fill(form, field);
+        }
+        for (const char* list : {"cmbMBType", "cmbModbusType", "cmbDataType", "cmbAccessRight", "cmbBit"}) {
+            tryTo([&] {
+                const auto items = form.items(list);
+                if (!items.empty()) form.choose(list, items[next() % items.size()]);
+            });
+        }
+        tryTo([&] {
+            if (next() % 4 == 0) form.press("cmdAdd");
+        });
+        tryTo([&] { form.press(next() % 8 == 0 ? "cmdCancel" : "cmdOk"); });
+        tryTo([&] { form.press("Command2"); });
+    }
+
+    // A form has not every control, and not each can be used at all times; nobody could then.
+    template <typename Action>
+    static void tryTo(Action action) {
+        try {
+            action();
+        } catch (const RuntimeError&) {
+        } catch (const std::logic_error&) {
+        }
+    }
+
+    void fill(FakeForm& form, std::string_view field) {
+        const bool number = field == "txtUI" || field == "txtAddress";
+        tryTo([&] {
+            if (next() % 2 == 0) form.type(field, number ? std::to_string(next()) : name());
+        });
+    }
+
+    void select() {
+        place_.window.focus = FocusedView::Tree;
+        place_.editor.TreeView1_NodeClick(anyNode());
+        place_.display.selected.clear();
+        for (std::size_t row = 0; row < place_.list.rows().size() && next() % 4 != 0; ++row) {
+            place_.window.focus = FocusedView::List;
+            place_.display.selected.push_back(row);
+        }
+        if (place_.window.focus == FocusedView::List) place_.editor.ListView1_Click();
+    }
+
+    // Of other nodes a drag takes no record along: kept, and no agreement of tree and collections is to be
+    // expected.
+    void drag() {
+        TreeNode& source = anyNode();
+        if (source.tag() != NodeTag::Item && source.tag() != NodeTag::Branch) return;
+        if (!place_.editor.TreeView1_MouseDown(&source, {.control = next() % 2 == 0})) return;
+        place_.editor.TreeView1_OLEStartDrag();
+        place_.editor.TreeView1_OLEDragOver(&anyNode());
+        place_.editor.TreeView1_OLEDragDrop();
+    }
+
+    void step() {
+        constexpr std::array kCommands{"mnuAddMBType", "mnuAddPlc",      "mnuAddBranch", "mnuAddItem",
+                                       "mnuCopy",      "mnuCut",         "mnuPaste",     "mnuDelete",
+                                       "mnuPasteName", "mnuPasteComment"};
+        const unsigned choice = next() % 14;
+        place_.forms.scripts.assign({[this](FakeForm& form) { dialog(form); }});
+        select();
+        // An edited data type leaves its node behind on purpose when it gets another name.
+        const TreeNode* selected = place_.configuration.tree.selected();
+        const NodeTag tag = selected == nullptr ? NodeTag::ModBus : selected->tag();
+        if ((choice == 11 || choice == 13) && (tag == NodeTag::ModBus || tag == NodeTag::DataType)) return;
+        if (choice == 10)
+            drag();
+        else if (choice == 11)
+            place_.editor.TreeView1_DblClick();
+        else if (choice == 12)
+            place_.editor.ListView1_ColumnClick(next() % 6);
+        else if (choice == 13)
+            place_.editor.ListView1_DblClick();
+        else
+            command(kCommands[choice]);
+        place_.forms.scripts.clear();
+        place_.messages.take();
+    }
+
+    // What is disabled cannot be chosen.
+    void command(const char* name) {
+        const auto state = place_.window.menus.find(name);
+        if (state != place_.window.menus.end() && !state->second) return;
+        place_.clipboard.contents = this->name() + "\r\n" + this->name();
+        place_.run(name);
+    }
+
+    std::string_view bytes_;
+    Workplace place_;
+};
+
+}  // namespace
+
+void Commands(std::string_view bytes) {
+    ByteUser(bytes).run();
+}
+
+}  // namespace trevandix::fuzz

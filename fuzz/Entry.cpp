@@ -1,0 +1,10 @@
+// The one entry point of all fuzzers; TREVANDIX_TARGET names the function that it runs.
+#include <cstddef>
+#include <cstdint>
+
+#include "Targets.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    trevandix::fuzz::TREVANDIX_TARGET({reinterpret_cast<const char*>(data), size});
+    return 0;
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string_view>
+
+namespace trevandix::fuzz {
+
+// Each takes any bytes and throws std::logic_error when the editor does what it must never do. The tests
+// replay the corpus and every input that once found a fault through the same functions.
+
+/// The bytes as a configuration file: opened or refused with one message, tree and collections agree, and
+/// what was opened can be saved and opened again.
+void Reader(std::string_view bytes);
+/// The bytes as lines of the writer's shape: never anything but an XmlParseError, every text inside the file.
+void Fallback(std::string_view bytes);
+/// The bytes as a type: converting there and back settles after one round.
+void TypeNames(std::string_view bytes);
+/// The bytes as clipboard text: nothing but blanks and line ends is lost.
+void Clipboard(std::string_view bytes);
+/// The bytes as a user's commands: tree and collections agree after each.
+void Commands(std::string_view bytes);
+
+}  // namespace trevandix::fuzz

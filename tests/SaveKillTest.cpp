@@ -1,0 +1,188 @@
+// What only a process of its own can show: kills at every step of a save, a full disk, missing rights, a
+// crash.
+#ifdef __linux__
+
+#include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/ptrace.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <set>
+
+#include "FakePlatform.h"
+#include "Plant.h"
+
+namespace trevandix::testing {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kNotPossible = 77;
+constexpr uid_t kNobody = 65534;
+
+// More than the writer writes at once, so that a save takes several writes.
+struct Large : PlantedWorkplace {
+    Large() : PlantedWorkplace({"U", "U.B/"}) {
+        std::vector<std::string> keys;
+        for (int i = 0; i < 20000; ++i) keys.push_back("U.B.item" + std::to_string(i));
+        plant(*this, keys);
+        configuration.setFilePath(path("test.xml"));
+        run("mnuSaveCfg");
+        after = readFile(path("test.xml"));
+        writeFile(path("test.xml"), before);
+    }
+    const std::string before = "the old content\r\n";
+    std::string after;
+};
+
+/// Runs the body in a process of its own; its result becomes the exit code.
+template <typename Body>
+int inChild(Body body) {
+    const pid_t child = fork();
+    if (child == 0) {
+        int code = 99;
+        try {
+            code = body();
+        } catch (const std::exception& error) {
+            std::fprintf(stderr, "%s\n", error.what());
+        }
+        _exit(code);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+/// Runs the body in a process that is killed at its `step`th entry to or return from the system. False when
+/// the process ended before.
+template <typename Body>
+bool killedAt(int step, Body body) {
+    const pid_t child = fork();
+    if (child == 0) {
+        ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        raise(SIGSTOP);
+        body();
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    for (int i = 0; i < step && WIFSTOPPED(status); ++i) {
+        ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+        waitpid(child, &status, 0);
+    }
+    if (!WIFSTOPPED(status)) return false;
+    kill(child, SIGKILL);
+    waitpid(child, &status, 0);
+    return true;
+}
+
+bool mayTrace() {
+    return inChild([] { return ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0 ? 0 : kNotPossible; }) == 0;
+}
+
+}  // namespace
+
+TEST(SaveKill, OldOrNewContentSurvivesAKillAtEverySystemCall) {
+    if (!mayTrace()) GTEST_SKIP() << "this system lets no process trace another";
+    Large place;
+    const std::string path = place.path("test.xml");
+    int asOld = 0;
+    std::set<std::size_t> partly;  // sizes of the new file on its way
+    int step = 1;
+    for (; killedAt(step, [&] { place.run("mnuSaveCfg"); }); ++step) {
+        const std::string now = readFile(path);
+        const std::string backup = readFile(path + ".bak");
+        ASSERT_TRUE(now == place.before || now == place.after || backup == place.before) << "step " << step;
+        asOld += now == place.before ? 1 : 0;
+        if (now != place.after && backup == place.before) partly.insert(now.size());
+        fs::remove(path + ".bak");
+        writeFile(path, place.before);
+    }
+    EXPECT_GT(asOld, 0);
+    EXPECT_GE(partly.size(), 3U);  // begun, after the first write, after the second
+    EXPECT_EQ(readFile(path), place.after);
+    EXPECT_FALSE(fs::exists(path + ".bak"));
+}
+
+TEST(SaveKill, AFullDiskKeepsTheOldContent) {
+    Large place;
+    const int code = inChild([&] {
+        const fs::path disk = place.folder / "disk";
+        fs::create_directory(disk);
+        // A disk that no other process sees, and that is gone with this one.
+        if (unshare(CLONE_NEWNS) != 0 || mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=128k") != 0) {
+            return kNotPossible;
+        }
+        const std::string path = (disk / "test.xml").string();
+        writeFile(path, place.before);
+        place.configuration.setFilePath(path);
+        place.run("mnuSaveCfg");
+        const std::string message =
+            " Error n. 61  Disk full: the previous file is kept as " + path + ".bak in ";
+        return place.messages.texts.back().starts_with(message) && readFile(path + ".bak") == place.before &&
+                       !place.configuration.state.saved
+                   ? 0
+                   : 1;
+    });
+    if (code == kNotPossible) GTEST_SKIP() << "this user may not mount a disk";
+    EXPECT_EQ(code, 0);
+}
+
+// Refused before anything is touched.
+TEST(SaveKill, MissingRightsTouchNothing) {
+    for (const bool folderToo : {false, true}) {
+        Large place;
+        const std::string path = place.path("test.xml");
+        chmod(path.c_str(), folderToo ? 0666 : 0444);
+        chmod(place.folder.c_str(), folderToo ? 0555 : 0777);
+        const int code = inChild([&] {
+            if (getuid() == 0 && setuid(kNobody) != 0) return kNotPossible;
+            place.run("mnuSaveCfg");
+            return place.messages.texts.back() == " Error n. 70  Permission denied in CreateXML" ? 0 : 1;
+        });
+        chmod(place.folder.c_str(), 0777);
+        if (code == kNotPossible) GTEST_SKIP() << "root cannot become another user here";
+        EXPECT_EQ(code, 0) << folderToo;
+        EXPECT_EQ(readFile(path), place.before);
+        EXPECT_FALSE(fs::exists(path + ".bak"));
+    }
+}
+
+// The recovery files of a killed editor are offered, those of a living one are not.
+TEST(SaveKill, WorkOfAKilledEditorIsOffered) {
+    const auto later = std::chrono::steady_clock::now() + std::chrono::hours(1);
+    Large place;
+    const auto work = [&] {
+        plant(place, {"U.B.unsaved"});
+        while (place.editor.idle(later, later - std::chrono::minutes(1)) < std::chrono::seconds(1)) {
+        }
+    };
+    const auto questions = [&] {
+        Workplace next;
+        fs::create_directory_symlink(place.folder / "state", next.folder / "state");
+        next.messages.answers = {Answer::Yes};
+        next.editor.offerRecovery();
+        return next.configuration.items.contains("U.B.unsaved") ? 1 : 0;
+    };
+    int status = 0;
+    const pid_t child = fork();
+    if (child == 0) {
+        work();
+        raise(SIGSTOP);
+    }
+    waitpid(child, &status, WUNTRACED);
+    EXPECT_EQ(questions(), 0);
+    kill(child, SIGKILL);
+    waitpid(child, &status, 0);
+    EXPECT_EQ(questions(), 1);
+}
+
+}  // namespace trevandix::testing
+
+#endif

@@ -1,0 +1,125 @@
+// Saves that fail or are killed: the old or the new content is always there in full, and the user is told.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "FakePlatform.h"
+#include "Plant.h"
+
+namespace trevandix::testing {
+
+namespace {
+
+namespace fs = std::filesystem;
+using Texts = std::vector<std::string>;
+
+// An open configuration, its file as it was, and one more item.
+struct Changed : PlantedWorkplace {
+    Changed() : PlantedWorkplace({"U", "U.a"}) {
+        configuration.setFilePath(path("test.xml"));
+        run("mnuSaveCfg");
+        old = readFile(path("test.xml"));
+        plant(*this, {"U.b"});
+        configuration.state.saved = false;
+        messages.take();
+    }
+    std::string old;
+};
+
+Texts names(const fs::path& folder) {
+    Texts found;
+    for (const auto& entry : fs::directory_iterator(folder))
+        found.push_back(entry.path().filename().string());
+    std::ranges::sort(found);
+    return found;
+}
+
+}  // namespace
+
+TEST(SaveSafety, AGoodSaveLeavesNoTraceAndTouchesNoEarlierRescue) {
+    Changed place;
+    writeFile(place.path("test.xml.bak"), "rescued");
+    place.run("mnuSaveCfg");
+    EXPECT_EQ(place.messages.take().back(), place.path("test.xml") + " saved");
+    EXPECT_NE(readFile(place.path("test.xml")), place.old);
+    EXPECT_EQ(readFile(place.path("test.xml.bak")), "rescued");
+    EXPECT_EQ(names(place.folder), (Texts{"test.xml", "test.xml.bak"}));
+}
+
+// A record without which the writer stops half-way, again and again.
+TEST(SaveSafety, EveryFailedSaveKeepsWhatItFound) {
+    Changed place;
+    place.configuration.items.remove("U.b");
+    const std::string path = place.path("test.xml");
+    std::string found = place.old;
+    for (const char* ending : {".bak", ".bak2", ".bak3"}) {
+        const std::string backup = path + ending;
+        place.run("mnuSaveCfg");
+        EXPECT_EQ(place.messages.take().back(),
+                  " Error n. 5  Invalid procedure call or argument: the previous file is "
+                  "kept as " +
+                      backup + " in PrintBranch");
+        EXPECT_EQ(readFile(backup), found);
+        EXPECT_EQ(readFile(path + ".bak"), place.old);
+        found = readFile(path);  // partly written
+        EXPECT_FALSE(place.configuration.state.saved);
+    }
+}
+
+TEST(SaveSafety, AsksBeforeItOverwritesWhatAnotherProgramWrote) {
+    Changed place;
+    const std::string path = place.path("test.xml");
+    const std::string usual = "File " + path + " already existing. Overwrite?";
+    place.messages.answers = {Answer::Cancel};
+    place.run("mnuSaveCfg");
+    EXPECT_EQ(place.messages.take(), Texts{usual});
+
+    // Another size, or only another time.
+    for (const bool sizeToo : {true, false}) {
+        const auto before = fs::last_write_time(path);
+        writeFile(path, sizeToo ? "by another" : readFile(path));
+        fs::last_write_time(path, before + std::chrono::seconds(90));
+        place.messages.answers = {Answer::No};
+        place.run("mnuSaveCfg");
+        const auto asked = place.messages.take();
+        ASSERT_EQ(asked.size(), 1U);
+        const FileStamp ours{0, before};
+        const FileStamp theirs{0, before + std::chrono::seconds(90)};
+        EXPECT_EQ(asked[0], "File " + path + " was changed by another program on " + theirs.localTime() +
+                                " (opened or saved here on " + ours.localTime() + "). Save all the same?");
+        EXPECT_EQ(place.messages.buttonsShown.back(), Buttons::YesNo);
+        EXPECT_EQ(sizeToo, readFile(path) == "by another");
+
+        place.messages.answers = {Answer::Yes, Answer::Yes};
+        place.run("mnuSaveCfg");
+        EXPECT_EQ(place.messages.take(), (Texts{asked[0], usual, path + " saved"}));
+    }
+    fs::remove(path);
+    place.run("mnuSaveCfg");
+    EXPECT_EQ(place.messages.take(), Texts{path + " saved"});
+    EXPECT_EQ(FileStamp().localTime().size(), std::string("2024-05-01 13:45:00").size());
+}
+
+#ifdef _WIN32
+// Refused before anything is touched; elsewhere neither hinders the change of a file's name.
+TEST(SaveSafety, AFileThatIsOpenElsewhereOrReadOnlyIsRefused) {
+    Changed place;
+    const std::string path = place.path("test.xml");
+    const auto isRefused = [&] {
+        place.run("mnuSaveCfg");
+        EXPECT_EQ(place.messages.take().back(), " Error n. 70  Permission denied in CreateXML");
+        EXPECT_EQ(readFile(path), place.old);
+        EXPECT_EQ(names(place.folder), Texts{"test.xml"});
+    };
+    std::FILE* open = std::fopen(path.c_str(), "rb");
+    isRefused();
+    std::fclose(open);
+    fs::permissions(path, fs::perms::owner_write, fs::perm_options::remove);
+    isRefused();
+    fs::permissions(path, fs::perms::owner_write, fs::perm_options::add);
+    place.run("mnuSaveCfg");
+    EXPECT_EQ(place.messages.take().back(), path + " saved");
+}
+#endif
+
+}  // namespace trevandix::testing

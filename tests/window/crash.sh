@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# The program is killed with unsaved work; the next start offers it, takes it back, and tidies up when it ends.
+. "$(dirname "$0")/lib.sh"
+. "$(dirname "$0")/dialogs.sh"
+
+# Under Wine the process that can be killed is not the program's own.
+if [ -n "$under_wine" ]; then exit; fi
+export XDG_STATE_HOME=$folder/state
+state=$XDG_STATE_HOME/trevandix-editor
+
+start
+new_configuration
+add_unit PLC1 10.0.0.5 7 1500
+add_branch Unsaved
+until_true 10 eval "grep -qs '<Unsaved>' '$state'/*.xml" || fail "the work is not kept: $(ls "$state" 2>&1)"
+kill -9 "$editor"
+wait "$editor" || true
+
+start_asked() {
+    "$program" >"$folder/output" 2>&1 &
+    editor=$!
+    until_true 30 is_active "$box" || fail "the next start asks nothing"
+    said_at_start=$(wc -c <"$folder/output")
+}
+start_asked
+answer y
+await "$main"
+save_as "$folder/recovered.xml"
+grep -q '<UNSAVED>' "$folder/recovered.xml" || fail "the work was not recovered"
+grep -q 'PLC name="PLC1"' "$folder/recovered.xml" || fail "the unit was not recovered"
+keys alt+f x
+await_end
+[ -z "$(ls "$state")" ] || fail "left behind: $(ls "$state")"

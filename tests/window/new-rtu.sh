@@ -1,0 +1,85 @@
+#!/usr/bin/env bash
+# A serial RTU configuration by keys alone, with what goes wrong on the way: a failed unit check closes the dialog, a
+# refused name keeps it open, cancelled dialogs leave nothing behind.
+. "$(dirname "$0")/lib.sh"
+. "$(dirname "$0")/dialogs.sh"
+declare -A tables=(["holding register"]=1)
+
+# serial NAME IDENTIFIER PORT BAUD: the dialog filled, not confirmed; baud rate by its place in the list.
+serial() {
+    open_dialog u "$unit"
+    fill_unit "$1" "$2" 500 "$3"
+    keys Tab
+    choose "$4"
+}
+
+start
+new_configuration Down space
+keys Down
+add_type 4
+keys Up
+serial Boiler 3 COM3 5
+keys Tab
+choose 2 # even parity
+keys Tab
+replaced 7
+leave_combo
+replaced 2
+leave_combo
+choose 2 # hardware flow control
+keys Tab
+replaced 25
+confirm_dialog
+keys Home
+
+serial Burner 4 COM3 3 # the same port at another rate
+keys Return
+answer Return
+await "$main"
+serial Burner 3 COM5 3 # the identifier is taken
+keys Return
+answer Return
+await "$main"
+open_dialog u "$unit"
+replaced Nothing
+leave_dialog
+serial Boiler 4 COM4 3 # the name is taken: the dialog stays
+keys Return
+answer Return
+await "$unit"
+fill_text u Burner
+confirm_dialog
+
+open_dialog b "$branch"
+replaced Nothing
+leave_dialog
+open_dialog b "$branch"
+confirm_dialog # NewBranch0
+open_dialog i "$item"
+keys Return # no table chosen
+answer Return
+await "$item"
+fill_item "holding register" Level "" 65536 6 3
+keys Return # beyond the last address
+answer Return
+await "$item"
+fill_text a 65535
+keys alt+e
+fill_text i Level
+fill_text a 0
+keys Return # the name is taken
+answer Return
+await "$item"
+leave_dialog
+open_dialog i "$item"
+fill_item "holding register" Low "" 40 15 2
+fill_elements 12
+confirm_dialog
+
+keys ctrl+shift+s
+save_to "$folder/new-rtu.xml"
+same_bytes "$window_root/tests/window/expected/new-rtu.xml" "$folder/new-rtu.xml"
+published TrevandixRTU "$folder/new-rtu.xml"
+keys alt+f c
+keys alt+f x
+await_end

@@ -1,0 +1,87 @@
+#!/usr/bin/env bash
+# A file named on the command line: looked at in every way the list has, sorted by the mouse, saved through each answer
+# of the overwrite question, closed and opened again; a file that is none; the question at the end.
+. "$(dirname "$0")/lib.sh"
+. "$(dirname "$0")/dialogs.sh"
+
+plant=$folder/plant.xml
+cp "$window_root/samples/water-works.xml" "$plant"
+
+open_file() {
+    keys ctrl+o
+    await "Open as existing configuration"
+    type_path "$1"
+}
+
+start "$plant"
+until_loaded
+
+# The four ways of showing a branch's items differ, and the last is the first again.
+keys Home Down Down # a branch
+until_true 5 list_differs_from "" || fail "no picture"
+settled_list
+views=("$list_picture")
+for entry in i s l; do
+    keys alt+v "$entry"
+    until_true 5 list_differs_from "${views[-1]}" || fail "the list looks the same after View, $entry"
+    settled_list
+    for earlier in "${views[@]}"; do
+        [ "$earlier" != "$list_picture" ] || fail "View, $entry shows what another view showed"
+    done
+    views+=("$list_picture")
+done
+keys alt+v r
+until_true 5 list_is "${views[0]}" || fail "View, Report is not what was shown at first"
+
+# By comment, ascending also at the second click; a double click on the second row opens it.
+for _ in 1 2; do click_list 60 header; done
+click_list 10 2
+click_list 10 2
+await "$item"
+keys alt+i
+holds Redox
+leave_dialog
+
+keys ctrl+s
+answer Escape # neither yes nor no
+await "$main"
+keys ctrl+s
+answer alt+n
+await "Save configuration"
+keys Escape
+await "$main"
+same_bytes "$window_root/samples/water-works.xml" "$plant"
+echo spoiled >"$plant"
+keys ctrl+s
+answer alt+y
+answer alt+y # another program has changed the file
+answer Return
+await "$main"
+same_bytes "$window_root/samples/water-works.xml" "$plant"
+published TrevandixTcpIp "$plant"
+
+# A file that is none: the message, and the program can go on.
+printf '<?xml version="1.0"?>\r\n<SomethingElse/>\r\n' >"$folder/other.xml"
+keys alt+f c
+open_file "$folder/other.xml"
+answer Return
+await "$main"
+open_file "$plant"
+await "$main"
+until_loaded
+
+# Closing asks after an edit; declined, the file stays as it was.
+keys Home Down Down
+add_branch Extra
+keys alt+f c
+answer alt+n
+await "$main"
+open_file "$plant"
+await "$main"
+until_loaded
+keys Home Down Down
+add_branch Extra
+keys alt+F4
+answer alt+n
+await_end
+same_bytes "$window_root/samples/water-works.xml" "$plant"

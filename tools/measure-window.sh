@@ -1,0 +1,124 @@
+#!/usr/bin/env bash
+# tools/measure-window.sh PROGRAM [ITEMS]: how long the real window is at work with what people do most, on a file of
+# ITEMS items (100,000 unless told), of which a tenth stands in one branch. Runs on a virtual display of its own; a
+# program that ends in .exe runs under Wine (then call it through tools/windows.sh display).
+#
+# What is measured is the processor time that the program's first thread takes from a key until it rests again, so other
+# work on the machine does not count. While that thread works the window answers nobody.
+set -euo pipefail
+program=$(realpath "$1")
+items=${2:-100000}
+main="VOSK Automation - Trevandix Configuration Editor"
+box="Trevandix Configuration Editor"
+
+if [ -z "${WINDOW_TEST_DISPLAY:-}" ] && [[ $program != *.exe ]]; then
+    export WINDOW_TEST_DISPLAY=own
+    exec xvfb-run -a -s "-screen 0 1280x900x24 -nolisten tcp" bash "$0" "$@"
+fi
+
+folder=$(mktemp -d)
+trap 'kill $editor $manager 2>/dev/null || true; rm -rf "$folder"' EXIT
+editor= manager=
+export HOME=${WINEPREFIX:+$HOME}
+HOME=${HOME:-$folder}
+if [[ $program != *.exe ]]; then
+    export XDG_CONFIG_HOME=$folder XDG_STATE_HOME=$folder GDK_BACKEND=x11 GSETTINGS_BACKEND=memory NO_AT_BRIDGE=1
+    openbox >/dev/null 2>&1 &
+    manager=$!
+fi
+
+plant() {
+    awk -v items="$items" '
+        function line(text) { printf "%s\r\n", text }
+        function branch(name, from, to,   i) {
+            line("\t\t\t\t<" name ">")
+            for (i = from; i < to; i++)
+                printf "\t\t\t\t\t<tag>\r\n\t\t\t\t\t\t<name>Signal_%d</name>\r\n\t\t\t\t\t\t<comment>measured value %d</comment>\r\n" \
+                    "\t\t\t\t\t\t<address>%d</address>\r\n\t\t\t\t\t\t<datatype>HREGISTER VT_I2</datatype>\r\n" \
+                    "\t\t\t\t\t\t<accessrights>READ</accessrights>\r\n\t\t\t\t\t</tag>\r\n", i, i * 7919 % items, i * 31 % 65536
+            line("\t\t\t\t</" name ">")
+        }
+        BEGIN {
+            line("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>"); line("<VOSKModBusTcpIpCfg>"); line("\t<MODBUS>")
+            line("\t\t<DATATYPE name=\"HREGISTER\" readcode = \"3\" writecode=\"16\" singlewrcode=\"6\"/>")
+            line("\t</MODBUS>"); line("\t<OPC_DA>")
+            line("\t\t<PLC name=\"A\" address = \"10.0.0.1\" id=\"1\" timeout=\"1000\">"); line("\t\t\t<tags>")
+            branch("ALL", 0, items / 10)
+            for (at = items / 10; at < items; at += 100) branch("GROUP" at, at, at + 100)
+            line("\t\t\t</tags>"); line("\t\t</PLC>"); line("\t</OPC_DA>"); line("</VOSKModBusTcpIpCfg>")
+        }' >"$1"
+}
+
+# Processor time so far in milliseconds.
+busy() { awk '{ printf "%d\n", $1 / 1000000 }' "/proc/$thread/task/$thread/schedstat"; }
+
+# Waits until the program rests and prints the time that it has taken since $1.
+rested() {
+    local since=$1 before=-1 now still=0
+    while [ $still -lt 6 ]; do
+        sleep 0.1
+        now=$(busy)
+        if [ $((now - before)) -le 3 ]; then still=$((still + 1)); else still=0; fi
+        before=$now
+    done
+    echo $((now - since))
+}
+
+# measure WHAT KEY...: presses the keys one after the other; the last one counts.
+measure() {
+    local what=$1 start last=${*: -1}
+    shift
+    if [ $# -gt 1 ]; then xdotool key --delay 20 "${@:1:$#-1}"; fi
+    rested 0 >/dev/null
+    start=$(busy)
+    xdotool key "$last"
+    printf '| %s | %s |\n' "$what" "$(rested "$start")"
+}
+
+await() {
+    local _
+    for _ in {1..600}; do
+        if [ "$(xdotool getactivewindow getwindowname 2>/dev/null)" = "$1" ]; then return; fi
+        sleep 0.05
+    done
+    echo "no window \"$1\"" >&2
+    exit 1
+}
+
+start_program() { # FILE
+    if [[ $program == *.exe ]]; then wine "$program" "Z:${1//\//\\}" & else "$program" "$1" & fi
+    editor=$!
+    thread=$editor
+    await "$main"
+}
+
+plant "$folder/plant.xml"
+start_program "$folder/plant.xml" 2>/dev/null
+printf '| on %s items | ms |\n|---|---|\n' "$items"
+printf '| start and open | %s |\n' "$(rested 0)"
+measure "select the unit" Home Down
+measure "select a branch of a tenth" Down
+xdotool key Tab
+measure "select all its rows" ctrl+a
+measure "close the whole tree" Home shift+Tab Home Left
+measure "open it again" Right
+xdotool key ctrl+f
+await "Find Item"
+xdotool type "Signal_$((items - 1))"
+measure "find the last item" Return
+xdotool key Escape
+await "$main"
+measure "select the item found" Up Down
+xdotool key Home Down Down
+measure "open the item dialog" alt+o i
+await "Item Properties"
+xdotool key alt+m Home alt+d Home alt+r Home alt+a
+xdotool type 1
+measure "add an item" Return
+await "$main"
+rested 0 >/dev/null
+xdotool key ctrl+s
+await "$box"
+measure "save" y
+await "$box"
+xdotool key Return

@@ -1,0 +1,83 @@
+#!/usr/bin/env bash
+# pictures.sh [FOLDER]: the pictures of the documents, taken from the running program (TREVANDIX_PROGRAM), which is
+# driven as in the window tests. Without FOLDER they go to docs/pictures.
+. "$(dirname "$0")/../tests/window/lib.sh"
+. "$window_root/tests/window/dialogs.sh"
+
+pictures=$(realpath -m "${1:-$window_root/docs/pictures}")
+mkdir -p "$pictures"
+
+# shot NAME: the window that has the keyboard, with its frame, in few colours.
+shot() {
+    local picture=$pictures/$1.png
+    sleep 0.4 # the last drawing
+    import -frame -window "$(xdotool getactivewindow)" png:- |
+        convert - -strip +dither -colors 128 -depth 8 -define png:compression-level=9 "$picture"
+}
+
+# shot_of NAME TITLE [KEY...]: the same of a dialog, which the keys then leave.
+shot_of() {
+    await "$2"
+    shot "$1"
+    keys "${@:3}"
+    await "$main"
+}
+
+plant=/tmp/plant # a path that looks well
+mkdir "$plant"
+trap 'finish; rm -r "$plant"' EXIT
+cp "$window_root"/samples/*.xml "$plant"
+start "$plant/water-works.xml"
+until_loaded
+
+go 2 # a branch
+shot main-window
+for view in i:icons s:small-icons l:list; do
+    keys alt+v "${view%:*}"
+    shot "view-${view#*:}"
+done
+keys alt+v r
+
+keys alt+o b
+shot_of branch "$branch" Escape
+open_dialog i "$item"
+fill_item "holding register" Flow "m3/h" 100 1 3
+shot item
+fill_item "holding register" Flow "m3/h" 100 7 3
+keys alt+g
+shot item-group
+keys Return # adds one
+leave_dialog
+go 3 Return
+shot_of item-edit "$item" Escape
+go 0 alt+o u
+shot_of unit-tcp "$unit" Escape
+keys ctrl+f
+shot_of find "Find Item" Escape
+copied 'Chlorine\r\nConductance\r\nFlow_Rate\r\nRedox_Potential\r\n'
+go 2 Tab ctrl+a alt+e Up Up Return
+shot_of replace "Replace Text" Escape
+keys ctrl+s
+shot_of question "$box" Escape
+keys alt+a Return
+until_true 5 eval '[ "$(active_title)" != "$main" ]' || fail "no about box"
+shot about
+keys Escape
+await "$main"
+
+keys ctrl+n
+answer alt+n
+await "Select ModBus interface"
+shot select
+keys Down space Return
+await "$main"
+keys Down alt+o a
+await "$types"
+choose 4
+shot_of data-type "$types" Escape
+keys Up alt+o u
+shot_of unit-rtu "$unit" Escape
+keys alt+F4
+answer alt+n
+await_end
+ls -l "$pictures"
