@@ -57,6 +57,8 @@ const std::string& plantFile(std::size_t items) {
     return path;
 }
 
-std::string outputFile() { return (folder() / "written.xml").string(); }
+std::string outputFile() {
+    return (folder() / "written.xml").string();
+}
 
 }  // namespace trevandix::bench

@@ -21,7 +21,7 @@ protected:
 TEST_F(BranchDialog, ProposesNumberedNamesAndSelectsTheNewBranch) {
     const std::size_t rows = place.list.rows().size();
     add([](FakeForm& form) {
-        EXPECT_EQ(form.spec.caption, "Branch Name");
+        EXPECT_EQ(form.shape.caption, "Branch Name");
         EXPECT_EQ(form.text("txtBranchName"), "NewBranch0");
         form.press("cmdOk");
     });

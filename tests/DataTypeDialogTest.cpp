@@ -32,7 +32,7 @@ protected:
 
 TEST_F(DataTypeDialog, AChosenTablePresetsTheCodes) {
     add([](FakeForm& form) {
-        EXPECT_EQ(form.spec.caption, "ModBus Data Type Properties");
+        EXPECT_EQ(form.shape.caption, "ModBus Data Type Properties");
         const std::vector<std::pair<std::string, std::string>> presets{{"input status", "2//---o"},
                                                                        {"coil", "1/15/5+++x"},
                                                                        {"input register", "4//---o"},

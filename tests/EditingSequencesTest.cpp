@@ -100,10 +100,10 @@ private:
     void dialog(std::string_view command, std::initializer_list<NodeTag> tags) {
         click(anyNode(tags));
         place_.forms.scripts.assign({[this](FakeForm& form) {
-            if (form.spec.name == "frmItems") fillItem(form, name(false));
-            if (form.spec.name == "frmBranch") form.type("txtBranchName", name(false));
-            if (form.spec.name == "frmPLC") form.type("txtName", name(false));
-            if (form.spec.name == "frmPLC") form.type("txtUI", "1");
+            if (form.shape.name == "frmItems") fillItem(form, name(false));
+            if (form.shape.name == "frmBranch") form.type("txtBranchName", name(false));
+            if (form.shape.name == "frmPLC") form.type("txtName", name(false));
+            if (form.shape.name == "frmPLC") form.type("txtUI", "1");
             form.press("cmdOk");
         }});
         command.empty() ? place_.editor.TreeView1_DblClick() : place_.run(command);

@@ -36,10 +36,10 @@ bool FakeRegistry::publish(std::string_view interfaceKind, std::string_view file
     return true;
 }
 
-FakeForm::FakeForm(const FormSpec& formSpec) : spec(formSpec) {
-    for (const ControlSpec& control : spec.controls) {
+FakeForm::FakeForm(const FormSpec& formSpec) : shape(formSpec) {
+    for (const ControlSpec& control : shape.controls) {
         State& made = controls_[std::string(control.name)];
-        made.spec = &control;
+        made.shape = &control;
         const bool field = control.kind == ControlKind::Text || control.kind == ControlKind::Choice ||
                            control.kind == ControlKind::Combo;
         if (!field) made.text = control.caption;
@@ -62,7 +62,7 @@ FakeForm::State& FakeForm::usable(std::string_view name) {
     if (!open) throw std::logic_error("form is closed");
     for (const State* s = &control; s != nullptr;) {
         if (!s->enabled || !s->visible) throw std::logic_error("out of reach: " + std::string(name));
-        s = s->spec != nullptr && !s->spec->frame.empty() ? &state(s->spec->frame) : nullptr;
+        s = s->shape != nullptr && !s->shape->frame.empty() ? &state(s->shape->frame) : nullptr;
     }
     return control;
 }
@@ -73,14 +73,14 @@ std::string FakeForm::text(std::string_view name) const {
 
 void FakeForm::setText(std::string_view name, std::string_view text) {
     State& control = state(name);
-    const bool listed = control.spec == nullptr || control.spec->kind != ControlKind::Choice ||
+    const bool listed = control.shape == nullptr || control.shape->kind != ControlKind::Choice ||
                         std::ranges::find(control.items, text) != control.items.end();
     control.text = listed ? text : std::string_view();
 }
 
 void FakeForm::setItems(std::string_view name, const std::vector<std::string>& items) {
     state(name).items = items;
-    if (state(name).spec->kind == ControlKind::Choice) state(name).text.clear();
+    if (state(name).shape->kind == ControlKind::Choice) state(name).text.clear();
 }
 
 std::vector<std::string> FakeForm::items(std::string_view name) const {
@@ -93,8 +93,8 @@ bool FakeForm::enabled(std::string_view name) const {
 void FakeForm::setEnabled(std::string_view name, bool enabled) {
     State& control = state(name);
     control.enabled = enabled;
-    if (control.spec != nullptr && !control.spec->labelName.empty()) {
-        state(control.spec->labelName).enabled = enabled;
+    if (control.shape != nullptr && !control.shape->labelName.empty()) {
+        state(control.shape->labelName).enabled = enabled;
     }
 }
 
@@ -110,10 +110,10 @@ bool FakeForm::checked(std::string_view name) const {
 
 void FakeForm::setChecked(std::string_view name, bool checked) {
     State& control = state(name);
-    if (checked && control.spec->kind == ControlKind::Option) {
+    if (checked && control.shape->kind == ControlKind::Option) {
         for (auto& [otherName, other] : controls_) {
-            if (other.spec != nullptr && other.spec->kind == ControlKind::Option &&
-                other.spec->frame == control.spec->frame) {
+            if (other.shape != nullptr && other.shape->kind == ControlKind::Option &&
+                other.shape->frame == control.shape->frame) {
                 other.checked = false;
             }
         }
@@ -122,7 +122,7 @@ void FakeForm::setChecked(std::string_view name, bool checked) {
 }
 
 void FakeForm::setFocus(std::string_view name) {
-    focused = state(name).spec->name;
+    focused = state(name).shape->name;
 }
 
 void FakeForm::setCells(std::string_view name, const std::vector<std::vector<std::string>>& rows) {
@@ -156,8 +156,8 @@ void FakeForm::close() {
 
 void FakeForm::type(std::string_view name, std::string_view text) {
     State& control = usable(name);
-    if (control.spec->kind == ControlKind::Choice) throw std::logic_error("takes no typed text");
-    control.text = filtered(control.spec->filter, text);
+    if (control.shape->kind == ControlKind::Choice) throw std::logic_error("takes no typed text");
+    control.text = filtered(control.shape->filter, text);
 }
 
 void FakeForm::choose(std::string_view name, std::string_view item) {
@@ -171,7 +171,7 @@ void FakeForm::choose(std::string_view name, std::string_view item) {
 
 void FakeForm::toggle(std::string_view name) {
     State& control = usable(name);
-    setChecked(name, control.spec->kind == ControlKind::Option || !control.checked);
+    setChecked(name, control.shape->kind == ControlKind::Option || !control.checked);
     if (control.handler) control.handler();
 }
 
@@ -180,9 +180,9 @@ void FakeForm::press(std::string_view name) {
     if (handler) handler();
 }
 
-std::unique_ptr<Form> FakeForms::create(const FormSpec& spec) {
-    auto form = std::make_unique<FakeForm>(spec);
-    shown.emplace_back(spec.name);
+std::unique_ptr<Form> FakeForms::create(const FormSpec& shape) {
+    auto form = std::make_unique<FakeForm>(shape);
+    shown.emplace_back(shape.name);
     if (!scripts.empty()) {
         form->script = std::move(scripts.front());
         scripts.pop_front();

@@ -59,7 +59,7 @@ public:
 /// would.
 class FakeForm : public Form {
 public:
-    explicit FakeForm(const FormSpec& spec);
+    explicit FakeForm(const FormSpec& shape);
     std::string text(std::string_view name) const override;
     void setText(std::string_view name, std::string_view text) override;
     void setItems(std::string_view name, const std::vector<std::string>& items) override;
@@ -87,7 +87,7 @@ public:
     void toggle(std::string_view name);                         ///< a check box; an option is chosen
     void press(std::string_view name);                          ///< a button
 
-    const FormSpec& spec;
+    const FormSpec& shape;
     bool open = false;
     std::string focused;
     std::vector<std::vector<std::string>> cells;
@@ -95,7 +95,7 @@ public:
 
 private:
     struct State {
-        const ControlSpec* spec = nullptr;
+        const ControlSpec* shape = nullptr;
         std::string text;
         std::vector<std::string> items;
         bool enabled = true;
@@ -115,7 +115,7 @@ private:
 class FakeForms : public Forms {
 public:
     using Script = std::function<void(FakeForm&)>;
-    std::unique_ptr<Form> create(const FormSpec& spec) override;
+    std::unique_ptr<Form> create(const FormSpec& shape) override;
     std::deque<Script> scripts;
     std::vector<std::string> shown;  ///< names of the forms created
     FakeForm* last = nullptr;        ///< valid while the modeless form lives

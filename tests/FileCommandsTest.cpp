@@ -13,13 +13,19 @@ namespace {
 using Texts = std::vector<std::string>;
 
 const std::string kRtuFile =
-    "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<VOSKModBusRTUCfg>\r\n\t<MODBUS>\r\n\t</MODBUS>\r\n\t<OPC_DA>\r\n"
-    "\t\t<PLC>\r\n\t\t\t<name>B\xFCro</name>\r\n\t\t\t<id>3</id>\r\n\t\t\t<com>COM1</com>\r\n\t\t\t<baudrate>9600</baudrate>\r\n"
+    "<?xml version=\"1.0\" "
+    "encoding=\"ISO-8859-1\"?>\r\n<VOSKModBusRTUCfg>\r\n\t<MODBUS>\r\n\t</MODBUS>\r\n\t<OPC_DA>\r\n"
+    "\t\t<PLC>\r\n\t\t\t<name>B\xFCro</name>\r\n\t\t\t<id>3</id>\r\n\t\t\t<com>COM1</"
+    "com>\r\n\t\t\t<baudrate>9600</baudrate>\r\n"
     "\t\t\t<parity>NO</parity>\r\n\t\t\t<stopbits>1</stopbits>\r\n\t\t\t<databits>8</databits>\r\n"
-    "\t\t\t<flowcontrol>NONE</flowcontrol>\r\n\t\t\t<timeout>2000</timeout>\r\n\t\t\t<silent>10</silent>\r\n\t\t\t<tags>\r\n"
-    "\t\t\t\t<ZONE>\r\n\t\t\t\t\t<EMPTY>\r\n\t\t\t\t\t</EMPTY>\r\n\t\t\t\t</ZONE>\r\n\t\t\t\t<tag>\r\n\t\t\t\t\t<name>Bits</name>\r\n"
-    "\t\t\t\t\t<comment>a &#x20AC;</comment>\r\n\t\t\t\t\t<address>-5</address>\r\n\t\t\t\t\t<datatype>HREGISTER VT_BOOL ARRAY"
-    "</datatype>\r\n\t\t\t\t\t<accessrights>READ</accessrights>\r\n\t\t\t\t\t<databit>3</databit>\r\n\t\t\t\t\t<elements>8</elements>\r\n"
+    "\t\t\t<flowcontrol>NONE</flowcontrol>\r\n\t\t\t<timeout>2000</timeout>\r\n\t\t\t<silent>10</"
+    "silent>\r\n\t\t\t<tags>\r\n"
+    "\t\t\t\t<ZONE>\r\n\t\t\t\t\t<EMPTY>\r\n\t\t\t\t\t</EMPTY>\r\n\t\t\t\t</"
+    "ZONE>\r\n\t\t\t\t<tag>\r\n\t\t\t\t\t<name>Bits</name>\r\n"
+    "\t\t\t\t\t<comment>a "
+    "&#x20AC;</comment>\r\n\t\t\t\t\t<address>-5</address>\r\n\t\t\t\t\t<datatype>HREGISTER VT_BOOL ARRAY"
+    "</datatype>\r\n\t\t\t\t\t<accessrights>READ</accessrights>\r\n\t\t\t\t\t<databit>3</"
+    "databit>\r\n\t\t\t\t\t<elements>8</elements>\r\n"
     "\t\t\t\t</tag>\r\n\t\t\t</tags>\r\n\t\t</PLC>\r\n\t</OPC_DA>\r\n</VOSKModBusRTUCfg>\r\n";
 
 // An open, changed configuration of one unit.
@@ -70,10 +76,11 @@ TEST(FileCommands, NewStartsEmptyBesideTheProgram) {
     EXPECT_EQ(place.configuration.state.unitCounter, 0);
     place.run("mnuSaveCfg");
     EXPECT_EQ(place.messages.take(), Texts{place.configuration.state.filePath + " saved"});
-    EXPECT_EQ(place.registry.published,
-              (std::vector<std::pair<std::string, std::string>>{{"TrevandixRTU", place.configuration.state.filePath}}));
+    EXPECT_EQ(place.registry.published, (std::vector<std::pair<std::string, std::string>>{
+                                            {"TrevandixRTU", place.configuration.state.filePath}}));
     EXPECT_EQ(readFile(place.configuration.state.filePath),
-              "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<VOSKModBusRTUCfg>\r\n\t<MODBUS>\r\n\t</MODBUS>\r\n"
+              "<?xml version=\"1.0\" "
+              "encoding=\"ISO-8859-1\"?>\r\n<VOSKModBusRTUCfg>\r\n\t<MODBUS>\r\n\t</MODBUS>\r\n"
               "\t<OPC_DA>\r\n\t</OPC_DA>\r\n</VOSKModBusRTUCfg>\r\n");
 
     // A dialog closed by its title bar leaves the kind as it was.
@@ -96,7 +103,8 @@ TEST(FileCommands, SaveAsksBeforeItOverwrites) {
     place.fileDialog.choice = std::nullopt;  // cancels Save As, silently
     place.run("mnuSaveCfg");
     EXPECT_EQ(place.messages.take(), Texts{question});
-    EXPECT_EQ(place.fileDialog.calls.back(), "Save configuration|configuration files |*.xml|TrevandixRTU.xml");
+    EXPECT_EQ(place.fileDialog.calls.back(),
+              "Save configuration|configuration files |*.xml|TrevandixRTU.xml");
     EXPECT_FALSE(place.configuration.state.saved);
     EXPECT_TRUE(place.registry.published.empty());
 
@@ -181,7 +189,8 @@ TEST(FileCommands, CloseAndExit) {
 
     for (const Answer answer : {Answer::Yes, Answer::No}) {
         Changed leaving;
-        leaving.messages.answers = {answer, Answer::Cancel};  // a save that comes to nothing does not hold the window
+        leaving.messages.answers = {answer,
+                                    Answer::Cancel};  // a save that comes to nothing does not hold the window
         leaving.run("mnuExit");
         leaving.editor.Form_Unload();
         EXPECT_TRUE(leaving.window.closed);

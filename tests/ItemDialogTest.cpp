@@ -27,7 +27,7 @@ protected:
 TEST_F(ItemDialog, OpensForANewItemWithNothingChosen) {
     place.configuration.state.itemCounter = 3;
     add([](FakeForm& form) {
-        EXPECT_EQ(form.spec.caption, "Item Properties");
+        EXPECT_EQ(form.shape.caption, "Item Properties");
         EXPECT_EQ(form.text("cmdOk"), "Add and Exit");
         EXPECT_EQ(form.text("txtItemName"), "New Item 3");
         EXPECT_EQ(form.items("cmbModbusType"),

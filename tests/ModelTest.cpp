@@ -13,8 +13,12 @@
 namespace trevandix {
 
 TEST(Keys, ParentIsCutAtTheLastFullStop) {
-    const std::map<std::string, std::string> table{{"PLC1.Area.Run", "PLC1.Area"}, {"PLC1.Run", "PLC1"}, {"PLC1", ""},
-                                                   {"PLC1.Area.", "PLC1.Area"},    {"", ""},             {".", ""}};
+    const std::map<std::string, std::string> table{{"PLC1.Area.Run", "PLC1.Area"},
+                                                   {"PLC1.Run", "PLC1"},
+                                                   {"PLC1", ""},
+                                                   {"PLC1.Area.", "PLC1.Area"},
+                                                   {"", ""},
+                                                   {".", ""}};
     for (const auto& [key, parent] : table) EXPECT_EQ(Key(key).parent(), parent) << key;
     EXPECT_EQ(Key(Key("PLC1"), "").str(), "PLC1.");
     EXPECT_EQ(Key(Key("PLC1"), "Run"), Key("PLC1.Run"));
@@ -26,7 +30,9 @@ TEST(KeyedCollection, KeepsOrderAndKeysThroughRandomSteps) {
     std::mt19937 random(7);
     KeyedCollection<int> collection;
     std::vector<std::pair<std::string, int>> model;
-    const auto place = [&](const std::string& key) { return std::ranges::find(model, key, &std::pair<std::string, int>::first); };
+    const auto place = [&](const std::string& key) {
+        return std::ranges::find(model, key, &std::pair<std::string, int>::first);
+    };
     for (int step = 0; step < 5000; ++step) {
         const std::string key = "k" + std::to_string(random() % 60);
         const bool known = place(key) != model.end();
@@ -74,7 +80,8 @@ constexpr NodeLook kItemLook{NodeTag::Item, Image::Item};
 TEST(StructureTree, SortsWithoutRegardToCaseAndStaysSorted) {
     StructureTree tree;
     TreeNode& root = tree.addRoot("root", {NodeTag::Config});
-    for (const char* name : {"pump", "Valve", "alarm", "Pump", "äther"}) tree.addChild(root, Key(name), name, kItemLook);
+    for (const char* name : {"pump", "Valve", "alarm", "Pump", "äther"})
+        tree.addChild(root, Key(name), name, kItemLook);
     EXPECT_EQ(texts(root), (std::vector<std::string>{"pump", "Valve", "alarm", "Pump", "äther"}));
     tree.keepSorted(root);
     EXPECT_EQ(texts(root), (std::vector<std::string>{"alarm", "pump", "Pump", "Valve", "äther"}));
@@ -103,7 +110,8 @@ TEST(StructureTree, HoldsTogetherThroughRandomSteps) {
             case 0:
             case 1:
             case 2:
-                tree.addChild(*node, "k" + std::to_string(step), "t" + std::to_string(random() % 50), kItemLook);
+                tree.addChild(*node, "k" + std::to_string(step), "t" + std::to_string(random() % 50),
+                              kItemLook);
                 break;
             case 3:
                 if (node != &root && random() % 4 == 0) tree.remove(*node);
@@ -148,15 +156,16 @@ TEST(StructureTree, SelectionPassesToTheNeighbourOfARemovedNode) {
 
 TEST(Numbers, LeadingNumberIgnoresWhatFollows) {
     const std::vector<std::pair<const char*, double>> table{
-        {"12abc", 12}, {"", 0},      {"abc", 0},   {"-5", -5},   {"+7", 7},       {"  42 ", 42},  {"3.5x", 3.5}, {".5", 0.5},
-        {"1e3", 1000}, {"1e", 1},    {"inf", 0},   {"nan", 0},   {"-", 0},        {"1,5", 1},     {"0x10", 0},   {"- 5", 0},
-        {"--5", 0},    {"1.2.3", 1.2}, {"007", 7}};
+        {"12abc", 12}, {"", 0},       {"abc", 0}, {"-5", -5},     {"+7", 7},  {"  42 ", 42}, {"3.5x", 3.5},
+        {".5", 0.5},   {"1e3", 1000}, {"1e", 1},  {"inf", 0},     {"nan", 0}, {"-", 0},      {"1,5", 1},
+        {"0x10", 0},   {"- 5", 0},    {"--5", 0}, {"1.2.3", 1.2}, {"007", 7}};
     for (const auto& [text, value] : table) EXPECT_EQ(leadingNumber(text), value) << text;
 }
 
 TEST(Numbers, WholeTextsAndRanges) {
     for (const char* text : {"1", " 1 ", "-1.5", "+.5", "1e5", "5."}) EXPECT_TRUE(isNumeric(text)) << text;
-    for (const char* text : {"", " ", "1a", "a", "1 2", "--1", "e5", ".", "inf", "0x1"}) EXPECT_FALSE(isNumeric(text)) << text;
+    for (const char* text : {"", " ", "1a", "a", "1 2", "--1", "e5", ".", "inf", "0x1"})
+        EXPECT_FALSE(isNumeric(text)) << text;
 
     const auto errorOf = [](const char* text) {
         try {
@@ -182,17 +191,26 @@ TEST(Numbers, WholeTextsAndRanges) {
 }
 
 TEST(TypeNames, BothWaysForEveryTableAndValueType) {
-    const std::vector<std::pair<std::string, std::string>> tables{
-        {"input status", "INPUTSTATUS"}, {"coil", "COIL"}, {"input register", "IREGISTER"}, {"holding register", "HREGISTER"}};
-    const std::vector<std::pair<std::string, std::string>> types{
-        {"string", "VT_BSTR"},           {"boolean", "VT_BOOL"},
-        {"unsigned 16 bit", "VT_UI2"},   {"unsigned 32 bit", "VT_UI4"},
-        {"signed 16 bit", "VT_I2"},      {"signed 32 bit", "VT_I4"},
-        {"32 bit float", "VT_R4"},       {"boolean array", "VT_BOOL ARRAY"},
-        {"array", "ARRAY"},              {"unsigned 8 bit array", "VT_UI1 ARRAY"},
-        {"unsigned 16 bit array", "VT_UI2 ARRAY"}, {"unsigned 32 bit array", "VT_UI4 ARRAY"},
-        {"signed 8 bit array", "VT_I1 ARRAY"},     {"signed 16 bit array", "VT_I2 ARRAY"},
-        {"signed 32 bit array", "VT_I4 ARRAY"},    {"32 bit float array", "VT_R4 ARRAY"}};
+    const std::vector<std::pair<std::string, std::string>> tables{{"input status", "INPUTSTATUS"},
+                                                                  {"coil", "COIL"},
+                                                                  {"input register", "IREGISTER"},
+                                                                  {"holding register", "HREGISTER"}};
+    const std::vector<std::pair<std::string, std::string>> types{{"string", "VT_BSTR"},
+                                                                 {"boolean", "VT_BOOL"},
+                                                                 {"unsigned 16 bit", "VT_UI2"},
+                                                                 {"unsigned 32 bit", "VT_UI4"},
+                                                                 {"signed 16 bit", "VT_I2"},
+                                                                 {"signed 32 bit", "VT_I4"},
+                                                                 {"32 bit float", "VT_R4"},
+                                                                 {"boolean array", "VT_BOOL ARRAY"},
+                                                                 {"array", "ARRAY"},
+                                                                 {"unsigned 8 bit array", "VT_UI1 ARRAY"},
+                                                                 {"unsigned 16 bit array", "VT_UI2 ARRAY"},
+                                                                 {"unsigned 32 bit array", "VT_UI4 ARRAY"},
+                                                                 {"signed 8 bit array", "VT_I1 ARRAY"},
+                                                                 {"signed 16 bit array", "VT_I2 ARRAY"},
+                                                                 {"signed 32 bit array", "VT_I4 ARRAY"},
+                                                                 {"32 bit float array", "VT_R4 ARRAY"}};
     for (const auto& [label, file] : tables) {
         EXPECT_EQ(fileTypeName(label), file);
         EXPECT_EQ(displayTypeLabel(file), label);

@@ -11,14 +11,17 @@ namespace trevandix::testing {
 
 namespace {
 
-const std::string kType = R"(		<DATATYPE name="HREGISTER" readcode = "3" writecode="16" singlewrcode="6"/>)";
+const std::string kType =
+    R"(		<DATATYPE name="HREGISTER" readcode = "3" writecode="16" singlewrcode="6"/>)";
 
 std::string unit(const std::string& name, const std::string& tags, const std::string& id = "1") {
     return "\t\t<PLC name=\"" + name + "\" address = \"192.168.0.10\" id=\"" + id +
            "\" timeout=\"1000\">\r\n\t\t\t<tags>\r\n" + tags + "\t\t\t</tags>\r\n\t\t</PLC>";
 }
 
-std::string good() { return fileText({kType}, {unit("PLC1", tagText(4, "Run") + "\r\n")}); }
+std::string good() {
+    return fileText({kType}, {unit("PLC1", tagText(4, "Run") + "\r\n")});
+}
 
 std::string replaced(std::string text, std::string_view what, std::string_view by) {
     const auto at = text.find(what);
@@ -42,11 +45,16 @@ std::string utf16(std::string_view text) {
 TEST(Reader, TakesWhateverCaseOrderAndExtrasFilesHave) {
     Workplace place;
     place.openText(
-        "<?xml version='1.0'?><!-- plant --><voskMODBUSrtucfg><other/><modbus><DataType name='COIL' readcode='1' "
-        "writecode='15' singlewrcode='5'/><x/></modbus><?pi?><OPC_da>text<plc><unknown>1</unknown><Name>P</Name>"
-        "<silent>9</silent><baudrate>19200</baudrate><ID>7</ID><com>COM3</com><Tags><area><Sub-1><TAG><elements>4x"
-        "</elements><name>Run</name><comment>a<b>c</b><![CDATA[d]]></comment><datatype>COIL VT_BOOL</datatype>"
-        "<address> 12abc</address><accessrights>READ</accessrights></TAG></Sub-1></area></Tags></plc></OPC_da>"
+        "<?xml version='1.0'?><!-- plant --><voskMODBUSrtucfg><other/><modbus><DataType name='COIL' "
+        "readcode='1' "
+        "writecode='15' "
+        "singlewrcode='5'/><x/></modbus><?pi?><OPC_da>text<plc><unknown>1</unknown><Name>P</Name>"
+        "<silent>9</silent><baudrate>19200</baudrate><ID>7</ID><com>COM3</"
+        "com><Tags><area><Sub-1><TAG><elements>4x"
+        "</elements><name>Run</name><comment>a<b>c</b><![CDATA[d]]></comment><datatype>COIL "
+        "VT_BOOL</datatype>"
+        "<address> "
+        "12abc</address><accessrights>READ</accessrights></TAG></Sub-1></area></Tags></plc></OPC_da>"
         "</voskMODBUSrtucfg>");
     ASSERT_TRUE(place.messages.texts.empty()) << place.messages.texts[0];
     EXPECT_EQ(place.configuration.state.interfaceKind, kRtu);
@@ -91,7 +99,8 @@ TEST(Reader, KnowsTheEncodingsOfFiles) {
     }
 }
 
-// Each bad file: the message, no open configuration, nothing written, nothing that could be saved over the file.
+// Each bad file: the message, no open configuration, nothing written, nothing that could be saved over the
+// file.
 TEST(Reader, RefusesBadFilesWithTheirMessage) {
     const std::string two = fileText({kType}, {unit("PLC1", ""), unit("PLC1", "")});
     const auto with = [](std::string_view what, std::string_view by) { return replaced(good(), what, by); };
@@ -104,10 +113,14 @@ TEST(Reader, RefusesBadFilesWithTheirMessage) {
         {with("1000", "soon"), " Error n. 13  Type mismatch in BrowsePlc"},
         {with("id=\"1\"", "id=\"256\""), " Error n. 6  Overflow in BrowsePlc"},
         {with("readcode = \"3\"", "readcode = \"x\""), " Error n. 13  Type mismatch in ImportXML"},
-        {with("<address>1</address>", "<address>3000000000</address>"), " Error n. 6  Overflow in BrowseBranch"},
-        {with("<address>1</address>", ""), " Error n. 91  Object variable not set: <tag> has no element \"address\" in BrowseBranch"},
-        {with("timeout=", "time="), " Error n. 91  Object variable not set: <PLC> has no attribute \"timeout\" in BrowsePlc"},
-        {two, " Error n. 457  This key is already associated with an element of this collection in BrowsePlc"},
+        {with("<address>1</address>", "<address>3000000000</address>"),
+         " Error n. 6  Overflow in BrowseBranch"},
+        {with("<address>1</address>", ""),
+         " Error n. 91  Object variable not set: <tag> has no element \"address\" in BrowseBranch"},
+        {with("timeout=", "time="),
+         " Error n. 91  Object variable not set: <PLC> has no attribute \"timeout\" in BrowsePlc"},
+        {two,
+         " Error n. 457  This key is already associated with an element of this collection in BrowsePlc"},
         {with("PLC1", ""), " Error n. 5  Invalid procedure call or argument: a name is missing in BrowsePlc"},
         {with("PLC1", "ModBus"), " Error n. 35602  Key is not unique in collection in BrowsePlc"},
         {with("PLC1", "holding register"), " Error n. 35602"},

@@ -37,7 +37,7 @@ TEST(UnitDialog, OpensWithTheDefaultsOfTheInterfaceKind) {
     Workplace tcp;
     tcp.newConfiguration(kTcpIp);
     runDialog(tcp, "mnuAddPlc", [](FakeForm& form) {
-        EXPECT_EQ(form.spec.caption, "Unit Properties");
+        EXPECT_EQ(form.shape.caption, "Unit Properties");
         expectFields(form, {{"txtName", "New Plc 0"},
                             {"txtUI", "1"},
                             {"txtTimeout", "2000"},

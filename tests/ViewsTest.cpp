@@ -32,8 +32,8 @@ struct WaterWorks : Workplace {
 };
 
 const std::set<std::string> kAlways{"mnuFile", "mnuNewCfg", "mnuOpenCfg"};
-const std::set<std::string> kOpen{"mnuFile",    "mnuNewCfg", "mnuOpenCfg",  "mnuSaveCfg",
-                                  "mnuSaveAs",  "mnuTools",  "mnuCloseCfg", "mnuFind"};
+const std::set<std::string> kOpen{"mnuFile",   "mnuNewCfg", "mnuOpenCfg",  "mnuSaveCfg",
+                                  "mnuSaveAs", "mnuTools",  "mnuCloseCfg", "mnuFind"};
 
 std::set<std::string> open(std::initializer_list<std::string> more) {
     std::set<std::string> result = kOpen;
@@ -82,7 +82,8 @@ TEST(Views, ListAndCommandsOfEveryKindOfNode) {
     EXPECT_EQ(place.list.mode(), ListMode::Report);
     ASSERT_EQ(place.list.rows().size(), 1U);
     EXPECT_EQ(place.list.cell(0, 1), "1");
-    const auto branchRow = openWithViews({"mnuObjects", "mnuAddBranch", "mnuAddItem", "mnuEdit", "mnuPaste", "mnuDelete"});
+    const auto branchRow =
+        openWithViews({"mnuObjects", "mnuAddBranch", "mnuAddItem", "mnuEdit", "mnuPaste", "mnuDelete"});
     EXPECT_EQ(place.on(), openWithViews({"mnuObjects", "mnuAddBranch", "mnuAddItem", "mnuDelete"}));
 
     place.click("Reservoir.FUTURE_CHAMBER_C");
@@ -98,7 +99,8 @@ TEST(Views, ListAndCommandsOfEveryKindOfNode) {
     EXPECT_EQ(place.on(), withPastes);
 
     const std::string key = place.list.rows()[0].key;
-    const auto itemRow = openWithViews({"mnuObjects", "mnuEdit", "mnuCopy", "mnuCut", "mnuDelete", "mnuPasteName", "mnuPasteComment"});
+    const auto itemRow = openWithViews(
+        {"mnuObjects", "mnuEdit", "mnuCopy", "mnuCut", "mnuDelete", "mnuPasteName", "mnuPasteComment"});
     place.selectRows({place.list.rows()[0].text});
     EXPECT_EQ(place.on(), itemRow);
     place.click(key);
@@ -113,15 +115,16 @@ TEST(Views, ListAndCommandsOfEveryKindOfNode) {
 // A sub-branch that comes first keeps the bulk pastes off although items follow it.
 TEST(Views, FirstChildDecidesAboutBulkPastes) {
     Workplace place;
-    place.openText(fileText({}, {"<PLC name='P' address='' id='1' timeout='1'><tags><A><AAA/>" + tagText(5, "Run") +
-                                 tagText(5, "alpha") + "</A></tags></PLC>"}));
+    place.openText(fileText({}, {"<PLC name='P' address='' id='1' timeout='1'><tags><A><AAA/>" +
+                                 tagText(5, "Run") + tagText(5, "alpha") + "</A></tags></PLC>"}));
     place.click("P.A");
     EXPECT_FALSE(place.window.menus["mnuPasteName"]);
     ASSERT_EQ(place.list.rows().size(), 2U);
     EXPECT_EQ(place.list.rows()[0].text, "alpha");
 }
 
-// After a copy by dragging two nodes share a record, which names the copy; each row still leads to its own node.
+// After a copy by dragging two nodes share a record, which names the copy; each row still leads to its own
+// node.
 TEST(Views, RowsOfSharedRecordsLeadToTheirOwnNode) {
     Workplace place;
     place.openText(fileText({}, {"<PLC name='P' address='' id='1' timeout='1'><tags><A>" + tagText(5, "Run") +
@@ -188,7 +191,8 @@ TEST(Views, StatusBarFollowsTheEditor) {
     EXPECT_EQ(status[StatusField::Selection] + status[StatusField::Counts] + status[StatusField::Saved], "");
 }
 
-// Every menu entry and button that a flag names exists, every command has one handler, no shortcut or key is there twice.
+// Every menu entry and button that a flag names exists, every command has one handler, no shortcut or key is
+// there twice.
 TEST(Commands, TablesFitTogether) {
     std::map<std::string_view, int> entries;
     std::map<std::string_view, int> shortcuts;
@@ -200,7 +204,8 @@ TEST(Commands, TablesFitTogether) {
             ++entries[entry.name];
             if (!entry.shortcut.empty()) ++shortcuts[entry.shortcut];
             const auto at = entry.caption.find('&');
-            if (at != std::string_view::npos) ++accessKeys[static_cast<char>(std::tolower(entry.caption[at + 1]))];
+            if (at != std::string_view::npos)
+                ++accessKeys[static_cast<char>(std::tolower(entry.caption[at + 1]))];
         }
         for (const auto& [letter, count] : accessKeys) EXPECT_EQ(count, 1) << menu.name << " " << letter;
     }
@@ -219,8 +224,8 @@ TEST(Commands, TablesFitTogether) {
         for (const auto& button : targets.buttons) {
             EXPECT_TRUE(buttons.contains(button)) << button;
             // A button goes with its own command's entry.
-            const auto spec = std::ranges::find(commandTables().buttons, button, &ToolButtonSpec::key);
-            EXPECT_NE(std::ranges::find(targets.menus, spec->command), targets.menus.end()) << button;
+            const auto shape = std::ranges::find(commandTables().buttons, button, &ToolButtonSpec::key);
+            EXPECT_NE(std::ranges::find(targets.menus, shape->command), targets.menus.end()) << button;
         }
     }
 }

@@ -23,7 +23,7 @@ shot_of() {
     await "$main"
 }
 
-plant=/tmp/plant # a path that looks well
+plant=${folder%/*}/plant # a path that looks well
 mkdir "$plant"
 trap 'finish; rm -r "$plant"' EXIT
 cp "$window_root"/samples/*.xml "$plant"

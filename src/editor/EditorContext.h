@@ -19,15 +19,15 @@ struct EditorContext {
     StructureTree& tree() const { return configuration.tree; }
     EditingState& state() const { return configuration.state; }
 
-    /// Switches the commands for a situation. Without an open configuration only Start and Busy have an effect, so
-    /// that nothing can be saved over a file that could not be read.
+    /// Switches the commands for a situation. Without an open configuration only Start and Busy have an
+    /// effect, so that nothing can be saved over a file that could not be read.
     void enable(Situation situation) const;
 
     /// Runs a handler; its failure is shown with the handler's name.
     bool guarded(std::string_view procedure, const std::function<void()>& body) const;
 
-    /// Empties the view: tree and list hidden and cleared, copy buffer and paste counter as at the start. Leaves
-    /// collections, flags and counters alone.
+    /// Empties the view: tree and list hidden and cleared, copy buffer and paste counter as at the start.
+    /// Leaves collections, flags and counters alone.
     void InitObjects() const;
 };
 

@@ -29,12 +29,15 @@ constexpr std::array<Names, 2> kFileSButtons{"save", "close"};
 constexpr std::array<Names, 5> kView{"mnuView", "mnuIcon", "mnuSmallIcon", "mnuList", "mnuReport"};
 constexpr std::array<Names, 4> kViewButtons{"icon", "smallicon", "list", "report"};
 constexpr std::array<Names, 2> kTools{"mnuTools", "mnuFind"};
-constexpr std::array<Names, 10> kEntries{"mnuAddMBType", "mnuAddBranch", "mnuAddItem", "mnuAddPlc",    "mnuCopy",
-                                         "mnuCut",       "mnuPaste",     "mnuDelete",  "mnuPasteName", "mnuPasteComment"};
-constexpr std::array<Names, 11> kButtons{"modbus", "branch", "item",     "plc",        "copy", "cut",
+constexpr std::array<Names, 10> kEntries{"mnuAddMBType", "mnuAddBranch",   "mnuAddItem", "mnuAddPlc",
+                                         "mnuCopy",      "mnuCut",         "mnuPaste",   "mnuDelete",
+                                         "mnuPasteName", "mnuPasteComment"};
+constexpr std::array<Names, 11> kButtons{"modbus", "branch", "item",     "plc",         "copy", "cut",
                                          "paste",  "delete", "pastitem", "pastcomment", "find"};
 
-constexpr std::span<const Names> one(const Names& name) { return {&name, 1}; }
+constexpr std::span<const Names> one(const Names& name) {
+    return {&name, 1};
+}
 
 constexpr std::array<FlagTargets, kFlagCount> kTargets{{
     {kFileO, kFileOButtons},
@@ -55,7 +58,9 @@ constexpr std::array<FlagTargets, kFlagCount> kTargets{{
 
 }  // namespace
 
-const EnablingRow& enablingRow(Situation situation) { return kRows[static_cast<std::size_t>(situation)]; }
+const EnablingRow& enablingRow(Situation situation) {
+    return kRows[static_cast<std::size_t>(situation)];
+}
 
 Situation situationOf(NodeTag tag) {
     switch (tag) {
@@ -75,7 +80,9 @@ Situation situationOf(NodeTag tag) {
     return Situation::Start;
 }
 
-const FlagTargets& targetsOf(EnablingFlag flag) { return kTargets[flag]; }
+const FlagTargets& targetsOf(EnablingFlag flag) {
+    return kTargets[flag];
+}
 
 void EnMenuButt(CommandBar& commands, const EnablingRow& row) {
     for (std::size_t flag = 0; flag < kFlagCount; ++flag) {

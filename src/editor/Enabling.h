@@ -12,7 +12,21 @@ namespace trevandix {
 
 /// The fourteen switches, in their fixed order.
 enum EnablingFlag : std::size_t {
-    fileO, fileS, ambO, abrO, aitO, aplO, cpyO, cutO, pstO, dltO, vewO, tolO, pNa, pCo, kFlagCount
+    fileO,
+    fileS,
+    ambO,
+    abrO,
+    aitO,
+    aplO,
+    cpyO,
+    cutO,
+    pstO,
+    dltO,
+    vewO,
+    tolO,
+    pNa,
+    pCo,
+    kFlagCount
 };
 
 /// Which commands are usable: one row of switches.

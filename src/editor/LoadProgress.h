@@ -6,8 +6,9 @@
 
 namespace trevandix {
 
-/// Counts the items of a load on `pnlPercent` and keeps the window alive meanwhile: some thirty times a second, and
-/// less often where the window is slow, so that this never costs more than a twentieth of the load.
+/// Counts the items of a load on `pnlPercent` and keeps the window alive meanwhile: some thirty times a
+/// second, and less often where the window is slow, so that this never costs more than a twentieth of the
+/// load.
 class LoadProgress {
 public:
     explicit LoadProgress(MainWindow& window);

@@ -14,7 +14,8 @@ void StatusNews::update() {
     const Configuration& configuration = context_.configuration;
     const EditingState& state = configuration.state;
     if (!state.configurationOpen || configuration.tree.root() == nullptr) {
-        for (const StatusField field : {StatusField::Selection, StatusField::Counts, StatusField::Saved}) show(field, "");
+        for (const StatusField field : {StatusField::Selection, StatusField::Counts, StatusField::Saved})
+            show(field, "");
         return;
     }
     const TreeNode* node = configuration.tree.selected();

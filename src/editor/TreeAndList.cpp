@@ -16,9 +16,9 @@ constexpr std::array kUnitColumns{Column{"Unit Name", 0.5}, Column{"ModBus Unit 
 constexpr std::array kDataTypeColumns{Column{"Data Type Name", 0.4}, Column{"Read Code", 0.2},
                                       Column{"Write Code", 0.2}, Column{"Single Write Code", 0.2}};
 // A branch shows all of these, a single item all but the index.
-constexpr std::array kItemColumns{Column{"Item Name", 0.4},    Column{"Comment", 0.4},     Column{"Address", 0.2},
-                                  Column{"DataType", 0.2},     Column{"ModBus Type", 0.2}, Column{"Access Rights", 0},
-                                  Column{"Index", 0.3}};
+constexpr std::array kItemColumns{
+    Column{"Item Name", 0.4},   Column{"Comment", 0.4},     Column{"Address", 0.2}, Column{"DataType", 0.2},
+    Column{"ModBus Type", 0.2}, Column{"Access Rights", 0}, Column{"Index", 0.3}};
 
 std::span<const Column> columnsOf(NodeTag tag) {
     switch (tag) {

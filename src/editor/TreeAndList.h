@@ -11,8 +11,8 @@ class TreeAndList {
 public:
     explicit TreeAndList(const EditorContext& context) : context_(context) {}
 
-    /// The select-node routine, the one way in which the list is rebuilt. The node becomes the selected one and its
-    /// children are sorted from now on.
+    /// The select-node routine, the one way in which the list is rebuilt. The node becomes the selected one
+    /// and its children are sorted from now on.
     void TreeView1_NodeClick(TreeNode& node);
     /// Switches the commands for the list's current row.
     void ListView1_Click();

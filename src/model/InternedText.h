@@ -5,8 +5,8 @@
 
 namespace trevandix {
 
-/// One of the few texts that very many records share (type labels, access rights): a pointer into a pool that lives
-/// as long as the program.
+/// One of the few texts that very many records share (type labels, access rights): a pointer into a pool that
+/// lives as long as the program.
 class InternedText {
 public:
     InternedText();

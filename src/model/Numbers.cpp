@@ -72,12 +72,22 @@ std::optional<double> wholeNumber(std::string_view text) {
     return parsed.value;
 }
 
-std::uint8_t toByte(double value) { return toInteger<std::uint8_t>(value); }
-std::int16_t toInt16(double value) { return toInteger<std::int16_t>(value); }
-std::int32_t toInt32(double value) { return toInteger<std::int32_t>(value); }
+std::uint8_t toByte(double value) {
+    return toInteger<std::uint8_t>(value);
+}
+std::int16_t toInt16(double value) {
+    return toInteger<std::int16_t>(value);
+}
+std::int32_t toInt32(double value) {
+    return toInteger<std::int32_t>(value);
+}
 
-std::uint8_t byteValue(std::string_view text) { return toByte(strictNumber(text)); }
-std::int32_t int32Value(std::string_view text) { return toInt32(strictNumber(text)); }
+std::uint8_t byteValue(std::string_view text) {
+    return toByte(strictNumber(text));
+}
+std::int32_t int32Value(std::string_view text) {
+    return toInt32(strictNumber(text));
+}
 
 std::int16_t raised(std::int16_t counter) {
     if (counter == std::numeric_limits<std::int16_t>::max()) throw RuntimeError(ErrorNumber::Overflow);

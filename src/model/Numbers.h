@@ -6,13 +6,15 @@
 
 namespace trevandix {
 
-/// The longest decimal number (sign, digits, fraction, exponent) that `text` begins with, blanks in front skipped;
-/// 0 when there is none. Independent of the locale, like everything here.
+/// The longest decimal number (sign, digits, fraction, exponent) that `text` begins with, blanks in front
+/// skipped; 0 when there is none. Independent of the locale, like everything here.
 double leadingNumber(std::string_view text);
 
 /// The number that the whole text reads as, blanks around it allowed; nothing when it is no number.
 std::optional<double> wholeNumber(std::string_view text);
-inline bool isNumeric(std::string_view text) { return wholeNumber(text).has_value(); }
+inline bool isNumeric(std::string_view text) {
+    return wholeNumber(text).has_value();
+}
 
 /// Rounding to the nearest integer, halves to the even neighbour. Errors: Overflow outside the type's range.
 std::uint8_t toByte(double value);

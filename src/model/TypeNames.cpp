@@ -54,7 +54,8 @@ const Name* valueType(std::string_view text, std::string_view Name::*part) {
 std::string fileTypeName(std::string_view label) {
     const Name* table = containedTable(label, &Name::label);
     const auto colon = label.find(':');
-    const Name* type = valueType(colon == std::string_view::npos ? label : label.substr(colon + 1), &Name::label);
+    const Name* type =
+        valueType(colon == std::string_view::npos ? label : label.substr(colon + 1), &Name::label);
     std::string result(table != nullptr ? table->file : std::string_view());
     if (type != nullptr) (result += ' ') += type->file;
     return result;
@@ -76,7 +77,8 @@ std::string displayTypeLabel(std::string_view fileName) {
 ItemType splitDataType(std::string_view dataType) {
     const bool inputStatus = contains(dataType, "input status");
     if (inputStatus || contains(dataType, "coil")) {
-        return {inputStatus ? "input status" : "coil", contains(dataType, "array") ? "boolean array" : "boolean"};
+        return {inputStatus ? "input status" : "coil",
+                contains(dataType, "array") ? "boolean array" : "boolean"};
     }
     const auto colon = dataType.find(':');
     if (colon == std::string_view::npos) return {dataType, {}};

@@ -6,9 +6,9 @@
 namespace trevandix {
 
 /// Both directions work on whole types: table and value type in one text.
-/// Display: table label, ":", value type label ("holding register:signed 16 bit"); a data type has the table alone.
-/// File: table name, one blank, value type name ("HREGISTER VT_I2").
-/// Unknown value types yield the table alone; an unknown table yields nothing in front of the separator.
+/// Display: table label, ":", value type label ("holding register:signed 16 bit"); a data type has the table
+/// alone. File: table name, one blank, value type name ("HREGISTER VT_I2"). Unknown value types yield the
+/// table alone; an unknown table yields nothing in front of the separator.
 std::string fileTypeName(std::string_view label);
 std::string displayTypeLabel(std::string_view fileName);
 
@@ -17,14 +17,19 @@ struct ItemType {
     std::string_view table;
     std::string_view label;
 };
-/// Splits `dataType`; for coils and input status the label is "boolean" or "boolean array", whatever stands there.
+/// Splits `dataType`; for coils and input status the label is "boolean" or "boolean array", whatever stands
+/// there.
 ItemType splitDataType(std::string_view dataType);
 
 inline bool contains(std::string_view text, std::string_view part) {
     return text.find(part) != std::string_view::npos;
 }
-inline bool isBoolean(std::string_view label) { return contains(label, "boolean"); }
+inline bool isBoolean(std::string_view label) {
+    return contains(label, "boolean");
+}
 /// Value types that have a number of elements.
-inline bool hasElements(std::string_view label) { return contains(label, "array") || label == "string"; }
+inline bool hasElements(std::string_view label) {
+    return contains(label, "array") || label == "string";
+}
 
 }  // namespace trevandix

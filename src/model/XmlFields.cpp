@@ -34,7 +34,8 @@ void appendElement(std::string& out, int tabs, std::string_view name, std::strin
 void appendElement(std::string& out, int tabs, std::string_view name, int value) {
     std::array<char, 12> digits;
     const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-    appendElement(out, tabs, name, std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data())));
+    appendElement(out, tabs, name,
+                  std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data())));
 }
 
 }  // namespace trevandix

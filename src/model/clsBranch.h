@@ -17,8 +17,8 @@ public:
     const Key& sKey() const { return sKey_; }
     void sKey(const Key& key) { sKey_ = key; }
 
-    /// From an element whose name is the branch's, read in capitals. `container` is the key of the unit or branch
-    /// around it.
+    /// From an element whose name is the branch's, read in capitals. `container` is the key of the unit or
+    /// branch around it.
     void build(const XmlElement& element, const Key& container);
     /// The key cut at its last ".", which may stand inside the branch's own name.
     std::string_view getParentKey() const { return sKey_.parent(); }

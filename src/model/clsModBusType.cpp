@@ -35,8 +35,13 @@ std::string clsModBusType::GetXmlTag() const {
 }
 
 void clsModBusType::AddToListView(ListView& list) const {
-    const auto codeOrEmpty = [](std::uint8_t code) { return code == 0 ? std::string() : std::to_string(code); };
-    list.addRow({sName_, sName_, "item", "modbus",
+    const auto codeOrEmpty = [](std::uint8_t code) {
+        return code == 0 ? std::string() : std::to_string(code);
+    };
+    list.addRow({sName_,
+                 sName_,
+                 "item",
+                 "modbus",
                  {std::to_string(nReadCode_), codeOrEmpty(nWriteCode_), codeOrEmpty(nSingleWrCode_)}});
 }
 

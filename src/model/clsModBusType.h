@@ -23,7 +23,8 @@ public:
     void setSingleWrCode(std::uint8_t code) { nSingleWrCode_ = code; }
     std::uint8_t getSingleWrCode() const { return nSingleWrCode_; }
 
-    /// From a DATATYPE element. Errors: ObjectNotSet for a missing attribute, TypeMismatch and Overflow for a code.
+    /// From a DATATYPE element. Errors: ObjectNotSet for a missing attribute, TypeMismatch and Overflow for a
+    /// code.
     void SetByXml(const XmlElement& element);
     /// From the data type dialog's controls. Errors: TypeMismatch and Overflow for a code.
     void SetByForm(const Form& dialog);

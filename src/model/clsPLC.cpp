@@ -26,16 +26,26 @@ void clsPLC::readRtu(const XmlElement& element) {
     for (XmlElement child = element.firstChild(); child; child = child.nextSibling()) {
         if (!child.isElement()) continue;
         const auto text = [&] { return child.text(buffer); };
-        if (child.isNamed("NAME")) sName_ = text();
-        else if (child.isNamed("ID")) nUI_ = byteValue(text());
-        else if (child.isNamed("COM")) sCom_ = text();
-        else if (child.isNamed("BAUDRATE")) nBaud_ = int32Value(text());
-        else if (child.isNamed("PARITY")) sParity_ = text();
-        else if (child.isNamed("STOPBITS")) nStopBits_ = byteValue(text());
-        else if (child.isNamed("DATABITS")) nDataBits_ = byteValue(text());
-        else if (child.isNamed("FLOWCONTROL")) sFlowCtl_ = text();
-        else if (child.isNamed("TIMEOUT")) nTimeout_ = int32Value(text());
-        else if (child.isNamed("SILENT")) nSilent_ = int32Value(text());
+        if (child.isNamed("NAME"))
+            sName_ = text();
+        else if (child.isNamed("ID"))
+            nUI_ = byteValue(text());
+        else if (child.isNamed("COM"))
+            sCom_ = text();
+        else if (child.isNamed("BAUDRATE"))
+            nBaud_ = int32Value(text());
+        else if (child.isNamed("PARITY"))
+            sParity_ = text();
+        else if (child.isNamed("STOPBITS"))
+            nStopBits_ = byteValue(text());
+        else if (child.isNamed("DATABITS"))
+            nDataBits_ = byteValue(text());
+        else if (child.isNamed("FLOWCONTROL"))
+            sFlowCtl_ = text();
+        else if (child.isNamed("TIMEOUT"))
+            nTimeout_ = int32Value(text());
+        else if (child.isNamed("SILENT"))
+            nSilent_ = int32Value(text());
     }
 }
 
@@ -63,7 +73,8 @@ void clsPLC::SetByForm(const Form& dialog, std::string_view interfaceKind) {
 std::string clsPLC::GetXmlTag(std::string_view interfaceKind) const {
     std::string out;
     if (interfaceKind == kTcpIp) {
-        // The blanks around one equals sign and not the others: kept, existing files are compared by their bytes.
+        // The blanks around one equals sign and not the others: kept, existing files are compared by their
+        // bytes.
         out = "\t\t<PLC name=\"" + sName_ + "\" address = \"" + sAddress_ + "\" id=\"";
         appendNumber(out, nUI_);
         out += "\" timeout=\"";

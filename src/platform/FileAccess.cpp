@@ -45,7 +45,8 @@ std::string readWholeFile(const std::string& filePath) {
     const std::unique_ptr<std::FILE, Closer> file(openFile(filePath, "rb"));
     const auto size = std::filesystem::file_size(fromUtf8(filePath), error);
     if (!error && size > kLargestFile) throwTooLarge();
-    std::string bytes(error ? 0 : static_cast<std::size_t>(size), '\0');
+    // One more than there is to read: the end of the file then shows itself without the text growing.
+    std::string bytes(error ? 0 : static_cast<std::size_t>(size) + 1, '\0');
     std::size_t length = std::fread(bytes.data(), 1, bytes.size(), file.get());
     // What the size did not tell (a pipe, a file that grows) is read piece by piece.
     constexpr std::size_t kPiece = std::size_t{1} << 16;

@@ -12,7 +12,8 @@ bool keeps(KeyFilter filter, char32_t c) {
         case KeyFilter::Numeric:
             return digit || c == '-' || c == '.' || c == 8 || c == 9 || c == 10 || c == 13 || c == ' ';
         case KeyFilter::ItemName:
-            return digit || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '-' || c == '_' || c == 8;
+            return digit || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '-' || c == '_' ||
+                   c == 8;
     }
     return true;
 }

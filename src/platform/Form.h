@@ -36,10 +36,10 @@ enum class Place { NextRow, SameRow, ButtonRow, ButtonColumn };
 struct ControlSpec {
     ControlKind kind;
     std::string_view name;
-    std::string_view caption{};    ///< on the control, or the label in front of it; "&" marks the access key
-    std::string_view frame{};      ///< name of the frame that holds it; empty for the form itself
+    std::string_view caption{};  ///< on the control, or the label in front of it; "&" marks the access key
+    std::string_view frame{};    ///< name of the frame that holds it; empty for the form itself
     Place place = Place::NextRow;
-    int columns = 24;              ///< width of the field, in average characters
+    int columns = 24;  ///< width of the field, in average characters
     KeyFilter filter = KeyFilter::None;
     std::string_view labelName{};  ///< name of the label, where it is switched apart from its field
 };
@@ -48,11 +48,12 @@ struct FormSpec {
     std::string_view name;
     std::string_view caption;
     std::span<const ControlSpec> controls;
-    /// Pressed by Enter. While it is out of reach, Enter presses the button of the frame that has the keyboard.
+    /// Pressed by Enter. While it is out of reach, Enter presses the button of the frame that has the
+    /// keyboard.
     std::string_view defaultButton;
     /// Pressed by Escape. Empty, or out of reach, Escape only closes the form.
     std::string_view cancelButton;
-    std::string_view initialFocus;   ///< empty for the first control
+    std::string_view initialFocus;  ///< empty for the first control
 };
 
 /// One window made from a table. Controls are named as in the table; texts are UTF-8.
@@ -63,7 +64,8 @@ public:
 
     virtual ~Form() = default;
 
-    /// The text of a field, the chosen entry of a list, the caption of a button, check box, option, label or heading.
+    /// The text of a field, the chosen entry of a list, the caption of a button, check box, option, label or
+    /// heading.
     virtual std::string text(std::string_view name) const = 0;
     /// Sets it without running a handler. A Choice whose list lacks the text has nothing chosen afterwards.
     virtual void setText(std::string_view name, std::string_view text) = 0;
@@ -83,7 +85,8 @@ public:
 
     /// A press of a button, check box or option; an entry chosen in a list by the user.
     virtual void on(std::string_view name, Handler handler) = 0;
-    /// The form is closed by its title bar or Escape where there is no cancel button, or has been closed by `close`.
+    /// The form is closed by its title bar or Escape where there is no cancel button, or has been closed by
+    /// `close`.
     virtual void onClosed(Handler handler) = 0;
     /// The form has become the active window.
     virtual void onActivated(Handler handler) = 0;
@@ -98,8 +101,8 @@ public:
 class Forms {
 public:
     virtual ~Forms() = default;
-    /// `spec` must outlive the form.
-    virtual std::unique_ptr<Form> create(const FormSpec& spec) = 0;
+    /// `shape` must outlive the form.
+    virtual std::unique_ptr<Form> create(const FormSpec& shape) = 0;
 };
 
 }  // namespace trevandix

@@ -12,7 +12,8 @@ enum class Answer { Ok, Yes, No, Cancel };
 class Messages {
 public:
     virtual ~Messages() = default;
-    /// `text` is UTF-8. Closing the box counts as Ok, No or Cancel, whichever the buttons have last.
+    /// `text` is UTF-8. Closing the box counts as Ok or Cancel; a question of Yes and No stays until it is
+    /// answered.
     virtual Answer show(std::string_view text, Buttons buttons = Buttons::Ok, Icon icon = Icon::None) = 0;
 
     bool confirms(std::string_view question) { return show(question, Buttons::YesNo) == Answer::Yes; }

@@ -9,8 +9,8 @@ class Proportions {
 public:
     /// Remembers the parts in a whole of this size, all in one unit. A whole without size is not remembered.
     void keep(const std::vector<int>& parts, int whole);
-    /// The parts for a whole of another size; empty before anything was kept. Computed from what was kept, so that
-    /// nothing drifts however often the size changes.
+    /// The parts for a whole of another size; empty before anything was kept. Computed from what was kept, so
+    /// that nothing drifts however often the size changes.
     std::vector<int> scaled(int whole) const;
 
 private:

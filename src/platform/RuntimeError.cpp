@@ -61,7 +61,8 @@ void inProcedure(std::string_view procedure, const std::function<void()>& body) 
 }
 
 std::string errorText(const RuntimeError& error, std::string_view procedure, std::string_view prefix) {
-    const std::string_view where = error.procedure().empty() ? procedure : std::string_view(error.procedure());
+    const std::string_view where =
+        error.procedure().empty() ? procedure : std::string_view(error.procedure());
     std::string text(prefix);
     text += "Error n. " + std::to_string(static_cast<int>(error.number())) + "  " + error.what() + " in ";
     text += where;

@@ -29,7 +29,8 @@ enum class ErrorNumber : int {
 /// The fixed English description of a number, as shown in messages.
 std::string_view describe(ErrorNumber number);
 
-/// The one kind of failure inside the editor. Thrown where it is noticed; `reportErrors` turns it into a message.
+/// The one kind of failure inside the editor. Thrown where it is noticed; `reportErrors` turns it into a
+/// message.
 class RuntimeError : public std::runtime_error {
 public:
     explicit RuntimeError(ErrorNumber number);

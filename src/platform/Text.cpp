@@ -12,7 +12,9 @@ char32_t bits(std::string_view text, std::size_t index, unsigned mask) {
     return static_cast<unsigned char>(text[index]) & mask;
 }
 
-constexpr bool within(char32_t c, char32_t first, char32_t last) { return c >= first && c <= last; }
+constexpr bool within(char32_t c, char32_t first, char32_t last) {
+    return c >= first && c <= last;
+}
 
 }  // namespace
 

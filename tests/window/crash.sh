@@ -23,7 +23,7 @@ start_asked() {
     said_at_start=$(wc -c <"$folder/output")
 }
 start_asked
-answer y
+answer alt+y
 await "$main"
 save_as "$folder/recovered.xml"
 grep -q '<UNSAVED>' "$folder/recovered.xml" || fail "the work was not recovered"

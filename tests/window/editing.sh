@@ -12,7 +12,7 @@ until_loaded
 
 go 3 Tab ctrl+a ctrl+c Tab # from the list
 go 11 ctrl+v
-keys ctrl+v # the names are taken now
+steps ctrl+v # the names are taken now
 answer Return
 await "$main"
 go 4 ctrl+x # Level, from the tree
@@ -26,7 +26,7 @@ go 3 ctrl+v
 go 12 Tab End Delete # Speed, in the list
 answer alt+y
 await "$main"
-keys Tab
+steps Tab
 # Declined, nothing goes.
 go 12 Delete
 answer alt+n
@@ -51,13 +51,13 @@ go 3 Tab ctrl+a alt+e Up Up Return
 await "Replace Text"
 confirm_dialog
 copied 'one\ntwo\nthree\nfour'
-keys ctrl+a alt+e Up Return
+steps ctrl+a alt+e Up Return
 await "Replace Text"
 leave_dialog
-keys alt+e Up Return
+steps alt+e Up Return
 await "Replace Text"
 confirm_dialog
-keys Tab
+steps Tab
 go 3 # sorts the new names
 
 # The tree gets the keyboard. Wine tells its programs so, but not the window manager.

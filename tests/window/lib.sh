@@ -24,6 +24,7 @@ servers=() # display and window manager, when they are our own
 # A home of its own, so that no setting of the person who runs this has a say. Wine keeps its own.
 if [ -z "$under_wine" ]; then
     export HOME=$folder/home XDG_CONFIG_HOME=$folder/config XDG_RUNTIME_DIR=$folder/run
+    export XDG_STATE_HOME=$folder/state XDG_DATA_HOME=$folder/data XDG_CACHE_HOME=$folder/cache
     export GDK_BACKEND=x11 GSETTINGS_BACKEND=memory NO_AT_BRIDGE=1 GTK_THEME=Adwaita
     unset WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS
     mkdir -p "$HOME" "$XDG_CONFIG_HOME"
@@ -35,6 +36,8 @@ if [ -z "$under_wine" ]; then
     export DISPLAY
     openbox >"$folder/openbox" 2>&1 &
     servers+=($!)
+else
+    rm -rf "${WINEPREFIX:?}"/drive_c/users/*/AppData/Local/VOSKAutomation # what a failed flow left to be taken back
 fi
 mkdir -p "$results"
 
@@ -74,6 +77,7 @@ is_active() { [ "$(active_title)" = "$1" ] && [ "$(xdotool getwindowfocus getwin
 # Waits until the window of this title has the keyboard.
 await() {
     until_true 15 is_active "$1" || fail "expected the window \"$1\", the active one is \"$(active_title)\""
+    if [ -n "$under_wine" ]; then sleep 0.15; fi # what the window manager knows, Wine is still to be told
 }
 
 # The path as the program writes it.
@@ -229,10 +233,19 @@ settled_list() {
     done
 }
 
+# Keys of which each needs what the one before has done. Wine shows rows and commands later than it takes keys.
+steps() {
+    local key_delay=$key_delay
+    if [ -n "$under_wine" ]; then key_delay=150; fi
+    if [ $# != 0 ]; then keys "$@"; fi
+}
+
 # go ROW [KEY...]: selects a row of the tree, counted from 0, and goes on with further keys.
 go() {
     # shellcheck disable=SC2046
-    keys Home $(times "$1" Down) "${@:2}"
+    keys Home $(times "$1" Down)
+    if [ -n "$under_wine" ]; then sleep 0.2; fi
+    steps "${@:2}"
 }
 
 # The pointer over a row of the tree.

@@ -47,6 +47,10 @@ std::string declaredEncoding(std::string_view bytes) {
     return name;
 }
 
+bool isBlank(std::string_view text) {
+    return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+}
+
 class PugiDocument : public XmlDocument {
 public:
     NodeMemory memory;
@@ -61,7 +65,8 @@ private:
     }
     bool isElement(const void* node) const override {
         const bool element = at(node).type() == pugi::node_element;
-        if (!element) doubtful_ = true;
+        // Blanks alone are what the writer leaves in a section or branch without contents.
+        if (!element && !isBlank(at(node).value())) doubtful_ = true;
         return element;
     }
 

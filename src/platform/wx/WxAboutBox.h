@@ -4,8 +4,8 @@
 
 namespace trevandix {
 
-/// Who made the program, which version it is, what it was made with, and where to ask. A button copies all of it
-/// for a mail to the maker.
+/// Who made the program, which version it is, what it was made with, and where to ask. A button copies all of
+/// it for a mail to the maker.
 class WxAboutBox : public wxDialog {
 public:
     /// `parserName`: name and version of the XML parser.

@@ -4,8 +4,8 @@
 
 namespace trevandix {
 
-/// Tells screen readers what a control is for, where they cannot see it from the control itself: a field's label,
-/// a list's purpose. Empty texts change nothing.
+/// Tells screen readers what a control is for, where they cannot see it from the control itself: a field's
+/// label, a list's purpose. Empty texts change nothing.
 void setAccessibleName(wxWindow& window, const wxString& name, const wxString& description = {});
 
 }  // namespace trevandix

@@ -47,9 +47,9 @@ void WxCommands::buildMenus(std::span<const MenuSpec> menus) {
         entries_.push_back({name, menus_.size(), menu.Append(id, text, toWx(hint))});
         frame_.Bind(wxEVT_MENU, &WxCommands::onMenu, this, id);
     };
-    for (const MenuSpec& spec : menus) {
+    for (const MenuSpec& shape : menus) {
         auto* menu = new wxMenu;
-        for (const MenuEntrySpec& entry : spec.entries) {
+        for (const MenuEntrySpec& entry : shape.entries) {
             if (entry.name.empty()) {
                 menu->AppendSeparator();
             } else {
@@ -57,10 +57,10 @@ void WxCommands::buildMenus(std::span<const MenuSpec> menus) {
             }
         }
         // A menu bar holds menus only, so a command of its own stands in one.
-        if (spec.entries.empty())
-            add(*menu, spec.name, toWx(spec.caption) + " " + toWx(kProduct) + "...", {});
-        menus_.push_back({spec.name});
-        bar->Append(menu, toWx(spec.caption));
+        if (shape.entries.empty())
+            add(*menu, shape.name, toWx(shape.caption) + " " + toWx(kProduct) + "...", {});
+        menus_.push_back({shape.name});
+        bar->Append(menu, toWx(shape.caption));
     }
     frame_.SetMenuBar(bar);
 }
@@ -69,15 +69,15 @@ void WxCommands::buildToolBar(const CommandTables& tables) {
     toolBar_ = frame_.CreateToolBar(wxTB_FLAT | wxTB_HORIZONTAL, wxID_ANY, "Toolbar1");
     toolBar_->SetToolBitmapSize(toolBar_->FromDIP(wxSize(kToolbarIconSize, kToolbarIconSize)));
     int group = tables.buttons.empty() ? 0 : tables.buttons.front().group;
-    for (const ToolButtonSpec& spec : tables.buttons) {
-        if (std::exchange(group, spec.group) != spec.group) toolBar_->AddSeparator();
-        const MenuEntrySpec* entry = findEntry(tables, spec.command);
-        const wxString tip = entry != nullptr ? toolTip(*entry) : toWx(spec.key);
+    for (const ToolButtonSpec& shape : tables.buttons) {
+        if (std::exchange(group, shape.group) != shape.group) toolBar_->AddSeparator();
+        const MenuEntrySpec* entry = findEntry(tables, shape.command);
+        const wxString tip = entry != nullptr ? toolTip(*entry) : toWx(shape.key);
         const int id = wxWindow::NewControlId();
-        toolBar_->AddTool(id, tip, iconBundle(spec.image, kToolbarIconSize), tip);
+        toolBar_->AddTool(id, tip, iconBundle(shape.image, kToolbarIconSize), tip);
         if (entry != nullptr) toolBar_->SetToolLongHelp(id, toWx(entry->hint));
         frame_.Bind(wxEVT_TOOL, &WxCommands::onTool, this, id);
-        buttons_.push_back({spec.key, spec.command, id});
+        buttons_.push_back({shape.key, shape.command, id});
     }
     toolBar_->Realize();
 }
@@ -113,11 +113,11 @@ void WxCommands::onTool(wxCommandEvent& event) {
 }
 
 bool WxCommands::followsShortcut(const wxKeyEvent& event) const {
-    for (const ShortcutSpec& spec : shortcuts_) {
+    for (const ShortcutSpec& shape : shortcuts_) {
         wxAcceleratorEntry key;
-        if (!key.FromString(toWx(spec.shortcut))) continue;
+        if (!key.FromString(toWx(shape.shortcut))) continue;
         if (key.GetKeyCode() != event.GetKeyCode() || key.GetFlags() != event.GetModifiers()) continue;
-        choose_(spec.command);
+        choose_(shape.command);
         return true;
     }
     return false;

@@ -33,31 +33,31 @@ void setSize(wxControl& field, int columns) {
                             std::max(height, field.GetBestSize().GetHeight())));
 }
 
-wxWindow* makeText(wxWindow& parent, const ControlSpec& spec) {
-    auto* box = new WxTextBox(&parent, spec.filter);
-    setSize(*box, spec.columns);
+wxWindow* makeText(wxWindow& parent, const ControlSpec& shape) {
+    auto* box = new WxTextBox(&parent, shape.filter);
+    setSize(*box, shape.columns);
     return box;
 }
 
-wxWindow* makeList(wxWindow& parent, const ControlSpec& spec) {
+wxWindow* makeList(wxWindow& parent, const ControlSpec& shape) {
     wxControl* list = nullptr;
-    if (spec.kind == ControlKind::Choice)
+    if (shape.kind == ControlKind::Choice)
         list = new wxChoice(&parent, wxID_ANY);
     else
         list = new wxComboBox(&parent, wxID_ANY);
-    setSize(*list, spec.columns);
+    setSize(*list, shape.columns);
     return list;
 }
 
-wxWindow* makeWindow(wxWindow& parent, const ControlSpec& spec, const wxString& caption, bool startsGroup) {
-    switch (spec.kind) {
+wxWindow* makeWindow(wxWindow& parent, const ControlSpec& shape, const wxString& caption, bool startsGroup) {
+    switch (shape.kind) {
         case ControlKind::Heading:
             return new wxStaticText(&parent, wxID_ANY, caption);
         case ControlKind::Text:
-            return makeText(parent, spec);
+            return makeText(parent, shape);
         case ControlKind::Choice:
         case ControlKind::Combo:
-            return makeList(parent, spec);
+            return makeList(parent, shape);
         case ControlKind::Check:
             return new wxCheckBox(&parent, wxID_ANY, caption);
         case ControlKind::Option:
@@ -79,28 +79,28 @@ bool takesAccessKey(ControlKind kind) {
 
 }  // namespace
 
-WxControl WxControl::make(wxWindow& parent, const ControlSpec& spec, bool startsGroup, WxAccessKeys& keys) {
+WxControl WxControl::make(wxWindow& parent, const ControlSpec& shape, bool startsGroup, WxAccessKeys& keys) {
     WxControl control;
-    control.spec = &spec;
-    wxString caption = toWx(spec.caption);
+    control.shape = &shape;
+    wxString caption = toWx(shape.caption);
     control.caption = fromWx(wxControl::RemoveMnemonics(caption));
-    if (takesAccessKey(spec.kind)) caption = keys.marked(caption);
+    if (takesAccessKey(shape.kind)) caption = keys.marked(caption);
     if (control.isField() && !caption.empty()) {
         control.label = new wxStaticText(&parent, wxID_ANY, caption);
-        if (!spec.labelName.empty()) control.label->SetName(toWx(spec.labelName));
+        if (!shape.labelName.empty()) control.label->SetName(toWx(shape.labelName));
     }
-    control.window = makeWindow(parent, spec, caption, startsGroup);
-    control.window->SetName(toWx(spec.name));
+    control.window = makeWindow(parent, shape, caption, startsGroup);
+    control.window->SetName(toWx(shape.name));
     if (control.isField()) setAccessibleName(*control.window, toWx(control.caption));
     return control;
 }
 
 bool WxControl::isList() const {
-    return spec->kind == ControlKind::Choice || spec->kind == ControlKind::Combo;
+    return shape->kind == ControlKind::Choice || shape->kind == ControlKind::Combo;
 }
 
 bool WxControl::isField() const {
-    return spec->kind == ControlKind::Text || isList();
+    return shape->kind == ControlKind::Text || isList();
 }
 
 bool WxControl::listIsOpen() const {
@@ -112,16 +112,16 @@ bool WxControl::listIsOpen() const {
 }
 
 std::string WxControl::text() const {
-    if (spec->kind == ControlKind::Text) return fromWx(static_cast<wxTextCtrl*>(window)->GetValue());
-    if (spec->kind == ControlKind::Combo) return fromWx(static_cast<wxComboBox*>(window)->GetValue());
-    if (spec->kind == ControlKind::Choice)
+    if (shape->kind == ControlKind::Text) return fromWx(static_cast<wxTextCtrl*>(window)->GetValue());
+    if (shape->kind == ControlKind::Combo) return fromWx(static_cast<wxComboBox*>(window)->GetValue());
+    if (shape->kind == ControlKind::Choice)
         return fromWx(static_cast<wxChoice*>(window)->GetStringSelection());
     return caption;
 }
 
 void WxControl::setText(std::string_view text, WxAccessKeys& keys) {
     const wxString value = toWx(text);
-    switch (spec->kind) {
+    switch (shape->kind) {
         case ControlKind::Text:
             static_cast<WxTextBox*>(window)->setText(value);
             return;
@@ -135,7 +135,7 @@ void WxControl::setText(std::string_view text, WxAccessKeys& keys) {
             return;
         default:
             caption = fromWx(wxControl::RemoveMnemonics(value));
-            window->SetLabel(takesAccessKey(spec->kind)
+            window->SetLabel(takesAccessKey(shape->kind)
                                  ? keys.marked(value, WxAccessKeys::keyOf(window->GetLabel()))
                                  : value);
     }
@@ -165,22 +165,22 @@ void WxControl::setItems(const std::vector<std::string>& items) {
 }
 
 bool WxControl::checked() const {
-    if (spec->kind == ControlKind::Check) return static_cast<wxCheckBox*>(window)->GetValue();
-    return spec->kind == ControlKind::Option && static_cast<wxRadioButton*>(window)->GetValue();
+    if (shape->kind == ControlKind::Check) return static_cast<wxCheckBox*>(window)->GetValue();
+    return shape->kind == ControlKind::Option && static_cast<wxRadioButton*>(window)->GetValue();
 }
 
 void WxControl::setChecked(bool checked) {
-    if (spec->kind == ControlKind::Check) static_cast<wxCheckBox*>(window)->SetValue(checked);
-    if (spec->kind == ControlKind::Option) static_cast<wxRadioButton*>(window)->SetValue(checked);
+    if (shape->kind == ControlKind::Check) static_cast<wxCheckBox*>(window)->SetValue(checked);
+    if (shape->kind == ControlKind::Option) static_cast<wxRadioButton*>(window)->SetValue(checked);
 }
 
 void WxControl::setCells(const std::vector<std::vector<std::string>>& rows) {
-    if (spec->kind == ControlKind::Grid) static_cast<WxGrid*>(window)->setCells(rows);
+    if (shape->kind == ControlKind::Grid) static_cast<WxGrid*>(window)->setCells(rows);
 }
 
 void WxControl::focus() {
     window->SetFocus();
-    if (spec->kind == ControlKind::Text) static_cast<wxTextCtrl*>(window)->SelectAll();
+    if (shape->kind == ControlKind::Text) static_cast<wxTextCtrl*>(window)->SelectAll();
 }
 
 }  // namespace trevandix

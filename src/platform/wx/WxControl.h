@@ -13,14 +13,14 @@ namespace trevandix {
 
 /// One control of a form on the screen, with its label.
 struct WxControl {
-    const ControlSpec* spec = nullptr;
+    const ControlSpec* shape = nullptr;
     wxWindow* window = nullptr;     ///< owned by the dialog
     wxStaticText* label = nullptr;  ///< in front of a field that has a caption
     std::string caption;            ///< as shown, without access key
     Form::Handler handler;          ///< what the user's action runs; may be empty
 
     /// Makes the control and what stands in front of it as children of `parent`, in this order.
-    static WxControl make(wxWindow& parent, const ControlSpec& spec, bool startsGroup, WxAccessKeys& keys);
+    static WxControl make(wxWindow& parent, const ControlSpec& shape, bool startsGroup, WxAccessKeys& keys);
 
     bool isList() const;
     /// A text box or a list.

@@ -10,8 +10,8 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/wx/WxFormLayout.h"
-#include "platform/wx/WxManual.h"
 #include "platform/wx/WxIcons.h"
+#include "platform/wx/WxManual.h"
 #include "platform/wx/WxParent.h"
 #include "platform/wx/WxText.h"
 
@@ -27,18 +27,18 @@ void run(const Form::Handler& handler) {
     if (copy) copy();
 }
 
-bool hasGrid(const FormSpec& spec) {
-    return std::ranges::find(spec.controls, ControlKind::Grid, &ControlSpec::kind) != spec.controls.end();
+bool hasGrid(const FormSpec& shape) {
+    return std::ranges::find(shape.controls, ControlKind::Grid, &ControlSpec::kind) != shape.controls.end();
 }
 
 }  // namespace
 
-WxForm::WxForm(wxWindow& parent, const FormSpec& spec) : spec_(spec) {
-    const long style = wxDEFAULT_DIALOG_STYLE | (hasGrid(spec) ? wxRESIZE_BORDER : 0);
-    dialog_ = new wxDialog(&parent, wxID_ANY, toWx(spec.caption), wxDefaultPosition, wxDefaultSize, style,
-                           toWx(spec.name));
+WxForm::WxForm(wxWindow& parent, const FormSpec& shape) : spec_(shape) {
+    const long style = wxDEFAULT_DIALOG_STYLE | (hasGrid(shape) ? wxRESIZE_BORDER : 0);
+    dialog_ = new wxDialog(&parent, wxID_ANY, toWx(shape.caption), wxDefaultPosition, wxDefaultSize, style,
+                           toWx(shape.name));
     dialog_->SetIcons(programIcons());
-    WxFormLayout(spec, controls_, keys_).build(*dialog_);
+    WxFormLayout(shape, controls_, keys_).build(*dialog_);
     for (WxControl& control : controls_) connect(control);
     dialog_->SetEscapeId(wxID_NONE);
     dialog_->Bind(wxEVT_CHAR_HOOK, &WxForm::onKey, this);
@@ -47,7 +47,7 @@ WxForm::WxForm(wxWindow& parent, const FormSpec& spec) : spec_(spec) {
         event.Skip();
         if (event.GetActive()) dialog_->CallAfter([this] { run(activated_); });
     });
-    if (!spec.defaultButton.empty()) static_cast<wxButton*>(at(spec.defaultButton).window)->SetDefault();
+    if (!shape.defaultButton.empty()) static_cast<wxButton*>(at(shape.defaultButton).window)->SetDefault();
 }
 
 WxForm::~WxForm() {
@@ -62,8 +62,8 @@ WxForm::~WxForm() {
 
 WxForm::Target WxForm::find(std::string_view name) const {
     for (WxControl& control : controls_) {
-        if (control.spec->name == name) return {&control, false};
-        if (!control.spec->labelName.empty() && control.spec->labelName == name) return {&control, true};
+        if (control.shape->name == name) return {&control, false};
+        if (!control.shape->labelName.empty() && control.shape->labelName == name) return {&control, true};
     }
     throw RuntimeError(ErrorNumber::ElementNotFound, name);
 }
@@ -74,7 +74,7 @@ WxControl& WxForm::at(std::string_view name) const {
 
 void WxForm::connect(WxControl& control) {
     const auto act = [&control](wxCommandEvent&) { run(control.handler); };
-    switch (control.spec->kind) {
+    switch (control.shape->kind) {
         case ControlKind::Button:
             control.window->Bind(wxEVT_BUTTON, act);
             break;
@@ -233,7 +233,7 @@ bool WxForm::pressFromKeyboard(const WxControl* button) {
 // The default button; where it is out of use, the one that belongs to the focused control.
 const WxControl* WxForm::buttonForEnter() const {
     const auto usable = [](const WxControl& each) {
-        return each.spec->kind == ControlKind::Button && each.window->IsEnabled() &&
+        return each.shape->kind == ControlKind::Button && each.window->IsEnabled() &&
                each.window->IsShownOnScreen();
     };
     if (!spec_.defaultButton.empty() && usable(at(spec_.defaultButton))) return &at(spec_.defaultButton);
@@ -250,7 +250,7 @@ bool WxForm::followAccessKey(const wxKeyEvent& event) {
     if (event.GetModifiers() != wxMOD_ALT) return false;
     const wxChar key = static_cast<wxChar>(wxToupper(event.GetUnicodeKey()));
     for (WxControl& control : controls_) {
-        const bool button = control.spec->kind == ControlKind::Button;
+        const bool button = control.shape->kind == ControlKind::Button;
         const wxWindow* captioned = button ? control.window : control.label;
         if (captioned == nullptr || WxAccessKeys::keyOf(captioned->GetLabel()) != key || key == 0) continue;
         if (button) return pressFromKeyboard(&control);

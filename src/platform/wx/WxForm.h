@@ -12,8 +12,8 @@ namespace trevandix {
 /// A form as a dialog of the main window.
 class WxForm : public Form {
 public:
-    /// `spec` must outlive the form; `parent` may go first.
-    WxForm(wxWindow& parent, const FormSpec& spec);
+    /// `shape` must outlive the form; `parent` may go first.
+    WxForm(wxWindow& parent, const FormSpec& shape);
     ~WxForm() override;
 
     std::string text(std::string_view name) const override;

@@ -2,6 +2,7 @@
 
 #include <wx/statbox.h>
 
+#include "platform/wx/WxAccessibleName.h"
 #include "platform/wx/WxText.h"
 
 namespace trevandix {
@@ -51,16 +52,19 @@ wxSizer* WxFormLayout::fill(wxWindow& parent, std::string_view frame) {
     return whole;
 }
 
-void WxFormLayout::add(Area& area, const ControlSpec& spec, const ControlSpec* next) {
-    if (spec.kind == ControlKind::Frame) {
-        addFrame(area, spec);
+void WxFormLayout::add(Area& area, const ControlSpec& shape, const ControlSpec* next) {
+    if (shape.kind == ControlKind::Frame) {
+        addFrame(area, shape);
         return;
     }
-    const bool startsGroup = spec.kind == ControlKind::Option && !area.hasOptions;
+    const bool startsGroup = shape.kind == ControlKind::Option && !area.hasOptions;
     area.hasOptions = area.hasOptions || startsGroup;
-    WxControl& control = controls_.emplace_back(WxControl::make(area.parent, spec, startsGroup, keys_));
+    WxControl& control = controls_.emplace_back(WxControl::make(area.parent, shape, startsGroup, keys_));
+    // A field without a label of its own shares that of the control before it.
+    if (control.isField() && control.caption.empty() && controls_.size() > 1)
+        setAccessibleName(*control.window, toWx(controls_[controls_.size() - 2].caption));
     const int gap = area.parent.FromDIP(kGap);
-    switch (spec.place) {
+    switch (shape.place) {
         case Place::ButtonColumn:
             if (area.buttonColumn == nullptr) area.buttonColumn = new wxBoxSizer(wxVERTICAL);
             area.buttonColumn->Add(control.window, wxSizerFlags().Expand().Border(wxBOTTOM, gap));
@@ -93,7 +97,7 @@ void WxFormLayout::startRow(Area& area, WxControl& control, const ControlSpec* n
     ++area.row;
     area.cell = new wxBoxSizer(wxHORIZONTAL);
     const bool shares = next != nullptr && next->place == Place::SameRow;
-    const bool standsForLabel = control.spec->kind == ControlKind::Check && shares;
+    const bool standsForLabel = control.shape->kind == ControlKind::Check && shares;
     wxWindow* first = standsForLabel ? control.window : control.label;
     if (first != nullptr)
         area.grid->Add(first, wxGBPosition(area.row, 0), kOneColumn, wxALIGN_CENTRE_VERTICAL);
@@ -101,22 +105,22 @@ void WxFormLayout::startRow(Area& area, WxControl& control, const ControlSpec* n
     area.grid->Add(area.cell, wxGBPosition(area.row, secondColumn ? 1 : 0),
                    secondColumn ? kOneColumn : kBothColumns, wxEXPAND);
     if (standsForLabel) return;
-    const bool grid = control.spec->kind == ControlKind::Grid;
-    const wxSizerFlags flags(fillsWidth(control.spec->kind) ? 1 : 0);
+    const bool grid = control.shape->kind == ControlKind::Grid;
+    const wxSizerFlags flags(fillsWidth(control.shape->kind) ? 1 : 0);
     area.cell->Add(control.window,
                    grid ? wxSizerFlags(flags).Expand() : wxSizerFlags(flags).CentreVertical());
     if (grid) area.grid->AddGrowableRow(static_cast<std::size_t>(area.row));
 }
 
-void WxFormLayout::addFrame(Area& area, const ControlSpec& spec) {
+void WxFormLayout::addFrame(Area& area, const ControlSpec& shape) {
     ++area.row;
     area.cell = nullptr;
-    WxControl& control = controls_.emplace_back(WxControl::make(area.parent, spec, false, keys_));
+    WxControl& control = controls_.emplace_back(WxControl::make(area.parent, shape, false, keys_));
     auto* box = static_cast<wxStaticBox*>(control.window);
     auto* sizer = new wxStaticBoxSizer(box, wxVERTICAL);
     // Without a caption the frame leaves room for one all the same.
-    const int sides = spec.caption.empty() ? wxALL & ~wxTOP : wxALL;
-    sizer->Add(fill(*box, spec.name), wxSizerFlags(1).Expand().Border(sides, area.parent.FromDIP(kGap)));
+    const int sides = shape.caption.empty() ? wxALL & ~wxTOP : wxALL;
+    sizer->Add(fill(*box, shape.name), wxSizerFlags(1).Expand().Border(sides, area.parent.FromDIP(kGap)));
     area.grid->Add(sizer, wxGBPosition(area.row, 0), kBothColumns, wxEXPAND);
 }
 

@@ -14,8 +14,8 @@ namespace trevandix {
 class WxFormLayout {
 public:
     /// The controls are appended to `controls`, which keeps their addresses.
-    WxFormLayout(const FormSpec& spec, std::deque<WxControl>& controls, WxAccessKeys& keys)
-        : spec_(spec), controls_(controls), keys_(keys) {}
+    WxFormLayout(const FormSpec& shape, std::deque<WxControl>& controls, WxAccessKeys& keys)
+        : spec_(shape), controls_(controls), keys_(keys) {}
 
     /// Fills a dialog.
     void build(wxWindow& dialog);
@@ -33,8 +33,8 @@ private:
     };
 
     wxSizer* fill(wxWindow& parent, std::string_view frame);
-    void add(Area& area, const ControlSpec& spec, const ControlSpec* next);
-    void addFrame(Area& area, const ControlSpec& spec);
+    void add(Area& area, const ControlSpec& shape, const ControlSpec* next);
+    void addFrame(Area& area, const ControlSpec& shape);
     void startRow(Area& area, WxControl& control, const ControlSpec* next);
     const ControlSpec* nextIn(std::string_view frame, const ControlSpec* after) const;
     static bool fillsWidth(ControlKind kind);

@@ -4,8 +4,8 @@
 
 namespace trevandix {
 
-std::unique_ptr<Form> WxForms::create(const FormSpec& spec) {
-    return std::make_unique<WxForm>(parent_, spec);
+std::unique_ptr<Form> WxForms::create(const FormSpec& shape) {
+    return std::make_unique<WxForm>(parent_, shape);
 }
 
 }  // namespace trevandix

@@ -11,7 +11,7 @@ class WxForms : public Forms {
 public:
     /// `parent` must outlive the forms' making, not the forms.
     explicit WxForms(wxWindow& parent) : parent_(parent) {}
-    std::unique_ptr<Form> create(const FormSpec& spec) override;
+    std::unique_ptr<Form> create(const FormSpec& shape) override;
 
 private:
     wxWindow& parent_;

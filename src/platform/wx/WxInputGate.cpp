@@ -26,6 +26,11 @@ bool isInput(const wxEvent& event) {
     return event.GetEventCategory() == wxEVT_CATEGORY_USER_INPUT;
 }
 
+// Of keyboard and mouse themselves: other notices also come when nobody is there.
+bool isFromUser(const wxEvent& event) {
+    return event.IsKindOf(wxCLASSINFO(wxKeyEvent)) || event.IsKindOf(wxCLASSINFO(wxMouseEvent));
+}
+
 }  // namespace
 
 WxInputGate::WxInputGate(wxWindow& window) : window_(window) {
@@ -81,7 +86,7 @@ void WxInputGate::pump() {
 }
 
 int WxInputGate::FilterEvent(wxEvent& event) {
-    if (isInput(event)) lastInput_ = std::chrono::steady_clock::now();
+    if (isFromUser(event)) lastInput_ = std::chrono::steady_clock::now();
     if (!pumping_) return Event_Skip;
     if (event.GetEventType() == wxEVT_CLOSE_WINDOW) {
         if (event.GetEventObject() == &window_) closeAsked_ = true;

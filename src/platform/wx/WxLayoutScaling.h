@@ -9,8 +9,8 @@
 
 namespace trevandix {
 
-/// Keeps the parts of a window in proportion when its width changes. Sizers place the controls; this is for what
-/// they leave alone, such as the columns of a list.
+/// Keeps the parts of a window in proportion when its width changes. Sizers place the controls; this is for
+/// what they leave alone, such as the columns of a list.
 class WxLayoutScaling {
 public:
     struct Parts {

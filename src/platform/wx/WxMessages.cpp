@@ -19,23 +19,23 @@ long styleOf(Buttons buttons, Icon icon) {
     return style | wxICON_NONE;
 }
 
-Answer lastButton(Buttons buttons) {
-    if (buttons == Buttons::Ok) return Answer::Ok;
-    return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
-}
-
 }  // namespace
 
 Answer WxMessages::show(std::string_view text, Buttons buttons, Icon icon) {
     const FocusKeeper focus;
     wxMessageDialog box(dialogParent(), toWx(text), toWx(kProduct), styleOf(buttons, icon));
-    switch (box.ShowModal()) {
-        case wxID_YES:
-            return Answer::Yes;
-        case wxID_NO:
-            return Answer::No;
-        default:
-            return lastButton(buttons);
+    while (true) {
+        switch (box.ShowModal()) {
+            case wxID_YES:
+                return Answer::Yes;
+            case wxID_NO:
+                return Answer::No;
+            default:
+                // Escape is no answer to a question of Yes and No: either would be a guess that may lose
+                // work.
+                if (buttons == Buttons::YesNo) continue;
+                return buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
+        }
     }
 }
 

@@ -8,7 +8,8 @@
 
 namespace trevandix {
 
-/// The status bar: one field for each kind of news. While a menu is open, what its entries do takes the whole width.
+/// The status bar: one field for each kind of news. While a menu is open, what its entries do takes the whole
+/// width.
 class WxStatusBar : public wxStatusBar {
 public:
     explicit WxStatusBar(wxWindow* parent);
