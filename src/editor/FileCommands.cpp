@@ -182,9 +182,8 @@ void FileCommands::mnuSaveCfg_Click() {
     });
 }
 
-// Asks when the file is no longer the one that was opened or saved here. True when the user wants to leave it
-// so.
-bool FileCommands::overwritesOthersWork() const {
+// Asks when the file is no longer the one that was opened or saved here. True when it is to stay as it is.
+bool FileCommands::keepsOthersWork() const {
     const std::string& path = context_.state().filePath;
     const auto now = FileStamp::of(path);
     if (!stamp_ || !now || now == stamp_) return false;
@@ -195,7 +194,7 @@ bool FileCommands::overwritesOthersWork() const {
 
 void FileCommands::save() {
     const std::string& path = context_.state().filePath;
-    if (overwritesOthersWork()) return;
+    if (keepsOthersWork()) return;
     Answer answer = Answer::Yes;
     if (fileExists(path)) {
         answer = context_.platform.messages.show("File " + path + " already existing. Overwrite?",

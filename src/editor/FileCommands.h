@@ -50,7 +50,7 @@ private:
     bool writeAndPublish();
     void save();
     void saveAtEnd();
-    bool overwritesOthersWork() const;
+    bool keepsOthersWork() const;
     void saveAs();
     std::string defaultFilePath() const;
 

@@ -27,7 +27,11 @@ public:
     void openFile(const std::string& filePath);
     /// Asks about unsaved work of a run that did not end properly. True when it was taken back and is open
     /// now.
-    bool offerRecovery() { return recovery_.offer(); }
+    bool offerRecovery() {
+        const bool recovered = recovery_.offer();
+        news_.update();
+        return recovered;
+    }
     void Toolbar1_ButtonClick(std::string_view key);
 
     void commandChosen(std::string_view command) override;
