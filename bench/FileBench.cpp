@@ -1,5 +1,6 @@
 // Reading and writing a plant's file, beside a bare parse and a raw write of the same bytes.
 #include <benchmark/benchmark.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -27,6 +28,13 @@ std::size_t resident() {
     std::size_t pages = 0;
     statm >> pages >> pages;
     return pages * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+}
+
+// The most bytes of this process that have been resident at once.
+std::size_t mostResident() {
+    rusage used{};
+    getrusage(RUSAGE_SELF, &used);
+    return static_cast<std::size_t>(used.ru_maxrss) * 1024;
 }
 
 struct Loaded {
@@ -160,16 +168,23 @@ void Write(benchmark::State& state) {
     perItem(state);
 }
 
+// After reading, and at the worst moment of it.
 void Memory(benchmark::State& state) {
     for (auto _ : state) {
-        const auto measure = [](const char* path) {
+        const auto kept = [](const char* path) {
             const std::size_t before = resident();
             Loaded loaded;
             loaded.read(path);
             return static_cast<double>(resident() - before);
         };
-        const double bytes = freshProcesses.run(measure, fileOf(state));
-        state.counters["bytes_per_item"] = bytes / static_cast<double>(state.range(0));
+        const auto peak = [](const char* path) {
+            Loaded loaded;
+            loaded.read(path);
+            return static_cast<double>(mostResident());
+        };
+        state.counters["bytes_per_item"] =
+            freshProcesses.run(kept, fileOf(state)) / static_cast<double>(state.range(0));
+        state.counters["peak_MiB"] = freshProcesses.run(peak, fileOf(state)) / 1024 / 1024;
     }
 }
 

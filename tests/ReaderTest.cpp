@@ -6,6 +6,7 @@
 #include "FakePlatform.h"
 #include "editor/LoadProgress.h"
 #include "platform/Text.h"
+#include "xmlfile/Latin1File.h"
 
 namespace trevandix::testing {
 
@@ -209,6 +210,41 @@ TEST(Reader, ShowsProgressAndSurvivesItsUser) {
     LoadProgress progress(window);
     for (int i = 0; i < 250; ++i) progress.itemRead();
     EXPECT_EQ(progress.percent(), 50);
+}
+
+// While a large file is read, the memory of what has been read goes back, whatever the parser made of the
+// text.
+TEST(Reader, KeepsAllOfLargeFiles) {
+    for (const std::string letter : {"e", "\xC3\xA9"}) {
+        std::vector<std::string> units;
+        for (int u = 0; u < 26; ++u) {
+            std::string tags;
+            for (int i = 0; i < 1000; ++i) {
+                const std::string number = std::to_string(i);
+                if (i % 100 == 0) tags += "\t\t\t\t<B" + number + ">\r\n\t\t\t\t\t<IN>\r\n";
+                tags += tagText(6, "Signal_" + number, "HREGISTER VT_I2", i, "mesur" + letter) + "\r\n";
+                if (i % 100 == 99)
+                    tags += "\t\t\t\t\t</IN>\r\n\t\t\t\t</B" + std::to_string(i - 99) + ">\r\n";
+            }
+            units.push_back(unit("PLC" + std::to_string(u), tags));
+        }
+        const std::string text = fileText({kType}, units);
+        std::string latin1;
+        appendLatin1(latin1, text);
+        // The data types behind the units: a section that is asked for after all others.
+        const std::string types = "\t<MODBUS>\r\n" + kType + "\r\n\t</MODBUS>\r\n";
+        const auto typesLast = [&](const std::string& bytes) {
+            return replaced(replaced(bytes, types, ""), "\t</OPC_DA>\r\n", "\t</OPC_DA>\r\n" + types);
+        };
+        for (const std::string& bytes :
+             {typesLast(latin1), utf16(typesLast(replaced(text, "8859-1", "10646")))}) {
+            Workplace place;
+            place.openText(bytes);
+            EXPECT_EQ(place.messages.take(), std::vector<std::string>{});
+            place.run("mnuSaveCfg");
+            EXPECT_TRUE(readFile(place.path("test.xml")) == latin1);
+        }
+    }
 }
 
 // Counters end at their 16-bit limit instead of wrapping.

@@ -45,6 +45,8 @@ void syncFile(std::FILE* file) {
     if (std::fflush(file) != 0 || _commit(_fileno(file)) != 0) throwFileError(errno);
 }
 
+void beginSync(std::FILE*) {}
+
 std::string userStateFolder() {
     const wchar_t* folder = _wgetenv(L"LOCALAPPDATA");
     if (folder == nullptr || *folder == L'\0') return {};
@@ -87,6 +89,14 @@ void syncFile(std::FILE* file) {
     // What is no file on a disk cannot be brought there.
     if (fsync(fileno(file)) != 0 && errno != EINVAL && errno != ENOTSUP && errno != EROFS)
         throwFileError(errno);
+}
+
+void beginSync(std::FILE* file) {
+#ifdef SYNC_FILE_RANGE_WRITE
+    sync_file_range(fileno(file), 0, 0, SYNC_FILE_RANGE_WRITE);
+#else
+    static_cast<void>(file);
+#endif
 }
 
 std::string userStateFolder() {

@@ -13,6 +13,10 @@ std::error_code moveToFreeName(const std::string& from, const std::string& to);
 /// False for a file that is marked as not to be written, or that this user may not write.
 bool mayBeWritten(const std::string& filePath);
 
+/// Lets the disk begin with what has been written, without a wait. Only a hint: what fails, or cannot be, is
+/// left to `syncFile`.
+void beginSync(std::FILE* file);
+
 /// Returns when everything written is on the disk. Errors: as `throwFileError`.
 void syncFile(std::FILE* file);
 

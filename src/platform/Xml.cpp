@@ -28,6 +28,10 @@ bool XmlElement::isNamed(std::string_view upper) const {
 XmlElement XmlElement::parent() const {
     return {document_, document_->parent(node_)};
 }
+void XmlElement::passed() const {
+    document_->passed(node_);
+}
+
 XmlElement XmlElement::firstChild() const {
     return {document_, document_->firstChild(node_)};
 }

@@ -43,6 +43,10 @@ public:
     /// The same without a copy where the text is one piece; `buffer` holds it where it is not.
     std::string_view text(std::string& buffer) const;
 
+    /// What stands before it in the document, the elements around it included, is not asked for again: its
+    /// memory may go back.
+    void passed() const;
+
 private:
     const XmlDocument* document_ = nullptr;
     const void* node_ = nullptr;
@@ -69,6 +73,7 @@ private:
                               std::span<XmlElement> found) const = 0;
     virtual std::optional<std::string_view> attribute(const void* node, std::string_view name) const = 0;
     virtual std::string_view text(const void* node, std::string& buffer) const = 0;
+    virtual void passed(const void*) const {}
 };
 
 /// A text that cannot be read, with the line (from 1) where it cannot and the reason.

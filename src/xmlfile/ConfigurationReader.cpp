@@ -9,6 +9,20 @@
 
 namespace trevandix {
 
+namespace {
+
+// Below an item or a branch everything before it has been passed, therefore the next one is asked for first.
+template <typename Read>
+void forEachElement(const XmlElement& parent, Read read) {
+    for (XmlElement child = parent.firstChild(); child;) {
+        const XmlElement next = child.nextSibling();
+        if (child.isElement()) read(child);
+        child = next;
+    }
+}
+
+}  // namespace
+
 ConfigurationReader::ConfigurationReader(Configuration& configuration, XmlParser& parser, Messages& messages,
                                          MousePointer& pointer, std::function<void()> itemRead)
     : configuration_(configuration),
@@ -71,27 +85,26 @@ bool ConfigurationReader::readDocument(const XmlDocument& document) {
     const FileKind* kind = fileKindOfRoot(root);
     if (kind == nullptr) return false;
     configuration_.state.interfaceKind = kind->interfaceKind;
-    for (XmlElement section = root.firstChild(); section; section = section.nextSibling()) {
-        if (!section.isElement()) continue;
+    forEachElement(root, [&](const XmlElement& section) {
         if (section.isNamed("MODBUS")) readDataTypes(section);
         if (section.isNamed("OPC_DA")) readUnits(section);
-    }
+    });
     return true;
 }
 
 void ConfigurationReader::readDataTypes(const XmlElement& section) {
-    for (XmlElement child = section.firstChild(); child; child = child.nextSibling()) {
-        if (!child.isElement() || !child.isNamed("DATATYPE")) continue;
+    forEachElement(section, [&](const XmlElement& child) {
+        if (!child.isNamed("DATATYPE")) return;
         auto record = std::make_shared<clsModBusType>();
         record->SetByXml(child);
         configuration_.tree.ensureVisible(configuration_.addDataType(std::move(record)));
-    }
+    });
 }
 
 void ConfigurationReader::readUnits(const XmlElement& section) {
-    for (XmlElement child = section.firstChild(); child; child = child.nextSibling()) {
-        if (child.isElement() && child.isNamed("PLC")) inProcedure("BrowsePlc", [&] { BrowsePlc(child); });
-    }
+    forEachElement(section, [&](const XmlElement& child) {
+        if (child.isNamed("PLC")) inProcedure("BrowsePlc", [&] { BrowsePlc(child); });
+    });
 }
 
 void ConfigurationReader::BrowsePlc(const XmlElement& element) {
@@ -99,11 +112,9 @@ void ConfigurationReader::BrowsePlc(const XmlElement& element) {
     record->SetByXml(element, configuration_.state.interfaceKind);
     TreeNode& unit = configuration_.addUnit(std::move(record), true);
     configuration_.tree.ensureVisible(unit);
-    for (XmlElement child = element.firstChild(); child; child = child.nextSibling()) {
-        if (child.isElement() && child.isNamed("TAGS")) {
-            inProcedure("BrowseBranch", [&] { BrowseBranch(child, unit); });
-        }
-    }
+    forEachElement(element, [&](const XmlElement& child) {
+        if (child.isNamed("TAGS")) inProcedure("BrowseBranch", [&] { BrowseBranch(child, unit); });
+    });
 }
 
 // Walks without recursion: a file may nest branches as deeply as it likes. Each container has been shown
@@ -124,6 +135,7 @@ void ConfigurationReader::BrowseBranch(const XmlElement& tags, TreeNode& unit) {
         }
         levels.back().next = element.nextSibling();
         if (!element.isElement()) continue;
+        element.passed();
         if (element.isNamed("TAG")) {
             readItem(element, container);
         } else {

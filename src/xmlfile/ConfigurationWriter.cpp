@@ -1,13 +1,15 @@
 #include "xmlfile/ConfigurationWriter.h"
 
-#include <limits>
-
 #include "platform/RuntimeError.h"
 #include "xmlfile/ConfigurationPrinter.h"
 #include "xmlfile/FileBackup.h"
 #include "xmlfile/Latin1File.h"
 
 namespace trevandix {
+
+namespace {
+constexpr std::size_t kNodesPerSync = 4096;  // about a megabyte
+}
 
 std::string Indentation(int depth) {
     return std::string(static_cast<std::size_t>(depth), '\t');
@@ -28,8 +30,7 @@ void ConfigurationWriter::writeFile(const std::string& filePath) {
         inProcedure("CreateXML", [&] {
             Latin1File file(filePath);
             ConfigurationPrinter printer(configuration_);
-            while (printer.printSome(file, std::numeric_limits<std::size_t>::max())) {
-            }
+            while (printer.printSome(file, kNodesPerSync)) file.beginSync();
             file.sync();
             file.close();
         });

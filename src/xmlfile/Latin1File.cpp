@@ -79,6 +79,10 @@ void Latin1File::flush() {
     buffer_.clear();
 }
 
+void Latin1File::beginSync() {
+    trevandix::beginSync(file_);
+}
+
 void Latin1File::sync() {
     flush();
     syncFile(file_);

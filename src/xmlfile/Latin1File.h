@@ -28,6 +28,8 @@ public:
         append(buffer_);
         endLine(start);
     }
+    /// Lets the disk begin with what has been written so far, so that the wait of `sync` is short.
+    void beginSync();
     /// Writes what is left and returns when all of it is on the disk.
     void sync();
     /// Writes what is left. Without it the file is left as far as it got.

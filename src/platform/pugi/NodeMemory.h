@@ -1,25 +1,39 @@
 #pragma once
 
 #include <cstddef>
-#include <memory_resource>
 #include <pugixml.hpp>
+#include <vector>
 
 namespace trevandix {
 
+/// Gives memory that nobody will look at again back to the system, from one address on upwards, piece by
+/// piece. What is read from there afterwards is 0.
+class ReturnedMemory {
+public:
+    explicit ReturnedMemory(const void* begin = nullptr) : begin_(static_cast<const char*>(begin)) {}
+    /// All that is left up to `end`, in pieces of a quarter of a megabyte; nothing where the system cannot.
+    void returnUpTo(const void* end);
+
+private:
+    const char* begin_;
+};
+
 /// The memory of one parsed document: large blocks that go back to the system with it. In the heap its nodes,
-/// twice as large as the records made from them, would stay resident below those. Huge pages halve the cost
-/// of first touching it.
+/// as large as the records made from them, would stay resident below those.
 class NodeMemory {
 public:
     NodeMemory() = default;
+    ~NodeMemory();
     NodeMemory(const NodeMemory&) = delete;
     NodeMemory& operator=(const NodeMemory&) = delete;
 
     /// An empty document in this memory, to be parsed while a Use lives. It ends with the memory, without a
     /// destructor.
-    pugi::xml_document& makeDocument() {
-        return *std::pmr::polymorphic_allocator<>(&nodes_).new_object<pugi::xml_document>();
-    }
+    pugi::xml_document& makeDocument();
+    /// Nullptr when there is none left.
+    void* allocate(std::size_t size);
+    /// The nodes allocated before `node` are not looked at again; the document itself and the text may be.
+    void returnBefore(const void* node);
 
     /// While it lives, the parser allocates from the memory. One at a time, as the parser has one allocator
     /// for all.
@@ -36,15 +50,16 @@ public:
     };
 
 private:
-    class Blocks : public std::pmr::memory_resource {
-        void* do_allocate(std::size_t size, std::size_t alignment) override;
-        void do_deallocate(void* block, std::size_t size, std::size_t alignment) override;
-        bool do_is_equal(const memory_resource& other) const noexcept override { return this == &other; }
+    struct Block {
+        char* begin;
+        std::size_t size;
+        ReturnedMemory returned;
     };
-    static constexpr std::size_t kFirstBlock = std::size_t{8} << 20;
 
-    Blocks blocks_;
-    std::pmr::monotonic_buffer_resource nodes_{kFirstBlock, &blocks_};
+    std::vector<Block> blocks_;  // of nodes
+    std::vector<Block> texts_;
+    std::size_t used_ = 0;         // of the last block
+    std::size_t firstNeeded_ = 0;  // block; those before have been returned
 };
 
 }  // namespace trevandix

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <pugixml.hpp>
 
 #include "platform/FileAccess.h"
@@ -21,15 +20,22 @@ constexpr std::array<char16_t, 32> kWindows1252{
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
-std::string fromWindows1252(std::string_view bytes) {
+// Makes UTF-8 of a text whose bytes are one character each, those from 80 to 9F as the table says.
+void convertSingleBytes(std::string& bytes, const std::array<char16_t, 32>& specials) {
+    const auto special = [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; };
+    auto next = std::ranges::find_if(bytes, special);
+    if (next == bytes.end()) return;
     std::string text;
     text.reserve(bytes.size() + bytes.size() / 8);
-    for (const char byte : bytes) {
-        const auto c = static_cast<unsigned char>(byte);
-        const char32_t special = c >= 0x80 && c < 0xA0 ? kWindows1252[c - 0x80U] : 0;
-        appendUtf8(text, special != 0 ? special : c);
+    for (auto done = bytes.begin();; next = std::find_if(done, bytes.end(), special)) {
+        text.append(done, next);
+        if (next == bytes.end()) break;
+        const auto c = static_cast<unsigned char>(*next);
+        const char32_t character = c < 0xA0 ? specials[c - 0x80U] : 0;
+        appendUtf8(text, character != 0 ? character : c);
+        done = next + 1;
     }
-    return text;
+    bytes.swap(text);
 }
 
 // The encoding that the declaration names, in small letters; empty when there is none.
@@ -53,8 +59,16 @@ bool isBlank(std::string_view text) {
 
 class PugiDocument : public XmlDocument {
 public:
-    NodeMemory memory;
+    mutable NodeMemory memory;
     pugi::xml_document& document = memory.makeDocument();
+
+    pugi::xml_parse_result parse(std::string text, unsigned options, pugi::xml_encoding encoding) {
+        bytes_ = std::move(text);
+        const NodeMemory::Use use(memory);
+        const auto result = document.load_buffer_inplace(bytes_.data(), bytes_.size(), options, encoding);
+        text_ = ReturnedMemory(document.document_element().name());
+        return result;
+    }
 
     bool doubtful() const override { return doubtful_; }
     XmlElement root() const override { return {this, document.document_element().internal_object()}; }
@@ -82,6 +96,7 @@ private:
 
     const void* parent(const void* node) const override { return at(node).parent().internal_object(); }
     const void* firstChild(const void* node) const override {
+        checkTextBefore(node);
         return at(node).first_child().internal_object();
     }
     const void* nextSibling(const void* node) const override {
@@ -97,6 +112,7 @@ private:
 
     void findChildren(const void* node, std::span<const std::string_view> names,
                       std::span<XmlElement> found) const override {
+        checkTextBefore(node);
         std::size_t expected = 0;
         for (pugi::xml_node child = at(node).first_child(); child; child = child.next_sibling()) {
             const std::string_view name = child.name();
@@ -121,16 +137,17 @@ private:
         return std::nullopt;
     }
 
-    // All text below the element, as parsers report an element's text.
+    // All text below the element, as parsers report an element's text. The text in front of an element's
+    // children is its own value.
     std::string_view text(const void* node, std::string& buffer) const override {
         const pugi::xml_node element = at(node);
-        const pugi::xml_node first = element.first_child();
-        if (first.type() == pugi::node_pcdata && first.next_sibling().empty()) return first.value();
-        buffer.clear();
-        if (!first.empty()) doubtful_ = true;
-        pugi::xml_node below = first;
+        if (element.first_child().empty()) return element.value();
+        doubtful_ = true;
+        buffer = element.value();
+        pugi::xml_node below = element.first_child();
         while (below) {
-            if (below.type() == pugi::node_pcdata || below.type() == pugi::node_cdata)
+            if (below.type() == pugi::node_pcdata || below.type() == pugi::node_cdata ||
+                below.type() == pugi::node_element)
                 buffer += below.value();
             if (below.first_child()) {
                 below = below.first_child();
@@ -143,32 +160,57 @@ private:
         return buffer;
     }
 
+    void passed(const void* node) const override {
+        memory.returnBefore(node);
+        text_.returnUpTo(at(node).name());  // names stand in the text
+    }
+
+    // The writer leaves no more than blanks in front of an element's children.
+    void checkTextBefore(const void* node) const {
+        if (!isBlank(at(node).value())) doubtful_ = true;
+    }
+
+    std::string bytes_;            // the nodes point into them, or into what they were converted to
+    mutable ReturnedMemory text_;  // of those
     mutable bool doubtful_ = false;
 };
+
+struct Text {
+    std::string bytes;
+    pugi::xml_encoding encoding = pugi::encoding_auto;
+};
+
+// In UTF-8, unless it is what the parser itself knows best.
+Text textOf(const std::string& filePath) {
+    Text text{readWholeFile(filePath)};
+    refuseHalfPairs(text.bytes);
+    const std::string encoding = declaredEncoding(text.bytes);
+    const bool windows = encoding == "windows-1252";
+    if (windows || encoding == "iso-8859-1" || encoding == "latin1") {
+        text.encoding = pugi::encoding_utf8;
+        convertSingleBytes(text.bytes, windows ? kWindows1252 : std::array<char16_t, 32>{});
+    }
+    return text;
+}
+
+// Parsing has changed the text, so what is wrong with it is looked for in the file again.
+[[noreturn]] void throwFailure(const std::string& filePath, const pugi::xml_parse_result& result) {
+    const auto offset = static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0));
+    throwParseError(textOf(filePath).bytes, offset, result.description());
+}
 
 }  // namespace
 
 std::unique_ptr<XmlDocument> PugiXmlParser::load(const std::string& filePath) {
-    std::string bytes = readWholeFile(filePath);
-    refuseHalfPairs(bytes);
-    pugi::xml_encoding encoding = pugi::encoding_auto;
-    if (declaredEncoding(bytes) == "windows-1252") {
-        bytes = fromWindows1252(bytes);
-        encoding = pugi::encoding_utf8;
-    }
+    Text text = textOf(filePath);
     auto document = std::make_unique<PugiDocument>();
     // Texts of blanks alone are kept where they are an element's only content, so that a comment of blanks
-    // survives.
-    // Comments and instructions are kept so that markup inside values is noticed.
-    constexpr unsigned kOptions =
-        pugi::parse_default | pugi::parse_ws_pcdata_single | pugi::parse_comments | pugi::parse_pi;
-    const NodeMemory::Use use(document->memory);
-    const pugi::xml_parse_result result =
-        document->document.load_buffer(bytes.data(), bytes.size(), kOptions, encoding);
-    if (!result) {
-        const auto offset = static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0));
-        throwParseError(bytes, offset, result.description());
-    }
+    // survives. Comments and instructions are kept so that markup inside values is noticed. A text that is
+    // its element's value needs no node of its own, which halves their number.
+    constexpr unsigned kOptions = pugi::parse_default | pugi::parse_ws_pcdata_single | pugi::parse_comments |
+                                  pugi::parse_pi | pugi::parse_embed_pcdata;
+    const pugi::xml_parse_result result = document->parse(std::move(text.bytes), kOptions, text.encoding);
+    if (!result) throwFailure(filePath, result);
     return document;
 }
 
