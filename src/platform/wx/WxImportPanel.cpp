@@ -1,5 +1,6 @@
 #include "platform/wx/WxImportPanel.h"
 
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
@@ -27,6 +28,12 @@ WxImportPanel::WxImportPanel(wxWindow* parent)
     auto* frame = new wxBoxSizer(wxVERTICAL);
     frame->Add(column, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kMargin)));
     SetSizerAndFit(frame);
+    const auto paint = [this] { SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE)); };
+    paint();  // or what lies below it, the sash, shows through
+    Bind(wxEVT_SYS_COLOUR_CHANGED, [paint](wxSysColourChangedEvent& event) {
+        paint();
+        event.Skip();
+    });
 }
 
 void WxImportPanel::setShown(bool shown) {

@@ -1,6 +1,10 @@
 #include "platform/wx/WxMessages.h"
 
 #include <wx/msgdlg.h>
+// After it: needs its types.
+#include <wx/generic/msgdlgg.h>
+
+#include <memory>
 
 #include "Version.h"
 #include "platform/wx/WxParent.h"
@@ -19,13 +23,23 @@ long styleOf(Buttons buttons, Icon icon) {
     return style | wxICON_NONE;
 }
 
+std::unique_ptr<wxMessageDialogBase> makeBox(const wxString& text, long style) {
+    const wxString title = toWx(kProduct);
+#ifdef __WXGTK__
+    // GTK's own box never draws the icon that it is asked for.
+    if ((style & wxICON_MASK) != wxICON_NONE)
+        return std::make_unique<wxGenericMessageDialog>(dialogParent(), text, title, style);
+#endif
+    return std::make_unique<wxMessageDialog>(dialogParent(), text, title, style);
+}
+
 }  // namespace
 
 Answer WxMessages::show(std::string_view text, Buttons buttons, Icon icon) {
     const FocusKeeper focus;
-    wxMessageDialog box(dialogParent(), toWx(text), toWx(kProduct), styleOf(buttons, icon));
+    const std::unique_ptr<wxMessageDialogBase> box = makeBox(toWx(text), styleOf(buttons, icon));
     while (true) {
-        switch (box.ShowModal()) {
+        switch (box->ShowModal()) {
             case wxID_YES:
                 return Answer::Yes;
             case wxID_NO:
