@@ -18,13 +18,14 @@ public:
         place_.newConfiguration(next() % 2 == 0 ? kTcpIp : kRtu);
     }
 
-    void run() {
-        // Long sequences find nothing that shorter ones do not, and take their time.
-        for (int step = 0; step < 200 && !bytes_.empty(); ++step) {
-            this->step();
+    std::size_t run(std::size_t mostSteps) {
+        std::size_t steps = 0;
+        for (; steps < mostSteps && !bytes_.empty(); ++steps) {
+            step();
             const auto faults = testing::disagreements(place_.configuration);
             if (!faults.empty()) throw std::logic_error(faults.front());
         }
+        return steps;
     }
 
 private:
@@ -39,7 +40,8 @@ private:
         constexpr std::array kNames{"A", "a",      "B",    "A.B", "B.A", "tag",
                                     "",  "ModBus", "coil", "x&y", "<b>", "A "};
         const unsigned choice = next();
-        if (choice < 128) return kNames[choice % kNames.size()];
+        if (choice < 64) return kNames[choice % kNames.size()];
+        if (choice < 192) return "N" + std::to_string(choice % 64);
         std::string text(bytes_.substr(0, choice % 8));
         bytes_.remove_prefix(text.size());
         return text;
@@ -67,6 +69,12 @@ private:
         tryTo([&] {
             if (next() % 4 == 0) form.press("cmdAdd");
         });
+        tryTo([&] {
+            if (next() % 8 != 0) return;
+            form.press("cmdGroup");
+            form.type("txtNumbItems", std::to_string(next() % 8));
+            form.press("cmdOkNumber");
+        });
         tryTo([&] { form.press(next() % 8 == 0 ? "cmdCancel" : "cmdOk"); });
         tryTo([&] { form.press("Command2"); });
     }
@@ -84,7 +92,7 @@ private:
     void fill(FakeForm& form, std::string_view field) {
         const bool number = field == "txtUI" || field == "txtAddress";
         tryTo([&] {
-            if (next() % 2 == 0) form.type(field, number ? std::to_string(next()) : name());
+            if (next() % 8 != 0) form.type(field, number ? std::to_string(next()) : name());
         });
     }
 
@@ -114,7 +122,11 @@ private:
         constexpr std::array kCommands{"mnuAddMBType", "mnuAddPlc",      "mnuAddBranch", "mnuAddItem",
                                        "mnuCopy",      "mnuCut",         "mnuPaste",     "mnuDelete",
                                        "mnuPasteName", "mnuPasteComment"};
-        const unsigned choice = next() % 14;
+        // More is added than deleted, or the trees would stay small.
+        constexpr std::array kMoreOften{1U, 2U, 2U, 3U, 3U, 3U, 3U, 4U, 6U, 6U};
+        constexpr unsigned kChoices = 14;
+        unsigned choice = next() % (kChoices + kMoreOften.size());
+        if (choice >= kChoices) choice = kMoreOften[choice - kChoices];
         place_.forms.scripts.assign({[this](FakeForm& form) { dialog(form); }});
         select();
         // An edited data type leaves its node behind on purpose when it gets another name.
@@ -149,8 +161,8 @@ private:
 
 }  // namespace
 
-void Commands(std::string_view bytes) {
-    ByteUser(bytes).run();
+std::size_t Commands(std::string_view bytes, std::size_t mostSteps) {
+    return ByteUser(bytes).run(mostSteps);
 }
 
 }  // namespace trevandix::fuzz

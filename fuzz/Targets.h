@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 namespace trevandix::fuzz {
@@ -16,7 +17,8 @@ void Fallback(std::string_view bytes);
 void TypeNames(std::string_view bytes);
 /// The bytes as clipboard text: nothing but blanks and line ends is lost.
 void Clipboard(std::string_view bytes);
-/// The bytes as a user's commands: tree and collections agree after each.
-void Commands(std::string_view bytes);
+/// The bytes as a user's commands: tree and collections agree after each. Returns how many there were; for
+/// the fuzzer not many, as long sequences tell it less and take their time.
+std::size_t Commands(std::string_view bytes, std::size_t mostSteps = 200);
 
 }  // namespace trevandix::fuzz

@@ -120,15 +120,22 @@ TEST(DragAndDrop, OtherNodesMoveWithoutTheirRecords) {
 
 TEST(DragAndDrop, AFailureHalfWayKeepsWhatWasDone) {
     // The item "A.x" of V takes the key that the branch's item needs.
-    PlantedWorkplace place({"U", "U.A/", "U.A.w", "U.A.x", "V"});
-    auto item = std::make_shared<clsItem>();
-    item->sName("A.x");
-    item->sKey("V.A.x");
-    place.configuration.addItem(item, place.node("V"));
-    place.drag("U.A", "V", true);
-    EXPECT_EQ(place.messages.take(), Texts{kInUse});
-    EXPECT_EQ(place.below("V"), (Texts{"V.A.x", "V.A", "V.A.w"}));
-    EXPECT_EQ(place.below("U"), (Texts{"U.A", "U.A.w", "U.A.x"}));
+    const auto startDrag = [](PlantedWorkplace& place, bool control) {
+        auto item = std::make_shared<clsItem>();
+        item->sName("A.x");
+        item->sKey("V.A.x");
+        place.configuration.addItem(item, place.node("V"));
+        place.drag("U.A", "V", control);
+        EXPECT_EQ(place.messages.take(), Texts{kInUse});
+        EXPECT_EQ(place.below("V"), (Texts{"V.A.x", "V.A", "V.A.w"}));
+        EXPECT_EQ(place.below("U"), (Texts{"U.A", "U.A.w", "U.A.x"}));
+        EXPECT_EQ(place.wrong(), Texts()) << "nodes without their records";
+    };
+    const Texts keys{"U", "U.A/", "U.A.w", "U.A.x", "V"};
+    PlantedWorkplace moved(keys);
+    startDrag(moved, false);
+    PlantedWorkplace place(keys);
+    startDrag(place, true);
     // A record left without a node refuses its key without a word.
     place.drag("V", "U.A");
     place.configuration.tree.addChild(*place.configuration.tree.root(), "V", "V", {NodeTag::Plc});

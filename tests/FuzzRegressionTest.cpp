@@ -10,11 +10,12 @@ namespace trevandix::testing {
 
 TEST(FuzzRegression, EveryKnownInputIsHandled) {
     using Target = void (*)(std::string_view);
-    const std::vector<std::pair<std::string, Target>> targets{{"Reader", fuzz::Reader},
-                                                              {"Fallback", fuzz::Fallback},
-                                                              {"TypeNames", fuzz::TypeNames},
-                                                              {"Clipboard", fuzz::Clipboard},
-                                                              {"Commands", fuzz::Commands}};
+    const std::vector<std::pair<std::string, Target>> targets{
+        {"Reader", fuzz::Reader},
+        {"Fallback", fuzz::Fallback},
+        {"TypeNames", fuzz::TypeNames},
+        {"Clipboard", fuzz::Clipboard},
+        {"Commands", [](std::string_view bytes) { fuzz::Commands(bytes); }}};
     for (const auto& [name, target] : targets) {
         int inputs = 0;
         for (const char* folder : {"corpus", "regressions"}) {

@@ -66,16 +66,27 @@ bool DragAndDrop::drop(TreeNode& target) {
     }
     if (verdict != Verdict::Accept) return false;
     const StructureTree::Batch batch(context_.tree());
-    const bool move = effect() == DropEffect::Move;
-    TreeNode& placed = recreate(context_.configuration, *dragged, target, move);
-    if (dragged->tag() == NodeTag::Branch) CopySubTree(*dragged, placed, effect());
+    TreeNode& placed = recreate(context_.configuration, *dragged, target);
+    if (dragged->tag() == NodeTag::Branch) CopySubTree(*dragged, placed);
     context_.tree().setExpanded(placed, true);
-    if (move) context_.tree().remove(*dragged);
+    if (effect() == DropEffect::Move) removeSource(*dragged);
     return true;
 }
 
+// Only when all of it stands at its new place: a name that is taken deep inside must leave no node without
+// its record.
+void DragAndDrop::removeSource(TreeNode& dragged) {
+    Configuration& configuration = context_.configuration;
+    if (dragged.tag() == NodeTag::Item) configuration.items.remove(dragged.key());
+    if (dragged.tag() == NodeTag::Branch) {
+        RemoveBranch(configuration, dragged);
+        configuration.branches.remove(dragged.key());
+    }
+    configuration.tree.remove(dragged);
+}
+
 // Depth first like a recursion, but branches may be nested as deeply as a file likes.
-void DragAndDrop::CopySubTree(const TreeNode& nodSource, TreeNode& nodDest, DropEffect Effect) {
+void DragAndDrop::CopySubTree(const TreeNode& nodSource, TreeNode& nodDest) {
     struct Level {
         const TreeNode* next;
         TreeNode* destination;
@@ -88,7 +99,7 @@ void DragAndDrop::CopySubTree(const TreeNode& nodSource, TreeNode& nodDest, Drop
             continue;
         }
         levels.back().next = child->nextSibling();
-        TreeNode& placed = recreate(context_.configuration, *child, *destination, Effect == DropEffect::Move);
+        TreeNode& placed = recreate(context_.configuration, *child, *destination);
         if (child->tag() == NodeTag::Branch) levels.push_back({child->firstChild(), &placed});
     }
 }

@@ -7,11 +7,10 @@ namespace trevandix {
 namespace {
 
 template <typename Record>
-void rekey(KeyedCollection<Record>& collection, const Key& from, const Key& to, bool move) {
+void addUnder(KeyedCollection<Record>& collection, const Key& from, const Key& to) {
     const std::shared_ptr<Record> record = collection.at(from);
     collection.add(record, to);
     record->sKey(to);
-    if (move) collection.remove(from);
 }
 
 }  // namespace
@@ -32,11 +31,11 @@ void RemoveBranch(Configuration& configuration, const TreeNode& node) {
     }
 }
 
-TreeNode& recreate(Configuration& configuration, const TreeNode& source, TreeNode& target, bool move) {
+TreeNode& recreate(Configuration& configuration, const TreeNode& source, TreeNode& target) {
     const Key key(target.key(), source.text());
     TreeNode& node = configuration.tree.addChild(target, key, source.text(), source.look());
-    if (source.tag() == NodeTag::Item) rekey(configuration.items, source.key(), key, move);
-    if (source.tag() == NodeTag::Branch) rekey(configuration.branches, source.key(), key, move);
+    if (source.tag() == NodeTag::Item) addUnder(configuration.items, source.key(), key);
+    if (source.tag() == NodeTag::Branch) addUnder(configuration.branches, source.key(), key);
     return node;
 }
 
