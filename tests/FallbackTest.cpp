@@ -391,6 +391,13 @@ TEST(HostileFiles, AreRefusedInTime) {
     refusedWith(std::string(wide).replace(place16, 4, "\x3D\xD8@\0"s), "half a UTF-16 pair");
     refusedWith(std::string(wide).replace(place16, 4, "\x00\xDE@\0"s), "half a UTF-16 pair");
     refusedWith(wide + "x", "half a UTF-16 character");
+    for (const char* half : {"&#xD83D;", "&#56832;"}) {
+        const std::string bytes = with(half);
+        refusedWith(std::string(bytes).replace(bytes.find("ISO-8859-1"), 10, "UTF-8"),
+                    "line 10, half a UTF-16 pair");
+        place.openText(bytes);  // of the writer's shape: then it is what somebody typed
+        EXPECT_EQ(place.item("P.Run").sComment(), half);
+    }
     place.openText(std::string(wide).replace(place16, 4, "\x3D\xD8\x00\xDE"s));
     EXPECT_EQ(place.item("P.Run").sComment(), "\xF0\x9F\x98\x80");
 

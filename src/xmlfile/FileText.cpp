@@ -26,6 +26,7 @@ Reference numericReference(std::string_view text, std::string_view prefix, int b
     const char* const last = text.data() + text.size();
     const auto [end, error] = std::from_chars(digits, last, value, base);
     if (error != std::errc() || end == last || *end != ';' || value > 0x10FFFF) return {};
+    if (value >= 0xD800 && value <= 0xDFFF) return {};  // half a character
     return {value, static_cast<std::size_t>(end - text.data()) + 1};
 }
 
