@@ -300,12 +300,13 @@ TEST(Fallback, SaysQuietlyWhatMayComeBackAsSomethingElse) {
     Workplace place;
     place.openText(oneUnit(tagText(4, "Run") + "\r\n" + tagText(4, "Stop") + "\r\n"));
     place.run("mnuSaveCfg");
-    EXPECT_EQ(place.window.status[StatusField::Notice].find("may read differently"), std::string::npos);
+    EXPECT_EQ(place.window.status[StatusField::Notice].find("May read differently"), std::string::npos);
     place.item("P.Run").sComment("a &amp; b");
     place.messages.take();
     place.run("mnuSaveCfg");
     EXPECT_EQ(place.window.status[StatusField::Notice],
-              "Saved, but may read differently when opened: comment of P.Run");
+              "May read differently when opened: comment of P.Run. Published to the server: " +
+                  place.path("test.xml"));
     EXPECT_EQ(place.messages.take().size(), 2U);  // the usual question and "saved", no box more
 
     // Names that are one in capitals: the file could not be opened with both.

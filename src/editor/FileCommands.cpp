@@ -170,8 +170,8 @@ bool FileCommands::writeAndPublish() {
     context_.configuration.markUnchanged();
     // Without administrator's rights this is refused; saving has succeeded all the same.
     const bool published = context_.platform.registry.publish(state.interfaceKind, state.filePath);
-    context_.platform.window.setStatus(StatusField::Notice, publicationText(published, state.filePath));
-    noticeAmbiguousTexts(context_.configuration, context_.platform.window);
+    context_.platform.window.setStatus(StatusField::Notice, ambiguityText(context_.configuration) +
+                                                                publicationText(published, state.filePath));
     state.saved = true;
     return true;
 }

@@ -4,17 +4,17 @@
 
 namespace trevandix {
 
-void noticeAmbiguousTexts(const Configuration& configuration, MainWindow& window) {
+std::string ambiguityText(const Configuration& configuration) {
     constexpr std::size_t kNamed = 3;
     const std::vector<std::string> places = ambiguousTexts(configuration);
-    if (places.empty()) return;
-    std::string text = "Saved, but may read differently when opened: ";
+    if (places.empty()) return {};
+    std::string text = "May read differently when opened: ";
     for (std::size_t i = 0; i < places.size() && i < kNamed; ++i) {
         if (i > 0) text += ", ";
         text += places[i];
     }
     if (places.size() > kNamed) text += " and " + std::to_string(places.size() - kNamed) + " more";
-    window.setStatus(StatusField::Notice, text);
+    return text + ". ";
 }
 
 }  // namespace trevandix

@@ -1,12 +1,13 @@
 #pragma once
 
+#include <string>
+
 #include "model/Configuration.h"
-#include "platform/MainWindow.h"
 
 namespace trevandix {
 
-/// Says quietly, in the status bar, which texts of a file just saved may come back as others; nothing when
-/// there are none.
-void noticeAmbiguousTexts(const Configuration& configuration, MainWindow& window);
+/// What the status bar says, in front of what it says otherwise, of texts in a file just saved that may come
+/// back as others; empty when there are none.
+std::string ambiguityText(const Configuration& configuration);
 
 }  // namespace trevandix
