@@ -7,9 +7,11 @@
 #include <sys/mount.h>
 #include <sys/ptrace.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <set>
 
@@ -58,10 +60,10 @@ int inChild(Body body) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-/// Runs the body in a process that is killed at its `step`th entry to or return from the system. False when
-/// the process ended before.
-template <typename Body>
-bool killedAt(int step, Body body) {
+/// Runs the body in a process that stops at every entry to the system and every return from it, and is killed
+/// where `goOn`, which gets the process at each stop, says no. False when it came to its own end.
+template <typename Body, typename GoOn>
+bool killed(Body body, GoOn goOn) {
     const pid_t child = fork();
     if (child == 0) {
         ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
@@ -71,7 +73,8 @@ bool killedAt(int step, Body body) {
     }
     int status = 0;
     waitpid(child, &status, 0);
-    for (int i = 0; i < step && WIFSTOPPED(status); ++i) {
+    ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD);  // tells calls from signals
+    while (WIFSTOPPED(status) && goOn(child)) {
         ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
         waitpid(child, &status, 0);
     }
@@ -94,7 +97,8 @@ TEST(SaveKill, OldOrNewContentSurvivesAKillAtEverySystemCall) {
     int asOld = 0;
     std::set<std::size_t> partly;  // sizes of the new file on its way
     int step = 1;
-    for (; killedAt(step, [&] { place.run("mnuSaveCfg"); }); ++step) {
+    int left = step;
+    for (; killed([&] { place.run("mnuSaveCfg"); }, [&](pid_t) { return left-- > 0; }); left = ++step) {
         const std::string now = readFile(path);
         const std::string backup = readFile(path + ".bak");
         ASSERT_TRUE(now == place.before || now == place.after || backup == place.before) << "step " << step;
@@ -107,6 +111,31 @@ TEST(SaveKill, OldOrNewContentSurvivesAKillAtEverySystemCall) {
     EXPECT_GE(partly.size(), 3U);  // begun, after the first write, after the second
     EXPECT_EQ(readFile(path), place.after);
     EXPECT_FALSE(fs::exists(path + ".bak"));
+}
+
+// Or a machine that loses its power would have neither.
+TEST(SaveKill, TheNewContentIsOnTheDiskBeforeTheOldOneGoes) {
+    if (!mayTrace()) GTEST_SKIP() << "this system lets no process trace another";
+    Large place;
+    std::vector<std::uint64_t> calls;
+    const auto note = [&](pid_t process) {
+        __ptrace_syscall_info info{};
+        void* size = reinterpret_cast<void*>(sizeof(info));
+        ptrace(PTRACE_GET_SYSCALL_INFO, process, size, &info);
+        if (info.op == PTRACE_SYSCALL_INFO_ENTRY) calls.push_back(info.entry.nr);
+        return true;
+    };
+    EXPECT_FALSE(killed([&] { place.run("mnuSaveCfg"); }, note));
+    const auto synced = std::ranges::find(calls, static_cast<std::uint64_t>(SYS_fsync));
+    ASSERT_NE(synced, calls.end());
+    const auto deletes = [](std::uint64_t call) {
+#ifdef SYS_unlink
+        if (call == SYS_unlink) return true;
+#endif
+        return call == SYS_unlinkat;
+    };
+    EXPECT_EQ(std::find_if(calls.begin(), synced, deletes), synced);
+    EXPECT_NE(std::find_if(synced, calls.end(), deletes), calls.end());
 }
 
 TEST(SaveKill, AFullDiskKeepsTheOldContent) {
