@@ -169,10 +169,11 @@ published() {
         until_true 5 grep -qsx "ConfigFile=$2" "$value" || fail "published is \"$(cat "$value")\", expected $2"
         return
     fi
-    for view in 32 64; do
-        value=$(wine reg query "HKLM\\Software\\VOSKAutomation\\$1" /v ConfigFile "/reg:$view" | tr -d '\r' |
-            sed -n 's/^ *ConfigFile *REG_SZ *//p')
-        [ "$value" = "$(native "$2")" ] || fail "published in view $view is \"$value\", expected \"$(native "$2")\""
+    for view in 32 64; do # exported, because the answers of "query" have the characters of one code page only
+        wine reg export "HKLM\\Software\\VOSKAutomation\\$1" "$(native "$folder/published.reg")" /y "/reg:$view" >/dev/null
+        value=$(iconv -f UTF-16 -t UTF-8 "$folder/published.reg" | tr -d '\r' | sed -n 's/^"ConfigFile"="\(.*\)"$/\1/p')
+        [ "${value//\\\\/\\}" = "$(native "$2")" ] ||
+            fail "published in view $view is \"$value\", expected \"$(native "$2")\""
     done
 }
 
