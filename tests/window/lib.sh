@@ -85,16 +85,24 @@ native() {
     if [ -n "$under_wine" ]; then printf 'Z:%s' "${1//\//\\}"; else printf '%s' "$1"; fi
 }
 
-# start [FILE]: starts the program and waits for its window.
+# start [FILE]: starts the program and waits for its window, start_asked for a question of its own.
 start() {
+    launch "$@"
+    until_true 30 is_active "$main" || fail "the program shows no window"
+    said_at_start=$(wc -c <"$folder/output") # GTK always complains about the first layout of a toolbar
+}
+start_asked() {
+    launch "$@"
+    until_true 30 is_active "$box" || fail "the program asks nothing when it starts"
+    said_at_start=$(wc -c <"$folder/output")
+}
+launch() {
     local command=("$program")
     if [ -n "$under_wine" ]; then command=(wine "$program"); fi
     if [ $# -gt 0 ]; then command+=("$(native "$1")"); fi
     until_true 10 xdotool get_desktop >/dev/null 2>&1 || fail "no window manager: $(cat "$folder/openbox")"
     "${command[@]}" >"$folder/output" 2>&1 &
     editor=$!
-    until_true 30 is_active "$main" || fail "the program shows no window"
-    said_at_start=$(wc -c <"$folder/output") # GTK always complains about the first layout of a toolbar
 }
 
 # Waits for the program's end, which must be a good one.
