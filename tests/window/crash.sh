@@ -23,6 +23,6 @@ await "$main"
 save_as "$folder/recovered.xml"
 grep -q '<UNSAVED>' "$folder/recovered.xml" || fail "the work was not recovered"
 grep -q 'PLC name="PLC1"' "$folder/recovered.xml" || fail "the unit was not recovered"
-keys alt+f x
+menu f x
 await_end
 [ -z "$(ls "$state")" ] || fail "left behind: $(ls "$state")"

@@ -149,8 +149,28 @@ answer() {
 }
 is_gone() { ! xdotool getwindowname "$1" >/dev/null 2>&1; }
 
+# menu LETTER KEY...: opens a menu of the menu bar by its letter and goes on with further keys. Wine may lose keys that
+# come before the menu is there, or open none while a command runs.
+menu() {
+    if [ -z "$under_wine" ]; then
+        keys "alt+$1" "${@:2}"
+        return
+    fi
+    local windows
+    windows=$(visible_windows)
+    for _ in {1..5}; do
+        keys "alt+$1"
+        if until_true 1 eval '[ "$(visible_windows)" -gt "$windows" ]'; then
+            steps "${@:2}"
+            return
+        fi
+    done
+    fail "the menu alt+$1 does not open"
+}
+visible_windows() { xdotool search --onlyvisible --class "$(basename "$program")" 2>/dev/null | wc -l; }
+
 save_as() {
-    keys alt+f a
+    menu f a
     save_to "$1"
 }
 

@@ -29,5 +29,5 @@ save 1
 grep -q '<Added>' "$plant" || fail "the change was not saved"
 published TrevandixTcpIp "$plant"
 [ "$(ls "$plants")" = "$(basename "$plant")" ] || fail "there is more than the file: $(ls "$plants")"
-keys alt+f x
+menu f x
 await_end
