@@ -195,17 +195,19 @@ std::optional<std::size_t> FakeListDisplay::currentRow() const {
     return selected.empty() ? std::nullopt : std::optional(selected.back());
 }
 
-namespace {
-std::filesystem::path ownFolder() {
+OwnFolder::OwnFolder() {
     std::random_device random;
-    auto folder = std::filesystem::temp_directory_path() / ("trevandix-test-" + std::to_string(random()));
-    std::filesystem::create_directories(folder);
-    return folder;
+    path = std::filesystem::temp_directory_path() / ("trevandix-test-" + std::to_string(random()));
+    std::filesystem::create_directories(path);
 }
-}  // namespace
 
-Workplace::Workplace()
-    : folder(ownFolder()),
+OwnFolder::~OwnFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path, ignored);
+}
+
+Workplace::Workplace(const std::filesystem::path& state)
+    : folder(ownFolder_.path),
       platform{messages,
                fileDialog,
                clipboard,
@@ -216,15 +218,10 @@ Workplace::Workplace()
                window,
                window,
                folder.string(),
-               (folder / "state").string()},
+               (state.empty() ? folder / "state" : state).string()},
       editor(platform, configuration, list) {
     list.setDisplay(&display);
     editor.Form_Load();
-}
-
-Workplace::~Workplace() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
 }
 
 void Workplace::newConfiguration(std::string_view interfaceKind) {

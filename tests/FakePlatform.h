@@ -164,13 +164,24 @@ public:
     std::map<std::string, bool, std::less<>> buttons;
 };
 
+/// A new folder, which goes away with everything in it.
+class OwnFolder {
+public:
+    OwnFolder();
+    ~OwnFolder();
+    OwnFolder(const OwnFolder&) = delete;
+    OwnFolder& operator=(const OwnFolder&) = delete;
+
+    std::filesystem::path path;
+};
+
 /// The whole editor on doubles, with a folder of its own that goes away with it.
 class Workplace {
+    OwnFolder ownFolder_;  // first, so that nothing in it is open any more when it goes
+
 public:
-    Workplace();
-    ~Workplace();
-    Workplace(const Workplace&) = delete;
-    Workplace& operator=(const Workplace&) = delete;
+    /// Unsaved work is kept in a folder of its own, unless another is named.
+    explicit Workplace(const std::filesystem::path& state = {});
 
     FakeMessages messages;
     FakeFileDialog fileDialog;

@@ -42,7 +42,8 @@ void plant(Workplace& place, const std::vector<std::string>& keys) {
     }
 }
 
-PlantedWorkplace::PlantedWorkplace(const std::vector<std::string>& keys) {
+PlantedWorkplace::PlantedWorkplace(const std::vector<std::string>& keys, const std::filesystem::path& state)
+    : Workplace(state) {
     newConfiguration(kTcpIp);
     plant(*this, keys);
     configuration.state.saved = true;

@@ -12,7 +12,7 @@ void plant(Workplace& place, const std::vector<std::string>& keys);
 
 /// A saved configuration with these records and an empty message log.
 struct PlantedWorkplace : Workplace {
-    explicit PlantedWorkplace(const std::vector<std::string>& keys);
+    explicit PlantedWorkplace(const std::vector<std::string>& keys, const std::filesystem::path& state = {});
 
     /// Drags with the right button; an empty key stands for the first node.
     void drag(std::string_view source, std::string_view target, bool control = false);

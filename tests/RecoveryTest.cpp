@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 using Texts = std::vector<std::string>;
 
 struct Edited : PlantedWorkplace {
-    Edited() : PlantedWorkplace({"U", "U.a"}) {
+    explicit Edited(const fs::path& state = {}) : PlantedWorkplace({"U", "U.a"}, state) {
         configuration.setFilePath(path("test.xml"));
         run("mnuSaveCfg");
         messages.take();
@@ -52,7 +52,14 @@ struct Edited : PlantedWorkplace {
 
 // What the next start finds when the editor dies now: its files, without its locks.
 void crash(const Workplace& before, const Workplace& next) {
-    fs::copy(before.folder / "state", next.folder / "state", fs::copy_options::recursive);
+    fs::create_directory(next.folder / "state");
+    for (const auto& entry : fs::directory_iterator(before.folder / "state")) {
+        const fs::path copy = next.folder / "state" / entry.path().filename();
+        if (entry.path().extension() == ".lock")
+            writeFile(copy, "");  // one that is held cannot be read everywhere
+        else
+            fs::copy(entry.path(), copy);
+    }
 }
 
 const std::string kQuestion = "The editor was not closed properly. Recover the unsaved changes to ";
@@ -179,11 +186,7 @@ TEST(Recovery, RemainsWithoutAWholeContentAreNotOffered) {
 
 TEST(Recovery, EditorsThatLiveKeepTheirFiles) {
     Edited one;
-    Edited two;
-    fs::create_directory(one.folder / "state");
-    std::error_code refused;
-    fs::create_directory_symlink(one.folder / "state", two.folder / "state", refused);
-    if (refused) GTEST_SKIP() << "this system makes no links";
+    Edited two(one.folder / "state");
     plant(one, {"U.one"});
     plant(two, {"U.two"});
     one.tick(3, 3);

@@ -100,26 +100,4 @@ TEST(SaveSafety, AsksBeforeItOverwritesWhatAnotherProgramWrote) {
     EXPECT_EQ(FileStamp().localTime().size(), std::string("2024-05-01 13:45:00").size());
 }
 
-#ifdef _WIN32
-// Refused before anything is touched; elsewhere neither hinders the change of a file's name.
-TEST(SaveSafety, AFileThatIsOpenElsewhereOrReadOnlyIsRefused) {
-    Changed place;
-    const std::string path = place.path("test.xml");
-    const auto isRefused = [&] {
-        place.run("mnuSaveCfg");
-        EXPECT_EQ(place.messages.take().back(), " Error n. 70  Permission denied in CreateXML");
-        EXPECT_EQ(readFile(path), place.old);
-        EXPECT_EQ(names(place.folder), Texts{"test.xml"});
-    };
-    std::FILE* open = std::fopen(path.c_str(), "rb");
-    isRefused();
-    std::fclose(open);
-    fs::permissions(path, fs::perms::owner_write, fs::perm_options::remove);
-    isRefused();
-    fs::permissions(path, fs::perms::owner_write, fs::perm_options::add);
-    place.run("mnuSaveCfg");
-    EXPECT_EQ(place.messages.take().back(), path + " saved");
-}
-#endif
-
 }  // namespace trevandix::testing

@@ -33,12 +33,12 @@ until_loaded
 go 2 # a branch
 shot main-window
 for view in i:icons s:small-icons l:list; do
-    keys alt+v "${view%:*}"
+    menu v "${view%:*}"
     shot "view-${view#*:}"
 done
-keys alt+v r
+menu v r
 
-keys alt+o b
+menu o b
 shot_of branch "$branch" Escape
 open_dialog i "$item"
 fill_item "holding register" Flow "m3/h" 100 1 3
@@ -50,16 +50,18 @@ keys Return # adds one
 leave_dialog
 go 3 Return
 shot_of item-edit "$item" Escape
-go 0 alt+o u
+go 0
+menu o u
 shot_of unit-tcp "$unit" Escape
 keys ctrl+f
 shot_of find "Find Item" Escape
 copied 'Chlorine\r\nConductance\r\nFlow_Rate\r\nRedox_Potential\r\n'
-go 2 Tab ctrl+a alt+e Up Up Return
+go 2 Tab ctrl+a
+menu e Up Up Return
 shot_of replace "Replace Text" Escape
 keys ctrl+s
 shot_of question "$box" Escape
-keys alt+a Return
+menu a Return
 until_true 5 eval '[ "$(active_title)" != "$main" ]' || fail "no about box"
 shot about
 keys Escape
@@ -71,11 +73,13 @@ await "Select ModBus interface"
 shot select
 keys Down space Return
 await "$main"
-keys Down alt+o a
+keys Down
+menu o a
 await "$types"
 choose 4
 shot_of data-type "$types" Escape
-keys Up alt+o u
+keys Up
+menu o u
 shot_of unit-rtu "$unit" Escape
 keys alt+F4
 answer alt+n

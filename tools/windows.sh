@@ -16,7 +16,7 @@ windows_objects=$windows_root/build/windows-obj
 windows_output=$windows_root/build/windows
 windows_triplet=x86_64-w64-mingw32
 
-windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev cmake ninja-build dpkg-dev librsvg2-bin icoutils zip
+windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev cmake ninja-build dpkg-dev librsvg2-bin icoutils zip unzip
     wine wine64 fonts-wine fonts-liberation libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2
     libxrender1 xvfb openbox xdotool imagemagick xclip)
 
@@ -292,7 +292,7 @@ run_unit_tests() {
 # The flows of tests/window, the same keys as on Linux.
 run_window_test() {
     local flow
-    for flow in new-tcp new-rtu open-view-save editing; do
+    for flow in new-tcp new-rtu open-view-save unicode editing crash portable; do
         say "window.$flow"
         TREVANDIX_PROGRAM=$windows_output/trevandix-editor.exe timeout 120 \
             "$windows_root/tests/window/$flow.sh" || return

@@ -7,14 +7,14 @@ branch="Branch Name"
 item="Item Properties"
 
 new_configuration() { # [KEY... to the other interface]
-    keys alt+f n
+    menu f n
     await "Select ModBus interface"
     keys "$@" Return
     await "$main"
 }
 
 open_dialog() { # ENTRY of the Objects menu, TITLE
-    keys alt+o "$1"
+    menu o "$1"
     await "$2"
 }
 

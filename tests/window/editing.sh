@@ -47,14 +47,16 @@ xdotool keyup ctrl
 # 12 SPARE (Level, Mode, 15 NEST (Level, Valve))
 
 copied 'First\r\n Second \r\nThird\r\nFourth\r\n'
-go 3 Tab ctrl+a alt+e Up Up Return
+go 3 Tab ctrl+a
+menu e Up Up Return
 await "Replace Text"
 confirm_dialog
 copied 'one\ntwo\nthree\nfour'
-steps ctrl+a alt+e Up Return
+steps ctrl+a
+menu e Up Return
 await "Replace Text"
 leave_dialog
-steps alt+e Up Return
+menu e Up Return
 await "Replace Text"
 confirm_dialog
 steps Tab
@@ -102,5 +104,5 @@ leave_dialog
 
 save_as "$folder/editing.xml"
 same_bytes "$window_root/tests/window/expected/editing.xml" "$folder/editing.xml"
-keys alt+f x
+menu f x
 await_end

@@ -85,16 +85,24 @@ native() {
     if [ -n "$under_wine" ]; then printf 'Z:%s' "${1//\//\\}"; else printf '%s' "$1"; fi
 }
 
-# start [FILE]: starts the program and waits for its window.
+# start [FILE]: starts the program and waits for its window, start_asked for a question of its own.
 start() {
+    launch "$@"
+    until_true 30 is_active "$main" || fail "the program shows no window"
+    said_at_start=$(wc -c <"$folder/output") # GTK always complains about the first layout of a toolbar
+}
+start_asked() {
+    launch "$@"
+    until_true 30 is_active "$box" || fail "the program asks nothing when it starts"
+    said_at_start=$(wc -c <"$folder/output")
+}
+launch() {
     local command=("$program")
     if [ -n "$under_wine" ]; then command=(wine "$program"); fi
     if [ $# -gt 0 ]; then command+=("$(native "$1")"); fi
     until_true 10 xdotool get_desktop >/dev/null 2>&1 || fail "no window manager: $(cat "$folder/openbox")"
     "${command[@]}" >"$folder/output" 2>&1 &
     editor=$!
-    until_true 30 is_active "$main" || fail "the program shows no window"
-    said_at_start=$(wc -c <"$folder/output") # GTK always complains about the first layout of a toolbar
 }
 
 # Waits for the program's end, which must be a good one.
@@ -141,8 +149,28 @@ answer() {
 }
 is_gone() { ! xdotool getwindowname "$1" >/dev/null 2>&1; }
 
+# menu LETTER KEY...: opens a menu of the menu bar by its letter and goes on with further keys. Wine may lose keys that
+# come before the menu is there, or open none while a command runs.
+menu() {
+    if [ -z "$under_wine" ]; then
+        keys "alt+$1" "${@:2}"
+        return
+    fi
+    local windows
+    windows=$(visible_windows)
+    for _ in {1..5}; do
+        keys "alt+$1"
+        if until_true 1 eval '[ "$(visible_windows)" -gt "$windows" ]'; then
+            steps "${@:2}"
+            return
+        fi
+    done
+    fail "the menu alt+$1 does not open"
+}
+visible_windows() { xdotool search --onlyvisible --class "$(basename "$program")" 2>/dev/null | wc -l; }
+
 save_as() {
-    keys alt+f a
+    menu f a
     save_to "$1"
 }
 
@@ -169,10 +197,11 @@ published() {
         until_true 5 grep -qsx "ConfigFile=$2" "$value" || fail "published is \"$(cat "$value")\", expected $2"
         return
     fi
-    for view in 32 64; do
-        value=$(wine reg query "HKLM\\Software\\VOSKAutomation\\$1" /v ConfigFile "/reg:$view" | tr -d '\r' |
-            sed -n 's/^ *ConfigFile *REG_SZ *//p')
-        [ "$value" = "$(native "$2")" ] || fail "published in view $view is \"$value\", expected \"$(native "$2")\""
+    for view in 32 64; do # exported, because the answers of "query" have the characters of one code page only
+        wine reg export "HKLM\\Software\\VOSKAutomation\\$1" "$(native "$folder/published.reg")" /y "/reg:$view" >/dev/null
+        value=$(iconv -f UTF-16 -t UTF-8 "$folder/published.reg" | tr -d '\r' | sed -n 's/^"ConfigFile"="\(.*\)"$/\1/p')
+        [ "${value//\\\\/\\}" = "$(native "$2")" ] ||
+            fail "published in view $view is \"$value\", expected \"$(native "$2")\""
     done
 }
 

@@ -80,6 +80,6 @@ keys ctrl+shift+s
 save_to "$folder/new-rtu.xml"
 same_bytes "$window_root/tests/window/expected/new-rtu.xml" "$folder/new-rtu.xml"
 published TrevandixRTU "$folder/new-rtu.xml"
-keys alt+f c
-keys alt+f x
+menu f c
+menu f x
 await_end

@@ -70,5 +70,5 @@ keys ctrl+s # nothing there: no question
 answer Return
 await "$main"
 same_bytes "$window_root/tests/window/expected/new-tcp.xml" "$folder/new-tcp.xml"
-keys alt+f x
+menu f x
 await_end

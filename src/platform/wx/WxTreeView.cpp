@@ -192,8 +192,9 @@ void WxTreeView::selectionChanged(const TreeNode* node) {
         UnselectAll();
         return;
     }
-    if (GetSelection() == itemOf(*node)) return;
-    SelectItem(itemOf(*node));
+    const wxTreeItemId item = itemOf(*node);
+    if (GetSelection() == item && IsVisible(item)) return;  // as after a click
+    SelectItem(item);
     madeVisible(*node);
 }
 

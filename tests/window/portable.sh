@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# The portable zip that stands beside the Windows program, unpacked into a folder with blanks and other letters: opens
+# its own sample, and F1 hands its own manual to the browser. TREVANDIX_PROGRAM is the program that the zip was made of.
+. "$(dirname "$0")/lib.sh"
+. "$(dirname "$0")/dialogs.sh"
+
+unpacked="$folder/Größe und Menge"
+unzip -q "$(dirname "$program")/trevandix-editor.zip" -d "$unpacked"
+cmp -s "$program" "$unpacked/trevandix-editor/trevandix-editor.exe" || fail "the zip holds another program"
+program=$unpacked/trevandix-editor/trevandix-editor.exe
+
+# In the place of a browser, which Wine's folder has none of: keeps what it is given.
+classes='HKLM\Software\Classes'
+kept=$(native "$folder/shown.html")
+printf 'new ActiveXObject("Scripting.FileSystemObject").CopyFile(WScript.Arguments.Item(0), "%s");' \
+    "${kept//\\/\\\\}" >"$folder/keep.js"
+wine reg add "$classes\\.html" /ve /d shown /f >/dev/null
+wine reg add "$classes\\shown\\shell\\open\\command" /ve /f >/dev/null \
+    /d "wscript.exe \"$(native "$folder/keep.js")\" \"%1\""
+
+start "$unpacked/trevandix-editor/samples/boiler-house-rtu.xml"
+until_loaded
+keys F1
+until_true 20 cmp -s "$unpacked/trevandix-editor/manual/manual.html" "$folder/shown.html" || fail "F1 shows nothing"
+menu f x
+await_end
