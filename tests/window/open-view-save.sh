@@ -81,6 +81,9 @@ until_loaded
 keys Home Down Down
 add_branch Extra
 menu f c
+await "$box"
+keys Escape alt+F4 # no answers: the question stays
+sleep 0.5
 answer alt+n
 await "$main"
 open_file "$plant"
