@@ -116,13 +116,22 @@ std::string printed(Workplace& place) {
     return text;
 }
 
-/// What the server finds in the file; "refused" when its parser does not take it.
-std::string readByServer(const Workplace& place, const std::string& file) {
+/// What the server finds in each file; "refused" where its parser does not take it.
+Texts readByServer(const Workplace& place, const Texts& files) {
     const fs::path script = fs::absolute(TREVANDIX_SERVER).make_preferred() / "read.js";
     const fs::path output = place.folder / "server.txt";
-    const std::string command =
-        "cscript //nologo \"" + script.string() + "\" \"" + file + "\" > \"" + output.string() + "\"";
-    return std::system(command.c_str()) == 0 ? readFile(output) : "refused";
+    std::string command = "cscript //nologo \"" + script.string() + "\"";
+    for (const std::string& file : files) command += " \"" + place.path(file) + "\"";
+    if (std::system((command + " > \"" + output.string() + "\"").c_str()) != 0) return {"the script failed"};
+    const std::string text = readFile(output);
+    const std::string end = "end\r\n";
+    Texts found;
+    std::size_t at = 0;
+    for (std::size_t next = text.find(end); next != std::string::npos; next = text.find(end, at)) {
+        found.push_back(text.substr(at, next - at));
+        at = next + end.size();
+    }
+    return found;
 }
 
 }  // namespace
@@ -163,23 +172,22 @@ TEST(Server, FindsWhatTheEditorSaves) {
         Workplace place;
         place.openText(readFile(fs::path(TREVANDIX_SAMPLES) / sample));
         place.run("mnuSaveCfg");
-        EXPECT_EQ(readByServer(place, place.path("test.xml")), printed(place));
+        EXPECT_EQ(readByServer(place, {"test.xml"}), Texts{printed(place)});
     }
     PlantedWorkplace place({"U", "U.a"});
     place.item("U.a").sComment(utf8(L"\u00B0 \u03A9 \u6C34 \U0001F4A7"));
     place.configuration.setFilePath(place.path("test.xml"));
     place.run("mnuSaveCfg");
-    EXPECT_EQ(readByServer(place, place.path("test.xml")), printed(place));
+    EXPECT_EQ(readByServer(place, {"test.xml"}), Texts{printed(place)});
 }
 
 // So that the test above cannot succeed by not looking.
 TEST(Server, NoticesEveryField) {
     for (const bool rtu : {false, true}) {
         Workplace place;
-        const std::string file =
+        const std::string text =
             readFile(fs::path(TREVANDIX_SAMPLES) / (rtu ? "boiler-house-rtu.xml" : "water-works.xml"));
-        place.openText(file);
-        const std::string found = printed(place);
+        place.openText(text);
         Texts fields{"</name>",         "</comment>",      "</address>",  "</datatype>",
                      "</accessrights>", "</databit>",      "</elements>", "\" readcode",
                      "\" writecode",    "\" singlewrcode", "\"/>"};
@@ -191,17 +199,23 @@ TEST(Server, NoticesEveryField) {
         } else {
             for (const char* end : {"\" address", "\" id", "\" timeout", "\">"}) fields.emplace_back(end);
         }
+        Texts files;
         for (const std::string& field : fields) {
-            std::string changed = file;
+            std::string changed = text;
             ASSERT_NE(changed.find(field), std::string::npos) << field;
             changed.insert(changed.find(field), "1");
-            writeFile(place.folder / "test.xml", changed);
-            const std::string now = readByServer(place, place.path("test.xml"));
-            EXPECT_NE(now, found) << field;
-            EXPECT_NE(now, "refused") << field;
+            files.push_back(std::to_string(files.size()) + ".xml");
+            writeFile(place.folder / files.back(), changed);
         }
-        writeFile(place.folder / "test.xml", "<VOSKModBusTcpIpCfg>R&D</VOSKModBusTcpIpCfg>");
-        EXPECT_EQ(readByServer(place, place.path("test.xml")), "refused");
+        files.emplace_back("unescaped.xml");
+        writeFile(place.folder / files.back(), "<VOSKModBusTcpIpCfg>R&D</VOSKModBusTcpIpCfg>");
+        const Texts found = readByServer(place, files);
+        ASSERT_EQ(found.size(), files.size());
+        EXPECT_EQ(found.back(), printed(Texts{"refused"}));
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            EXPECT_NE(found[i], printed(place)) << fields[i];
+            EXPECT_NE(found[i], found.back()) << fields[i];
+        }
     }
 }
 

@@ -1,7 +1,7 @@
-// Reads a configuration as the OPC server does, through the system's XML parser, and prints what it finds there:
-//     cscript //nologo read.js FILE
-// Everything but plain characters is printed by its number, so that no code page has a say.
-// Exit code 1 and the parser's reason for a file that it refuses.
+// Reads configurations as the OPC server does, through the system's XML parser, and prints what it finds there:
+//     cscript //nologo read.js FILE...
+// Everything but plain characters is printed by its number, so that no code page has a say. A line "end" follows each
+// file, "refused" stands for one that the parser does not take.
 
 var document = new ActiveXObject("MSXML2.DOMDocument");
 var lines = [];
@@ -92,13 +92,15 @@ function readSection(section, serial) {
 }
 
 document.async = false;
-if (!document.load(WScript.Arguments.Item(0))) {
-    WScript.Echo(document.parseError.reason);
-    WScript.Quit(1);
+for (var n = 0; n < WScript.Arguments.length; ++n) {
+    if (!document.load(WScript.Arguments.Item(n))) {
+        print("refused");
+    } else {
+        var root = document.documentElement;
+        print("root", nameOf(root));
+        var sections = elementsOf(root);
+        for (var i = 0; i < sections.length; ++i) readSection(sections[i], nameOf(root) == "VOSKMODBUSRTUCFG");
+    }
+    print("end");
 }
-var root = document.documentElement;
-print("root", nameOf(root));
-var sections = elementsOf(root);
-for (var i = 0; i < sections.length; ++i) readSection(sections[i], nameOf(root) == "VOSKMODBUSRTUCFG");
 WScript.Echo(lines.join("\r\n"));
-WScript.Quit(0);
