@@ -64,7 +64,7 @@ go 3 # sorts the new names
 
 # The tree gets the keyboard. Wine tells its programs so, but not the window manager.
 await_found() {
-    if [ -n "$under_wine" ]; then sleep 0.5; else await "$main"; fi
+    if [ -n "$under_wine" ]; then sleep 0.2 && settle; else await "$main"; fi
 }
 
 # Find Next passes the first match, SPARE; F3 does the same as the button.

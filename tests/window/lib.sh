@@ -77,7 +77,29 @@ is_active() { [ "$(active_title)" = "$1" ] && [ "$(xdotool getwindowfocus getwin
 # Waits until the window of this title has the keyboard.
 await() {
     until_true 15 is_active "$1" || fail "expected the window \"$1\", the active one is \"$(active_title)\""
-    if [ -n "$under_wine" ]; then sleep 0.15; fi # what the window manager knows, Wine is still to be told
+    settle # what the window manager knows, Wine is still to be told
+}
+
+# Under Wine: waits until the program and Wine's server have nothing left to do, for two seconds at most. A machine that
+# is busy with other things makes them slow, not idle: then they wait for the processor, not for input.
+settle() {
+    if [ -z "$under_wine" ]; then return; fi
+    local calm=0 end=$((SECONDS + 3))
+    while [ "$calm" -lt 5 ] && [ "$SECONDS" -lt "$end" ]; do
+        sleep 0.01
+        if at_work; then calm=0; else calm=$((calm + 1)); fi
+    done
+}
+at_work() {
+    local process thread state
+    for process in "$editor" "${wine_servers[@]}"; do
+        for thread in /proc/"$process"/task/*/stat; do
+            { read -r state <"$thread"; } 2>/dev/null || continue
+            state=${state##*) }
+            case $state in R* | D*) return 0 ;; esac
+        done
+    done
+    return 1
 }
 
 # The path as the program writes it.
@@ -103,6 +125,15 @@ launch() {
     until_true 10 xdotool get_desktop >/dev/null 2>&1 || fail "no window manager: $(cat "$folder/openbox")"
     "${command[@]}" >"$folder/output" 2>&1 &
     editor=$!
+    wine_servers=()
+    if [ -n "$under_wine" ]; then until_true 10 find_wine_servers || fail "Wine has no server"; fi
+}
+find_wine_servers() {
+    local process
+    for process in $(pgrep wineserver); do
+        if grep -qzxF "WINEPREFIX=$WINEPREFIX" "/proc/$process/environ" 2>/dev/null; then wine_servers+=("$process"); fi
+    done
+    [ ${#wine_servers[@]} != 0 ]
 }
 
 # Waits for the program's end, which must be a good one.
@@ -161,6 +192,7 @@ menu() {
     for _ in {1..5}; do
         keys "alt+$1"
         if until_true 1 eval '[ "$(visible_windows)" -gt "$windows" ]'; then
+            settle
             steps "${@:2}"
             return
         fi
@@ -264,16 +296,22 @@ settled_list() {
 
 # Keys of which each needs what the one before has done. Wine shows rows and commands later than it takes keys.
 steps() {
-    local key_delay=$key_delay
-    if [ -n "$under_wine" ]; then key_delay=150; fi
-    if [ $# != 0 ]; then keys "$@"; fi
+    if [ -z "$under_wine" ]; then
+        if [ $# != 0 ]; then keys "$@"; fi
+        return
+    fi
+    local key
+    for key in "$@"; do
+        keys "$key"
+        settle
+    done
 }
 
 # go ROW [KEY...]: selects a row of the tree, counted from 0, and goes on with further keys.
 go() {
     # shellcheck disable=SC2046
     keys Home $(times "$1" Down)
-    if [ -n "$under_wine" ]; then sleep 0.2; fi
+    settle
     steps "${@:2}"
 }
 
@@ -288,14 +326,18 @@ move_to() {
 press_right() {
     move_to "$1"
     xdotool mousedown 3
+    settle
 }
 
 # drag FROM TO: with the right button, over a row between.
 drag() {
     press_right "$1"
     move_to $((($1 + $2) / 2))
+    settle
     move_to "$2"
+    settle
     xdotool mouseup 3
+    settle
 }
 
 # Puts a text, in printf's form, on the clipboard.
