@@ -205,6 +205,11 @@ make_wine_folder() {
     env -u DISPLAY wine wineboot --init >/dev/null 2>&1 9>&- && wineserver -w && : >"$WINEPREFIX/stamp"
 }
 
+manages_windows() {
+    for _ in {1..80}; do if xdotool get_desktop >/dev/null 2>&1; then return; else sleep 0.1; fi; done
+    return 1
+}
+
 # Runs a command in a virtual display of its own, with a window manager, and ends both after it.
 with_display() {
     local number code=0 manager server
@@ -215,9 +220,13 @@ with_display() {
     local -x DISPLAY
     DISPLAY=:$(cat "$number")
     rm -f "$number"
-    openbox >/dev/null 2>&1 &
-    manager=$!
-    for _ in {1..100}; do if xdotool get_desktop >/dev/null 2>&1; then break; else sleep 0.1; fi; done
+    # On a busy machine it sometimes does not come up.
+    for _ in 1 2 3; do
+        openbox >/dev/null 2>&1 &
+        manager=$!
+        if manages_windows; then break; fi
+        kill "$manager" 2>/dev/null || true
+    done
     "$@" || code=$?
     wineserver -k || true
     kill "$manager" "$server" 2>/dev/null || true
