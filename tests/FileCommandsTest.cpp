@@ -10,8 +10,6 @@ namespace trevandix::testing {
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 const std::string kRtuFile =
     "<?xml version=\"1.0\" "
     "encoding=\"ISO-8859-1\"?>\r\n<VOSKModBusRTUCfg>\r\n\t<MODBUS>\r\n\t</MODBUS>\r\n\t<OPC_DA>\r\n"

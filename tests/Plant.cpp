@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/Text.h"
+
 namespace trevandix::testing {
 
 namespace {
@@ -16,7 +18,7 @@ std::shared_ptr<Record> named(const Key& key, std::string_view name) {
 
 }  // namespace
 
-void plant(Workplace& place, const std::vector<std::string>& keys) {
+void plant(Workplace& place, const Texts& keys) {
     Configuration& configuration = place.configuration;
     for (std::string text : keys) {
         const bool branch = text.ends_with('/');
@@ -25,6 +27,7 @@ void plant(Workplace& place, const std::vector<std::string>& keys) {
         if (dot == std::string::npos) {
             auto unit = std::make_shared<clsPLC>();
             unit->setName(text);
+            unit->setAddress("10.0.0.1");
             unit->sKey(text);
             configuration.addUnit(unit, false);
             continue;
@@ -42,29 +45,43 @@ void plant(Workplace& place, const std::vector<std::string>& keys) {
     }
 }
 
-PlantedWorkplace::PlantedWorkplace(const std::vector<std::string>& keys) {
+PlantedWorkplace::PlantedWorkplace(const Texts& keys) {
     newConfiguration(kTcpIp);
     plant(*this, keys);
     configuration.state.saved = true;
     messages.take();
 }
 
-void PlantedWorkplace::drag(std::string_view source, std::string_view target, bool control) {
+bool PlantedWorkplace::drag(std::string_view source, std::string_view target, bool control) {
     const auto nodeOf = [&](std::string_view key) {
         return key.empty() ? configuration.tree.root() : &node(key);
     };
-    ASSERT_TRUE(editor.TreeView1_MouseDown(nodeOf(source), {.control = control}));
-    editor.TreeView1_OLEStartDrag();
+    EXPECT_TRUE(editor.TreeView1_MouseDown(nodeOf(source), {.control = control}));
+    EXPECT_EQ(editor.TreeView1_OLEStartDrag(), control ? DropEffect::Copy : DropEffect::Move);
     editor.TreeView1_OLEDragOver(nodeOf(target));
+    const bool promised = editor.dropAllowed(nodeOf(target));
     editor.TreeView1_OLEDragDrop();
+    return promised;
 }
 
-std::vector<std::string> PlantedWorkplace::below(std::string_view key) {
-    const TreeNode& top = key.empty() ? *configuration.tree.root() : node(key);
-    std::vector<std::string> keys;
-    for (const TreeNode* n = nextBelow(top, top); n != nullptr; n = nextBelow(*n, top))
-        keys.push_back(n->key().str());
-    return keys;
+Texts fileContents(const Configuration& configuration) {
+    Texts lines{configuration.state.interfaceKind};
+    const TreeNode& root = *configuration.tree.root();
+    for (const TreeNode* n = nextBelow(root, root); n != nullptr; n = nextBelow(*n, root)) {
+        std::string place;
+        for (const TreeNode* up = n; up != &root; up = up->parent()) {
+            // A shared record puts its one name into all its places.
+            std::string name =
+                up->tag() == NodeTag::Item ? configuration.items.at(up->key())->sName() : up->text();
+            if (up->tag() == NodeTag::Branch) name = upperCased(name);
+            place = "|" + name + place;
+        }
+        if (n->tag() == NodeTag::DataType) place += configuration.dataTypes.at(n->key())->GetXmlTag();
+        if (n->tag() == NodeTag::Plc) place += configuration.units.at(n->key())->GetXmlTag(lines[0]);
+        if (n->tag() == NodeTag::Item) place += configuration.items.at(n->key())->GetXmlTag(0);
+        lines.push_back(std::string(tagName(n->tag())) + place);
+    }
+    return lines;
 }
 
 }  // namespace trevandix::testing

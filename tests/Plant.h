@@ -1,25 +1,24 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
-#include "FakePlatform.h"
+#include "DialogSteps.h"
 
 namespace trevandix::testing {
 
 /// Adds records by their keys, parents first: "U" is a unit, "U.A/" a branch, "U.A.x" an item.
-void plant(Workplace& place, const std::vector<std::string>& keys);
+void plant(Workplace& place, const Texts& keys);
 
 /// A saved configuration with these records and an empty message log.
 struct PlantedWorkplace : Workplace {
-    explicit PlantedWorkplace(const std::vector<std::string>& keys);
+    explicit PlantedWorkplace(const Texts& keys);
 
-    /// Drags with the right button; an empty key stands for the first node.
-    void drag(std::string_view source, std::string_view target, bool control = false);
-    bool has(std::string_view key) const { return configuration.tree.find(Key(key)) != nullptr; }
-    /// Keys of the nodes below the one with the key, as the tree shows them.
-    std::vector<std::string> below(std::string_view key);
-    std::vector<std::string> wrong() const { return disagreements(configuration); }
+    /// Drags with the right button; an empty key stands for the first node. True where the pointer showed
+    /// that the drop is allowed.
+    bool drag(std::string_view source, std::string_view target, bool control = false);
+    Texts wrong() const { return disagreements(configuration); }
 };
+
+/// What a file of the configuration gives back, a line a node, in tree order: its place, branch names in
+/// capitals, and its record.
+Texts fileContents(const Configuration& configuration);
 
 }  // namespace trevandix::testing
