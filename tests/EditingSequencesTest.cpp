@@ -23,28 +23,14 @@ public:
     void step() {
         place_.messages.answers.clear();
         if (pick(4) == 0) place_.messages.answers.assign(4, Answer::No);
-        switch (pick(14)) {
-            case 0:
-            case 1:
-            case 2:
-                if (manner_ != Manner::Dotting) return drag();
-                [[fallthrough]];
-            case 3:
-            case 4:
-                return dialog("mnuAddItem", {NodeTag::Plc, NodeTag::Branch});
-            case 5:
-            case 6:
-                return dialog("mnuAddBranch", {NodeTag::Plc, NodeTag::Branch});
-            case 7:
-                return dialog("mnuAddPlc", {NodeTag::Config});
-            case 8:
-            case 9:
-                return dialog("", {NodeTag::Item, NodeTag::Branch, NodeTag::Plc});
-            case 10:
-                return bulkPaste();
-            default:
-                return onSelection();
-        }
+        const std::size_t choice = pick(14);
+        if (choice < 3 && manner_ != Manner::Dotting) return drag();
+        if (choice < 5) return dialog("mnuAddItem", {NodeTag::Plc, NodeTag::Branch});
+        if (choice < 7) return dialog("mnuAddBranch", {NodeTag::Plc, NodeTag::Branch});
+        if (choice < 8) return dialog("mnuAddPlc", {NodeTag::Config});
+        if (choice < 10) return dialog("", {NodeTag::Item, NodeTag::Branch, NodeTag::Plc});
+        if (choice < 11) return bulkPaste();
+        onSelection();
     }
 
 private:
