@@ -33,10 +33,6 @@ TEST_F(ItemDialog, OpensForANewItemWithNothingChosen) {
                             {"cmbBit", "0"},
                             {"txtElements", "0"}};
         EXPECT_EQ(form.shown(fields), fields);
-        EXPECT_EQ(form.items("cmbModbusType"),
-                  (Texts{"input status", "coil", "input register", "holding register"}));
-        EXPECT_EQ(form.items("cmbBit").size(), 16U);
-        EXPECT_TRUE(form.items("cmbDataType").empty());
         for (const char* off : {"cmbBit", "lblBit", "txtElements", "lblElements"})
             EXPECT_FALSE(form.enabled(off));
         EXPECT_FALSE(form.visible("frmInserimento"));
