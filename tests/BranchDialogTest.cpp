@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "DialogSteps.h"
+#include "Plant.h"
 
 namespace trevandix::testing {
 
@@ -40,9 +40,7 @@ TEST_F(BranchDialog, AnyNameGoesButThatOfASiblingBranch) {
     EXPECT_EQ(place.node("U.").text(), "");
     place.click("U");
     add([&](FakeForm& form) {
-        confirmed({{"txtBranchName", "a b"}})(form);
-        EXPECT_TRUE(form.open);
-        EXPECT_EQ(place.messages.take(), kNameTaken);
+        expectRefusal(place, form, {{"txtBranchName", "a b"}}, kNameTaken);
         form.press("cmdCancel");
     });
     // A sibling item has the key: the check lets the name pass, the tree does not.
@@ -76,8 +74,7 @@ TEST_F(BranchDialog, RenamesABranchWithAllBelowIt) {
     place.configuration.state.saved = true;
     editDialog(place, "U.Area", [&](FakeForm& form) {
         EXPECT_EQ(form.text("txtBranchName"), "Area");
-        confirmed({{"txtBranchName", "Other"}})(form);
-        EXPECT_EQ(place.messages.take(), kNameTaken);
+        expectRefusal(place, form, {{"txtBranchName", "Other"}}, kNameTaken);
         confirmed({{"txtBranchName", "Zone"}})(form);
     });
     EXPECT_EQ(place.below("U"), (Texts{"U.Other", "U.Zone", "U.Zone.Level"}));

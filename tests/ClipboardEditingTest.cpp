@@ -11,21 +11,18 @@ const Texts kTwoBranches{"U", "U.A/", "U.B/", "U.A.x", "U.A.y", "U.A.z"};
 
 TEST(ClipboardEditing, CopiesGetNumbersOnlyBesideTheirOriginal) {
     PlantedWorkplace place(kTwoBranches);
-    place.click("U.A");
-    place.selectRows({"x", "z"});
-    place.run("mnuCopy");
+    place.at("U.A", {"x", "z"}).run("mnuCopy");
+    place.item("U.A.x").sComment("later");  // the buffer holds the records themselves
     place.run("mnuPaste");
+    EXPECT_EQ(place.item("U.A.x_0").sComment(), "later");
     EXPECT_EQ(place.below("U.A"), (Texts{"U.A.x", "U.A.x_0", "U.A.y", "U.A.z", "U.A.z_0"}));
     EXPECT_EQ(place.list.rows().size(), 5U);
     place.run("mnuPaste");
     EXPECT_TRUE(place.has("U.A.x_1") && place.has("U.A.z_1"));
-    place.click("U.B");
-    place.run("mnuPaste");
+    place.at("U.B").run("mnuPaste");
     EXPECT_EQ(place.below("U.B"), (Texts{"U.B.x", "U.B.z"}));
     EXPECT_EQ(place.node("U.B.x").look().selectedImage, Image::None);
-    place.click("U.A");
-    place.selectRows({"y"});
-    place.run("mnuCopy");
+    place.at("U.A", {"y"}).run("mnuCopy");
     place.run("mnuPaste");
     EXPECT_TRUE(place.has("U.A.y_0"));
     EXPECT_TRUE(place.configuration.state.saved);
@@ -50,8 +47,7 @@ TEST(ClipboardEditing, DefaultNamesStopACopy) {
         {"U.B", {"new_item"}, {}, "new_item"},
     };
     for (const Case& c : cases) {
-        place.click(c.node);
-        if (!c.rows.empty()) place.selectRows(c.rows);
+        place.at(c.node, c.rows);
         place.configuration.state.pasteCounter = 7;
         place.run("mnuCopy");
         EXPECT_EQ(place.messages.take(), c.messages);
@@ -59,18 +55,6 @@ TEST(ClipboardEditing, DefaultNamesStopACopy) {
         EXPECT_EQ(state.copyBuffer[1]->sName(), c.copied);
         EXPECT_EQ(state.pasteCounter, 0);
     }
-}
-
-TEST(ClipboardEditing, BufferHoldsLiveRecords) {
-    PlantedWorkplace place(kTwoBranches);
-    place.click("U.A.x");
-    place.run("mnuCopy");
-    place.item("U.A.x").sComment("later");
-    place.run("mnuDelete");
-    EXPECT_FALSE(place.has("U.A.x"));
-    place.click("U.B");
-    place.run("mnuPaste");
-    EXPECT_EQ(place.item("U.B.x").sComment(), "later");
 }
 
 TEST(ClipboardEditing, PasteSaysWhatFailed) {
@@ -85,14 +69,10 @@ TEST(ClipboardEditing, PasteSaysWhatFailed) {
     EXPECT_EQ(place.messages.take(), Texts{"Copied object can not be added here "});
     place.selectRows({"x", "y", "z"});
     place.run("mnuCopy");
-    for (const char* elsewhere : {"", "U", "ModBus", "U.A.x"}) {
-        place.click(elsewhere);
-        place.run("mnuPaste");
-    }
+    for (const char* elsewhere : {"", "U", "ModBus", "U.A.x"}) place.at(elsewhere).run("mnuPaste");
     EXPECT_EQ(state.pasteCounter, 0);
     EXPECT_EQ(place.messages.take(), Texts());
-    place.click("U.B");
-    place.run("mnuPaste");  // the sub-branch y has the key
+    place.at("U.B").run("mnuPaste");  // the sub-branch y has the key
     EXPECT_EQ(place.messages.take(), failure(kKeyNotUnique, "mnuPaste_Click"));
     EXPECT_TRUE(place.has("U.B.x"));
     EXPECT_FALSE(place.has("U.B.z"));
@@ -109,10 +89,11 @@ TEST(ClipboardEditing, DeleteAsksAndDeletesWhatIsFocused) {
         Texts gone;
         std::string_view selected;
     };
-    const Texts all{"U", "U.A/", "U.A.B/", "U.A.B.p", "U.A.x", "U.A.y", "U.A.z", "V", "V.last"};
+    const Texts all{"U", "U.A/", "U.A.B/", "U.A.B.p", "U.A.x", "U.A.y", "U.A.z", "V", "V.last", "W"};
     const std::string sure = "Are you sure you want to delete ";
     const std::vector<Case> cases{
         {"U", {}, {sure + "U?", "This unit is not empty"}, {}, "U"},
+        {"W", {}, {sure + "W?"}, {"W"}, "V"},
         {"U.A", {}, {sure + "A and all its items?"}, {"U.A", "U.A.B.p", "U.A.x"}, "U"},
         {"U.A.x", {}, {sure + "x ?"}, {"U.A.x"}, "U.A"},
         {"U.A.B", {}, {sure + "B and all its items?"}, {"U.A.B", "U.A.B.p"}, "U.A.x"},
@@ -128,8 +109,7 @@ TEST(ClipboardEditing, DeleteAsksAndDeletesWhatIsFocused) {
             PlantedWorkplace place(all);
             SCOPED_TRACE(std::string(c.node) + (yes ? " yes" : " no"));
             const std::size_t nodes = place.configuration.tree.size();
-            place.click(c.node);
-            if (!c.rows.empty()) place.selectRows(c.rows);
+            place.at(c.node, c.rows);
             place.messages.answers = {yes ? Answer::Yes : Answer::No};
             place.run("mnuDelete");
             EXPECT_EQ(place.messages.texts,
@@ -144,9 +124,7 @@ TEST(ClipboardEditing, DeleteAsksAndDeletesWhatIsFocused) {
 
 TEST(ClipboardEditing, DeleteBringsTheListUpToDate) {
     PlantedWorkplace place(kTwoBranches);
-    place.click("U.A");
-    place.selectRows({"y"});
-    place.run("mnuDelete");
+    place.at("U.A", {"y"}).run("mnuDelete");
     EXPECT_EQ(place.list.rows().size(), 2U);
     place.click("U.A.x");
     place.messages.answers = {Answer::No};  // whatever the answer, the list shows the parent
@@ -161,28 +139,13 @@ TEST(ClipboardEditing, DeleteBringsTheListUpToDate) {
     EXPECT_EQ(place.wrong(), Texts());
 }
 
-TEST(ClipboardEditing, UnitsAndRootItemsGoToo) {
-    PlantedWorkplace place({"U", "V", "V.x"});
-    place.click("U");
-    place.run("mnuDelete");
-    EXPECT_EQ(place.configuration.units.size(), 1U);
-    place.drag("V.x", "");
-    EXPECT_EQ(place.below(""), (Texts{"ModBus", "V", ".x"}));
-    place.click(".x");
-    place.run("mnuDelete");
-    EXPECT_EQ(place.below(""), (Texts{"ModBus", "V"}));
-}
-
 TEST(ClipboardEditing, CutDeletesEvenWhatCouldNotBeCopied) {
     PlantedWorkplace place(kTwoBranches);
-    place.click("U.A.y");
-    place.run("mnuCut");
-    place.click("U.B");
-    place.run("mnuPaste");
+    place.at("U.A.y").run("mnuCut");
+    place.at("U.B").run("mnuPaste");
     EXPECT_EQ(place.below("U"), (Texts{"U.A", "U.A.x", "U.A.z", "U.B", "U.B.y"}));
     place.messages.take();
-    place.click("U.A");
-    place.run("mnuCut");
+    place.at("U.A").run("mnuCut");
     EXPECT_EQ(place.messages.take(), (Texts{"Please use Drag&Drop to copy and paste branches",
                                             "Are you sure you want to delete A and all its items?"}));
     EXPECT_EQ(place.below("U"), (Texts{"U.B", "U.B.y"}));
@@ -202,8 +165,7 @@ TEST(ClipboardEditing, DeepNestingIsNoDanger) {
     place.drag("U.b", "V");
     EXPECT_EQ(place.below("U"), Texts());
     EXPECT_EQ(place.below("V").size(), 2002U);
-    place.click("V.b");
-    place.run("mnuDelete");
+    place.at("V.b").run("mnuDelete");
     EXPECT_TRUE(place.configuration.branches.empty() && place.configuration.items.empty());
 }
 

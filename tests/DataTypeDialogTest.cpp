@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "DialogSteps.h"
+#include "Plant.h"
 
 namespace trevandix::testing {
 
@@ -94,11 +94,7 @@ TEST_F(DataTypeDialog, FieldsAreCheckedInTheirOrderAndKeptWhenRefused) {
     };
     place.click(kModBusFolder);
     add([&](FakeForm& form) {
-        for (const auto& [fields, message] : steps) {
-            confirmed(fields)(form);
-            EXPECT_TRUE(form.open);
-            EXPECT_EQ(place.messages.take(), Texts{message});
-        }
+        for (const auto& [fields, message] : steps) expectRefusal(place, form, fields, {message});
         EXPECT_EQ(form.text("txtReadCode"), "+3e0");
         confirmed({{"txtSingleCode", "6"}})(form);
         EXPECT_FALSE(form.open);
@@ -126,17 +122,15 @@ TEST_F(DataTypeDialog, EditsAType) {
 
 TEST_F(DataTypeDialog, ATypeEditedOntoAnotherNameKeepsItsNode) {
     for (const char* name : {"coil", "input register"}) addDataType(place, name);
-    const auto other = confirmed({{"cmbMBType", "holding register"}});
-    editDialog(place, "coil", other);
+    editDialog(place, "coil", confirmed({{"cmbMBType", "holding register"}}));
     EXPECT_EQ(place.node("coil").text(), "coil");
     EXPECT_FALSE(place.configuration.dataTypes.contains("coil"));
     EXPECT_EQ(codes("holding register"), "3/16/6");
     EXPECT_EQ(place.messages.take(), Texts{});
     editDialog(place, "input register", [&](FakeForm& form) {
-        other(form);
-        EXPECT_TRUE(form.open);
+        expectRefusal(place, form, {{"cmbMBType", "holding register"}},
+                      failure(kKeyInCollection, "cmdOk_Click"));
     });
-    EXPECT_EQ(place.messages.take(), failure(kKeyInCollection, "cmdOk_Click"));
     EXPECT_FALSE(place.configuration.dataTypes.contains("input register"));  // not restored
     editDialog(place, "coil", [](FakeForm& form) { EXPECT_EQ(form.text("txtReadCode"), ""); });
     EXPECT_EQ(place.messages.take(), failure(kInvalidCall, "Form_Load"));

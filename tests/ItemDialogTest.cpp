@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "DialogSteps.h"
+#include "Plant.h"
 #include "dialogs/ItemAdvance.h"
 
 namespace trevandix::testing {
@@ -21,24 +21,6 @@ protected:
     void edit(std::string_view key, FakeForms::Script script) { editDialog(place, key, std::move(script)); }
     Workplace place;
 };
-
-TEST_F(ItemDialog, OpensForANewItemWithNothingChosen) {
-    place.configuration.state.itemCounter = 3;
-    add([](FakeForm& form) {
-        EXPECT_EQ(form.text("cmdOk"), "Add and Exit");
-        const Fields fields{{"txtItemName", "New Item 3"},
-                            {"cmbModbusType", ""},
-                            {"txtComment", ""},
-                            {"txtAddress", ""},
-                            {"cmbBit", "0"},
-                            {"txtElements", "0"}};
-        EXPECT_EQ(form.shown(fields), fields);
-        for (const char* off : {"cmbBit", "lblBit", "txtElements", "lblElements"})
-            EXPECT_FALSE(form.enabled(off));
-        EXPECT_FALSE(form.visible("frmInserimento"));
-    });
-    EXPECT_TRUE(place.configuration.state.saved);
-}
 
 TEST_F(ItemDialog, TheTableDecidesTypesAndRightsAndTheTypeDecidesBitAndElements) {
     auto custom = std::make_shared<clsModBusType>();
@@ -61,7 +43,17 @@ TEST_F(ItemDialog, TheTableDecidesTypesAndRightsAndTheTypeDecidesBitAndElements)
         {"input status", "boolean array", 2, 1, false, true},
         {"my register", "boolean", 2, 3, true, false},
     };
+    place.configuration.state.itemCounter = 3;
     add([&](FakeForm& form) {
+        const Fields fields{{"txtItemName", "New Item 3"},
+                            {"cmbModbusType", ""},
+                            {"txtComment", ""},
+                            {"txtAddress", ""},
+                            {"cmbBit", "0"},
+                            {"txtElements", "0"}};
+        EXPECT_EQ(form.shown(fields), fields);
+        for (const char* off : {"cmbBit", "lblBit", "txtElements", "lblElements"})
+            EXPECT_FALSE(form.enabled(off));
         for (const Case& c : cases) {
             SCOPED_TRACE(c.table + ":" + c.label);
             form.choose("cmbModbusType", c.table);
@@ -75,6 +67,7 @@ TEST_F(ItemDialog, TheTableDecidesTypesAndRightsAndTheTypeDecidesBitAndElements)
             EXPECT_EQ(form.text("txtElements"), c.elements ? "9" : "0");
         }
     });
+    EXPECT_TRUE(place.configuration.state.saved);
 }
 
 TEST_F(ItemDialog, FieldsAreCheckedInTheirOrder) {
@@ -96,14 +89,8 @@ TEST_F(ItemDialog, FieldsAreCheckedInTheirOrder) {
     };
     add([&](FakeForm& form) {
         form.setText("cmbBit", "");
-        for (const auto& [fields, message] : steps) {
-            form.fill(fields);
-            form.press("cmdOk");
-            EXPECT_TRUE(form.open);
-            EXPECT_EQ(place.messages.take(), Texts{message});
-        }
-        form.type("txtElements", "0");
-        form.press("cmdOk");
+        for (const auto& [fields, message] : steps) expectRefusal(place, form, fields, {message});
+        confirmed({{"txtElements", "0"}})(form);
         EXPECT_FALSE(form.open);
     });
     const clsItem& item = place.item("U.B.abc");  // what is no word character did not get in
@@ -241,19 +228,14 @@ TEST_F(ItemDialog, AnItemIsEditedInPlace) {
         EXPECT_EQ(form.text("cmdOk"), "Confirm Modify");
         EXPECT_FALSE(form.enabled("cmdAdd") || form.enabled("cmdGroup"));
         EXPECT_EQ(form.shown(fields), fields);
-        form.type("txtAddress", "41");
-        form.press("cmdOk");  // keeping the name is no duplicate
+        confirmed({{"txtAddress", "41"}})(form);  // keeping the name is no duplicate
         EXPECT_FALSE(form.open);
     });
     EXPECT_EQ(place.messages.take(), Texts{});
     EXPECT_EQ(place.selectedKey(), "U.B");  // its list shows the changed row
     edit("U.B.Flag", [&](FakeForm& form) {
-        form.type("txtItemName", "Other");
-        form.press("cmdOk");
-        EXPECT_TRUE(form.open);
-        EXPECT_EQ(place.messages.take(), kNameTaken);
-        form.type("txtItemName", "Renamed");
-        form.press("cmdOk");
+        expectRefusal(place, form, {{"txtItemName", "Other"}}, kNameTaken);
+        confirmed({{"txtItemName", "Renamed"}})(form);
     });
     EXPECT_EQ(place.item("U.B.Renamed").nAddress(), 41);
     EXPECT_EQ(place.node("U.B.Renamed").text(), "Renamed");
@@ -278,8 +260,7 @@ TEST_F(ItemDialog, AnItemWhoseTypeIsGoneShowsWhatItCan) {
     place.item("U.B.Old").sDataType("my table:string");
     edit("U.B.Old", [&](FakeForm& form) {
         EXPECT_EQ(form.text("cmbModbusType") + form.text("cmbDataType"), "");
-        form.press("cmdOk");
-        EXPECT_EQ(place.messages.take(), Texts{"ModBus Type field is empty."});
+        expectRefusal(place, form, {}, {"ModBus Type field is empty."});
     });
 }
 

@@ -52,6 +52,12 @@ PlantedWorkplace::PlantedWorkplace(const Texts& keys) {
     messages.take();
 }
 
+PlantedWorkplace& PlantedWorkplace::at(std::string_view key, const Texts& rows) {
+    click(key);
+    if (!rows.empty()) selectRows(rows);
+    return *this;
+}
+
 bool PlantedWorkplace::drag(std::string_view source, std::string_view target, bool control) {
     const auto nodeOf = [&](std::string_view key) {
         return key.empty() ? configuration.tree.root() : &node(key);
@@ -62,6 +68,12 @@ bool PlantedWorkplace::drag(std::string_view source, std::string_view target, bo
     const bool promised = editor.dropAllowed(nodeOf(target));
     editor.TreeView1_OLEDragDrop();
     return promised;
+}
+
+void expectRefusal(Workplace& place, FakeForm& form, const Fields& fields, const Texts& message) {
+    confirmed(fields)(form);
+    EXPECT_TRUE(form.open);
+    EXPECT_EQ(place.messages.take(), message);
 }
 
 Texts fileContents(const Configuration& configuration) {

@@ -11,11 +11,16 @@ void plant(Workplace& place, const Texts& keys);
 struct PlantedWorkplace : Workplace {
     explicit PlantedWorkplace(const Texts& keys);
 
+    /// Clicks the node, and then the list rows with these texts.
+    PlantedWorkplace& at(std::string_view key, const Texts& rows = {});
     /// Drags with the right button; an empty key stands for the first node. True where the pointer showed
     /// that the drop is allowed.
     bool drag(std::string_view source, std::string_view target, bool control = false);
     Texts wrong() const { return disagreements(configuration); }
 };
+
+/// Fills the dialog's fields and presses Ok, which it answers with the message only.
+void expectRefusal(Workplace& place, FakeForm& form, const Fields& fields, const Texts& message);
 
 /// What a file of the configuration gives back, a line a node, in tree order: its place, branch names in
 /// capitals, and its record.

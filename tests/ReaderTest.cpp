@@ -1,8 +1,6 @@
 // What the reader makes of files, good and bad.
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "DialogSteps.h"
 #include "editor/LoadProgress.h"
 #include "platform/Text.h"
@@ -190,26 +188,6 @@ TEST(Reader, ShowsProgressAndSurvivesItsUser) {
     LoadProgress progress(window);
     for (int i = 0; i < 250; ++i) progress.itemRead();
     EXPECT_EQ(progress.percent(), 50);
-}
-
-// Truncated, doubled and mangled at random places: never a crash, and always either open or told why not.
-TEST(Reader, SurvivesMangledFiles) {
-    const std::string sample = readFile(std::filesystem::path(TREVANDIX_SAMPLES) / "boiler-house-rtu.xml");
-    std::mt19937 random(5);
-    for (int round = 0; round < 150; ++round) {
-        std::string bytes = sample;
-        for (int change = 0; change < 3; ++change) {
-            const auto at = random() % bytes.size();
-            const auto way = random() % 3;
-            if (way == 0) bytes.resize(at + 1);
-            if (way == 1) bytes.insert(at, bytes.substr(random() % bytes.size(), random() % 300));
-            if (way == 2) bytes[at] = static_cast<char>(random() % 256);
-        }
-        Workplace place;
-        place.openText(bytes);
-        EXPECT_NE(place.configuration.state.configurationOpen, !place.messages.texts.empty());
-        EXPECT_TRUE(disagreements(place.configuration).empty());
-    }
 }
 
 }  // namespace trevandix::testing

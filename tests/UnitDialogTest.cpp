@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "DialogSteps.h"
+#include "Plant.h"
 
 namespace trevandix::testing {
 
@@ -121,12 +121,9 @@ TEST(UnitDialog, ADuplicateNameOrAFailureKeepsItOpen) {
     addUnit(place, "A", "1");
     place.click("");
     runDialog(place, "mnuAddPlc", [&](FakeForm& form) {
-        confirmed({{"txtName", "A"}, {"txtUI", "2"}})(form);
-        EXPECT_EQ(place.messages.take(), kNameTaken);
-        EXPECT_TRUE(form.open);
-        confirmed({{"txtName", "a"}, {"txtTimeout", "3e9"}})(form);
-        EXPECT_EQ(place.messages.take(), failure(kOverflow, "cmdOk_Click"));
-        EXPECT_TRUE(form.open);
+        expectRefusal(place, form, {{"txtName", "A"}, {"txtUI", "2"}}, kNameTaken);
+        expectRefusal(place, form, {{"txtName", "a"}, {"txtTimeout", "3e9"}},
+                      failure(kOverflow, "cmdOk_Click"));
         confirmed({{"txtTimeout", "30"}})(form);  // another case is another name
     });
     EXPECT_EQ(place.configuration.units.size(), 2U);
@@ -150,9 +147,7 @@ TEST(UnitDialog, EditsTheUnitAndKeepsItsIdentifier) {
     EXPECT_EQ(place.configuration.units.last()->getAddress(), "j");  // it goes to the end of the file
     EXPECT_FALSE(place.configuration.state.saved);
     editDialog(place, "A", [&](FakeForm& form) {
-        confirmed({{"txtName", "B"}, {"txtUI", "10"}})(form);
-        EXPECT_TRUE(form.open);
-        EXPECT_EQ(place.messages.take(), kNameTaken);
+        expectRefusal(place, form, {{"txtName", "B"}, {"txtUI", "10"}}, kNameTaken);
         confirmed({{"txtName", "C"}})(form);
     });
     EXPECT_EQ(place.selectedKey() + place.node("C").text() + place.list.rows().at(0).text, "CCC");
