@@ -102,10 +102,7 @@ TEST(DragAndDrop, OtherNodesMoveWithoutTheirRecords) {
 TEST(DragAndDrop, AFailureHalfWayKeepsWhatWasDone) {
     // The item "A.x" of V takes the key that the branch's item needs.
     PlantedWorkplace place({"U", "U.A/", "U.A.w", "U.A.x", "V"});
-    auto item = std::make_shared<clsItem>();
-    item->sName("A.x");
-    item->sKey("V.A.x");
-    place.configuration.addItem(item, place.node("V"));
+    plantItem(place.configuration, place.node("V"), "A.x");
     place.drag("U.A", "V", true);
     EXPECT_EQ(place.messages.take(), Texts{kInUse});
     EXPECT_EQ(place.below("V"), (Texts{"V.A.x", "V.A", "V.A.w"}));

@@ -164,21 +164,9 @@ std::unique_ptr<Form> FakeForms::create(const FormSpec& shape) {
     return form;
 }
 
-std::optional<std::size_t> FakeListDisplay::currentRow() const {
-    return selected.empty() ? std::nullopt : std::optional(selected.back());
-}
-
-namespace {
-std::filesystem::path ownFolder() {
-    std::random_device random;
-    auto folder = std::filesystem::temp_directory_path() / ("trevandix-test-" + std::to_string(random()));
-    std::filesystem::create_directories(folder);
-    return folder;
-}
-}  // namespace
-
 Workplace::Workplace()
-    : folder(ownFolder()),
+    : folder(std::filesystem::temp_directory_path() /
+             ("trevandix-test-" + std::to_string(std::random_device()()))),
       platform{messages,
                fileDialog,
                clipboard,
@@ -191,6 +179,7 @@ Workplace::Workplace()
                folder.string(),
                (folder / "state").string()},
       editor(platform, configuration, list) {
+    std::filesystem::create_directories(folder);
     list.setDisplay(&display);
     editor.Form_Load();
 }
@@ -252,6 +241,12 @@ void Workplace::selectRows(const Texts& texts) {
         if (std::ranges::find(texts, list.rows()[row].text) != texts.end()) display.selected.push_back(row);
     }
     editor.ListView1_Click();
+}
+
+std::string replaced(std::string text, std::string_view what, std::string_view by) {
+    const auto at = text.find(what);
+    if (at == std::string::npos) throw std::logic_error("not there: " + std::string(what));
+    return text.replace(at, what.size(), by);
 }
 
 std::string readFile(const std::filesystem::path& path) {

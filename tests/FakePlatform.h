@@ -20,8 +20,7 @@ using Texts = std::vector<std::string>;
 using Fields = std::vector<std::pair<std::string, std::string>>;
 
 /// Records every box and answers from a script; unscripted boxes get the first button.
-class FakeMessages : public Messages {
-public:
+struct FakeMessages : Messages {
     Answer show(std::string_view text, Buttons buttons, Icon icon) override;
     Texts texts;
     std::vector<Buttons> buttonsShown;
@@ -31,8 +30,7 @@ public:
     Texts take() { return std::exchange(texts, {}); }
 };
 
-class FakeFileDialog : public FileDialog {
-public:
+struct FakeFileDialog : FileDialog {
     std::optional<std::string> open(std::string_view title, std::string_view filter) override;
     std::optional<std::string> save(std::string_view title, std::string_view filter,
                                     std::string_view proposedName) override;
@@ -40,29 +38,25 @@ public:
     Texts calls;                        ///< title|filter|proposal
 };
 
-class FakeClipboard : public Clipboard {
-public:
+struct FakeClipboard : Clipboard {
     std::string text() override { return contents; }
     std::string contents;
 };
 
-class FakeRegistry : public Registry {
-public:
+struct FakeRegistry : Registry {
     bool publish(std::string_view interfaceKind, std::string_view filePath) override;
     std::vector<std::pair<std::string, std::string>> published;
     bool refuses = false;
 };
 
-class FakePointer : public MousePointer {
-public:
+struct FakePointer : MousePointer {
     void set(Pointer pointer) override { shapes.push_back(pointer); }
     std::vector<Pointer> shapes;
 };
 
 /// A form without a screen. `showModal` runs the test's script, which presses, types and reads as a user
 /// would.
-class FakeForm : public Form {
-public:
+struct FakeForm : Form {
     explicit FakeForm(const FormSpec& shape);
     std::string text(std::string_view name) const override { return state(name).text; }
     void setText(std::string_view name, std::string_view text) override;
@@ -83,14 +77,14 @@ public:
     void showModeless() override;
     void close() override;
 
-    // What a user does. Each refuses (throws std::logic_error) what a disabled or hidden control would not
-    // let him.
-    void type(std::string_view name,
-              std::string_view text);  ///< replaces a text box's contents, through its filter
-    void choose(std::string_view name, std::string_view item);  ///< picks an entry of a list
-    void toggle(std::string_view name);                         ///< a check box; an option is chosen
-    void press(std::string_view name);                          ///< a button
-    void fill(const Fields& fields);                            ///< types or chooses each
+    // What a user does: replaces a text box's contents, through its filter; picks an entry of a list;
+    // switches a check box, or chooses an option; presses a button; types or chooses into each field. Each
+    // refuses (throws std::logic_error) what a disabled or hidden control would not let him.
+    void type(std::string_view name, std::string_view text);
+    void choose(std::string_view name, std::string_view item);
+    void toggle(std::string_view name);
+    void press(std::string_view name);
+    void fill(const Fields& fields);
     /// What the fields show now.
     Fields shown(const Fields& fields) const;
 
@@ -118,8 +112,7 @@ private:
 };
 
 /// Hands out forms; each newly shown one runs the next script, or closes when there is none.
-class FakeForms : public Forms {
-public:
+struct FakeForms : Forms {
     using Script = std::function<void(FakeForm&)>;
     std::unique_ptr<Form> create(const FormSpec& shape) override;
     std::deque<Script> scripts;
@@ -127,19 +120,19 @@ public:
     FakeForm* last = nullptr;  ///< valid while the modeless form lives
 };
 
-class FakeListDisplay : public ListDisplay {
-public:
+struct FakeListDisplay : ListDisplay {
     void contentsChanged() override { selected.clear(); }
     void rowChanged(std::size_t) override {}
     void setVisible(bool) override {}
     std::vector<std::size_t> selectedRows() const override { return selected; }
-    std::optional<std::size_t> currentRow() const override;
+    std::optional<std::size_t> currentRow() const override {
+        return selected.empty() ? std::nullopt : std::optional(selected.back());
+    }
     void selectAll() override {}
     std::vector<std::size_t> selected;  ///< the last one is the current row
 };
 
-class FakeWindow : public MainWindow, public CommandBar {
-public:
+struct FakeWindow : MainWindow, CommandBar {
     void setTreeVisible(bool visible) override { treeVisible = visible; }
     FocusedView focusedView() const override { return focus; }
     void focusTree() override { focus = FocusedView::Tree; }
@@ -212,6 +205,8 @@ private:
     void checked(std::string_view what, bool mayPart, const std::function<void()>& step);
 };
 
+/// Throws std::logic_error when the text does not hold `what`.
+std::string replaced(std::string text, std::string_view what, std::string_view by);
 std::string readFile(const std::filesystem::path& path);
 void writeFile(const std::filesystem::path& path, std::string_view bytes);
 

@@ -32,25 +32,6 @@ struct Archive {
     FakePointer pointer;
 };
 
-TreeNode& addBranch(Configuration& configuration, const std::string& name, TreeNode& container) {
-    auto branch = std::make_shared<clsBranch>();
-    branch->sName(name);
-    branch->sKey(Key(container.key(), name));
-    return configuration.addBranch(branch, container);
-}
-
-TreeNode& addItem(Configuration& configuration, const std::string& name, const std::string& comment,
-                  TreeNode& container, std::string_view type = "coil:boolean array", int address = 0) {
-    auto item = std::make_shared<clsItem>();
-    item->sName(name);
-    item->sComment(comment);
-    item->nAddress(address);
-    item->sDataType(type);
-    item->sAccessRight("READ");
-    item->sKey(Key(container.key(), name));
-    return configuration.addItem(item, container);
-}
-
 /// The texts that "|" sets apart.
 Texts split(std::string_view text) {
     Texts parts;
@@ -73,20 +54,13 @@ public:
         const bool rtu = random_() % 2 == 0;
         configuration.state.interfaceKind = rtu ? kRtu : kTcpIp;
         for (int units = 1 + pick(2); units > 0; --units) {
-            auto unit = std::make_shared<clsPLC>();
-            unit->setName("U" + text());
-            unit->setUI(static_cast<std::uint8_t>(pick(256)));
-            unit->setTimeout(pick(100'000));
-            if (rtu) {
-                unit->setCom(text());
-                unit->setBaud(9600);
-                unit->setParity("EVEN");
-                unit->setFlowCtl("NONE");
-            } else {
-                unit->setAddress(text());
-            }
-            unit->sKey(unit->getName());
-            orRefused([&] { fill(configuration, configuration.addUnit(unit, true), 4); });
+            orRefused([&] {
+                clsPLC& unit = plantUnit(configuration, "U" + text(), text());
+                unit.setUI(static_cast<std::uint8_t>(pick(256)));
+                unit.setTimeout(pick(100'000));
+                if (rtu) unit.setCom(text());
+                fill(configuration, configuration.tree.at(unit.sKey()), 4);
+            });
         }
     }
 
@@ -128,10 +102,11 @@ private:
         for (int children = pick(4); children > 0; --children) {
             orRefused([&] {
                 if (deepest > 0 && pick(2) == 0)
-                    return fill(configuration, addBranch(configuration, text(), container), deepest - 1);
-                const auto* type = pick(2) == 0 ? "coil:boolean array" : "holding register:signed 16 bit";
-                const std::string name = text();
-                addItem(configuration, name, text(), container, type, pick(65536));
+                    return fill(configuration, plantBranch(configuration, container, text()), deepest - 1);
+                clsItem& item = plantItem(configuration, container, text());
+                item.sComment(text());
+                item.nAddress(pick(65536));
+                if (pick(2) == 0) item.sDataType("coil:boolean array");
             });
         }
     }
@@ -157,10 +132,6 @@ std::string oneUnit(const std::string& lines) {
 
 std::string oneItem(std::string_view comment) {
     return oneUnit(tagText(4, "Run", "HREGISTER VT_I2", 1, comment) + "\r\n");
-}
-
-std::string replaced(std::string text, std::string_view what, std::string_view by) {
-    return text.replace(text.find(what), what.size(), by);
 }
 
 }  // namespace
@@ -204,12 +175,9 @@ TEST(Fallback, OrdinaryTextsComeBackWithoutANotice) {
         SCOPED_TRACE(text);
         Workplace place;
         Archive written;
-        auto unit = std::make_shared<clsPLC>();
-        unit->setName(text.empty() ? "U" : text);
-        unit->setAddress(text);
-        unit->sKey(unit->getName());
-        TreeNode& node = written.configuration.addUnit(unit, true);
-        addItem(written.configuration, "I", text, addBranch(written.configuration, text, node));
+        const Key unit = plantUnit(written.configuration, text.empty() ? "U" : text, text).sKey();
+        TreeNode& branch = plantBranch(written.configuration, written.configuration.tree.at(unit), text);
+        plantItem(written.configuration, branch, "I").sComment(text);
         const bool markup = text.find('<') != std::string::npos && text.find('>') != std::string::npos;
         EXPECT_EQ(ambiguousTexts(written.configuration).size(), markup ? 1U : 0U);
         ASSERT_TRUE(written.write(place.path("x.xml")));
@@ -232,7 +200,7 @@ TEST(Fallback, SaysQuietlyWhatMayComeBackAsSomethingElse) {
     EXPECT_EQ(place.messages.take().size(), 2U);  // the usual question and "saved", no box more
 
     // Names that are one in capitals: the file could not be opened with both.
-    for (const char* name : {"Area", "AREA"}) addBranch(place.configuration, name, place.node("P"));
+    for (const char* name : {"Area", "AREA"}) plantBranch(place.configuration, place.node("P"), name);
     EXPECT_EQ(ambiguousTexts(place.configuration), (Texts{"comment of P.Run", "name of branch P.AREA"}));
 }
 

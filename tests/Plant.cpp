@@ -6,42 +6,46 @@
 
 namespace trevandix::testing {
 
-namespace {
-
-template <typename Record>
-std::shared_ptr<Record> named(const Key& key, std::string_view name) {
-    auto record = std::make_shared<Record>();
-    record->sName(name);
-    record->sKey(key);
-    return record;
+clsPLC& plantUnit(Configuration& configuration, const std::string& name, std::string_view address) {
+    auto unit = std::make_shared<clsPLC>();
+    unit->setName(name);
+    unit->setAddress(address);
+    unit->sKey(name);
+    configuration.addUnit(unit, false);
+    return *unit;
 }
 
-}  // namespace
+TreeNode& plantBranch(Configuration& configuration, TreeNode& container, const std::string& name) {
+    auto branch = std::make_shared<clsBranch>();
+    branch->sName(name);
+    branch->sKey(Key(container.key(), name));
+    return configuration.addBranch(branch, container);
+}
+
+clsItem& plantItem(Configuration& configuration, TreeNode& container, const std::string& name) {
+    auto item = std::make_shared<clsItem>();
+    item->sName(name);
+    item->sDataType("holding register:signed 16 bit");
+    item->sAccessRight("READ");
+    item->sKey(Key(container.key(), name));
+    configuration.addItem(item, container);
+    return *item;
+}
 
 void plant(Workplace& place, const Texts& keys) {
-    Configuration& configuration = place.configuration;
-    for (std::string text : keys) {
-        const bool branch = text.ends_with('/');
-        if (branch) text.pop_back();
-        const std::size_t dot = text.rfind('.');
+    for (const std::string& key : keys) {
+        const bool branch = key.ends_with('/');
+        const std::size_t dot = key.rfind('.');
         if (dot == std::string::npos) {
-            auto unit = std::make_shared<clsPLC>();
-            unit->setName(text);
-            unit->setAddress("10.0.0.1");
-            unit->sKey(text);
-            configuration.addUnit(unit, false);
+            plantUnit(place.configuration, key);
             continue;
         }
-        TreeNode& parent = place.node(text.substr(0, dot));
-        const std::string name = text.substr(dot + 1);
-        if (branch) {
-            configuration.addBranch(named<clsBranch>(text, name), parent);
-        } else {
-            const auto item = named<clsItem>(text, name);
-            item->sDataType("holding register:signed 16 bit");
-            item->sAccessRight("READ");
-            configuration.addItem(item, parent);
-        }
+        TreeNode& parent = place.node(key.substr(0, dot));
+        const std::string name = key.substr(dot + 1, key.size() - dot - (branch ? 2 : 1));
+        if (branch)
+            plantBranch(place.configuration, parent, name);
+        else
+            plantItem(place.configuration, parent, name);
     }
 }
 

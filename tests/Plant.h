@@ -4,6 +4,12 @@
 
 namespace trevandix::testing {
 
+// Each adds a record with its node. Errors: as those of the configuration.
+clsPLC& plantUnit(Configuration& configuration, const std::string& name,
+                  std::string_view address = "10.0.0.1");
+TreeNode& plantBranch(Configuration& configuration, TreeNode& container, const std::string& name);
+clsItem& plantItem(Configuration& configuration, TreeNode& container, const std::string& name);
+
 /// Adds records by their keys, parents first: "U" is a unit, "U.A/" a branch, "U.A.x" an item.
 void plant(Workplace& place, const Texts& keys);
 

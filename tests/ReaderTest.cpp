@@ -21,12 +21,6 @@ std::string good() {
     return fileText({kType}, {unit("PLC1", tagText(4, "Run") + "\r\n")});
 }
 
-std::string replaced(std::string text, std::string_view what, std::string_view by) {
-    const auto at = text.find(what);
-    if (at == std::string::npos) throw std::logic_error("not there: " + std::string(what));
-    return text.replace(at, what.size(), by);
-}
-
 // In UTF-16, little endian, with its byte-order mark.
 std::string utf16(std::string_view text) {
     std::string bytes = "\xFF\xFE";
