@@ -53,7 +53,6 @@ TEST(FileCommands, NewStartsEmptyBesideTheProgram) {
     EXPECT_EQ(place.configuration.tree.root()->text(), place.configuration.state.filePath);
     EXPECT_EQ(place.configuration.tree.selected(), place.configuration.tree.root());
     EXPECT_EQ(place.node("ModBus").tag(), NodeTag::ModBus);
-    EXPECT_EQ(place.configuration.state.unitCounter, 0);
     place.run("mnuSaveCfg");
     EXPECT_EQ(place.messages.take(), Texts{place.configuration.state.filePath + " saved"});
     const std::string file = place.configuration.state.filePath;
@@ -61,7 +60,9 @@ TEST(FileCommands, NewStartsEmptyBesideTheProgram) {
     EXPECT_EQ(readFile(file), fileText({}, {}, true));
 
     // A dialog closed by its title bar leaves the kind as it was.
+    place.configuration.state.unitCounter = 3;
     place.run("mnuNewCfg");
+    EXPECT_EQ(place.configuration.state.unitCounter, 0);
     EXPECT_EQ(place.configuration.state.interfaceKind, kRtu);
 }
 

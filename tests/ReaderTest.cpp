@@ -55,7 +55,7 @@ TEST(Reader, TakesWhateverCaseOrderAndExtrasFilesHave) {
               (std::vector{12, 4, 0}));
     EXPECT_EQ(item.sComment() + item.sDataType(), "acdcoil:boolean");
     EXPECT_EQ(place.node("P").look().selectedImage, Image::Plc);
-    EXPECT_TRUE(place.node("P.AREA.SUB-1").expanded());
+    EXPECT_TRUE(place.node("P.AREA").expanded() && place.node("P.AREA.SUB-1").expanded());
 }
 
 // A comment in each encoding that files declare comes back as the same text.

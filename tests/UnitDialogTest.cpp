@@ -153,7 +153,7 @@ TEST(UnitDialog, EditsTheUnitAndKeepsItsIdentifier) {
     EXPECT_EQ(place.selectedKey() + place.node("C").text() + place.list.rows().at(0).text, "CCC");
 }
 
-TEST(UnitDialog, ARenamedRtuUnitIsComparedWithItsOwnOldSelf) {
+TEST(UnitDialog, OnlyARenamedRtuUnitIsComparedWithItsOwnOldSelf) {
     Workplace place;
     place.newConfiguration(kRtu);
     addWith(place, {{"txtSilent", "12"}});
@@ -165,7 +165,9 @@ TEST(UnitDialog, ARenamedRtuUnitIsComparedWithItsOwnOldSelf) {
         EXPECT_FALSE(form.open);
     });
     EXPECT_EQ(place.messages.take(), Texts{"Plc New Plc 0 has the same port but different Baud Rate"});
-    EXPECT_EQ(place.configuration.units.at("New Plc 0")->getBaud(), 9600);
+    editDialog(place, "New Plc 0", confirmed({{"cmbBaud", "2400"}}));
+    EXPECT_EQ(place.messages.take(), Texts{});
+    EXPECT_EQ(place.configuration.units.at("New Plc 0")->getBaud(), 2400);
 }
 
 }  // namespace

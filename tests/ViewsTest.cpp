@@ -144,6 +144,9 @@ TEST(Views, StatusBarFollowsTheEditor) {
     addUnit(place, "Outlet", "9");
     EXPECT_EQ(status[StatusField::Counts].find("5 units, "), 0U);
     EXPECT_EQ(status[StatusField::Saved], "Unsaved changes");
+    PlantedWorkplace small({"U", "U.B/", "U.B.x"});
+    small.click("U");
+    EXPECT_EQ(small.window.status[StatusField::Counts], "1 unit, 1 branch, 1 item");
 
     place.registry.refuses = true;
     place.run("mnuSaveCfg");
