@@ -268,19 +268,14 @@ TEST(HostileFiles, AreRefusedInTime) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(30));
 }
 
-// Entities of a document type are not expanded: ten levels of ten stay a few letters.
-TEST(HostileFiles, EntityBombsStaySmall) {
-    std::string bomb = "<?xml version=\"1.0\"?><!DOCTYPE x [<!ENTITY a0 \"ha\">";
-    for (int i = 1; i < 10; ++i) {
-        bomb += "<!ENTITY a" + std::to_string(i) + " \"";
-        for (int k = 0; k < 10; ++k) bomb += "&a" + std::to_string(i - 1) + ";";
-        bomb += "\">";
-    }
-    const std::string body = oneItem("&a9;");
+// Entities of a document type are not expanded, so that none can grow beyond all bounds.
+TEST(HostileFiles, EntitiesStayAsTheyAre) {
+    const std::string body = oneItem("&b;");
     Workplace place;
-    place.openText(bomb + "]>" + body.substr(body.find("<VOSK")));
+    place.openText("<?xml version=\"1.0\"?><!DOCTYPE x [<!ENTITY a \"ha\"><!ENTITY b \"&a;&a;\">]>" +
+                   body.substr(body.find("<VOSK")));
     ASSERT_EQ(place.messages.take(), Texts{});
-    EXPECT_EQ(place.item("P.Run").sComment(), "&a9;");
+    EXPECT_EQ(place.item("P.Run").sComment(), "&b;");
 }
 
 // A file beyond the limit is refused by its size, before any memory is taken for it.

@@ -62,12 +62,8 @@ TEST(NameRules, DuplicatesAreSiblingsOfTheSameKindWithExactlyTheName) {
             EXPECT_EQ(messages.texts, clash ? kNameTaken : Texts{});
         }
     }
-}
-
-TEST(NameRules, WithoutASelectedNodeTheCheckReportsItsFailure) {
-    StructureTree tree;
     FakeMessages messages;
-    EXPECT_FALSE(CheckDuplNames(NodeTag::Item, "a", tree, false, messages));
+    EXPECT_FALSE(CheckDuplNames(NodeTag::Item, "a", StructureTree(), false, messages));
     EXPECT_EQ(messages.texts, failure("91  Object variable not set", "CheckDuplNames"));
 }
 
