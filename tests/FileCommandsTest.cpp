@@ -158,9 +158,9 @@ TEST(FileCommands, CloseAndExit) {
         // A save that comes to nothing does not hold the window.
         leaving.messages.answers = {answer, Answer::Cancel};
         leaving.run("mnuExit");
-        leaving.editor.Form_Unload();
-        EXPECT_TRUE(leaving.window.closed);
         EXPECT_EQ(leaving.messages.take().size(), answer == Answer::Yes ? 2U : 1U);
+        leaving.editor.Form_Unload();  // which asks no second time
+        EXPECT_TRUE(leaving.window.closed && leaving.messages.texts.empty());
 
         Changed closing;
         closing.messages.answers = {answer, Answer::Cancel};

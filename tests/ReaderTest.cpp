@@ -1,6 +1,9 @@
 // What the reader makes of files, good and bad.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <thread>
+
 #include "DialogSteps.h"
 #include "editor/LoadProgress.h"
 #include "platform/Text.h"
@@ -165,12 +168,14 @@ TEST(Reader, ShowsProgressAndSurvivesItsUser) {
     Workplace place;
     int pumped = 0;
     place.window.onEvents = [&] {
-        if (++pumped == 1) return;
+        // Before the first item: time enough for the next one to come while items are read.
+        if (++pumped == 1) return std::this_thread::sleep_for(std::chrono::milliseconds(50));
         for (const char* command : {"mnuNewCfg", "mnuOpenCfg", "mnuSaveCfg", "mnuCloseCfg", "mnuDelete"})
             place.run(command);
         place.click("");
     };
     place.openText(fileText({}, {unit("P", tags)}));
+    EXPECT_GT(pumped, 1);
     EXPECT_EQ(place.configuration.items.size(), kItems);
     EXPECT_TRUE(place.configuration.state.saved);
     EXPECT_FALSE(place.window.panelVisible);
