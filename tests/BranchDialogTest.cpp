@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "DialogSteps.h"
+#include "Plant.h"
 
 namespace trevandix::testing {
 
@@ -20,47 +20,37 @@ protected:
 
 TEST_F(BranchDialog, ProposesNumberedNamesAndSelectsTheNewBranch) {
     const std::size_t rows = place.list.rows().size();
-    add([](FakeForm& form) {
-        EXPECT_EQ(form.shape.caption, "Branch Name");
-        EXPECT_EQ(form.text("txtBranchName"), "NewBranch0");
-        form.press("cmdOk");
-    });
-    EXPECT_EQ(place.configuration.tree.selected()->key().str(), "U.NewBranch0");
+    add(confirmed({}));
+    EXPECT_EQ(place.selectedKey(), "U.NewBranch0");
     EXPECT_EQ(place.list.rows().size(), rows);  // the list stays as it is
     EXPECT_FALSE(place.configuration.state.saved);
     place.click("U");
-    add([](FakeForm& form) {
-        EXPECT_EQ(form.text("txtBranchName"), "NewBranch1");
-        form.press("cmdOk");
-    });
-    EXPECT_EQ(place.node("U").childCount(), 2U);
+    add(confirmed({}));
+    EXPECT_EQ(place.below("U"), (Texts{"U.NewBranch0", "U.NewBranch1"}));
     EXPECT_EQ(place.messages.take(), Texts{});
-    EXPECT_EQ(disagreements(place.configuration), Texts{});
+    place.click("U");
+    place.configuration.state.branchCounter = 32767;
+    add(confirmed({}));
+    EXPECT_EQ(place.messages.take(), failure(kOverflow, "mnuAddBranch_Click"));
+    EXPECT_EQ(place.selectedKey(), "U.NewBranch32767");
 }
 
 TEST_F(BranchDialog, AnyNameGoesButThatOfASiblingBranch) {
     for (const char* name : {"", "a.b", "a b"}) addBranch(place, "U", name);
     EXPECT_EQ(place.node("U.").text(), "");
-    EXPECT_EQ(place.configuration.branches.at("U.a.b")->getParentKey(), "U.a");
     place.click("U");
     add([&](FakeForm& form) {
-        form.type("txtBranchName", "a b");
-        form.press("cmdOk");
-        EXPECT_TRUE(form.open);
-        EXPECT_EQ(place.messages.take(), Texts{"Name already existing. Please use a different name"});
+        expectRefusal(place, form, {{"txtBranchName", "a b"}}, kNameTaken);
         form.press("cmdCancel");
     });
     // A sibling item has the key: the check lets the name pass, the tree does not.
     addItem(place, "U", "Run");
     addBranch(place, "U", "Run");
-    EXPECT_EQ(place.messages.take(),
-              Texts{" Error n. 35602  Key is not unique in collection in mnuAddBranch_Click"});
+    EXPECT_EQ(place.messages.take(), failure(kKeyNotUnique, "mnuAddBranch_Click"));
     // Under U.a, "b" has the key of "a.b" under U.
     addBranch(place, "U", "a");
     addBranch(place, "U.a", "b");
-    EXPECT_EQ(place.messages.take(), Texts{" Error n. 457  This key is already associated with an element of "
-                                           "this collection in cmdOk_Click"});
-    EXPECT_EQ(disagreements(place.configuration), Texts{});
+    EXPECT_EQ(place.messages.take(), failure(kKeyInCollection, "cmdOk_Click"));
 }
 
 TEST_F(BranchDialog, CancelChangesNothing) {
@@ -73,7 +63,7 @@ TEST_F(BranchDialog, CancelChangesNothing) {
     };
     add(cancel);
     editDialog(place, "U.Area", cancel);
-    EXPECT_EQ(keysBelow(place, "U"), Texts{"U.Area"});
+    EXPECT_EQ(place.below("U"), Texts{"U.Area"});
     EXPECT_TRUE(place.configuration.state.saved);
     EXPECT_EQ(place.configuration.state.branchCounter, 1);
 }
@@ -84,26 +74,14 @@ TEST_F(BranchDialog, RenamesABranchWithAllBelowIt) {
     place.configuration.state.saved = true;
     editDialog(place, "U.Area", [&](FakeForm& form) {
         EXPECT_EQ(form.text("txtBranchName"), "Area");
-        form.type("txtBranchName", "Other");
-        form.press("cmdOk");
-        EXPECT_EQ(place.messages.take(), Texts{"Name already existing. Please use a different name"});
-        form.type("txtBranchName", "Zone");
-        form.press("cmdOk");
+        expectRefusal(place, form, {{"txtBranchName", "Other"}}, kNameTaken);
+        confirmed({{"txtBranchName", "Zone"}})(form);
     });
-    EXPECT_EQ(keysBelow(place, "U"), (Texts{"U.Other", "U.Zone", "U.Zone.Level"}));
-    EXPECT_EQ(place.configuration.tree.selected()->key().str(), "U.Zone");
+    EXPECT_EQ(place.below("U"), (Texts{"U.Other", "U.Zone", "U.Zone.Level"}));
+    EXPECT_EQ(place.selectedKey(), "U.Zone");
     EXPECT_EQ(place.configuration.branches.at("U.Zone")->sName(), "Zone");
     EXPECT_EQ(place.list.rows().at(0).key, "U.Zone.Level");
     EXPECT_FALSE(place.configuration.state.saved);
-    EXPECT_EQ(disagreements(place.configuration), Texts{});
-}
-
-TEST_F(BranchDialog, TheCounterStopsAtItsLimitWithAMessage) {
-    place.configuration.state.branchCounter = 32767;
-    add([](FakeForm& form) { form.press("cmdOk"); });
-    EXPECT_EQ(place.messages.take(), Texts{" Error n. 6  Overflow in mnuAddBranch_Click"});
-    EXPECT_EQ(place.configuration.tree.selected()->key().str(), "U.NewBranch32767");
-    EXPECT_EQ(disagreements(place.configuration), Texts{});
 }
 
 }  // namespace

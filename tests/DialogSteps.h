@@ -8,7 +8,17 @@
 
 namespace trevandix::testing {
 
-using Texts = std::vector<std::string>;
+inline const Texts kNameTaken{"Name already existing. Please use a different name"};
+inline constexpr std::string_view kInvalidCall = "5  Invalid procedure call or argument";
+inline constexpr std::string_view kOverflow = "6  Overflow";
+inline constexpr std::string_view kKeyInCollection =
+    "457  This key is already associated with an element of this collection";
+inline constexpr std::string_view kKeyNotUnique = "35602  Key is not unique in collection";
+
+/// The one message of a command that failed.
+inline Texts failure(std::string_view error, const std::string& procedure) {
+    return {" Error n. " + std::string(error) + " in " + procedure};
+}
 
 /// Runs a command; its dialog gets `script` and is closed afterwards.
 inline void runDialog(Workplace& place, std::string_view command, FakeForms::Script script) {
@@ -18,44 +28,41 @@ inline void runDialog(Workplace& place, std::string_view command, FakeForms::Scr
 
 /// Double-clicks the node with the key; its dialog gets `script`.
 inline void editDialog(Workplace& place, std::string_view key, FakeForms::Script script) {
-    place.click(key);
     place.forms.scripts.push_back(std::move(script));
-    place.editor.TreeView1_DblClick();
+    place.edit(key);
+}
+
+/// Fills the fields and presses Ok.
+inline FakeForms::Script confirmed(Fields fields) {
+    return [fields = std::move(fields)](FakeForm& form) {
+        form.fill(fields);
+        form.press("cmdOk");
+    };
 }
 
 inline void addUnit(Workplace& place, const std::string& name, const std::string& identifier) {
     place.click("");
-    runDialog(place, "mnuAddPlc", [&](FakeForm& form) {
-        form.type("txtName", name);
-        form.type("txtUI", identifier);
-        form.press("cmdOk");
-    });
+    runDialog(place, "mnuAddPlc", confirmed({{"txtName", name}, {"txtUI", identifier}}));
 }
 
 inline void addBranch(Workplace& place, std::string_view container, const std::string& name) {
     place.click(container);
-    runDialog(place, "mnuAddBranch", [&](FakeForm& form) {
-        form.type("txtBranchName", name);
-        form.press("cmdOk");
-    });
+    runDialog(place, "mnuAddBranch", confirmed({{"txtBranchName", name}}));
 }
 
 inline void addDataType(Workplace& place, const std::string& name) {
     place.click(kModBusFolder);
-    runDialog(place, "mnuAddMBType", [&](FakeForm& form) {
-        form.choose("cmbMBType", name);
-        form.press("cmdOk");
-    });
+    runDialog(place, "mnuAddMBType", confirmed({{"cmbMBType", name}}));
 }
 
 /// Fills all fields that an item needs.
 inline void fillItem(FakeForm& form, const std::string& name, const std::string& table = "holding register",
                      const std::string& label = "signed 16 bit", const std::string& address = "1") {
-    form.type("txtItemName", name);
-    form.choose("cmbModbusType", table);
-    form.choose("cmbDataType", label);
-    form.type("txtAddress", address);
-    form.choose("cmbAccessRight", "READ");
+    form.fill({{"txtItemName", name},
+               {"cmbModbusType", table},
+               {"cmbDataType", label},
+               {"txtAddress", address},
+               {"cmbAccessRight", "READ"}});
 }
 
 inline void addItem(Workplace& place, std::string_view container, const std::string& name) {
@@ -71,15 +78,6 @@ inline void startPlant(Workplace& place, std::string_view interfaceKind = kTcpIp
     place.newConfiguration(interfaceKind);
     for (const char* name : {"input status", "coil", "input register", "holding register"})
         addDataType(place, name);
-}
-
-/// The keys of all nodes below the node with the key, in tree order.
-inline Texts keysBelow(Workplace& place, std::string_view key) {
-    Texts keys;
-    const TreeNode& top = place.node(key);
-    for (const TreeNode* n = nextBelow(top, top); n != nullptr; n = nextBelow(*n, top))
-        keys.push_back(n->key().str());
-    return keys;
 }
 
 }  // namespace trevandix::testing

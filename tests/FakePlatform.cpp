@@ -47,17 +47,13 @@ FakeForm::FakeForm(const FormSpec& formSpec) : shape(formSpec) {
     }
 }
 
-FakeForm::State& FakeForm::state(std::string_view name) {
+FakeForm::State& FakeForm::state(std::string_view name) const {
     const auto place = controls_.find(name);
     if (place == controls_.end()) throw RuntimeError(ErrorNumber::ElementNotFound, name);
     return place->second;
 }
 
-const FakeForm::State& FakeForm::state(std::string_view name) const {
-    return const_cast<FakeForm*>(this)->state(name);
-}
-
-FakeForm::State& FakeForm::usable(std::string_view name) {
+FakeForm::State& FakeForm::usable(std::string_view name) const {
     State& control = state(name);
     if (!open) throw std::logic_error("form is closed");
     for (const State* s = &control; s != nullptr;) {
@@ -67,10 +63,6 @@ FakeForm::State& FakeForm::usable(std::string_view name) {
     return control;
 }
 
-std::string FakeForm::text(std::string_view name) const {
-    return state(name).text;
-}
-
 void FakeForm::setText(std::string_view name, std::string_view text) {
     State& control = state(name);
     const bool listed = control.shape == nullptr || control.shape->kind != ControlKind::Choice ||
@@ -78,16 +70,9 @@ void FakeForm::setText(std::string_view name, std::string_view text) {
     control.text = listed ? text : std::string_view();
 }
 
-void FakeForm::setItems(std::string_view name, const std::vector<std::string>& items) {
+void FakeForm::setItems(std::string_view name, const Texts& items) {
     state(name).items = items;
     if (state(name).shape->kind == ControlKind::Choice) state(name).text.clear();
-}
-
-std::vector<std::string> FakeForm::items(std::string_view name) const {
-    return state(name).items;
-}
-bool FakeForm::enabled(std::string_view name) const {
-    return state(name).enabled;
 }
 
 void FakeForm::setEnabled(std::string_view name, bool enabled) {
@@ -96,16 +81,6 @@ void FakeForm::setEnabled(std::string_view name, bool enabled) {
     if (control.shape != nullptr && !control.shape->labelName.empty()) {
         state(control.shape->labelName).enabled = enabled;
     }
-}
-
-bool FakeForm::visible(std::string_view name) const {
-    return state(name).visible;
-}
-void FakeForm::setVisible(std::string_view name, bool visible) {
-    state(name).visible = visible;
-}
-bool FakeForm::checked(std::string_view name) const {
-    return state(name).checked;
 }
 
 void FakeForm::setChecked(std::string_view name, bool checked) {
@@ -119,19 +94,6 @@ void FakeForm::setChecked(std::string_view name, bool checked) {
         }
     }
     control.checked = checked;
-}
-
-void FakeForm::setFocus(std::string_view name) {
-    focused = state(name).shape->name;
-}
-
-void FakeForm::setCells(std::string_view name, const std::vector<std::vector<std::string>>& rows) {
-    state(name);
-    cells = rows;
-}
-
-void FakeForm::on(std::string_view name, Handler handler) {
-    state(name).handler = std::move(handler);
 }
 
 void FakeForm::showModal() {
@@ -180,6 +142,17 @@ void FakeForm::press(std::string_view name) {
     if (handler) handler();
 }
 
+void FakeForm::fill(const Fields& fields) {
+    for (const auto& [name, text] : fields)
+        state(name).shape->kind == ControlKind::Choice ? choose(name, text) : type(name, text);
+}
+
+Fields FakeForm::shown(const Fields& fields) const {
+    Fields found;
+    for (const auto& [name, expected] : fields) found.emplace_back(name, text(name));
+    return found;
+}
+
 std::unique_ptr<Form> FakeForms::create(const FormSpec& shape) {
     auto form = std::make_unique<FakeForm>(shape);
     shown.emplace_back(shape.name);
@@ -189,10 +162,6 @@ std::unique_ptr<Form> FakeForms::create(const FormSpec& shape) {
     }
     last = form.get();
     return form;
-}
-
-std::optional<std::size_t> FakeListDisplay::currentRow() const {
-    return selected.empty() ? std::nullopt : std::optional(selected.back());
 }
 
 OwnFolder::OwnFolder() {
@@ -238,11 +207,28 @@ void Workplace::openText(std::string_view bytes, const std::string& name) {
     run("mnuOpenCfg");
 }
 
-void Workplace::run(std::string_view command) {
-    const bool agreed = disagreements(configuration).empty();
-    editor.commandChosen(command);
+void Workplace::checked(std::string_view what, bool mayPart, const std::function<void()>& step) {
+    const bool agreed = !mayPart && disagreements(configuration).empty();
+    step();
     const auto faults = agreed ? disagreements(configuration) : brokenLinks(configuration.tree);
-    if (!faults.empty()) throw std::logic_error("after " + std::string(command) + ": " + faults.front());
+    if (!faults.empty()) throw std::logic_error("after " + std::string(what) + ": " + faults.front());
+}
+
+void Workplace::run(std::string_view command) {
+    checked(command, false, [&] { editor.commandChosen(command); });
+}
+
+void Workplace::edit(std::string_view key) {
+    const bool mayPart = click(key).tag() == NodeTag::DataType;  // keeps its node when renamed
+    checked("a double click", mayPart, [&] { editor.TreeView1_DblClick(); });
+}
+
+Texts Workplace::below(std::string_view key) {
+    const TreeNode& top = key.empty() ? *configuration.tree.root() : node(key);
+    Texts keys;
+    for (const TreeNode* n = nextBelow(top, top); n != nullptr; n = nextBelow(*n, top))
+        keys.push_back(n->key().str());
+    return keys;
 }
 
 TreeNode& Workplace::click(std::string_view key) {
@@ -252,13 +238,19 @@ TreeNode& Workplace::click(std::string_view key) {
     return target;
 }
 
-void Workplace::selectRows(const std::vector<std::string>& texts) {
+void Workplace::selectRows(const Texts& texts) {
     window.focus = FocusedView::List;
     display.selected.clear();
     for (std::size_t row = 0; row < list.rows().size(); ++row) {
         if (std::ranges::find(texts, list.rows()[row].text) != texts.end()) display.selected.push_back(row);
     }
     editor.ListView1_Click();
+}
+
+std::string replaced(std::string text, std::string_view what, std::string_view by) {
+    const auto at = text.find(what);
+    if (at == std::string::npos) throw std::logic_error("not there: " + std::string(what));
+    return text.replace(at, what.size(), by);
 }
 
 std::string readFile(const std::filesystem::path& path) {
@@ -272,8 +264,7 @@ void writeFile(const std::filesystem::path& path, std::string_view bytes) {
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-std::string fileText(const std::vector<std::string>& dataTypes, const std::vector<std::string>& units,
-                     bool rtu) {
+std::string fileText(const Texts& dataTypes, const Texts& units, bool rtu) {
     const std::string root = rtu ? "VOSKModBusRTUCfg" : "VOSKModBusTcpIpCfg";
     std::string text = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r\n<" + root + ">\r\n\t<MODBUS>\r\n";
     for (const auto& line : dataTypes) text += line + "\r\n";

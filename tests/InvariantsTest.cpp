@@ -11,7 +11,6 @@
 namespace trevandix::testing {
 
 TEST(Invariants, EveryDisagreementIsNamed) {
-    using Texts = std::vector<std::string>;
     const auto faults = [](auto breakIt) {
         PlantedWorkplace place({"U", "U.B/", "U.B.x"});
         EXPECT_EQ(disagreements(place.configuration), Texts{});

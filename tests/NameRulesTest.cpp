@@ -4,7 +4,7 @@
 
 #include <random>
 
-#include "DialogSteps.h"
+#include "Plant.h"
 
 namespace trevandix::testing {
 
@@ -59,86 +59,60 @@ TEST(NameRules, DuplicatesAreSiblingsOfTheSameKindWithExactlyTheName) {
             }
             FakeMessages messages;
             EXPECT_EQ(CheckDuplNames(NodeTag::Item, name, tree, edit, messages), !clash);
-            EXPECT_EQ(messages.texts,
-                      clash ? Texts{"Name already existing. Please use a different name"} : Texts{});
+            EXPECT_EQ(messages.texts, clash ? kNameTaken : Texts{});
         }
     }
-}
-
-TEST(NameRules, WithoutASelectedNodeTheCheckReportsItsFailure) {
-    StructureTree tree;
     FakeMessages messages;
-    EXPECT_FALSE(CheckDuplNames(NodeTag::Item, "a", tree, false, messages));
-    EXPECT_EQ(messages.texts, Texts{" Error n. 91  Object variable not set in CheckDuplNames"});
+    EXPECT_FALSE(CheckDuplNames(NodeTag::Item, "a", StructureTree(), false, messages));
+    EXPECT_EQ(messages.texts, failure("91  Object variable not set", "CheckDuplNames"));
 }
 
 class Rekeying : public ::testing::Test {
 protected:
-    void SetUp() override {
-        startPlant(place);
-        addUnit(place, "PLC1", "1");
-        addBranch(place, "PLC1", "Area");
-        addBranch(place, "PLC1.Area", "Tank1");
-        addItem(place, "PLC1.Area.Tank1", "Level");
-        addItem(place, "PLC1.Area", "Run");
-        addItem(place, "PLC1", "Stop");
-        ASSERT_EQ(place.messages.take(), Texts{});
-    }
-    void rename(std::string_view key, const std::string& name) {
+    Texts rename(std::string_view key, const std::string& name) {
         const std::string field = place.node(key).tag() == NodeTag::Plc ? "txtName" : "txtBranchName";
-        editDialog(place, key, [&](FakeForm& form) {
-            form.type(field, name);
-            form.press("cmdOk");
-        });
+        editDialog(place, key, confirmed({{field, name}}));
+        return place.messages.take();
     }
-    Workplace place;
+    PlantedWorkplace place{
+        {"PLC1", "PLC1.Area/", "PLC1.Area.Tank1/", "PLC1.Area.Tank1.Level", "PLC1.Area.Run", "PLC1.Stop"}};
 };
 
 TEST_F(Rekeying, EverythingBelowARenamedContainerFollowsAtEveryDepth) {
     const auto level = place.configuration.items.at("PLC1.Area.Tank1.Level");
     rename("PLC1", "PLC2");
     rename("PLC2.Area", "Zone");
-    EXPECT_EQ(keysBelow(place, "PLC2"),
+    EXPECT_EQ(place.below("PLC2"),
               (Texts{"PLC2.Stop", "PLC2.Zone", "PLC2.Zone.Run", "PLC2.Zone.Tank1", "PLC2.Zone.Tank1.Level"}));
     EXPECT_EQ(place.configuration.items.at("PLC2.Zone.Tank1.Level"), level);
     EXPECT_EQ(level->sKey().str(), "PLC2.Zone.Tank1.Level");
     EXPECT_EQ(place.configuration.branches.at("PLC2.Zone.Tank1")->sKey().str(), "PLC2.Zone.Tank1");
-    EXPECT_EQ(disagreements(place.configuration), Texts{});
 }
 
 TEST_F(Rekeying, ANewKeyMayBeOneThatAnotherNodeIsJustLeaving) {
     addBranch(place, "PLC1", "B.Area");
-    rename("PLC1", "PLC1.B");
-    EXPECT_EQ(place.messages.take(), Texts{});
+    EXPECT_EQ(rename("PLC1", "PLC1.B"), Texts{});
     EXPECT_EQ(place.node("PLC1.B.Area").text(), "Area");
     EXPECT_EQ(place.node("PLC1.B.B.Area").text(), "B.Area");
     EXPECT_EQ(place.configuration.branches.at("PLC1.B.Area")->sName(), "Area");
-    EXPECT_EQ(disagreements(place.configuration), Texts{});
 }
 
 TEST_F(Rekeying, ARefusedNameChangesNothing) {
     addUnit(place, "P", "2");
     addBranch(place, "P", "Q.Stop");  // in the way of PLC1.Stop, were PLC1 called P.Q
-    const Texts before = keysBelow(place, "PLC1");
-    const auto unit = place.configuration.units.at("PLC1");
-    rename("PLC1", "P.Q");
-    EXPECT_EQ(place.messages.take(),
-              Texts{" Error n. 35602  Key is not unique in collection in cmdOk_Click"});
-    rename("PLC1", "ModBus");
-    EXPECT_EQ(place.messages.take(),
-              Texts{" Error n. 35602  Key is not unique in collection in cmdOk_Click"});
     addBranch(place, "PLC1", "Area.Tank2");
-    rename("PLC1.Area.Tank1", "Tank2");
-    EXPECT_EQ(place.messages.take(), Texts{" Error n. 457  This key is already associated with an element of "
-                                           "this collection in cmdOk_Click"});
-    rename("PLC1.Area.Tank1", "Run");  // an item has the key
-    EXPECT_EQ(place.messages.take(),
-              Texts{" Error n. 35602  Key is not unique in collection in cmdOk_Click"});
+    place.click("PLC1.Area");  // sorts, as a later edit will
+    const Texts before = fileContents(place.configuration);
+    const Texts keys = place.below("");
+    const auto unit = place.configuration.units.at("PLC1");
+    EXPECT_EQ(rename("PLC1", "P.Q"), failure(kKeyNotUnique, "cmdOk_Click"));
+    EXPECT_EQ(rename("PLC1", "ModBus"), failure(kKeyNotUnique, "cmdOk_Click"));
+    EXPECT_EQ(rename("PLC1.Area.Tank1", "Tank2"), failure(kKeyInCollection, "cmdOk_Click"));
+    EXPECT_EQ(rename("PLC1.Area.Tank1", "Run"), failure(kKeyNotUnique, "cmdOk_Click"));  // an item's key
     EXPECT_EQ(place.configuration.units.at("PLC1"), unit);
-    EXPECT_EQ(place.node("PLC1.Area.Tank1").text(), "Tank1");
     EXPECT_EQ(place.configuration.items.at("PLC1.Stop")->sKey().str(), "PLC1.Stop");
-    for (const std::string& key : before) EXPECT_NE(place.configuration.tree.find(key), nullptr) << key;
-    EXPECT_EQ(disagreements(place.configuration), Texts{});
+    EXPECT_EQ(fileContents(place.configuration), before);
+    EXPECT_EQ(place.below(""), keys);
 }
 
 TEST_F(Rekeying, TwoNodesThatWouldGetOneKeyAreRefused) {
@@ -146,11 +120,9 @@ TEST_F(Rekeying, TwoNodesThatWouldGetOneKeyAreRefused) {
     twin->sName("Stop");
     twin->sKey("elsewhere");  // a key that does not follow from its place
     place.configuration.addItem(twin, place.node("PLC1"));
-    rename("PLC1", "PLC2");
-    EXPECT_EQ(place.messages.take(), Texts{" Error n. 457  This key is already associated with an element of "
-                                           "this collection in cmdOk_Click"});
+    EXPECT_EQ(rename("PLC1", "PLC2"), failure(kKeyInCollection, "cmdOk_Click"));
     EXPECT_EQ(place.node("PLC1").text(), "PLC1");
-    EXPECT_EQ(disagreements(place.configuration), Texts{"key of another place: elsewhere"});
+    EXPECT_EQ(place.wrong(), Texts{"key of another place: elsewhere"});
 }
 
 }  // namespace

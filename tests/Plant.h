@@ -1,25 +1,35 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
-#include "FakePlatform.h"
+#include "DialogSteps.h"
 
 namespace trevandix::testing {
 
+// Each adds a record with its node. Errors: as those of the configuration.
+clsPLC& plantUnit(Configuration& configuration, const std::string& name,
+                  std::string_view address = "10.0.0.1");
+TreeNode& plantBranch(Configuration& configuration, TreeNode& container, const std::string& name);
+clsItem& plantItem(Configuration& configuration, TreeNode& container, const std::string& name);
+
 /// Adds records by their keys, parents first: "U" is a unit, "U.A/" a branch, "U.A.x" an item.
-void plant(Workplace& place, const std::vector<std::string>& keys);
+void plant(Workplace& place, const Texts& keys);
 
 /// A saved configuration with these records and an empty message log.
 struct PlantedWorkplace : Workplace {
-    explicit PlantedWorkplace(const std::vector<std::string>& keys, const std::filesystem::path& state = {});
+    explicit PlantedWorkplace(const Texts& keys, const std::filesystem::path& state = {});
 
-    /// Drags with the right button; an empty key stands for the first node.
-    void drag(std::string_view source, std::string_view target, bool control = false);
-    bool has(std::string_view key) const { return configuration.tree.find(Key(key)) != nullptr; }
-    /// Keys of the nodes below the one with the key, as the tree shows them.
-    std::vector<std::string> below(std::string_view key);
-    std::vector<std::string> wrong() const { return disagreements(configuration); }
+    /// Clicks the node, and then the list rows with these texts.
+    PlantedWorkplace& at(std::string_view key, const Texts& rows = {});
+    /// Drags with the right button; an empty key stands for the first node. True where the pointer showed
+    /// that the drop is allowed.
+    bool drag(std::string_view source, std::string_view target, bool control = false);
+    Texts wrong() const { return disagreements(configuration); }
 };
+
+/// Fills the dialog's fields and presses Ok, which it answers with the message only.
+void expectRefusal(Workplace& place, FakeForm& form, const Fields& fields, const Texts& message);
+
+/// What a file of the configuration gives back, a line a node, in tree order: its place, branch names in
+/// capitals, and its record.
+Texts fileContents(const Configuration& configuration);
 
 }  // namespace trevandix::testing

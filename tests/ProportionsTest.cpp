@@ -26,4 +26,19 @@ TEST(Proportions, SharesStayFromSmallToLargeAndBack) {
     EXPECT_EQ(proportions.scaled(1000), parts);
 }
 
+TEST(Proportions, PartsBelowTheirLeastGrowAtTheCostOfThoseThatCanSpare) {
+    using Parts = std::vector<int>;
+    EXPECT_EQ(widened({200, 100, 100, 100}, {90, 90, 90, 140}, 500), (Parts{166, 97, 97, 140}));
+    EXPECT_EQ(widened({50, 50}, {80, 80}, 100), (Parts{80, 80}));                  // no room for all
+    EXPECT_EQ(widened({400, 400, 10}, {60, 60, 60}, 500), (Parts{375, 375, 60}));  // scrolled before as well
+    EXPECT_EQ(widened({200, 100}, {90, 90}, 1000), (Parts{200, 100}));
+    EXPECT_EQ(widened({}, {}, 100), Parts{});
+    for (int whole = 1; whole < 2000; ++whole) {
+        const Parts least{60, 30, 90};
+        const Parts parts = widened({whole / 2, whole / 4, whole - whole / 2 - whole / 4}, least, whole);
+        for (std::size_t i = 0; i < parts.size(); ++i) EXPECT_GE(parts[i], least[i]) << whole;
+        EXPECT_EQ(std::accumulate(parts.begin(), parts.end(), 0), std::max(whole, 180));
+    }
+}
+
 }  // namespace trevandix::testing

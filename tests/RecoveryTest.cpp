@@ -13,7 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
-using Texts = std::vector<std::string>;
 
 struct Edited : PlantedWorkplace {
     explicit Edited(const fs::path& state = {}) : PlantedWorkplace({"U", "U.a"}, state) {

@@ -11,7 +11,6 @@ namespace trevandix::testing {
 namespace {
 
 namespace fs = std::filesystem;
-using Texts = std::vector<std::string>;
 
 // An open configuration, its file as it was, and one more item.
 struct Changed : PlantedWorkplace {

@@ -1,69 +1,44 @@
 #include <gtest/gtest.h>
 
-#include "DialogSteps.h"
+#include "Plant.h"
 
 namespace trevandix::testing {
 
 namespace {
-
-using Fields = std::vector<std::pair<std::string, std::string>>;
 
 const Fields kRtuDefaults{{"txtName", "New Plc 0"}, {"txtUI", "1"},      {"txtTimeout", "2000"},
                           {"txtAddress", ""},       {"txtPort", "COM1"}, {"cmbBaud", "9600"},
                           {"cmbParity", "NO"},      {"cmbData", "8"},    {"cmbStop", "1"},
                           {"cmbFlow", "NONE"},      {"txtSilent", "10"}};
 
-void expectFields(FakeForm& form, const Fields& fields) {
-    for (const auto& [control, text] : fields) EXPECT_EQ(form.text(control), text) << control;
-}
-
-void set(FakeForm& form, const Fields& fields) {
-    for (const auto& [control, text] : fields) {
-        const bool list = control == "cmbBaud" || control == "cmbParity" || control == "cmbFlow";
-        list ? form.choose(control, text) : form.type(control, text);
-    }
-}
-
 void addWith(Workplace& place, const Fields& fields) {
     place.click("");
     runDialog(place, "mnuAddPlc", [&](FakeForm& form) {
-        set(form, fields);
-        form.press("cmdOk");
+        confirmed(fields)(form);
         EXPECT_FALSE(form.open);  // a refused field closes the dialog too
     });
 }
 
 TEST(UnitDialog, OpensWithTheDefaultsOfTheInterfaceKind) {
-    Workplace tcp;
-    tcp.newConfiguration(kTcpIp);
-    runDialog(tcp, "mnuAddPlc", [](FakeForm& form) {
-        EXPECT_EQ(form.shape.caption, "Unit Properties");
-        expectFields(form, {{"txtName", "New Plc 0"},
-                            {"txtUI", "1"},
-                            {"txtTimeout", "2000"},
-                            {"txtAddress", "192.168.0.1"},
-                            {"txtPort", ""},
-                            {"cmbBaud", ""}});
-        EXPECT_TRUE(form.enabled("txtAddress"));
-        for (const char* off :
-             {"txtPort", "cmbBaud", "cmbParity", "cmbData", "cmbStop", "cmbFlow", "txtSilent"}) {
-            EXPECT_FALSE(form.enabled(off)) << off;
-        }
-        EXPECT_EQ(form.items("cmbBaud"), (Texts{"2400", "9600", "19200", "38400", "57600", "115200"}));
-        EXPECT_EQ(form.items("cmbParity"), (Texts{"NO", "EVEN", "ODD"}));
-        EXPECT_EQ(form.items("cmbData"), (Texts{"8", "7", "6", "5"}));
-        EXPECT_EQ(form.items("cmbStop"), (Texts{"1", "2"}));
-        EXPECT_EQ(form.items("cmbFlow"), (Texts{"NONE", "HARDWARE"}));
-        form.press("cmdCancel");
-    });
-    EXPECT_TRUE(tcp.configuration.units.empty());
-    Workplace rtu;
-    rtu.newConfiguration(kRtu);
-    runDialog(rtu, "mnuAddPlc", [](FakeForm& form) {
-        expectFields(form, kRtuDefaults);
-        EXPECT_FALSE(form.enabled("txtAddress"));
-        EXPECT_TRUE(form.enabled("txtPort") && form.enabled("txtUI"));
-    });
+    for (const std::string_view kind : {kTcpIp, kRtu}) {
+        const bool rtu = kind == kRtu;
+        Workplace place;
+        place.newConfiguration(kind);
+        runDialog(place, "mnuAddPlc", [&](FakeForm& form) {
+            const Fields tcpDefaults{{"txtName", "New Plc 0"},      {"txtUI", "1"},  {"txtTimeout", "2000"},
+                                     {"txtAddress", "192.168.0.1"}, {"txtPort", ""}, {"cmbBaud", ""}};
+            const Fields& defaults = rtu ? kRtuDefaults : tcpDefaults;
+            EXPECT_EQ(form.shown(defaults), defaults);
+            EXPECT_EQ(form.enabled("txtAddress"), !rtu);
+            for (const char* serial :
+                 {"txtPort", "cmbBaud", "cmbParity", "cmbData", "cmbStop", "cmbFlow", "txtSilent"}) {
+                EXPECT_EQ(form.enabled(serial), rtu) << serial;
+            }
+            EXPECT_EQ(form.items("cmbBaud"), (Texts{"2400", "9600", "19200", "38400", "57600", "115200"}));
+            form.press("cmdCancel");
+        });
+        EXPECT_TRUE(place.configuration.units.empty());
+    }
 }
 
 TEST(UnitDialog, AddsAUnitAndSelectsIt) {
@@ -80,72 +55,58 @@ TEST(UnitDialog, AddsAUnitAndSelectsIt) {
                     {"txtTimeout", "3.5"}});
     EXPECT_EQ(place.messages.take(), Texts{});
     const clsPLC& unit = *place.configuration.units.at("New Plc 0");
-    EXPECT_EQ(unit.getBaud(), 19200);
-    EXPECT_EQ(unit.getDataBits(), 7);
-    EXPECT_EQ(unit.getStopBits(), 0);
-    EXPECT_EQ(unit.getSilent(), 2);
-    EXPECT_EQ(unit.getTimeout(), 4);
+    const std::vector<int> numbers{unit.getBaud(), unit.getDataBits(), unit.getStopBits(), unit.getSilent(),
+                                   unit.getTimeout()};
+    EXPECT_EQ(numbers, (std::vector{19200, 7, 0, 2, 4}));
     EXPECT_EQ(unit.getParity() + unit.getFlowCtl() + unit.getCom() + unit.getAddress(), "ODDHARDWARECOM1");
-    const TreeNode* node = place.configuration.tree.selected();
-    EXPECT_EQ(node->key().str(), "New Plc 0");
-    EXPECT_EQ(node->look().selectedImage, Image::None);
+    EXPECT_EQ(place.selectedKey(), "New Plc 0");
+    EXPECT_EQ(place.node("New Plc 0").look().selectedImage, Image::None);
     EXPECT_EQ(place.list.rows().at(0).subItems, Texts{"7"});
     EXPECT_EQ(place.configuration.state.unitCounter, 1);
     EXPECT_FALSE(place.configuration.state.saved);
-    EXPECT_EQ(disagreements(place.configuration), Texts{});
 }
 
 TEST(UnitDialog, FieldsAreCheckedInTheirOrder) {
     struct Case {
-        std::string kind;
+        std::string_view kind;
         Fields fields;
         std::string message;  // empty: accepted
     };
-    const std::string tcp(kTcpIp);
-    const std::string rtu(kRtu);
     const std::string invalid = "UI identifier is not valid.";
     const std::string range = "UI identifier must be between 0 and 254.";
     const std::string begin = "Invalid Port name. It must begin with \"COM\"";
     const std::string number = "Invalid Port name. Missing port number.";
+    const std::string differs = "Plc Boiler has the same port but different ";
     const std::vector<Case> cases{
-        {tcp, {{"txtName", ""}, {"txtUI", "abc"}}, "Name field is empty."},
-        {tcp, {{"txtUI", "abc"}, {"txtTimeout", ""}}, invalid},
-        {tcp, {{"txtUI", ""}}, invalid},
-        {tcp, {{"txtUI", "1 2"}}, invalid},
-        {tcp, {{"txtUI", "255"}, {"txtTimeout", "x"}}, range},
-        {tcp, {{"txtUI", "-1"}}, range},
-        {tcp, {{"txtUI", "254"}}, ""},
-        {tcp, {{"txtUI", "5"}, {"txtTimeout", "x"}}, "UI already existing. Please use a different one"},
-        {tcp, {{"txtTimeout", ""}, {"txtAddress", ""}}, "Timeout value is not valid."},
-        {tcp, {{"txtAddress", ""}}, "Address field is empty."},
-        {tcp, {{"txtAddress", "999.1"}}, ""},
-        {rtu, {{"txtPort", ""}, {"txtSilent", ""}}, "Port name field empty."},
-        {rtu, {{"txtPort", "com3"}}, begin},
-        {rtu, {{"txtPort", "CO"}}, begin},
-        {rtu, {{"txtPort", "COM"}}, number},
-        {rtu, {{"txtPort", "COMx"}, {"txtSilent", ""}}, number},
-        {rtu, {{"txtPort", "COM12"}}, ""},
-        {rtu, {{"txtSilent", ""}}, "Silent interval field empty."},
-        {rtu, {{"txtSilent", "1ms"}, {"cmbBaud", "2400"}}, "Invalid Silent interval."},
-        {rtu,
-         {{"cmbBaud", "2400"}, {"cmbData", "7"}},
-         "Plc Boiler has the same port but different Baud Rate"},
-        {rtu, {{"cmbData", "7"}, {"cmbStop", "2"}}, "Plc Boiler has the same port but different Data Bits"},
-        {rtu,
-         {{"cmbStop", "2"}, {"cmbParity", "ODD"}},
-         "Plc Boiler has the same port but different Stop Bits"},
-        {rtu,
-         {{"cmbParity", "ODD"}, {"cmbFlow", "HARDWARE"}},
-         "Plc Boiler has the same port but different Parity"},
-        {rtu, {{"cmbFlow", "HARDWARE"}}, "Plc Boiler has the same port but different Flow Control"},
-        {rtu, {{"cmbData", "8.0"}, {"txtTimeout", "1"}, {"txtSilent", "99"}}, ""},
-        {rtu, {{"txtPort", "COM2"}, {"cmbBaud", "2400"}}, ""},
+        {kTcpIp, {{"txtName", ""}, {"txtUI", "abc"}}, "Name field is empty."},
+        {kTcpIp, {{"txtUI", "abc"}, {"txtTimeout", ""}}, invalid},
+        {kTcpIp, {{"txtUI", ""}}, invalid},
+        {kTcpIp, {{"txtUI", "255"}, {"txtTimeout", "x"}}, range},
+        {kTcpIp, {{"txtUI", "-1"}}, range},
+        {kTcpIp, {{"txtUI", "254"}}, ""},
+        {kTcpIp, {{"txtUI", "5"}, {"txtTimeout", "x"}}, "UI already existing. Please use a different one"},
+        {kTcpIp, {{"txtTimeout", ""}, {"txtAddress", ""}}, "Timeout value is not valid."},
+        {kTcpIp, {{"txtAddress", ""}}, "Address field is empty."},
+        {kTcpIp, {{"txtAddress", "999.1"}}, ""},
+        {kRtu, {{"txtPort", ""}, {"txtSilent", ""}}, "Port name field empty."},
+        {kRtu, {{"txtPort", "com3"}}, begin},
+        {kRtu, {{"txtPort", "COM"}}, number},
+        {kRtu, {{"txtPort", "COMx"}, {"txtSilent", ""}}, number},
+        {kRtu, {{"txtPort", "COM12"}}, ""},
+        {kRtu, {{"txtSilent", ""}}, "Silent interval field empty."},
+        {kRtu, {{"txtSilent", "1ms"}, {"cmbBaud", "2400"}}, "Invalid Silent interval."},
+        {kRtu, {{"cmbBaud", "2400"}, {"cmbData", "7"}}, differs + "Baud Rate"},
+        {kRtu, {{"cmbData", "7"}, {"cmbStop", "2"}}, differs + "Data Bits"},
+        {kRtu, {{"cmbStop", "2"}, {"cmbParity", "ODD"}}, differs + "Stop Bits"},
+        {kRtu, {{"cmbParity", "ODD"}, {"cmbFlow", "HARDWARE"}}, differs + "Parity"},
+        {kRtu, {{"cmbFlow", "HARDWARE"}}, differs + "Flow Control"},
+        {kRtu, {{"cmbData", "8.0"}, {"txtTimeout", "1"}, {"txtSilent", "99"}}, ""},
+        {kRtu, {{"txtPort", "COM2"}, {"cmbBaud", "2400"}}, ""},
     };
     for (const Case& c : cases) {
         Workplace place;
         place.newConfiguration(c.kind);
         addUnit(place, "Boiler", "5");
-        ASSERT_EQ(place.messages.take(), Texts{});
         addWith(place, c.fields);
         EXPECT_EQ(place.messages.take(), c.message.empty() ? Texts{} : Texts{c.message});
         EXPECT_EQ(place.configuration.units.size(), c.message.empty() ? 2U : 1U) << c.message;
@@ -158,23 +119,15 @@ TEST(UnitDialog, ADuplicateNameOrAFailureKeepsItOpen) {
     addUnit(place, "A", "1");
     place.click("");
     runDialog(place, "mnuAddPlc", [&](FakeForm& form) {
-        set(form, {{"txtName", "A"}, {"txtUI", "2"}});
-        form.press("cmdOk");
-        EXPECT_EQ(place.messages.take(), Texts{"Name already existing. Please use a different name"});
-        EXPECT_TRUE(form.open);
-        set(form, {{"txtName", "a"}, {"txtTimeout", "3e9"}});
-        form.press("cmdOk");
-        EXPECT_EQ(place.messages.take(), Texts{" Error n. 6  Overflow in cmdOk_Click"});
-        EXPECT_TRUE(form.open);
-        set(form, {{"txtTimeout", "30"}});
-        form.press("cmdOk");  // another case is another name
+        expectRefusal(place, form, {{"txtName", "A"}, {"txtUI", "2"}}, kNameTaken);
+        expectRefusal(place, form, {{"txtName", "a"}, {"txtTimeout", "3e9"}},
+                      failure(kOverflow, "cmdOk_Click"));
+        confirmed({{"txtTimeout", "30"}})(form);  // another case is another name
     });
     EXPECT_EQ(place.configuration.units.size(), 2U);
     // The tree has one name space for units, data types and the folder.
     addUnit(place, "ModBus", "3");
-    EXPECT_EQ(place.messages.take(),
-              Texts{" Error n. 35602  Key is not unique in collection in mnuAddPlc_Click"});
-    EXPECT_EQ(disagreements(place.configuration), Texts{});
+    EXPECT_EQ(place.messages.take(), failure(kKeyNotUnique, "mnuAddPlc_Click"));
 }
 
 TEST(UnitDialog, EditsTheUnitAndKeepsItsIdentifier) {
@@ -183,48 +136,36 @@ TEST(UnitDialog, EditsTheUnitAndKeepsItsIdentifier) {
         fileText({}, {"\t\t<PLC name=\"A\" address=\"h\" id=\"9\" timeout=\"5\"><tags></tags></PLC>",
                       "\t\t<PLC name=\"B\" address=\"i\" id=\"9\" timeout=\"6\"><tags></tags></PLC>"}));
     editDialog(place, "A", [&](FakeForm& form) {
-        expectFields(form, {{"txtName", "A"}, {"txtUI", "9"}, {"txtTimeout", "5"}, {"txtAddress", "h"}});
-        set(form, {{"txtAddress", "j"}});
-        form.press("cmdOk");  // the file holds the identifier twice; this unit may keep it
+        const Fields fields{{"txtName", "A"}, {"txtUI", "9"}, {"txtTimeout", "5"}, {"txtAddress", "h"}};
+        EXPECT_EQ(form.shown(fields), fields);
+        // The file holds the identifier twice; this unit may keep it.
+        confirmed({{"txtAddress", "j"}})(form);
     });
     EXPECT_EQ(place.messages.take(), Texts{});
-    EXPECT_EQ(place.configuration.units.at("A")->getAddress(), "j");
-    EXPECT_EQ(place.configuration.units.last()->getName(),
-              "A");  // an edited unit goes to the end of the file
+    EXPECT_EQ(place.configuration.units.last()->getAddress(), "j");  // it goes to the end of the file
     EXPECT_FALSE(place.configuration.state.saved);
     editDialog(place, "A", [&](FakeForm& form) {
-        set(form, {{"txtName", "B"}, {"txtUI", "10"}});
-        form.press("cmdOk");
-        EXPECT_TRUE(form.open);
-        EXPECT_EQ(place.messages.take(), Texts{"Name already existing. Please use a different name"});
-        set(form, {{"txtName", "C"}});
-        form.press("cmdOk");
+        expectRefusal(place, form, {{"txtName", "B"}, {"txtUI", "10"}}, kNameTaken);
+        confirmed({{"txtName", "C"}})(form);
     });
-    EXPECT_EQ(place.configuration.tree.selected()->key().str(), "C");
-    EXPECT_EQ(place.node("C").text(), "C");
-    EXPECT_EQ(place.list.rows().at(0).text, "C");
-    EXPECT_EQ(disagreements(place.configuration), Texts{});
+    EXPECT_EQ(place.selectedKey() + place.node("C").text() + place.list.rows().at(0).text, "CCC");
 }
 
-TEST(UnitDialog, ARenamedRtuUnitIsComparedWithItsOwnOldSelf) {
+TEST(UnitDialog, OnlyARenamedRtuUnitIsComparedWithItsOwnOldSelf) {
     Workplace place;
     place.newConfiguration(kRtu);
-    addUnit(place, "Old", "1");
-    place.configuration.units.at("Old")->setSilent(12);
-    editDialog(place, "Old", [&](FakeForm& form) {
-        expectFields(form, {{"txtPort", "COM1"},
-                            {"cmbBaud", "9600"},
-                            {"cmbParity", "NO"},
-                            {"cmbData", "8"},
-                            {"cmbStop", "1"},
-                            {"cmbFlow", "NONE"},
-                            {"txtSilent", "12"}});
-        set(form, {{"txtName", "New"}, {"cmbBaud", "19200"}});
-        form.press("cmdOk");
+    addWith(place, {{"txtSilent", "12"}});
+    editDialog(place, "New Plc 0", [&](FakeForm& form) {
+        Fields fields = kRtuDefaults;
+        fields.back().second = "12";
+        EXPECT_EQ(form.shown(fields), fields);
+        confirmed({{"txtName", "New"}, {"cmbBaud", "19200"}})(form);
         EXPECT_FALSE(form.open);
     });
-    EXPECT_EQ(place.messages.take(), Texts{"Plc Old has the same port but different Baud Rate"});
-    EXPECT_EQ(place.configuration.units.at("Old")->getBaud(), 9600);
+    EXPECT_EQ(place.messages.take(), Texts{"Plc New Plc 0 has the same port but different Baud Rate"});
+    editDialog(place, "New Plc 0", confirmed({{"cmbBaud", "2400"}}));
+    EXPECT_EQ(place.messages.take(), Texts{});
+    EXPECT_EQ(place.configuration.units.at("New Plc 0")->getBaud(), 2400);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <map>
 #include <set>
 
-#include "FakePlatform.h"
+#include "Plant.h"
 #include "editor/CommandTable.h"
 #include "editor/Enabling.h"
 
@@ -16,12 +16,12 @@ namespace {
 struct WaterWorks : Workplace {
     WaterWorks() { openText(readFile(std::filesystem::path(TREVANDIX_SAMPLES) / "water-works.xml")); }
 
-    std::vector<std::string> headers() const {
-        std::vector<std::string> result;
+    Texts headers() const {
+        Texts result;
         for (const ListColumn& column : list.columns()) result.push_back(column.header);
         return result;
     }
-    // The flags that are on, by what the menu entries show.
+    // The menu entries that can be chosen.
     std::set<std::string> on() const {
         std::set<std::string> result;
         for (const auto& [name, enabled] : window.menus) {
@@ -31,92 +31,71 @@ struct WaterWorks : Workplace {
     }
 };
 
-const std::set<std::string> kAlways{"mnuFile", "mnuNewCfg", "mnuOpenCfg"};
-const std::set<std::string> kOpen{"mnuFile",   "mnuNewCfg", "mnuOpenCfg",  "mnuSaveCfg",
-                                  "mnuSaveAs", "mnuTools",  "mnuCloseCfg", "mnuFind"};
+using Names = std::set<std::string>;
 
-std::set<std::string> open(std::initializer_list<std::string> more) {
-    std::set<std::string> result = kOpen;
-    result.insert(more);
-    return result;
-}
-
-const std::initializer_list<std::string> kViews{"mnuView", "mnuIcon", "mnuSmallIcon", "mnuList", "mnuReport"};
-
-std::set<std::string> openWithViews(std::initializer_list<std::string> more) {
-    std::set<std::string> result = open(more);
-    result.insert(kViews);
-    return result;
+Names operator+(Names names, const Names& more) {
+    names.insert(more.begin(), more.end());
+    return names;
 }
 
 }  // namespace
 
 TEST(Views, ListAndCommandsOfEveryKindOfNode) {
-    WaterWorks place;
-    using Headers = std::vector<std::string>;
-    const Headers units{"Unit Name", "ModBus Unit Identifier"};
-    const Headers types{"Data Type Name", "Read Code", "Write Code", "Single Write Code"};
-    const Headers item{"Item Name", "Comment", "Address", "DataType", "ModBus Type", "Access Rights"};
-    Headers branch = item;
+    const Texts units{"Unit Name", "ModBus Unit Identifier"};
+    const Texts types{"Data Type Name", "Read Code", "Write Code", "Single Write Code"};
+    const Texts item{"Item Name", "Comment", "Address", "DataType", "ModBus Type", "Access Rights"};
+    Texts branch = item;
     branch.push_back("Index");
+    const Names start{"mnuFile", "mnuNewCfg", "mnuOpenCfg"};
+    const Names open = start + Names{"mnuSaveCfg", "mnuSaveAs", "mnuTools", "mnuCloseCfg", "mnuFind"};
+    const Names list = open + Names{"mnuView", "mnuIcon", "mnuSmallIcon", "mnuList", "mnuReport"};
+    const Names inUnit = list + Names{"mnuObjects", "mnuAddBranch", "mnuAddItem", "mnuDelete"};
+    const Names inBranch = inUnit + Names{"mnuEdit", "mnuPaste"};
+    const Names bulk{"mnuPasteName", "mnuPasteComment"};
+    const Names onItem = list + bulk + Names{"mnuObjects", "mnuEdit", "mnuCopy", "mnuCut", "mnuDelete"};
+    const std::string bearings = "Intake.PUMPS.PUMP1.MOTOR.BEARINGS";
 
-    place.click("");
-    EXPECT_EQ(place.headers(), units);
-    EXPECT_EQ(place.list.rows().size(), 4U);
-    EXPECT_EQ(place.on(), openWithViews({"mnuObjects", "mnuAddPlc", "mnuEdit", "mnuPaste"}));
+    WaterWorks place;
+    place.click(bearings);
+    const ListRow first = place.list.rows().at(0);
+    place.selectRows({first.text});
+    EXPECT_EQ(place.on(), onItem);
+    place.run("mnuIcon");
 
+    struct Case {
+        std::string key;
+        Texts headers;
+        std::size_t rows;
+        Names on;
+    };
+    const std::vector<Case> cases{
+        {"coil", {}, 0, open + Names{"mnuObjects", "mnuDelete"}},
+        {"", units, 4, list + Names{"mnuObjects", "mnuAddPlc", "mnuEdit", "mnuPaste"}},
+        {"ModBus", types, 4, list + Names{"mnuObjects", "mnuAddMBType"}},
+        {"Intake", units, 1, inUnit},
+        {"Reservoir.FUTURE_CHAMBER_C", branch, 0, inBranch},
+        {bearings, branch, place.node(bearings).childCount(), inBranch + bulk + Names{"mnuAddMBType"}},
+        {first.key, item, 1, onItem},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.key);
+        place.click(c.key);
+        EXPECT_EQ(place.headers(), c.headers);
+        EXPECT_EQ(place.list.rows().size(), c.rows);
+        EXPECT_EQ(place.on(), c.on);
+        // Without columns the mode stays.
+        EXPECT_EQ(place.list.mode(), c.headers.empty() ? ListMode::Icon : ListMode::Report);
+    }
     place.click("ModBus");
-    EXPECT_EQ(place.headers(), types);
     EXPECT_EQ(place.list.cell(0, 0), "input status");
     EXPECT_EQ(place.list.cell(0, 2), "");  // a code of 0 leaves its cell empty
-    EXPECT_EQ(place.on(), openWithViews({"mnuObjects", "mnuAddMBType"}));
-
-    place.run("mnuIcon");
-    place.click("coil");
-    EXPECT_TRUE(place.headers().empty() && place.list.rows().empty());
-    EXPECT_EQ(place.list.mode(), ListMode::Icon);  // without columns the mode stays
-    EXPECT_EQ(place.on(), open({"mnuObjects", "mnuDelete"}));
-
-    place.click("Intake");
-    EXPECT_EQ(place.headers(), units);
-    EXPECT_EQ(place.list.mode(), ListMode::Report);
-    ASSERT_EQ(place.list.rows().size(), 1U);
-    EXPECT_EQ(place.list.cell(0, 1), "1");
-    const auto branchRow =
-        openWithViews({"mnuObjects", "mnuAddBranch", "mnuAddItem", "mnuEdit", "mnuPaste", "mnuDelete"});
-    EXPECT_EQ(place.on(), openWithViews({"mnuObjects", "mnuAddBranch", "mnuAddItem", "mnuDelete"}));
-
-    place.click("Reservoir.FUTURE_CHAMBER_C");
-    EXPECT_EQ(place.headers(), branch);
-    EXPECT_TRUE(place.list.rows().empty());
-    EXPECT_EQ(place.on(), branchRow);
-
-    place.click("Intake.PUMPS.PUMP1.MOTOR.BEARINGS");
-    EXPECT_EQ(place.headers(), branch);
-    EXPECT_FALSE(place.list.rows().empty());
-    auto withPastes = branchRow;
-    withPastes.insert({"mnuAddMBType", "mnuPasteName", "mnuPasteComment"});
-    EXPECT_EQ(place.on(), withPastes);
-
-    const std::string key = place.list.rows()[0].key;
-    const auto itemRow = openWithViews(
-        {"mnuObjects", "mnuEdit", "mnuCopy", "mnuCut", "mnuDelete", "mnuPasteName", "mnuPasteComment"});
-    place.selectRows({place.list.rows()[0].text});
-    EXPECT_EQ(place.on(), itemRow);
-    place.click(key);
-    EXPECT_EQ(place.headers(), item);
-    EXPECT_EQ(place.list.rows().size(), 1U);
-    EXPECT_EQ(place.on(), itemRow);
-
     place.run("mnuCloseCfg");
-    EXPECT_EQ(place.on(), kAlways);
+    EXPECT_EQ(place.on(), start);
 }
 
 // A sub-branch that comes first keeps the bulk pastes off although items follow it.
 TEST(Views, FirstChildDecidesAboutBulkPastes) {
-    Workplace place;
-    place.openText(fileText({}, {"<PLC name='P' address='' id='1' timeout='1'><tags><A><AAA/>" +
-                                 tagText(5, "Run") + tagText(5, "alpha") + "</A></tags></PLC>"}));
+    PlantedWorkplace place({"P", "P.A/", "P.A.AAA/", "P.A.Run", "P.A.alpha"});
     place.click("P.A");
     EXPECT_FALSE(place.window.menus["mnuPasteName"]);
     ASSERT_EQ(place.list.rows().size(), 2U);
@@ -126,17 +105,12 @@ TEST(Views, FirstChildDecidesAboutBulkPastes) {
 // After a copy by dragging two nodes share a record, which names the copy; each row still leads to its own
 // node.
 TEST(Views, RowsOfSharedRecordsLeadToTheirOwnNode) {
-    Workplace place;
-    place.openText(fileText({}, {"<PLC name='P' address='' id='1' timeout='1'><tags><A>" + tagText(5, "Run") +
-                                 "</A><B/></tags></PLC>"}));
-    place.editor.TreeView1_MouseDown(&place.node("P.A.Run"), ShiftState{false, true, false});
-    place.editor.TreeView1_OLEStartDrag();
-    place.editor.TreeView1_OLEDragOver(&place.node("P.B"));
-    place.editor.TreeView1_OLEDragDrop();
-    for (const char* branch : {"P.A", "P.B"}) {
+    PlantedWorkplace place({"P", "P.A/", "P.A.Run", "P.B/"});
+    place.drag("P.A.Run", "P.B", true);
+    for (const std::string branch : {"P.A", "P.B"}) {
         place.click(branch);
         ASSERT_EQ(place.list.rows().size(), 1U);
-        EXPECT_EQ(place.list.rows()[0].key, std::string(branch) + ".Run");
+        EXPECT_EQ(place.list.rows()[0].key, branch + ".Run");
     }
 }
 
@@ -167,15 +141,12 @@ TEST(Views, StatusBarFollowsTheEditor) {
     place.forms.last->type("txtFind", "PUMP2");
     place.forms.last->press("cmdFind");
     EXPECT_EQ(status[StatusField::Selection], "Intake.PUMPS.PUMP2");
-    place.click("");
-    place.forms.scripts.push_back([](FakeForm& form) {
-        form.type("txtName", "Outlet");
-        form.type("txtUI", "9");
-        form.press("cmdOk");
-    });
-    place.run("mnuAddPlc");
+    addUnit(place, "Outlet", "9");
     EXPECT_EQ(status[StatusField::Counts].find("5 units, "), 0U);
     EXPECT_EQ(status[StatusField::Saved], "Unsaved changes");
+    PlantedWorkplace small({"U", "U.B/", "U.B.x"});
+    small.click("U");
+    EXPECT_EQ(small.window.status[StatusField::Counts], "1 unit, 1 branch, 1 item");
 
     place.registry.refuses = true;
     place.run("mnuSaveCfg");
@@ -191,42 +162,34 @@ TEST(Views, StatusBarFollowsTheEditor) {
     EXPECT_EQ(status[StatusField::Selection] + status[StatusField::Counts] + status[StatusField::Saved], "");
 }
 
-// Every menu entry and button that a flag names exists, every command has one handler, no shortcut or key is
-// there twice.
+// Every menu entry and button that a flag names exists, a button goes with its own command's entry, no name,
+// shortcut or key is there twice.
 TEST(Commands, TablesFitTogether) {
-    std::map<std::string_view, int> entries;
-    std::map<std::string_view, int> shortcuts;
+    std::set<std::string_view> entries;
+    std::set<std::string_view> shortcuts;
     for (const MenuSpec& menu : commandTables().menus) {
-        ++entries[menu.name];
-        std::map<char, int> accessKeys;
+        EXPECT_TRUE(entries.insert(menu.name).second) << menu.name;
+        std::set<int> accessKeys;
         for (const MenuEntrySpec& entry : menu.entries) {
             if (entry.name.empty()) continue;
-            ++entries[entry.name];
-            if (!entry.shortcut.empty()) ++shortcuts[entry.shortcut];
+            EXPECT_TRUE(entries.insert(entry.name).second) << entry.name;
+            EXPECT_TRUE(entry.shortcut.empty() || shortcuts.insert(entry.shortcut).second) << entry.name;
             const auto at = entry.caption.find('&');
-            if (at != std::string_view::npos)
-                ++accessKeys[static_cast<char>(std::tolower(entry.caption[at + 1]))];
+            if (at == std::string_view::npos) continue;
+            EXPECT_TRUE(accessKeys.insert(std::tolower(entry.caption[at + 1])).second) << entry.name;
         }
-        for (const auto& [letter, count] : accessKeys) EXPECT_EQ(count, 1) << menu.name << " " << letter;
     }
-    std::map<std::string_view, int> buttons;
+    std::map<std::string_view, std::string_view> buttons;
     for (const ToolButtonSpec& button : commandTables().buttons) {
-        ++buttons[button.key];
+        EXPECT_TRUE(buttons.emplace(button.key, button.command).second) << button.key;
         EXPECT_TRUE(entries.contains(button.command)) << button.key;
-    }
-    for (const auto& table : {entries, shortcuts, buttons}) {
-        for (const auto& [name, count] : table) EXPECT_EQ(count, 1) << name;
     }
     EXPECT_EQ(buttons.size(), 20U);
     for (std::size_t flag = 0; flag < kFlagCount; ++flag) {
         const FlagTargets& targets = targetsOf(static_cast<EnablingFlag>(flag));
         for (const auto& menu : targets.menus) EXPECT_TRUE(entries.contains(menu)) << menu;
-        for (const auto& button : targets.buttons) {
-            EXPECT_TRUE(buttons.contains(button)) << button;
-            // A button goes with its own command's entry.
-            const auto shape = std::ranges::find(commandTables().buttons, button, &ToolButtonSpec::key);
-            EXPECT_NE(std::ranges::find(targets.menus, shape->command), targets.menus.end()) << button;
-        }
+        for (const auto& button : targets.buttons)
+            EXPECT_NE(std::ranges::find(targets.menus, buttons.at(button)), targets.menus.end()) << button;
     }
 }
 

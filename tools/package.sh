@@ -1,16 +1,21 @@
 #!/usr/bin/env bash
+# tools/package.sh version: prints the version of the packages.
 # tools/package.sh PROGRAM: makes the Debian package build/package/trevandix-editor_VERSION_ARCHITECTURE.deb with the
-# program, desktop file, icon, file association, man page and manual; then unpacks it into a folder and looks at it.
+# program, desktop file, icon, file association, man page and manual.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
+version=$(sed -n 's/^project(.* VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+if [ "$1" = version ]; then
+    echo "$version"
+    exit
+fi
 # shellcheck source=tools/packages.sh
 . tools/packages.sh
 install_packages dpkg-dev librsvg2-bin fakeroot
 
 program=$1
 name=trevandix-editor
-version=$(sed -n 's/^project(.* VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 architecture=$(dpkg --print-architecture)
 work=build/package
 tree=$work/tree

@@ -9,9 +9,12 @@ namespace trevandix {
 namespace {
 
 constexpr std::array kControls{
-    ControlSpec{ControlKind::Text, "txtBranchName", "Branch name:", "", Place::NextRow, 32},
-    ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow},
-    ControlSpec{ControlKind::Button, "cmdCancel", "Cancel", "", Place::ButtonRow},
+    ControlSpec{ControlKind::Text, "txtBranchName", "Branch name:", "", Place::NextRow, 32}.describedAs(
+        "Folder of the tags below it"),
+    ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow}.describedAs(
+        "Takes over the name and closes"),
+    ControlSpec{ControlKind::Button, "cmdCancel", "Cancel", "", Place::ButtonRow}.describedAs(
+        "Closes without a change"),
 };
 constexpr FormSpec kForm{"frmBranch", "Branch Name", kControls, "cmdOk", "cmdCancel", "txtBranchName"};
 

@@ -19,25 +19,38 @@ constexpr std::string_view kGroup = "frmInserimento";
 
 constexpr std::array kControls{
     ControlSpec{ControlKind::Frame, kMain},
-    ControlSpec{ControlKind::Choice, "cmbModbusType", "ModBus Type", kMain},
-    ControlSpec{ControlKind::Text, "txtItemName", "Item Name", kMain, Place::NextRow, 32,
-                KeyFilter::ItemName},
-    ControlSpec{ControlKind::Text, "txtComment", "Comment", kMain, Place::NextRow, 32},
-    ControlSpec{ControlKind::Text, "txtAddress", "Address", kMain, Place::NextRow, 10, KeyFilter::Numeric},
-    ControlSpec{ControlKind::Choice, "cmbDataType", "Data Type", kMain},
-    ControlSpec{ControlKind::Choice, "cmbAccessRight", "Access Right", kMain},
+    ControlSpec{ControlKind::Choice, "cmbModbusType", "ModBus Type", kMain}.describedAs(
+        "Table of the device that holds the item"),
+    ControlSpec{ControlKind::Text, "txtItemName", "Item Name", kMain, Place::NextRow, 32, KeyFilter::ItemName}
+        .describedAs("Last part of the tag that OPC clients ask for"),
+    ControlSpec{ControlKind::Text, "txtComment", "Comment", kMain, Place::NextRow, 32}.describedAs(
+        "Free text"),
+    ControlSpec{ControlKind::Text, "txtAddress", "Address", kMain, Place::NextRow, 10, KeyFilter::Numeric}
+        .describedAs("First register or bit in the table"),
+    ControlSpec{ControlKind::Choice, "cmbDataType", "Data Type", kMain}.describedAs(
+        "How the value is read from the device"),
+    ControlSpec{ControlKind::Choice, "cmbAccessRight", "Access Right", kMain}.describedAs(
+        "Whether OPC clients may read and write"),
     ControlSpec{ControlKind::Choice, "cmbBit", "Bit Number", kMain, Place::NextRow, 6, KeyFilter::None,
-                "lblBit"},
+                "lblBit"}
+        .describedAs("Bit of the register, from 0"),
     ControlSpec{ControlKind::Text, "txtElements", "Number of Elements", kMain, Place::NextRow, 10,
-                KeyFilter::Numeric, "lblElements"},
-    ControlSpec{ControlKind::Button, "cmdAdd", "Add and Increment", kMain, Place::ButtonColumn},
-    ControlSpec{ControlKind::Button, "cmdGroup", "Add Group....", kMain, Place::ButtonColumn},
-    ControlSpec{ControlKind::Button, "cmdOk", "Add and Exit", kMain, Place::ButtonColumn},
-    ControlSpec{ControlKind::Button, "cmdCancel", "Exit", kMain, Place::ButtonColumn},
+                KeyFilter::Numeric, "lblElements"}
+        .describedAs("Length of the array or string"),
+    ControlSpec{ControlKind::Button, "cmdAdd", "Add and Increment", kMain, Place::ButtonColumn}.describedAs(
+        "Adds the item and fills in the next one"),
+    ControlSpec{ControlKind::Button, "cmdGroup", "Add Group....", kMain, Place::ButtonColumn}.describedAs(
+        "Adds several items in a row"),
+    ControlSpec{ControlKind::Button, "cmdOk", "Add and Exit", kMain, Place::ButtonColumn}.describedAs(
+        "Takes over the item and closes"),
+    ControlSpec{ControlKind::Button, "cmdCancel", "Exit", kMain, Place::ButtonColumn}.describedAs(
+        "Closes without adding"),
     ControlSpec{ControlKind::Frame, kGroup},
     ControlSpec{ControlKind::Text, "txtNumbItems", "INSERT NUMBER OF ITEMS TO ADD", kGroup, Place::NextRow, 8,
-                KeyFilter::Numeric},
-    ControlSpec{ControlKind::Button, "cmdOkNumber", "Ok", kGroup, Place::SameRow},
+                KeyFilter::Numeric}
+        .describedAs("How many items in a row are added"),
+    ControlSpec{ControlKind::Button, "cmdOkNumber", "Ok", kGroup, Place::SameRow}.describedAs(
+        "Adds the items"),
 };
 constexpr FormSpec kForm{"frmItems", "Item Properties", kControls, "cmdOk", "cmdCancel", "txtItemName"};
 

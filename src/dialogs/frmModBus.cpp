@@ -14,13 +14,20 @@ namespace {
 // The buttons come before the single write code: kept, that is the order of the Tab key.
 constexpr std::array kControls{
     ControlSpec{ControlKind::Heading, "lblHeading", "Enter ModBus data Type properties:"},
-    ControlSpec{ControlKind::Choice, "cmbMBType", "Mod Bus Data Type"},
-    ControlSpec{ControlKind::Text, "txtReadCode", "Read function Code", "", Place::NextRow, 8},
-    ControlSpec{ControlKind::Text, "txtWriteCode", "Write Function Code", "", Place::NextRow, 8},
-    ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow},
-    ControlSpec{ControlKind::Button, "cmdCancel", "Exit", "", Place::ButtonRow},
-    ControlSpec{ControlKind::Check, "chkSingle", "Single Write Function Code"},
-    ControlSpec{ControlKind::Text, "txtSingleCode", "", "", Place::SameRow, 8},
+    ControlSpec{ControlKind::Choice, "cmbMBType", "Mod Bus Data Type"}.describedAs(
+        "Table of the Modbus device"),
+    ControlSpec{ControlKind::Text, "txtReadCode", "Read function Code", "", Place::NextRow, 8}.describedAs(
+        "Modbus function that reads the table"),
+    ControlSpec{ControlKind::Text, "txtWriteCode", "Write Function Code", "", Place::NextRow, 8}.describedAs(
+        "Modbus function that writes several values"),
+    ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow}.describedAs(
+        "Takes over the codes and closes"),
+    ControlSpec{ControlKind::Button, "cmdCancel", "Exit", "", Place::ButtonRow}.describedAs(
+        "Closes without a change"),
+    ControlSpec{ControlKind::Check, "chkSingle", "Single Write Function Code"}.describedAs(
+        "Single values are written by a function of their own"),
+    ControlSpec{ControlKind::Text, "txtSingleCode", "", "", Place::SameRow, 8}.describedAs(
+        "Modbus function that writes one value"),
 };
 constexpr FormSpec kForm{"frmModBus", "ModBus Data Type Properties", kControls, "cmdOk", "cmdCancel",
                          "cmbMBType"};

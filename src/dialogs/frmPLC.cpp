@@ -10,19 +10,31 @@ namespace trevandix {
 namespace {
 
 constexpr std::array kControls{
-    ControlSpec{ControlKind::Text, "txtName", "Unit Name"},
-    ControlSpec{ControlKind::Text, "txtAddress", "IP Address"},
-    ControlSpec{ControlKind::Text, "txtUI", "ModBus Unit Identifier", "", Place::NextRow, 8},
-    ControlSpec{ControlKind::Text, "txtTimeout", "Communication Timeout (ms)", "", Place::NextRow, 8},
-    ControlSpec{ControlKind::Text, "txtPort", "Port Name (COMx)", "", Place::NextRow, 8},
-    ControlSpec{ControlKind::Choice, "cmbBaud", "Baud rate (b/s)", "", Place::NextRow, 12},
-    ControlSpec{ControlKind::Choice, "cmbParity", "Parity", "", Place::NextRow, 12},
-    ControlSpec{ControlKind::Combo, "cmbData", "Data e Stop bits", "", Place::NextRow, 6},
-    ControlSpec{ControlKind::Combo, "cmbStop", "", "", Place::SameRow, 6},
-    ControlSpec{ControlKind::Choice, "cmbFlow", "Flow Control", "", Place::NextRow, 12},
-    ControlSpec{ControlKind::Text, "txtSilent", "Silent interval (ms)", "", Place::NextRow, 8},
-    ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow},
-    ControlSpec{ControlKind::Button, "cmdCancel", "Quit", "", Place::ButtonRow},
+    ControlSpec{ControlKind::Text, "txtName", "Unit Name"}.describedAs(
+        "First part of the tags that OPC clients ask for"),
+    ControlSpec{ControlKind::Text, "txtAddress", "IP Address"}.describedAs("Network address of the device"),
+    ControlSpec{ControlKind::Text, "txtUI", "ModBus Unit Identifier", "", Place::NextRow, 8}.describedAs(
+        "Modbus address of the device, another one for every unit"),
+    ControlSpec{ControlKind::Text, "txtTimeout", "Communication Timeout (ms)", "", Place::NextRow, 8}
+        .describedAs("How long an answer is waited for, in milliseconds"),
+    ControlSpec{ControlKind::Text, "txtPort", "Port Name (COMx)", "", Place::NextRow, 8}.describedAs(
+        "Serial port that the device hangs on"),
+    ControlSpec{ControlKind::Choice, "cmbBaud", "Baud rate (b/s)", "", Place::NextRow, 12}.describedAs(
+        "Bits in a second"),
+    ControlSpec{ControlKind::Choice, "cmbParity", "Parity", "", Place::NextRow, 12}.describedAs(
+        "Check bit of every character"),
+    ControlSpec{ControlKind::Combo, "cmbData", "Data e Stop bits", "", Place::NextRow, 6}.describedAs(
+        "Data bits of a character"),
+    ControlSpec{ControlKind::Combo, "cmbStop", "", "", Place::SameRow, 6}.describedAs(
+        "Stop bits behind a character"),
+    ControlSpec{ControlKind::Choice, "cmbFlow", "Flow Control", "", Place::NextRow, 12}.describedAs(
+        "How the line holds the sender back"),
+    ControlSpec{ControlKind::Text, "txtSilent", "Silent interval (ms)", "", Place::NextRow, 8}.describedAs(
+        "Pause between two telegrams, in milliseconds"),
+    ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow}.describedAs(
+        "Takes over the unit and closes"),
+    ControlSpec{ControlKind::Button, "cmdCancel", "Quit", "", Place::ButtonRow}.describedAs(
+        "Closes without a change"),
 };
 constexpr FormSpec kForm{"frmPLC", "Unit Properties", kControls, "cmdOk", "cmdCancel", "txtName"};
 

@@ -11,10 +11,14 @@ namespace trevandix {
 namespace {
 
 constexpr std::array kControls{
-    ControlSpec{ControlKind::Text, "txtFind", "Type the name of the item to find"},
-    ControlSpec{ControlKind::Button, "cmdFind", "&Find", "", Place::ButtonRow},
-    ControlSpec{ControlKind::Button, "cmdNext", "Find &Next", "", Place::ButtonRow},
-    ControlSpec{ControlKind::Button, "cmdCancel", "E&xit", "", Place::ButtonRow},
+    ControlSpec{ControlKind::Text, "txtFind", "Type the name of the item to find"}.describedAs(
+        "Beginning of the name, capitals do not matter"),
+    ControlSpec{ControlKind::Button, "cmdFind", "&Find", "", Place::ButtonRow}.describedAs(
+        "Selects the first match"),
+    ControlSpec{ControlKind::Button, "cmdNext", "Find &Next", "", Place::ButtonRow}.describedAs(
+        "Selects the next match"),
+    ControlSpec{ControlKind::Button, "cmdCancel", "E&xit", "", Place::ButtonRow}.describedAs(
+        "Closes the window"),
 };
 constexpr FormSpec kForm{"frmFind", "Find Item", kControls, "cmdFind", "cmdCancel", "txtFind"};
 

@@ -7,9 +7,12 @@ namespace trevandix {
 namespace {
 
 constexpr std::array kControls{
-    ControlSpec{ControlKind::Grid, "Grid1", "", "", Place::NextRow, 80},
-    ControlSpec{ControlKind::Button, "Command2", "Confirm", "", Place::ButtonRow},
-    ControlSpec{ControlKind::Button, "Command1", "Cancel", "", Place::ButtonRow},
+    ControlSpec{ControlKind::Grid, "Grid1", "", "", Place::NextRow, 80}.describedAs(
+        "Old and new text of every selected item"),
+    ControlSpec{ControlKind::Button, "Command2", "Confirm", "", Place::ButtonRow}.describedAs(
+        "Replaces the texts"),
+    ControlSpec{ControlKind::Button, "Command1", "Cancel", "", Place::ButtonRow}.describedAs(
+        "Closes without a change"),
 };
 constexpr FormSpec kForm{"frmReplace", "Replace Text", kControls, "Command2", "Command1", "Command2"};
 

@@ -8,9 +8,12 @@ namespace {
 
 constexpr std::array kControls{
     ControlSpec{ControlKind::Frame, "frmInterface"},
-    ControlSpec{ControlKind::Option, "optTcpip", "ModBus Tcp/Ip", "frmInterface"},
-    ControlSpec{ControlKind::Option, "optRTU", "ModBus Serial RTU", "frmInterface"},
-    ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow},
+    ControlSpec{ControlKind::Option, "optTcpip", "ModBus Tcp/Ip", "frmInterface"}.describedAs(
+        "Devices on the network"),
+    ControlSpec{ControlKind::Option, "optRTU", "ModBus Serial RTU", "frmInterface"}.describedAs(
+        "Devices on serial lines"),
+    ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow}.describedAs(
+        "Starts the configuration"),
 };
 constexpr FormSpec kForm{"frmSelect", "Select ModBus interface", kControls, "cmdOk", "", "optTcpip"};
 

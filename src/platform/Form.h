@@ -41,7 +41,14 @@ struct ControlSpec {
     Place place = Place::NextRow;
     int columns = 24;  ///< width of the field, in average characters
     KeyFilter filter = KeyFilter::None;
-    std::string_view labelName{};  ///< name of the label, where it is switched apart from its field
+    std::string_view labelName{};    ///< name of the label, where it is switched apart from its field
+    std::string_view description{};  ///< what it is for, in a few words that a screen reader says
+
+    constexpr ControlSpec describedAs(std::string_view text) const {
+        ControlSpec described = *this;
+        described.description = text;
+        return described;
+    }
 };
 
 struct FormSpec {

@@ -1,6 +1,8 @@
 #include "platform/Proportions.h"
 
+#include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace trevandix {
 
@@ -20,6 +22,25 @@ std::vector<int> Proportions::scaled(int whole) const {
         const long rounded = std::lround(edge);
         parts.push_back(static_cast<int>(rounded - before));
         before = rounded;
+    }
+    return parts;
+}
+
+std::vector<int> widened(std::vector<int> parts, const std::vector<int>& least, int whole) {
+    const int before = std::accumulate(parts.begin(), parts.end(), 0);
+    long spare = 0;
+    for (std::size_t i = 0; i < std::min(parts.size(), least.size()); ++i) {
+        parts[i] = std::max(parts[i], least[i]);
+        spare += parts[i] - least[i];
+    }
+    long over = std::accumulate(parts.begin(), parts.end(), 0) - std::max(before, whole);
+    over = std::clamp(over, 0L, spare);
+    for (std::size_t i = 0; i < std::min(parts.size(), least.size()) && spare > 0; ++i) {
+        const long own = parts[i] - least[i];
+        const long given = (over * own + spare - 1) / spare;  // rounded up, so that the last one is left none
+        parts[i] -= static_cast<int>(std::min({given, own, over}));
+        over -= std::min({given, own, over});
+        spare -= own;
     }
     return parts;
 }

@@ -17,4 +17,9 @@ private:
     std::vector<double> shares_;
 };
 
+/// Parts that are below their least grow to it. What they thereby take beyond the whole, the others give up
+/// from what they have above their least, so that the parts fill the whole where they did and can. A whole
+/// that the parts exceeded before stays exceeded by as much.
+std::vector<int> widened(std::vector<int> parts, const std::vector<int>& least, int whole);
+
 }  // namespace trevandix

@@ -11,6 +11,7 @@
 #include <wx/utils.h>
 
 #include "Version.h"
+#include "platform/wx/WxAccessibleName.h"
 #include "platform/wx/WxIcons.h"
 #include "platform/wx/WxManual.h"
 #include "platform/wx/WxText.h"
@@ -31,9 +32,12 @@ wxString facts(const wxString& parserName) {
     return text + "\n" + parserName + "\n" + wxGetOsDescription();
 }
 
-void addLink(wxWindow* parent, wxSizer& column, const wxString& text, const wxString& address) {
+void addLink(wxWindow* parent, wxSizer& column, const wxString& text, const wxString& address,
+             const wxString& description) {
     if (text.empty()) return;
-    column.Add(new wxHyperlinkCtrl(parent, wxID_ANY, text, address), wxSizerFlags());
+    auto* link = new wxHyperlinkCtrl(parent, wxID_ANY, text, address);
+    setAccessibleName(*link, {}, description);
+    column.Add(link, wxSizerFlags());
 }
 
 }  // namespace
@@ -48,19 +52,23 @@ WxAboutBox::WxAboutBox(wxWindow* parent, const wxString& parserName)
     texts->Add(title, wxSizerFlags().Border(wxBOTTOM, gap));
     texts->Add(new wxStaticText(this, wxID_ANY, facts_), wxSizerFlags().Border(wxBOTTOM, gap));
     texts->Add(new wxStaticText(this, wxID_ANY, toWx(kCompany)), wxSizerFlags());
-    addLink(this, *texts, toWx(kContactUrl), toWx(kContactUrl));
-    addLink(this, *texts, toWx(kContactMail), "mailto:" + toWx(kContactMail));
+    addLink(this, *texts, toWx(kContactUrl), toWx(kContactUrl), "Opens the maker's pages");
+    addLink(this, *texts, toWx(kContactMail), "mailto:" + toWx(kContactMail), "Begins a mail to the maker");
     auto* manual = new wxHyperlinkCtrl(this, wxID_ANY, "Manual (F1)", "manual");
     manual->Bind(wxEVT_HYPERLINK, [](wxHyperlinkEvent&) { showManual(); });
+    setAccessibleName(*manual, {}, "Opens the manual");
     texts->Add(manual, wxSizerFlags());
 
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    row->Add(new wxStaticBitmap(this, wxID_ANY, iconBundle("app", kIconSize)), wxSizerFlags().Top());
+    auto* icon = new wxStaticBitmap(this, wxID_ANY, iconBundle("app", kIconSize));
+    setAccessibleName(*icon, "Icon", "The program's icon");
+    row->Add(icon, wxSizerFlags().Top());
     row->Add(texts, wxSizerFlags(1).Border(wxLEFT, 2 * gap));
     auto* copyButton = new wxButton(this, wxID_ANY, "&Copy");
     copyButton->SetToolTip("Copies all of this, for a mail to the maker");
     copyButton->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { copy(); });
     auto* ok = new wxButton(this, wxID_OK, "&Ok");
+    setAccessibleName(*ok, {}, "Closes the window");
     ok->SetDefault();
     SetEscapeId(wxID_OK);
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Version.h"
+#include "platform/wx/WxAccessibleName.h"
 #include "platform/wx/WxIcons.h"
 #include "platform/wx/WxText.h"
 
@@ -45,6 +46,7 @@ void WxCommands::buildMenus(std::span<const MenuSpec> menus) {
                             std::string_view hint) {
         const wxWindowIDRef id = wxWindow::NewControlId();
         entries_.push_back({name, menus_.size(), menu.Append(id, text, toWx(hint))});
+        setAccessibleDescription(*entries_.back().item);
         frame_.Bind(wxEVT_MENU, &WxCommands::onMenu, this, id);
     };
     for (const MenuSpec& shape : menus) {
@@ -58,7 +60,7 @@ void WxCommands::buildMenus(std::span<const MenuSpec> menus) {
         }
         // A menu bar holds menus only, so a command of its own stands in one.
         if (shape.entries.empty())
-            add(*menu, shape.name, toWx(shape.caption) + " " + toWx(kProduct) + "...", {});
+            add(*menu, shape.name, toWx(shape.caption) + " " + toWx(kProduct) + "...", "Version and maker");
         menus_.push_back({shape.name});
         bar->Append(menu, toWx(shape.caption));
     }
@@ -72,14 +74,16 @@ void WxCommands::buildToolBar(const CommandTables& tables) {
     for (const ToolButtonSpec& shape : tables.buttons) {
         if (std::exchange(group, shape.group) != shape.group) toolBar_->AddSeparator();
         const MenuEntrySpec* entry = findEntry(tables, shape.command);
-        const wxString tip = entry != nullptr ? toolTip(*entry) : toWx(shape.key);
+        const wxString name = toWx(entry != nullptr ? entry->caption : shape.key);
+        const wxString tip = entry != nullptr ? toolTip(*entry) : name;
         const int id = wxWindow::NewControlId();
-        toolBar_->AddTool(id, tip, iconBundle(shape.image, kToolbarIconSize), tip);
+        toolBar_->AddTool(id, wxMenuItem::GetLabelText(name), iconBundle(shape.image, kToolbarIconSize), tip);
         if (entry != nullptr) toolBar_->SetToolLongHelp(id, toWx(entry->hint));
         frame_.Bind(wxEVT_TOOL, &WxCommands::onTool, this, id);
         buttons_.push_back({shape.key, shape.command, id});
     }
     toolBar_->Realize();
+    setAccessibleName(*toolBar_, "Commands", "The commands that are used most");
 }
 
 void WxCommands::enableMenu(std::string_view name, bool enabled) {

@@ -79,19 +79,20 @@ bool takesAccessKey(ControlKind kind) {
 
 }  // namespace
 
-WxControl WxControl::make(wxWindow& parent, const ControlSpec& shape, bool startsGroup, WxAccessKeys& keys) {
+WxControl WxControl::make(wxWindow& parent, const ControlSpec& shape, bool startsGroup, AccessKeys& keys) {
     WxControl control;
     control.shape = &shape;
     wxString caption = toWx(shape.caption);
     control.caption = fromWx(wxControl::RemoveMnemonics(caption));
-    if (takesAccessKey(shape.kind)) caption = keys.marked(caption);
+    if (takesAccessKey(shape.kind)) caption = toWx(keys.marked(shape.caption));
     if (control.isField() && !caption.empty()) {
         control.label = new wxStaticText(&parent, wxID_ANY, caption);
         if (!shape.labelName.empty()) control.label->SetName(toWx(shape.labelName));
     }
     control.window = makeWindow(parent, shape, caption, startsGroup);
     control.window->SetName(toWx(shape.name));
-    if (control.isField()) setAccessibleName(*control.window, toWx(control.caption));
+    const bool ownName = !control.isField() && shape.kind != ControlKind::Grid;
+    setAccessibleName(*control.window, ownName ? wxString() : toWx(control.caption), toWx(shape.description));
     return control;
 }
 
@@ -119,7 +120,7 @@ std::string WxControl::text() const {
     return caption;
 }
 
-void WxControl::setText(std::string_view text, WxAccessKeys& keys) {
+void WxControl::setText(std::string_view text, AccessKeys& keys) {
     const wxString value = toWx(text);
     switch (shape->kind) {
         case ControlKind::Text:
@@ -136,7 +137,7 @@ void WxControl::setText(std::string_view text, WxAccessKeys& keys) {
         default:
             caption = fromWx(wxControl::RemoveMnemonics(value));
             window->SetLabel(takesAccessKey(shape->kind)
-                                 ? keys.marked(value, WxAccessKeys::keyOf(window->GetLabel()))
+                                 ? toWx(keys.marked(text, AccessKeys::keyOf(fromWx(window->GetLabel()))))
                                  : value);
     }
 }

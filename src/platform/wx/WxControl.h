@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/AccessKeys.h"
 #include "platform/Form.h"
-#include "platform/wx/WxAccessKeys.h"
 
 namespace trevandix {
 
@@ -20,7 +20,7 @@ struct WxControl {
     Form::Handler handler;          ///< what the user's action runs; may be empty
 
     /// Makes the control and what stands in front of it as children of `parent`, in this order.
-    static WxControl make(wxWindow& parent, const ControlSpec& shape, bool startsGroup, WxAccessKeys& keys);
+    static WxControl make(wxWindow& parent, const ControlSpec& shape, bool startsGroup, AccessKeys& keys);
 
     bool isList() const;
     /// A text box or a list.
@@ -28,7 +28,7 @@ struct WxControl {
     /// The list hangs open, so that Enter and Escape belong to it.
     bool listIsOpen() const;
     std::string text() const;
-    void setText(std::string_view text, WxAccessKeys& keys);
+    void setText(std::string_view text, AccessKeys& keys);
     std::vector<std::string> items() const;
     void setItems(const std::vector<std::string>& items);
     bool checked() const;

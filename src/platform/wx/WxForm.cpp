@@ -104,7 +104,8 @@ void WxForm::setText(std::string_view name, std::string_view text) {
     const auto [control, labelOnly] = find(name);
     if (labelOnly) {
         control->caption = text;
-        control->label->SetLabel(keys_.marked(toWx(text), WxAccessKeys::keyOf(control->label->GetLabel())));
+        const char previous = AccessKeys::keyOf(fromWx(control->label->GetLabel()));
+        control->label->SetLabel(toWx(keys_.marked(text, previous)));
     } else {
         control->setText(text, keys_);
     }
@@ -248,11 +249,12 @@ const WxControl* WxForm::buttonForEnter() const {
 // pressed at once: GTK would show it pressed for a quarter of a second and lose what is typed meanwhile.
 bool WxForm::followAccessKey(const wxKeyEvent& event) {
     if (event.GetModifiers() != wxMOD_ALT) return false;
-    const wxChar key = static_cast<wxChar>(wxToupper(event.GetUnicodeKey()));
+    const wxChar typed = static_cast<wxChar>(wxToupper(event.GetUnicodeKey()));
+    if (typed == 0) return false;
     for (WxControl& control : controls_) {
         const bool button = control.shape->kind == ControlKind::Button;
         const wxWindow* captioned = button ? control.window : control.label;
-        if (captioned == nullptr || WxAccessKeys::keyOf(captioned->GetLabel()) != key || key == 0) continue;
+        if (captioned == nullptr || AccessKeys::keyOf(fromWx(captioned->GetLabel())) != typed) continue;
         if (button) return pressFromKeyboard(&control);
         if (!control.window->IsEnabled() || !control.window->IsShownOnScreen()) continue;
         control.focus();
@@ -266,10 +268,7 @@ void WxForm::onKey(wxKeyEvent& event) {
     const int key = event.GetKeyCode();
     const bool plain = event.GetModifiers() == 0 && std::ranges::none_of(controls_, &WxControl::listIsOpen);
     if (plain && key == WXK_ESCAPE) {
-        if (spec_.cancelButton.empty())
-            close();
-        else
-            pressFromKeyboard(&at(spec_.cancelButton));
+        if (spec_.cancelButton.empty() || !pressFromKeyboard(&at(spec_.cancelButton))) close();
         return;
     }
     if (plain && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER)) {

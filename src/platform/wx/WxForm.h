@@ -54,7 +54,7 @@ private:
 
     const FormSpec& spec_;
     wxWeakRef<wxDialog> dialog_;  // the main window takes it along when it goes
-    WxAccessKeys keys_;
+    AccessKeys keys_;
     mutable std::deque<WxControl> controls_;
     Handler closed_;
     Handler activated_;

@@ -18,7 +18,7 @@ const wxGBSpan kBothColumns(1, 2);
 }  // namespace
 
 void WxFormLayout::build(wxWindow& dialog) {
-    for (const ControlSpec& control : spec_.controls) keys_.reserve(toWx(control.caption));
+    for (const ControlSpec& control : spec_.controls) keys_.reserve(control.caption);
     auto* frame = new wxBoxSizer(wxVERTICAL);
     frame->Add(fill(dialog, {}), wxSizerFlags(1).Expand().Border(wxALL, dialog.FromDIP(kMargin)));
     dialog.SetSizer(frame);
@@ -60,9 +60,10 @@ void WxFormLayout::add(Area& area, const ControlSpec& shape, const ControlSpec* 
     const bool startsGroup = shape.kind == ControlKind::Option && !area.hasOptions;
     area.hasOptions = area.hasOptions || startsGroup;
     WxControl& control = controls_.emplace_back(WxControl::make(area.parent, shape, startsGroup, keys_));
-    // A field without a label of its own shares that of the control before it.
+    // A field without a label of its own shares that of the control before it, a grid that of the form.
     if (control.isField() && control.caption.empty() && controls_.size() > 1)
         setAccessibleName(*control.window, toWx(controls_[controls_.size() - 2].caption));
+    if (shape.kind == ControlKind::Grid) nameGrid(*control.window, shape);
     const int gap = area.parent.FromDIP(kGap);
     switch (shape.place) {
         case Place::ButtonColumn:
@@ -86,6 +87,13 @@ void WxFormLayout::add(Area& area, const ControlSpec& shape, const ControlSpec* 
             break;
     }
     startRow(area, control, next);
+}
+
+// Cells and header are windows of their own, and the keyboard is in one of them.
+void WxFormLayout::nameGrid(wxWindow& grid, const ControlSpec& shape) {
+    setAccessibleName(grid, toWx(spec_.caption), toWx(shape.description));
+    for (wxWindow* part : grid.GetChildren())
+        setAccessibleName(*part, toWx(spec_.caption), toWx(shape.description));
 }
 
 bool WxFormLayout::fillsWidth(ControlKind kind) {
@@ -117,6 +125,7 @@ void WxFormLayout::addFrame(Area& area, const ControlSpec& shape) {
     area.cell = nullptr;
     WxControl& control = controls_.emplace_back(WxControl::make(area.parent, shape, false, keys_));
     auto* box = static_cast<wxStaticBox*>(control.window);
+    if (shape.caption.empty()) setAccessibleName(*box, toWx(spec_.caption));
     auto* sizer = new wxStaticBoxSizer(box, wxVERTICAL);
     // Without a caption the frame leaves room for one all the same.
     const int sides = shape.caption.empty() ? wxALL & ~wxTOP : wxALL;

@@ -14,7 +14,7 @@ namespace trevandix {
 class WxFormLayout {
 public:
     /// The controls are appended to `controls`, which keeps their addresses.
-    WxFormLayout(const FormSpec& shape, std::deque<WxControl>& controls, WxAccessKeys& keys)
+    WxFormLayout(const FormSpec& shape, std::deque<WxControl>& controls, AccessKeys& keys)
         : spec_(shape), controls_(controls), keys_(keys) {}
 
     /// Fills a dialog.
@@ -37,11 +37,12 @@ private:
     void addFrame(Area& area, const ControlSpec& shape);
     void startRow(Area& area, WxControl& control, const ControlSpec* next);
     const ControlSpec* nextIn(std::string_view frame, const ControlSpec* after) const;
+    void nameGrid(wxWindow& grid, const ControlSpec& shape);
     static bool fillsWidth(ControlKind kind);
 
     const FormSpec& spec_;
     std::deque<WxControl>& controls_;
-    WxAccessKeys& keys_;
+    AccessKeys& keys_;
 };
 
 }  // namespace trevandix

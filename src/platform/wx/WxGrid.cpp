@@ -4,6 +4,7 @@
 #include <wx/settings.h>
 
 #include <algorithm>
+#include <numeric>
 
 #include "platform/wx/WxText.h"
 
@@ -51,22 +52,32 @@ void WxGrid::setCells(const std::vector<std::vector<std::string>>& rows) {
     EndBatch();
 }
 
+int WxGrid::neededWidth(int column) const {
+    const auto extent = [this](const wxString& text, const wxFont& font) {
+        int width = 0;
+        GetTextExtent(text, &width, nullptr, nullptr, nullptr, &font);
+        return width;
+    };
+    int needed = extent(GetColLabelValue(column), GetLabelFont());
+    for (int row = 0; row < GetNumberRows(); ++row)
+        needed = std::max(needed, extent(GetCellValue(row, column), GetDefaultCellFont()));
+    return needed + FromDIP(kCellMargin);
+}
+
 void WxGrid::fit() {
-    const int most = static_cast<int>(wxDisplay(this).GetClientArea().GetWidth() * kMostOfScreen);
-    const int widest = most / std::max(1, GetNumberCols());
+    const double most = wxDisplay(this).GetClientArea().GetWidth() * kMostOfScreen;
+    std::vector<int> columns;
+    for (int column = 0; column < GetNumberCols(); ++column) columns.push_back(neededWidth(column));
+    const int needed = std::accumulate(columns.begin(), columns.end(), 0);
     int width = 0;
-    for (int column = 0; column < GetNumberCols(); ++column) {
-        int needed = GetTextExtent(GetColLabelValue(column)).GetWidth();
-        for (int row = 0; row < GetNumberRows(); ++row) {
-            needed = std::max(needed, GetTextExtent(GetCellValue(row, column)).GetWidth());
-        }
-        SetColSize(column, std::min(needed + FromDIP(kCellMargin), widest));
-        width += GetColSize(column);
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+        const int size = static_cast<int>(columns[column] * std::min(1.0, most / needed));
+        SetColSize(static_cast<int>(column), size);
+        width += size;
     }
     const int rows = std::clamp(GetNumberRows(), 1, kMostRowsShown);
-    const int bar = wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this);
-    SetMinSize(wxSize(width + bar + FromDIP(kCellMargin),
-                      GetColLabelSize() + rows * GetDefaultRowSize() + FromDIP(4)));
+    if (rows < GetNumberRows()) width += wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this);
+    SetMinSize(wxSize(width + FromDIP(4), GetColLabelSize() + rows * GetDefaultRowSize() + FromDIP(4)));
     scaling_.keep(GetMinSize().GetWidth());
 }
 
@@ -76,9 +87,14 @@ std::vector<int> WxGrid::widths() const {
     return result;
 }
 
+// The last column takes the room that is kept for a scroll bar, when there is none.
 void WxGrid::setWidths(const std::vector<int>& widths) {
-    for (std::size_t column = 0; column < widths.size(); ++column)
-        SetColSize(static_cast<int>(column), widths[column]);
+    int rest = GetClientSize().GetWidth();
+    for (std::size_t column = 0; column < widths.size(); ++column) {
+        const bool last = column + 1 == widths.size();
+        SetColSize(static_cast<int>(column), last ? std::max(widths[column], rest) : widths[column]);
+        rest -= widths[column];
+    }
 }
 
 }  // namespace trevandix

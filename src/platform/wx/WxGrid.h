@@ -19,6 +19,7 @@ public:
 
 private:
     void fit();
+    int neededWidth(int column) const;
     std::vector<int> widths() const;
     void setWidths(const std::vector<int>& widths);
 

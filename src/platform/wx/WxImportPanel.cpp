@@ -4,6 +4,8 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
+#include "platform/wx/WxAccessibleName.h"
+
 namespace trevandix {
 
 namespace {
@@ -22,6 +24,8 @@ WxImportPanel::WxImportPanel(wxWindow* parent)
     percent_ =
         new wxGauge(this, wxID_ANY, kHighestPercent, wxDefaultPosition, FromDIP(wxSize(kGaugeWidth, -1)),
                     wxGA_HORIZONTAL | wxGA_SMOOTH, wxDefaultValidator, "pnlPercent");
+    setAccessibleName(*this, "Loading", "Shows while a file is read");
+    setAccessibleName(*percent_, label->GetLabel(), "How much of the file has been read");
     auto* column = new wxBoxSizer(wxVERTICAL);
     column->Add(label, wxSizerFlags().CentreHorizontal());
     column->Add(percent_, wxSizerFlags().Expand().Border(wxTOP, FromDIP(kMargin) / 2));

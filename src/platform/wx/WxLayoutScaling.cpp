@@ -14,11 +14,12 @@ WxLayoutScaling::WxLayoutScaling(wxWindow& window, Parts parts) : window_(window
 }
 
 void WxLayoutScaling::keep(int windowWidth) {
-    proportions_.keep(parts_.widths(), windowWidth);
+    keep(parts_.widths(), windowWidth);
 }
 
 void WxLayoutScaling::scale() {
-    const std::vector<int> wanted = proportions_.scaled(window_.GetSize().GetWidth());
+    std::vector<int> wanted = proportions_.scaled(window_.GetSize().GetWidth());
+    if (parts_.least) wanted = widened(std::move(wanted), parts_.least(), window_.GetClientSize().GetWidth());
     if (wanted.size() == parts_.widths().size() && wanted != parts_.widths()) parts_.resize(wanted);
 }
 

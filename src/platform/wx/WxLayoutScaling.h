@@ -16,6 +16,8 @@ public:
     struct Parts {
         std::function<std::vector<int>()> widths;
         std::function<void(const std::vector<int>&)> resize;
+        /// The least widths, for the user to read what is in them; none when empty.
+        std::function<std::vector<int>()> least{};
     };
 
     /// Lives as long as the window.
@@ -24,6 +26,8 @@ public:
     /// The present widths belong to a window of this width and are those to be kept in proportion. Nothing is
     /// scaled before the first call. The width is that with scroll bars: they come and go with the scaling.
     void keep(int windowWidth);
+    /// The same with other widths than the present ones.
+    void keep(const std::vector<int>& widths, int windowWidth) { proportions_.keep(widths, windowWidth); }
 
 private:
     void scale();

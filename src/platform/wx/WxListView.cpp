@@ -5,9 +5,14 @@
 
 #include <utility>
 
+#include "platform/wx/WxAccessibleName.h"
+
 namespace trevandix {
 
 namespace {
+
+constexpr char kSpokenName[] = "Contents";
+constexpr char kSpokenPurpose[] = "What the selected node holds";
 
 class Raised {
 public:
@@ -20,12 +25,14 @@ private:
     int& counter_;
 };
 
-// The window whose mouse events are those of the rows: the control itself, or the part of it below the
-// header.
+// The window whose mouse events are those of the rows: where wx draws the control itself, the part of it
+// below the header.
 wxWindow& rowArea(wxListCtrl& control) {
+#ifdef __WXGTK__
     for (wxWindow* part : control.GetChildren()) {
-        if (part->GetName() == "listctrlmainwindow" || part->GetName() == "listctrl") return *part;
+        if (part->GetName() != "wxlistctrlcolumntitles") return *part;
     }
+#endif
     return control;
 }
 
@@ -66,6 +73,16 @@ void WxListView::watch(wxListCtrl& control) {
                    [column](MainWindowEvents& e) { e.ListView1_ColumnClick(column); });
     });
     wxWindow& rows = rowArea(control);
+    setAccessibleName(control, kSpokenName, kSpokenPurpose);
+    setAccessibleName(rows, kSpokenName, kSpokenPurpose);
+#ifdef __WXGTK__
+    // As in the tree. Not event.GetText(): a virtual list leaves it empty.
+    control.Bind(wxEVT_LIST_ITEM_FOCUSED, [&control, &rows](wxListEvent& event) {
+        event.Skip();
+        if (event.GetIndex() >= 0)
+            setAccessibleName(rows, kSpokenName + (": " + control.GetItemText(event.GetIndex())));
+    });
+#endif
     // The toolkit's own list keeps this to itself, and the window has to know which view has the keyboard.
     rows.Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
         event.Skip();

@@ -9,7 +9,6 @@
 
 #include "Version.h"
 #include "platform/wx/WxAboutBox.h"
-#include "platform/wx/WxAccessibleName.h"
 #include "platform/wx/WxFileDrop.h"
 #include "platform/wx/WxIcons.h"
 #include "platform/wx/WxLayoutScaling.h"
@@ -93,8 +92,6 @@ void WxMainFrame::buildViews(StructureTree& tree, ListView& list, WxPointer& poi
     tree_->Bind(wxEVT_TREE_ITEM_MENU, [this](wxTreeEvent&) { openMenu(*tree_, tree_->menuPlace()); });
     tree_->Hide();
 
-    setAccessibleName(*tree_, "Configuration", "Units, branches and items as a tree");
-    setAccessibleName(*list_, "Contents", "What the selected node holds");
     splitter_->SplitVertically(treePane_, list_, static_cast<int>(GetClientSize().GetWidth() * kTreeShare));
     keepSashInProportion(*splitter_, kTreeShare);
     importPanel_ = new WxImportPanel(body_);
@@ -114,7 +111,9 @@ void WxMainFrame::setTreeVisible(bool visible) {
     if (tree_->IsShown() == visible) return;
     tree_->Show(visible);
     treePane_->Layout();
-    if (visible) tree_->SetFocus();
+    if (!visible) return;
+    tree_->showSelection();
+    tree_->SetFocus();
 }
 
 void WxMainFrame::focusTree() {

@@ -1,6 +1,7 @@
 #include "platform/wx/WxManual.h"
 
 #include <wx/filename.h>
+#include <wx/log.h>
 #include <wx/msgdlg.h>
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
@@ -30,6 +31,7 @@ wxArrayString places() {
 void showManual() {
     wxString looked;
     for (const wxString& place : places()) {
+        const wxLogNull oneMessageOnly;
         if (wxFileName::FileExists(place) && wxLaunchDefaultBrowser(wxFileName::FileNameToURL(place))) return;
         looked += "\n" + place;
     }

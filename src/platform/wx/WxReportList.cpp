@@ -20,11 +20,12 @@ WxReportList::WxReportList(wxWindow* parent, const ListView& list)
     : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL,
                  wxDefaultValidator, "ListView1"),
       list_(list),
-      scaling_(*this, {[this] { return widths(); }, [this](const auto& wanted) { setWidths(wanted); }}) {
+      scaling_(*this, {[this] { return widths(); }, [this](const auto& wanted) { setWidths(wanted); },
+                       [this] { return least_; }}) {
     // Not before the control itself has taken over the width that its user chose.
     Bind(wxEVT_LIST_COL_END_DRAG, [this](wxListEvent& event) {
         event.Skip();
-        CallAfter([this] { scaling_.keep(GetSize().GetWidth()); });
+        CallAfter(&WxReportList::takeOverWidths);
     });
     // Columns that were made before the list had a width are made again.
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -50,14 +51,25 @@ void WxReportList::buildColumns() {
     DeleteAllColumns();
     const int width = GetClientSize().GetWidth();
     widthless_ = width <= 0;
+    least_.clear();
+    std::vector<int> wanted;
     for (const ListColumn& column : list_.columns()) {
-        const wxString header = toWx(column.header);
-        const int needed = GetTextExtent(header).GetWidth() + FromDIP(kHeaderMargin);
-        const int wanted = column.width > 0 ? static_cast<int>(std::lround(width * column.width))
-                                            : std::max(FromDIP(kDefaultColumnWidth), needed);
-        AppendColumn(header, wxLIST_FORMAT_LEFT, wanted);
+        least_.push_back(GetTextExtent(toWx(column.header)).GetWidth() + FromDIP(kHeaderMargin));
+        wanted.push_back(column.width > 0 ? static_cast<int>(std::lround(width * column.width))
+                                          : FromDIP(kDefaultColumnWidth));
     }
-    if (!widthless_) scaling_.keep(GetSize().GetWidth());
+    if (!widthless_) scaling_.keep(wanted, GetSize().GetWidth());
+    wanted = widened(std::move(wanted), least_, width);
+    for (std::size_t i = 0; i < wanted.size(); ++i)
+        AppendColumn(toWx(list_.columns()[i].header), wxLIST_FORMAT_LEFT, wanted[i]);
+}
+
+// Whoever makes a column narrower than its header wants it so.
+void WxReportList::takeOverWidths() {
+    const std::vector<int> chosen = widths();
+    for (std::size_t i = 0; i < std::min(chosen.size(), least_.size()); ++i)
+        least_[i] = std::min(least_[i], chosen[i]);
+    scaling_.keep(chosen, GetSize().GetWidth());
 }
 
 std::vector<int> WxReportList::widths() const {

@@ -23,6 +23,7 @@ protected:
 
 private:
     void buildColumns();
+    void takeOverWidths();
     std::vector<int> widths() const;
     void setWidths(const std::vector<int>& widths);
     void loadImages();
@@ -30,6 +31,7 @@ private:
     const ListView& list_;
     mutable WxImageNames images_{kTreeIconSize};
     WxLayoutScaling scaling_;
+    std::vector<int> least_;  // of each column, so that its header can be read
     bool widthless_ = false;
 };
 

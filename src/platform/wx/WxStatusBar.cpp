@@ -1,5 +1,7 @@
 #include "platform/wx/WxStatusBar.h"
 
+#include "platform/wx/WxAccessibleName.h"
+
 namespace trevandix {
 
 namespace {
@@ -36,8 +38,13 @@ void WxStatusBar::showNews() {
     const int widths[kFields]{-1, needed(StatusField::Counts), needed(StatusField::Saved), -1};
     hinting_ = false;
     SetFieldsCount(kFields, widths);
-    for (int field = 0; field < kFields; ++field)
-        SetStatusText(news_[static_cast<std::size_t>(field)], field);
+    wxString all;
+    for (int field = 0; field < kFields; ++field) {
+        const wxString& text = news_[static_cast<std::size_t>(field)];
+        SetStatusText(text, field);
+        if (!text.empty()) all += (all.empty() ? "" : ", ") + text;
+    }
+    setAccessibleName(*this, "Status", all.empty() ? wxString("No configuration") : all);
 }
 
 }  // namespace trevandix

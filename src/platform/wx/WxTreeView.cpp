@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "platform/wx/WxAccessibleName.h"
 #include "platform/wx/WxText.h"
 
 namespace trevandix {
@@ -11,6 +12,8 @@ namespace trevandix {
 wxIMPLEMENT_CLASS(WxTreeView, wxTreeCtrl);
 
 namespace {
+
+constexpr char kSpokenName[] = "Configuration";
 
 class NodeData : public wxTreeItemData {
 public:
@@ -47,6 +50,7 @@ WxTreeView::WxTreeView(wxWindow* parent, StructureTree& tree, WxInputGate& gate)
         images_.indexOf(imageName(image));
     }
     SetImages(images_.bundles());
+    setAccessibleName(*this, kSpokenName, "Units, branches and items as a tree");
     Bind(wxEVT_TREE_SEL_CHANGED, &WxTreeView::onSelected, this);
     Bind(wxEVT_TREE_ITEM_ACTIVATED, &WxTreeView::onActivated, this);
     Bind(wxEVT_TREE_ITEM_EXPANDED, [this](wxTreeEvent& event) { onExpansion(event, true); });
@@ -84,6 +88,11 @@ wxPoint WxTreeView::menuPlace() const {
     if (item.IsOk() && GetBoundingRect(item, line, true) && GetClientRect().Intersects(line))
         return line.GetBottomLeft();
     return {};
+}
+
+// Opening the nodes one by one has scrolled the control of Windows to the last.
+void WxTreeView::showSelection() {
+    if (const TreeNode* node = selectedNode()) madeVisible(*node);
 }
 
 void WxTreeView::pick(const TreeNode& node) {
@@ -235,6 +244,10 @@ void WxTreeView::click(TreeNode& node) {
 }
 
 void WxTreeView::onSelected(wxTreeEvent& event) {
+#ifdef __WXGTK__
+    // A control that wx draws itself shows screen readers no rows, so it says the selected one as its name.
+    if (event.GetItem().IsOk()) setAccessibleName(*this, kSpokenName + (": " + GetItemText(event.GetItem())));
+#endif
     if (quiet_ > 0) return;
     if (TreeNode* node = nodeOf(event.GetItem())) click(*node);
 }

@@ -23,6 +23,8 @@ public:
     /// The node in whose line a point of the window lies; nullptr for none.
     TreeNode* nodeAt(const wxPoint& point) const;
     TreeNode* selectedNode() const;
+    /// Scrolls to it.
+    void showSelection();
     /// Selects a node as a click of the user does.
     void pick(const TreeNode& node);
     /// Where a menu opens that the keyboard asks for.

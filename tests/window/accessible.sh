@@ -1,0 +1,70 @@
+#!/usr/bin/env bash
+# What a screen reader is told of every window: each control has a name and a description, and the selected row of tree
+# and list is said.
+if [ -z "${ACCESSIBLE_BUS:-}" ]; then
+    ACCESSIBLE_BUS=own exec dbus-run-session -- "$0"
+fi
+bus=$DBUS_SESSION_BUS_ADDRESS
+. "$(dirname "$0")/lib.sh"
+. "$(dirname "$0")/dialogs.sh"
+export DBUS_SESSION_BUS_ADDRESS=$bus
+unset NO_AT_BRIDGE
+
+# told TITLE [NAME]: what is shown comes to the screen reader a little later.
+told() {
+    await "$1"
+    until_true 5 asked "$@" || fail "$1: $(cat "$folder/told")"
+}
+asked() { /usr/bin/python3 "$window_root/tests/window/accessible.py" "$@" 2>"$folder/told"; }
+
+plant=$folder/plant.xml
+cp "$window_root/samples/water-works.xml" "$plant"
+start "$plant"
+until_loaded
+go 2 # a branch
+told "$main" "Configuration: ANALYSERS"
+keys Tab Down
+told "$main" "Contents: Conductivity"
+keys alt+v l
+keys Down
+told "$main" "Contents: "
+keys alt+v r shift+Tab Home Down Down
+
+open_dialog b "$branch"
+told "$branch" "Branch name"
+keys Escape
+await "$main"
+open_dialog i "$item"
+told "$item" "Item Name"
+keys alt+g
+told "$item"
+keys Escape
+await "$main"
+keys Home alt+o u
+told "$unit" "Unit Name"
+keys Escape
+await "$main"
+keys ctrl+f
+told "Find Item" "Type the name"
+keys Escape
+await "$main"
+copied 'Chlorine\r\nConductance\r\nRedox_Potential\r\n'
+go 2 Tab ctrl+a alt+e Up Up Return
+told "Replace Text" Confirm
+keys Escape
+await "$main"
+keys alt+a Return
+told "About Trevandix Configuration Editor" Ok
+keys Escape
+await "$main"
+keys ctrl+n
+told "Select ModBus interface"
+keys Return
+await "$main"
+keys Down alt+o a
+told "$types" # a list of this toolkit tells nobody that it has the keyboard
+keys Escape
+await "$main"
+keys alt+F4
+answer alt+n
+await_end

@@ -1,0 +1,115 @@
+#!/usr/bin/env bash
+# tools/try-package.sh: tries what ./dev package has made as its users get it; as root, since it makes a root folder.
+# The Debian package: installed into a bare Debian 12, started there on a file that the desktop opens with it, removed.
+# The Windows zip: unpacked into a folder with a blank in its name and started under Wine.
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+cd "$root"
+# shellcheck source=tools/packages.sh
+. tools/packages.sh
+
+name=trevandix-editor
+version=$(tools/package.sh version)
+portable=$root/build/package/${name}_${version}_windows-x64.zip
+title="VOSK Automation - Trevandix Configuration Editor"
+work=build/try-package
+mkdir -p "$work"
+
+say() { echo "try: $*"; }
+fail() {
+    say "$*" >&2
+    exit 1
+}
+
+# shown PICTURE COMMAND...: starts the command on the display, waits for the main window and for the file in it, takes
+# its picture and asks it to close.
+shown() {
+    local picture=$1 window
+    shift
+    "$@" >"$work/output" 2>&1 &
+    window=$(timeout 60 xdotool search --sync --onlyvisible --name "^$title\$" | head -n 1) || true
+    [ -n "$window" ] || fail "no main window: $(cat "$work/output")"
+    sleep 3 # reads and draws
+    import -window root "$picture"
+    xdotool windowactivate --sync "$window" key alt+f x
+    for _ in {1..100}; do
+        if ! xdotool getwindowname "$window" >/dev/null 2>&1; then
+            say "started and closed; $picture shows it"
+            return
+        fi
+        sleep 0.1
+    done
+    fail "the program does not close; $picture"
+}
+
+# ---------------------------------------------------------------- Debian
+
+inside() { chroot "$clean" env DEBIAN_FRONTEND=noninteractive "$@"; }
+
+make_clean_root() {
+    say "making a bare Debian"
+    debootstrap --variant=minbase bookworm "$clean" >"$work/debootstrap.log"
+    mount -t proc proc "$clean/proc"
+    mkdir -p "$clean/tmp/.X11-unix"
+    mount --bind /tmp/.X11-unix "$clean/tmp/.X11-unix"
+    inside apt-get -qq update
+    # What every desktop has.
+    inside apt-get -qq -y install --no-install-recommends xdg-utils desktop-file-utils shared-mime-info \
+        hicolor-icon-theme libglib2.0-bin >"$work/apt.log" 2>&1
+    inside useradd -m engineer
+}
+
+unmount_clean_root() { umount "$clean/tmp/.X11-unix" "$clean/proc" 2>/dev/null || true; }
+
+traces() { inside find / -xdev \( -path /proc -o -path /tmp -o -path /home -o -path /var/lib/dpkg \) -prune -o \
+    -iname '*trevandix*' -print -o -type f -size -1M -exec grep -li trevandix {} + | sort; }
+
+try_debian() {
+    local package=$1 file=water-works.xml
+    clean=$(mktemp -d /var/tmp/trevandix-clean-XXXXXX) # not under build/, which may be mounted nodev
+    trap 'unmount_clean_root; rm -rf --one-file-system "$clean"' EXIT
+    chmod 755 "$clean"
+    make_clean_root
+    cp "$package" "$clean/tmp/"
+    inside apt-get -qq -y install --no-install-recommends "/tmp/${package##*/}" >>"$work/apt.log" 2>&1
+    say "installed"
+    inside su engineer -c "cp /usr/share/doc/$name/examples/$file ~"
+    inside su engineer -c "gio mime application/x-trevandix-configuration" | grep "^Default.*$name.desktop" >/dev/null ||
+        fail "no desktop entry opens a configuration"
+    inside su engineer -c "gio info -a standard::content-type ~/$file" | grep x-trevandix-configuration >/dev/null ||
+        fail "a configuration is not recognised"
+    shown "$work/debian.png" inside su engineer -c "DISPLAY=$DISPLAY gio open ~/$file"
+    inside apt-get -qq -y purge $name >>"$work/apt.log" 2>&1
+    local left
+    left=$(traces | grep -v '^/var/log/' || true)
+    [ -z "$left" ] || fail "left behind: $left"
+    say "removed without trace"
+}
+
+# ---------------------------------------------------------------- Windows
+
+try_zip() {
+    local folder
+    folder=$(mktemp -d "/tmp/trevandix zip XXXXXX")
+    unzip -q "$portable" -d "$folder"
+    [ -f "$folder/$name/manual/manual.html" ] || fail "the zip has no manual"
+    shown "$work/windows.png" wine "$folder/$name/$name.exe" "Z:${folder//\//\\}\\$name\\samples\\boiler-house-rtu.xml"
+    rm -rf "$folder"
+}
+
+case ${1:-all} in
+    all)
+        [ "$(id -u)" = 0 ] || fail "a root folder takes root"
+        install_packages debootstrap xvfb xauth openbox xdotool imagemagick unzip
+        xvfb-run -a -s "-screen 0 1280x900x24 -nolisten tcp -ac" "$0" debian
+        # shellcheck disable=SC1091
+        (. tools/windows.sh && flock -o "$windows_cache/wine.lock" tools/windows.sh display "$root/tools/try-package.sh" zip)
+        ;;
+    debian)
+        openbox >/dev/null 2>&1 &
+        manager=$!
+        try_debian "$root/build/package/${name}_${version}_$(dpkg --print-architecture).deb"
+        kill $manager
+        ;;
+    zip) try_zip ;;
+esac
