@@ -125,7 +125,7 @@ private:
         // More is added than deleted, or the trees would stay small.
         constexpr std::array kMoreOften{1U, 2U, 2U, 3U, 3U, 3U, 3U, 4U, 6U, 6U};
         constexpr unsigned kChoices = 14;
-        unsigned choice = next() % (kChoices + kMoreOften.size());
+        unsigned choice = next() % (kChoices + static_cast<unsigned>(kMoreOften.size()));
         if (choice >= kChoices) choice = kMoreOften[choice - kChoices];
         place_.forms.scripts.assign({[this](FakeForm& form) { dialog(form); }});
         select();
