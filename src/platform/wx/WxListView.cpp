@@ -2,6 +2,7 @@
 
 #include <wx/app.h>
 #include <wx/sizer.h>
+#include <wx/wupdlock.h>
 
 #include <utility>
 
@@ -186,6 +187,7 @@ std::optional<std::size_t> WxListView::currentRow() const {
 void WxListView::selectAll() {
     const Raised quiet(quiet_);
     if (shown_->GetItemCount() == 0) return;
+    const wxWindowUpdateLocker frozen(shown_);  // once for all rows, not for each
     shown_->SetItemState(-1, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
     click();
 }

@@ -1,6 +1,9 @@
 #include "platform/wx/WxTreeView.h"
 
 #include <wx/wupdlock.h>
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#endif
 
 #include <utility>
 
@@ -19,7 +22,6 @@ class NodeData : public wxTreeItemData {
 public:
     explicit NodeData(const TreeNode& shown) : node(const_cast<TreeNode*>(&shown)) {}
     TreeNode* node;
-    int place = 0;  // among its siblings, while they are sorted
 };
 
 bool liesIn(const TreeNode* node, const TreeNode& top) {
@@ -118,7 +120,7 @@ void WxTreeView::insert(const TreeNode& node, Where where) {
     }
     node.viewItem = item.GetID();
     // The control forgets the expansion of an item without children, so the first child brings it back.
-    const TreeNode* parent = node.parent();
+    const TreeNode* parent = node.previousSibling() == nullptr ? node.parent() : nullptr;
     if (parent != nullptr && parent->expanded() && !IsExpanded(itemOf(*parent))) Expand(itemOf(*parent));
 }
 
@@ -129,8 +131,10 @@ void WxTreeView::insertSubtree(const TreeNode& top) {
     }
 }
 
+// Frozen, as some controls would ask for each line below the new one to be drawn, one by one.
 void WxTreeView::nodeAdded(const TreeNode& node) {
     const Quiet quiet(*this);
+    const wxWindowUpdateLocker frozen(this);
     insert(node, Where::AtItsPlace);
 }
 
@@ -161,16 +165,15 @@ void WxTreeView::nodeMoved(const TreeNode& node) {
 void WxTreeView::childrenSorted(const TreeNode& parent) {
     const Quiet quiet(*this);
     const wxWindowUpdateLocker frozen(this);
-    int place = 0;
-    for (const TreeNode* child = parent.firstChild(); child != nullptr; child = child->nextSibling()) {
-        static_cast<NodeData*>(GetItemData(itemOf(*child)))->place = place++;
-    }
+    places_.reserve(parent.childCount());
+    for (const TreeNode* child = parent.firstChild(); child != nullptr; child = child->nextSibling())
+        places_.emplace(child->viewItem, static_cast<int>(places_.size()));
     SortChildren(itemOf(parent));
+    places_.clear();
 }
 
 int WxTreeView::OnCompareItems(const wxTreeItemId& first, const wxTreeItemId& second) {
-    return static_cast<NodeData*>(GetItemData(first))->place -
-           static_cast<NodeData*>(GetItemData(second))->place;
+    return places_.at(first.GetID()) - places_.at(second.GetID());
 }
 
 void WxTreeView::expansionChanged(const TreeNode& node) {
@@ -221,12 +224,25 @@ void WxTreeView::cleared() {
 }
 
 void WxTreeView::batchBegins() {
-    if (batches_++ == 0) Freeze();
+    if (batches_++ > 0) return;
+    Freeze();
+    setHiddenRedraw(false);
+}
+
+// The control of Windows places all its lines anew at every change, also while it is hidden, when Freeze has
+// no effect.
+void WxTreeView::setHiddenRedraw([[maybe_unused]] bool redraw) {
+#ifdef __WXMSW__
+    if (IsShown()) return;
+    ::SendMessage(GetHandle(), WM_SETREDRAW, redraw, 0);
+    ::ShowWindow(GetHandle(), SW_HIDE);  // switching it on may show the window
+#endif
 }
 
 void WxTreeView::batchEnds() {
     if (--batches_ > 0) return;
     Thaw();
+    setHiddenRedraw(true);
     if (visibleLater_ != nullptr) madeVisible(*std::exchange(visibleLater_, nullptr));
 }
 

@@ -3,6 +3,7 @@
 #include <wx/treectrl.h>
 
 #include <functional>
+#include <unordered_map>
 
 #include "model/StructureTree.h"
 #include "platform/wx/WxIcons.h"
@@ -54,6 +55,7 @@ private:
     void insert(const TreeNode& node, Where where);
     void insertSubtree(const TreeNode& top);
     void forget(const TreeNode& node);
+    void setHiddenRedraw(bool redraw);
     void click(TreeNode& node);
     void onSelected(wxTreeEvent& event);
     void onActivated(wxTreeEvent& event);
@@ -67,6 +69,7 @@ private:
     WxImageNames images_{kTreeIconSize};
     TreeNode* clicked_ = nullptr;  // waits to be reported
     const TreeNode* highlighted_ = nullptr;
+    std::unordered_map<void*, int> places_;   // of items among their siblings, while they are sorted
     const TreeNode* visibleLater_ = nullptr;  // scrolled to when the batch ends
     int quiet_ = 0;
     int batches_ = 0;
