@@ -239,6 +239,54 @@ TEST(Fallback, NamesLineAndReason) {
     EXPECT_EQ(place.item("P.Run").sComment(), "a<b");
 }
 
+// A file with a line or a character less is refused, or opens with all its items: never does a value reach
+// into the next item's lines and take them for its own.
+TEST(Fallback, DamagedFilesLoseNothingWithoutAWord) {
+    Workplace place;
+    for (const std::string comment : {"plain", "R&D"}) {
+        Archive written;
+        written.configuration.state.interfaceKind = comment == "plain" ? kTcpIp : kRtu;
+        for (const char* unit : {"P", "Q"}) {
+            plantUnit(written.configuration, unit, "10.0.0.1").setCom("COM1");
+            TreeNode& branch = plantBranch(written.configuration, written.configuration.tree.at(unit), "B");
+            for (const char* item : {"I", "J"})
+                plantItem(written.configuration, branch, item).sComment(comment);
+        }
+        for (const char* name : {"coil", "holding register"}) {
+            auto type = std::make_shared<clsModBusType>();
+            type->setName(name);
+            written.configuration.addDataType(type);
+        }
+        ASSERT_TRUE(written.write(place.path("whole.xml")));
+        const std::string whole = readFile(place.path("whole.xml"));
+        int refused = 0;
+        const auto check = [&](std::size_t at, std::size_t length) {
+            std::string less = whole;
+            less.erase(at, length);
+            writeFile(place.path("less.xml"), less);
+            Archive opened;
+            if (!opened.read(place.path("less.xml"))) return void(++refused);
+            SCOPED_TRACE(less);
+            const Configuration& found = opened.configuration;
+            EXPECT_EQ(found.units.size(), 2U);
+            EXPECT_EQ(found.items.size(), 4U);
+            std::string texts;
+            for (const auto& [key, item] : found.items) texts += item->sName() + item->sComment();
+            for (const auto& [key, unit] : found.units) texts += unit->getName() + unit->getAddress();
+            for (const auto& [key, type] : found.dataTypes) texts += type->getName();
+            EXPECT_EQ(texts.find('\n'), std::string::npos);
+        };
+        for (std::size_t at = 0; at < whole.size(); ++at) check(at, 1);
+        for (std::size_t at = 0; at < whole.size();) {
+            const std::size_t next = whole.find('\n', at) + 1;
+            const std::string line = whole.substr(at, next - at);
+            if (line.find("<DATATYPE") == std::string::npos) check(at, next - at);
+            at = next;
+        }
+        EXPECT_GT(refused, static_cast<int>(whole.size() / 3));
+    }
+}
+
 // Bounded time and memory, and a message that says what is wrong.
 TEST(HostileFiles, AreRefusedInTime) {
     using namespace std::string_literals;

@@ -192,15 +192,27 @@ void LineParser::element(std::size_t depth, std::string_view name, std::string_v
     const Range place{expectLine(depth, "<") + 1, name.size()};
     expect(name);
     expect(">");
-    (((ending_ = "</") += name) += '>') += lineEnd_;
-    const std::size_t lineLength = ending_.size();
-    ((ending_.append(tabs(depth)) += '<') += follower) += '>';
-    if (text_.find(ending_, at_) == std::string::npos) {
+    ((ending_ = "</") += name) += '>';
+    const std::size_t start = at_;
+    std::size_t lineStop = text_.find(lineEnd_, at_);
+    while (lineStop != std::string::npos && !view({start, lineStop - start}).ends_with(ending_)) {
+        at_ = lineStop + lineEnd_.size();
+        lineStop = structureFollows(depth - 1) ? std::string::npos : text_.find(lineEnd_, at_);
+    }
+    at_ = lineStop == std::string::npos ? start : lineStop + lineEnd_.size();
+    if (at_ == start || !atLine(depth, ("<" + std::string(follower)) += '>')) {
+        at_ = start;
         fail("</" + std::string(name) + "> and <" + std::string(follower) + "> behind it");
     }
-    const Range value = upTo(ending_);
-    at_ = value.at + value.length + lineLength;
-    addChild(place, value);
+    addChild(place, {start, lineStop - ending_.size() - start});
+}
+
+// What begins like the writer's own lines: then a value has no end of its own, and what follows is no part of
+// it.
+bool LineParser::structureFollows(std::size_t depth) {
+    if (!at(tabs(depth))) return false;
+    const std::size_t first = text_.find_first_not_of('\t', at_);
+    return first != std::string::npos && text_[first] == '<';
 }
 
 void LineParser::plainElement(std::size_t depth, std::string_view name) {
@@ -240,7 +252,8 @@ void LineParser::wholeLine(std::size_t depth, std::string_view line) {
 
 LineParser::Range LineParser::upTo(std::string_view end) {
     const std::size_t place = text_.find(end, at_);
-    if (place == std::string::npos) fail(end.substr(0, end.find_first_of("\r\n")));
+    if (place == std::string::npos || place > text_.find(lineEnd_, at_))
+        fail(end.substr(0, end.find_first_of("\r\n")));
     const Range range{at_, place - at_};
     at_ = place + end.size();
     return range;

@@ -8,8 +8,9 @@
 
 namespace trevandix {
 
-/// Takes the writer's lines apart. A value ends where the fixed text that the writer puts behind it stands,
-/// line end and tabs of the next line included, so that no markup inside a value can be taken for its end.
+/// Takes the writer's lines apart. A value ends where its line ends with the fixed text that the writer puts
+/// behind it, so that no markup inside a value can be taken for its end, nor the lines behind a damaged one
+/// for its rest.
 class LineParser {
 public:
     /// Fills `nodes`, the root at 1, and decodes character references inside `text`.
@@ -37,9 +38,11 @@ private:
     void item(std::size_t depth);
     void branchStart(std::size_t depth);
     void branchEnd(std::size_t depth);
-    /// One "<name>value</name>" line; the line behind it begins with `depth` tabs and `follower`.
+    /// One "<name>value</name>", behind which a line begins with `depth` tabs and `follower`. A value may go
+    /// on over lines that do not begin like the file's own.
     void element(std::size_t depth, std::string_view name, std::string_view follower);
-    /// The same with nothing known of the line behind it; no line break can be in the value then.
+    bool structureFollows(std::size_t depth);
+    /// One such line with nothing known of the line behind it; no line break can be in the value.
     void plainElement(std::size_t depth, std::string_view name);
 
     std::string_view tabs(std::size_t depth);
@@ -52,7 +55,7 @@ private:
     std::size_t expect(std::string_view expected);
     std::size_t expectLine(std::size_t depth, std::string_view begin);
     void wholeLine(std::size_t depth, std::string_view line);
-    /// Everything up to `end`, moving past it.
+    /// Everything up to `end`, which begins in the same line, moving past it.
     Range upTo(std::string_view end);
     [[noreturn]] void fail(std::string_view expected) const;
 
