@@ -111,12 +111,21 @@ enable_source_packages() {
 
 # Unpacks one source package into the current folder. A mirror may list a newest version that it no longer or not yet
 # holds, therefore the others are tried after it.
-fetch_source() {
-    local package=$1 version answer
-    for version in $(apt-cache showsrc "$package" | sed -n 's/^Version: //p' | sort -Vru); do
-        answer=$(apt-get -qq -o APT::Sandbox::User=root source "$package=$version" 2>&1) && return
+fetch_listed() {
+    local package=$1 version
+    fetch_answer="apt does not know it"
+    for version in $(apt-cache showsrc "$package" 2>/dev/null | sed -n 's/^Version: //p' | sort -Vru); do
+        fetch_answer=$(apt-get -qq -o APT::Sandbox::User=root source "$package=$version" 2>&1) && return
     done
-    say "the source package $package cannot be fetched: ${answer:-apt does not know it}"
+    return 1
+}
+
+# The same, once more with new lists where all that the lists of this machine name has gone.
+fetch_source() {
+    if fetch_listed "$1"; then return; fi
+    as_root apt-get -qq -o DPkg::Lock::Timeout=300 update
+    if fetch_listed "$1"; then return; fi
+    say "the source package $1 cannot be fetched: $fetch_answer"
     return 1
 }
 
