@@ -77,7 +77,8 @@ void WxCommands::buildToolBar(const CommandTables& tables) {
         const wxString name = toWx(entry != nullptr ? entry->caption : shape.key);
         const wxString tip = entry != nullptr ? toolTip(*entry) : name;
         const int id = wxWindow::NewControlId();
-        toolBar_->AddTool(id, wxMenuItem::GetLabelText(name), iconBundle(shape.image, kToolbarIconSize), tip);
+        toolBar_->AddTool(id, wxMenuItem::GetLabelText(name), iconBundle(shape.image, kToolbarIconSize),
+                          fadedIconBundle(shape.image, kToolbarIconSize), wxITEM_NORMAL, tip);
         if (entry != nullptr) toolBar_->SetToolLongHelp(id, toWx(entry->hint));
         frame_.Bind(wxEVT_TOOL, &WxCommands::onTool, this, id);
         buttons_.push_back({shape.key, shape.command, id});

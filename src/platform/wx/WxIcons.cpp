@@ -3,6 +3,7 @@
 #include <wx/bitmap.h>
 #include <wx/icon.h>
 #include <wx/image.h>
+#include <wx/settings.h>
 #include <wx/version.h>
 
 #include <algorithm>
@@ -17,9 +18,12 @@ namespace {
 constexpr std::string_view kEmptyDrawing =
     R"(<svg xmlns="http://www.w3.org/2000/svg" width="24" height="24" viewBox="0 0 24 24"></svg>)";
 
-wxBitmapBundle drawing(std::string_view name, int size) {
+std::string svgOf(std::string_view name) {
     const std::string_view known = iconSvg(name);
-    const std::string svg(known.empty() ? kEmptyDrawing : known);
+    return std::string(known.empty() ? kEmptyDrawing : known);
+}
+
+wxBitmapBundle drawing(const std::string& svg, int size) {
     return wxBitmapBundle::FromSVG(svg.c_str(), wxSize(size, size));
 }
 
@@ -49,21 +53,42 @@ wxBitmap bitmapAt(const wxBitmapBundle& bundle, int pixels) {
 }
 #endif
 
+template <typename Change>
+wxBitmapBundle changedBundle(const wxBitmapBundle& bundle, int size, Change change) {
+    wxVector<wxBitmap> scaled;
+    for (const int percent : {100, 150, 200})
+        scaled.push_back(change(bitmapAt(bundle, size * percent / 100)));
+    return wxBitmapBundle::FromBitmaps(scaled);
+}
+
 }  // namespace
 
 wxBitmapBundle iconBundle(std::string_view name, int size) {
-    const wxBitmapBundle bundle = drawing(name, size);
+    const wxBitmapBundle bundle = drawing(svgOf(name), size);
 #if defined(__WXGTK__) && !wxCHECK_VERSION(3, 2, 3)
-    wxVector<wxBitmap> scaled;
-    for (const int percent : {100, 150, 200}) scaled.push_back(bitmapAt(bundle, size * percent / 100));
-    return wxBitmapBundle::FromBitmaps(scaled);
+    return changedBundle(bundle, size, [](const wxBitmap& bitmap) { return bitmap; });
 #else
     return bundle;
 #endif
 }
 
+#ifdef __WXGTK__
+wxBitmapBundle fadedIconBundle(std::string_view, int) {
+    return {};
+}
+#else
+// Closer to what lies behind it, not more transparent: some toolbars draw a pixel wholly or not at all.
+wxBitmapBundle fadedIconBundle(std::string_view name, int size) {
+    const unsigned char brightness =
+        wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE).GetLuminance() < 0.5 ? 0 : 255;
+    return changedBundle(drawing(svgOf(name), size), size, [&](const wxBitmap& bitmap) {
+        return wxBitmap(bitmap.ConvertToImage().ConvertToDisabled(brightness));
+    });
+}
+#endif
+
 wxIconBundle programIcons() {
-    const wxBitmapBundle bundle = drawing("app", 48);
+    const wxBitmapBundle bundle = drawing(svgOf("app"), 48);
     wxIconBundle icons;
     for (const int pixels : {16, 24, 32, 48, 64, 128, 256}) {
         wxIcon icon;
