@@ -21,8 +21,8 @@ fail() {
     exit 1
 }
 
-# shown PICTURE COMMAND...: starts the command on the display, waits for the main window and for the file in it, takes
-# its picture and asks it to close.
+# shown PICTURE COMMAND...: starts the command on the display, waits for the main window, takes its picture, in which the
+# file is to be seen, and asks it to close.
 shown() {
     local picture=$1 window
     shift
@@ -59,7 +59,14 @@ make_clean_root() {
     inside useradd -m engineer
 }
 
-unmount_clean_root() { umount "$clean/tmp/.X11-unix" "$clean/proc" 2>/dev/null || true; }
+# What could not be unmounted belongs to the machine: then the folder stays.
+remove_clean_root() {
+    local place
+    for place in tmp/.X11-unix proc; do
+        if mountpoint -q "$clean/$place"; then umount "$clean/$place" || umount -l "$clean/$place" || return; fi
+    done
+    rm -rf --one-file-system "$clean"
+}
 
 traces() { inside find / -xdev \( -path /proc -o -path /tmp -o -path /home -o -path /var/lib/dpkg \) -prune -o \
     -iname '*trevandix*' -print -o -type f -size -1M -exec grep -li trevandix {} + | sort; }
@@ -67,7 +74,7 @@ traces() { inside find / -xdev \( -path /proc -o -path /tmp -o -path /home -o -p
 try_debian() {
     local package=$1 file=water-works.xml
     clean=$(mktemp -d /var/tmp/trevandix-clean-XXXXXX) # not under build/, which may be mounted nodev
-    trap 'unmount_clean_root; rm -rf --one-file-system "$clean"' EXIT
+    trap remove_clean_root EXIT
     chmod 755 "$clean"
     make_clean_root
     cp "$package" "$clean/tmp/"
@@ -99,7 +106,7 @@ try_zip() {
 
 case ${1:-all} in
     all)
-        [ "$(id -u)" = 0 ] || fail "a root folder takes root"
+        if [ "$(id -u)" != 0 ]; then exec sudo --preserve-env=TREVANDIX_CACHE,XDG_CACHE_HOME "$0"; fi
         install_packages debootstrap xvfb xauth openbox xdotool imagemagick unzip
         xvfb-run -a -s "-screen 0 1280x900x24 -nolisten tcp -ac" "$0" debian
         # shellcheck disable=SC1091

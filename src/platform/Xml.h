@@ -26,7 +26,7 @@ public:
     std::string_view name() const;
     /// The name compares equal to `upper` (ASCII capitals) when its case is ignored.
     bool isNamed(std::string_view upper) const;
-    XmlElement parent() const;
+    XmlElement parent() const;  // not behind `passed`
     /// Children in document order, of every node kind.
     XmlElement firstChild() const;
     XmlElement nextSibling() const;

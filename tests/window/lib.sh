@@ -80,7 +80,7 @@ await() {
     settle # what the window manager knows, Wine is still to be told
 }
 
-# Under Wine: waits until the program and Wine's server have nothing left to do, for two seconds at most. A machine that
+# Under Wine: waits until the program and Wine's server have nothing left to do, for three seconds at most. A machine that
 # is busy with other things makes them slow, not idle: then they wait for the processor, not for input.
 settle() {
     if [ -z "$under_wine" ]; then return; fi

@@ -82,8 +82,11 @@ keys Home Down Down
 add_branch Extra
 menu f c
 await "$box"
-keys Escape alt+F4 # no answers: the question stays
-sleep 0.5
+for key in Escape alt+F4; do # no answers: the question stays
+    keys "$key"
+    sleep 0.5
+    await "$box"
+done
 answer alt+n
 await "$main"
 open_file "$plant"

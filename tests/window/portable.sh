@@ -14,6 +14,8 @@ classes='HKLM\Software\Classes'
 kept=$(native "$folder/shown.html")
 printf 'new ActiveXObject("Scripting.FileSystemObject").CopyFile(WScript.Arguments.Item(0), "%s");' \
     "${kept//\\/\\\\}" >"$folder/keep.js"
+forget_browser() { for key in .html shown; do wine reg delete "$classes\\$key" /f >/dev/null 2>&1 || true; done; }
+trap 'finish; forget_browser' EXIT
 wine reg add "$classes\\.html" /ve /d shown /f >/dev/null
 wine reg add "$classes\\shown\\shell\\open\\command" /ve /f >/dev/null \
     /d "wscript.exe \"$(native "$folder/keep.js")\" \"%1\""

@@ -20,8 +20,13 @@ constexpr std::size_t kMostNodes = std::size_t{64} << 10;  // the parser allocat
 
 NodeMemory* inUse = nullptr;
 
+// The parser is told of a lack of memory by a null pointer.
 void* allocateNodes(std::size_t size) {
-    return inUse->allocate(size);
+    try {
+        return inUse->allocate(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
 }
 
 void keepNodes(void*) {}
@@ -82,6 +87,7 @@ void* NodeMemory::allocate(std::size_t size) {
     constexpr std::size_t kAlignment = alignof(std::max_align_t);
     size = (size + kAlignment - 1) / kAlignment * kAlignment;
     if (size > kMostNodes) {
+        texts_.reserve(texts_.size() + 1);
         char* text = newBlock(size);
         if (text != nullptr) texts_.push_back({text, size, ReturnedMemory()});
         return text;
@@ -89,6 +95,7 @@ void* NodeMemory::allocate(std::size_t size) {
     if (blocks_.empty() || blocks_.back().size - used_ < size) {
         const bool first = blocks_.empty();
         const std::size_t blockSize = first ? kFirstBlock : std::min(blocks_.back().size * 2, kLargestBlock);
+        blocks_.reserve(blocks_.size() + 1);  // so that what has been made is always noted
         char* block = newBlock(blockSize);
         if (block == nullptr) return nullptr;
         // The document, and a short text, stand in the first piece of the first block.

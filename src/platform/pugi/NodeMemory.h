@@ -30,7 +30,7 @@ public:
     /// An empty document in this memory, to be parsed while a Use lives. It ends with the memory, without a
     /// destructor.
     pugi::xml_document& makeDocument();
-    /// Nullptr when there is none left.
+    /// Nullptr, or std::bad_alloc, when there is none left.
     void* allocate(std::size_t size);
     /// The nodes allocated before `node` are not looked at again; the document itself and the text may be.
     void returnBefore(const void* node);

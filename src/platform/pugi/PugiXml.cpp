@@ -210,7 +210,11 @@ std::unique_ptr<XmlDocument> PugiXmlParser::load(const std::string& filePath) {
     constexpr unsigned kOptions = pugi::parse_default | pugi::parse_ws_pcdata_single | pugi::parse_comments |
                                   pugi::parse_pi | pugi::parse_embed_pcdata;
     const pugi::xml_parse_result result = document->parse(std::move(text.bytes), kOptions, text.encoding);
-    if (!result) throwFailure(filePath, result);
+    if (result.status == pugi::status_out_of_memory) throw RuntimeError(ErrorNumber::OutOfMemory);
+    if (!result) {
+        document.reset();  // the text is read once more
+        throwFailure(filePath, result);
+    }
     return document;
 }
 

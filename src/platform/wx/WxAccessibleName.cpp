@@ -66,6 +66,11 @@ void setAccessibleName(wxWindow& window, const wxString& name, const wxString& d
 
 void setAccessibleDescription(const wxMenuItem&) {}  // the status bar says it
 
+#else
+
+void setAccessibleName(wxWindow&, const wxString&, const wxString&) {}
+void setAccessibleDescription(const wxMenuItem&) {}
+
 #endif
 
 }  // namespace trevandix
