@@ -183,6 +183,29 @@ TEST(SaveKill, MissingRightsTouchNothing) {
     }
 }
 
+TEST(SaveKill, LinksAndRightsStay) {
+    Large place;
+    const fs::path real = place.folder / "real.xml";
+    fs::rename(place.path("test.xml"), real);
+    fs::create_symlink("real.xml", place.path("test.xml"));
+    chmod(real.c_str(), 0640);
+    const bool given = chown(real.c_str(), kNobody, kNobody) == 0;  // as root only
+    place.run("mnuSaveCfg");
+    EXPECT_TRUE(fs::is_symlink(place.path("test.xml")));
+    EXPECT_EQ(readFile(real), place.after);
+    struct stat now {};
+    ASSERT_EQ(stat(real.c_str(), &now), 0);
+    EXPECT_EQ(now.st_mode & 0777U, 0640U);
+    EXPECT_EQ(now.st_uid == kNobody, given);
+    EXPECT_EQ(std::distance(fs::directory_iterator(place.folder), {}), 2);
+
+    const std::string pipe = place.path("pipe.xml");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    place.messages.take();
+    place.editor.openFile(pipe);  // returns, though nobody writes
+    EXPECT_EQ(place.messages.take().back(), " Error n. 75  Path/File access error in ImportXML");
+}
+
 // The recovery files of a killed editor are offered, those of a living one are not.
 TEST(SaveKill, WorkOfAKilledEditorIsOffered) {
     const auto later = std::chrono::steady_clock::now() + std::chrono::hours(1);

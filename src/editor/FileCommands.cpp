@@ -165,6 +165,7 @@ bool FileCommands::writeAndPublish() {
     stamp_ = FileStamp::of(state.filePath);  // also of a partly written file: that one is ours
     if (!written) {
         state.saved = false;
+        context_.platform.window.setStatus(StatusField::Notice, "");  // what an earlier save was published as
         return false;
     }
     context_.configuration.markUnchanged();

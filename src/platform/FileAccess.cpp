@@ -37,8 +37,12 @@ namespace {
 
 std::string readWholeFile(const std::string& filePath) {
     std::error_code error;
-    if (std::filesystem::is_directory(fromUtf8(filePath), error))
+    // A folder, or a pipe that would let the program wait for ever.
+    const auto kind = std::filesystem::status(fromUtf8(filePath), error).type();
+    if (kind == std::filesystem::file_type::directory || kind == std::filesystem::file_type::fifo ||
+        kind == std::filesystem::file_type::socket) {
         throw RuntimeError(ErrorNumber::PathFileAccess);
+    }
     struct Closer {
         void operator()(std::FILE* file) const { std::fclose(file); }
     };

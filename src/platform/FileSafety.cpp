@@ -12,10 +12,18 @@
 #include <io.h>
 #else
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
 namespace trevandix {
+
+std::string linkTarget(const std::string& filePath) {
+    std::error_code error;
+    if (!std::filesystem::is_symlink(fromUtf8(filePath), error)) return filePath;
+    const std::filesystem::path target = std::filesystem::weakly_canonical(fromUtf8(filePath), error);
+    return error ? filePath : toUtf8(target);
+}
 
 #ifdef _WIN32
 
@@ -46,6 +54,9 @@ void syncFile(std::FILE* file) {
 }
 
 void beginSync(std::FILE*) {}
+
+// A new file has those of its folder, as every program leaves it here.
+void copyRights(const std::string&, const std::string&) {}
 
 std::string userStateFolder() {
     const wchar_t* folder = _wgetenv(L"LOCALAPPDATA");
@@ -89,6 +100,22 @@ void syncFile(std::FILE* file) {
     // What is no file on a disk cannot be brought there.
     if (fsync(fileno(file)) != 0 && errno != EINVAL && errno != ENOTSUP && errno != EROFS)
         throwFileError(errno);
+}
+
+void copyRights(const std::string& from, const std::string& to) {
+    struct stat model {};
+    struct stat made {};
+    if (stat(from.c_str(), &model) != 0 || stat(to.c_str(), &made) != 0) return;
+    // The group alone as well: that is what a user who does not own the file may often set. Without it, what
+    // the group was allowed is not for another one.
+    mode_t mode = model.st_mode & 0777U;
+    if (model.st_uid != made.st_uid || model.st_gid != made.st_gid) {
+        if (chown(to.c_str(), model.st_uid, model.st_gid) != 0 &&
+            chown(to.c_str(), static_cast<uid_t>(-1), model.st_gid) != 0) {
+            mode &= ~static_cast<mode_t>(S_IRWXG);
+        }
+    }
+    chmod(to.c_str(), mode);
 }
 
 void beginSync(std::FILE* file) {

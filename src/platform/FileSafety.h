@@ -17,6 +17,13 @@ bool mayBeWritten(const std::string& filePath);
 /// left to `syncFile`.
 void beginSync(std::FILE* file);
 
+/// The file that a path leads to where it is a symbolic link; else the path itself.
+std::string linkTarget(const std::string& filePath);
+
+/// Gives a file the rights of another, and its owner and group where this user may. What cannot be stays as
+/// it is.
+void copyRights(const std::string& from, const std::string& to);
+
 /// Returns when everything written is on the disk. Errors: as `throwFileError`.
 void syncFile(std::FILE* file);
 

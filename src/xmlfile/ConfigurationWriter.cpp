@@ -1,5 +1,6 @@
 #include "xmlfile/ConfigurationWriter.h"
 
+#include "platform/FileSafety.h"
 #include "platform/RuntimeError.h"
 #include "xmlfile/ConfigurationPrinter.h"
 #include "xmlfile/FileBackup.h"
@@ -25,10 +26,12 @@ bool ConfigurationWriter::CreateXML(const std::string& filePath) {
 }
 
 void ConfigurationWriter::writeFile(const std::string& filePath) {
-    FileBackup backup(filePath);
+    const std::string path = linkTarget(filePath);  // a link stays one
+    FileBackup backup(path);
     try {
         inProcedure("CreateXML", [&] {
-            Latin1File file(filePath);
+            Latin1File file(path);
+            if (!backup.path().empty()) copyRights(backup.path(), path);
             ConfigurationPrinter printer(configuration_);
             while (printer.printSome(file, kNodesPerSync)) file.beginSync();
             file.sync();

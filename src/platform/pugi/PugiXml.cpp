@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <pugixml.hpp>
 
 #include "platform/FileAccess.h"
@@ -68,6 +69,22 @@ public:
         const auto result = document.load_buffer_inplace(bytes_.data(), bytes_.size(), options, encoding);
         text_ = ReturnedMemory(document.document_element().name());
         return result;
+    }
+
+    /// What makes a text no document although each of its parts could be parsed.
+    struct Stray {
+        std::ptrdiff_t offset;
+        const char* reason;
+    };
+    std::optional<Stray> outsideRoot() const {
+        const pugi::xml_node root = document.document_element();
+        if (!root) return Stray{0, "No document element found"};
+        for (const pugi::xml_node& node : document.children()) {
+            const bool text = node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
+            if ((text && !isBlank(node.value())) || (node.type() == pugi::node_element && node != root))
+                return Stray{node.offset_debug(), "Content outside the document element"};
+        }
+        return std::nullopt;
     }
 
     bool doubtful() const override { return doubtful_; }
@@ -194,9 +211,9 @@ Text textOf(const std::string& filePath) {
 }
 
 // Parsing has changed the text, so what is wrong with it is looked for in the file again.
-[[noreturn]] void throwFailure(const std::string& filePath, const pugi::xml_parse_result& result) {
-    const auto offset = static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0));
-    throwParseError(textOf(filePath).bytes, offset, result.description());
+[[noreturn]] void throwFailure(const std::string& filePath, std::ptrdiff_t offset, const char* reason) {
+    const auto place = static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0));
+    throwParseError(textOf(filePath).bytes, place, reason);
 }
 
 }  // namespace
@@ -208,12 +225,16 @@ std::unique_ptr<XmlDocument> PugiXmlParser::load(const std::string& filePath) {
     // survives. Comments and instructions are kept so that markup inside values is noticed. A text that is
     // its element's value needs no node of its own, which halves their number.
     constexpr unsigned kOptions = pugi::parse_default | pugi::parse_ws_pcdata_single | pugi::parse_comments |
-                                  pugi::parse_pi | pugi::parse_embed_pcdata;
+                                  pugi::parse_pi | pugi::parse_embed_pcdata | pugi::parse_fragment;
     const pugi::xml_parse_result result = document->parse(std::move(text.bytes), kOptions, text.encoding);
     if (result.status == pugi::status_out_of_memory) throw RuntimeError(ErrorNumber::OutOfMemory);
     if (!result) {
         document.reset();  // the text is read once more
-        throwFailure(filePath, result);
+        throwFailure(filePath, result.offset, result.description());
+    }
+    if (const auto stray = document->outsideRoot()) {
+        document.reset();
+        throwFailure(filePath, stray->offset, stray->reason);
     }
     return document;
 }
