@@ -166,6 +166,25 @@ TEST(Recovery, AfterACrash) {
     EXPECT_EQ(declines.messages.take().size(), 1U);
 }
 
+// A unit dragged onto another leaves a configuration that no save takes; the rest of the work is kept all the
+// same.
+TEST(Recovery, KeepsWhatCanBeKept) {
+    Edited place;
+    plant(place, {"V", "V.c"});
+    place.drag("U", "V");
+    plant(place, {"V.d"});
+    place.run("mnuSaveCfg");
+    EXPECT_TRUE(place.messages.take().back().starts_with(" Error n. 35601"));
+    place.tick(3, 3);
+    ASSERT_EQ(place.kept().size(), 1U);
+
+    Edited next;
+    crash(place, next);
+    next.messages.answers = {Answer::Yes};
+    EXPECT_TRUE(next.editor.offerRecovery());
+    EXPECT_TRUE(next.has("V.c") && next.has("V.d"));
+}
+
 TEST(Recovery, RemainsWithoutAWholeContentAreNotOffered) {
     Edited place;
     fs::create_directory(place.folder / "state");

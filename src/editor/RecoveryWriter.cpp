@@ -12,7 +12,7 @@ RecoveryWriter::RecoveryWriter(const Configuration& configuration, const std::st
       filePath_(filePath),
       edits_(configuration.edits()),
       changes_(configuration.changes()),
-      printer_(configuration),
+      printer_(configuration, ConfigurationPrinter::Gaps::Skip),
       file_(filePath) {}
 
 RecoveryWriter::Outcome RecoveryWriter::step(std::chrono::milliseconds budget) {

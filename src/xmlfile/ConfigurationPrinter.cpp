@@ -21,6 +21,7 @@ bool ConfigurationPrinter::printSome(Latin1File& file, std::size_t nodes) {
             }
             beginUnit(file);
             --nodes;
+            if (unitNode_ == nullptr) continue;
         }
         inProcedure("PrintBranch", [&] { PrintBranch(file, nodes); });
         if (node_ == nullptr) endUnit(file);
@@ -45,7 +46,8 @@ void ConfigurationPrinter::beginUnit(Latin1File& file) {
     const auto [key, unit] = *unit_;
     file.print(unit->GetXmlTag(configuration_.state.interfaceKind));
     file.print("\t\t\t<tags>");
-    unitNode_ = &configuration_.tree.at(key);
+    unitNode_ = gaps_ == Gaps::Fail ? &configuration_.tree.at(key) : configuration_.tree.find(key);
+    if (unitNode_ == nullptr) return endUnit(file);
     node_ = unitNode_->firstChild();
     depth_ = kUnitChildDepth;
 }
@@ -72,8 +74,10 @@ void ConfigurationPrinter::PrintBranch(Latin1File& file, std::size_t& nodes) {
     const TreeNode* node = node_;
     for (; node != nullptr && nodes > 0; --nodes) {
         if (node->tag() == NodeTag::Item) {
-            const clsItem& item = *configuration_.items.at(node->key(), nextItem_);
-            file.printWith([&](std::string& out) { item.appendXmlTag(out, depth); });
+            if (gaps_ == Gaps::Fail || configuration_.items.contains(node->key())) {
+                const clsItem& item = *configuration_.items.at(node->key(), nextItem_);
+                file.printWith([&](std::string& out) { item.appendXmlTag(out, depth); });
+            }
         } else {
             file.print(Indentation(depth) + "<" + node->text() + ">");
             if (node->firstChild() != nullptr) {

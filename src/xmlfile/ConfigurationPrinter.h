@@ -12,10 +12,17 @@ class Latin1File;
 /// when the configuration changes in between (`Configuration::changes`).
 class ConfigurationPrinter {
 public:
-    explicit ConfigurationPrinter(const Configuration& configuration) : configuration_(configuration) {}
+    /// What to do where a unit has no node or an item's node no record, as some drags leave them.
+    enum class Gaps {
+        Fail,  ///< ElementNotFound, InvalidCall
+        Skip,  ///< the rest is worth keeping
+    };
 
-    /// Prints on for about as many nodes. False when everything is printed. Errors: those of the file;
-    /// ElementNotFound and InvalidCall where tree and collections disagree.
+    explicit ConfigurationPrinter(const Configuration& configuration, Gaps gaps = Gaps::Fail)
+        : configuration_(configuration), gaps_(gaps) {}
+
+    /// Prints on for about as many nodes. False when everything is printed. Errors: those of the file and of
+    /// gaps.
     bool printSome(Latin1File& file, std::size_t nodes);
 
 private:
@@ -27,6 +34,7 @@ private:
     void PrintBranch(Latin1File& file, std::size_t& nodes);
 
     const Configuration& configuration_;
+    Gaps gaps_;
     bool begun_ = false;
     KeyedCollection<clsPLC>::Iterator unit_;
     KeyedCollection<clsItem>::Iterator nextItem_;  // the item expected next: both orders are mostly the same
