@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <initializer_list>
+#include <string>
 #include <string_view>
 
 #include "model/Configuration.h"
@@ -19,6 +20,12 @@ struct DialogContext {
     MousePointer& pointer;
     Configuration& configuration;
 };
+
+/// True when there is nothing to say; else shows what is wrong with the fields.
+inline bool passes(const std::string& fault, Messages& messages) {
+    if (!fault.empty()) messages.show(fault);
+    return fault.empty();
+}
 
 /// One event of a dialog. `procedure` is the name that its error messages give.
 template <typename Dialog>

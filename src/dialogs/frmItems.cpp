@@ -122,9 +122,7 @@ void frmItems::cmbDataType_Click() {
 }
 
 bool frmItems::CheckFields() {
-    const std::string message = itemFieldError(*form_);
-    if (!message.empty()) context_.messages.show(message);
-    return message.empty();
+    return passes(itemFieldError(*form_), context_.messages);
 }
 
 void frmItems::AddItemToColl() {

@@ -136,9 +136,7 @@ std::string frmModBus::fieldError() const {
 }
 
 bool frmModBus::CheckFields() {
-    const std::string message = fieldError();
-    if (!message.empty()) context_.messages.show(message);
-    return message.empty();
+    return passes(fieldError(), context_.messages);
 }
 
 void frmModBus::cmdOk_Click() {

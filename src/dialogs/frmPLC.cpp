@@ -112,9 +112,7 @@ void frmPLC::loadRecord() {
 }
 
 bool frmPLC::CheckFields() {
-    const std::string message = unitFieldError(*form_, context_.configuration, edited_.get());
-    if (!message.empty()) context_.messages.show(message);
-    return message.empty();
+    return passes(unitFieldError(*form_, context_.configuration, edited_.get()), context_.messages);
 }
 
 void frmPLC::cmdOk_Click() {

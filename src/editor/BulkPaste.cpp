@@ -36,18 +36,24 @@ std::vector<std::string> clipboardLines(std::string_view text) {
     return lines;
 }
 
+std::optional<BulkPaste::Lines> BulkPaste::pastedLines() const {
+    const std::string text = context_.platform.clipboard.text();
+    if (!text.empty()) return clipboardLines(text);
+    context_.platform.messages.show("Empty clipboard !");
+    return std::nullopt;
+}
+
 void BulkPaste::mnuPasteName_Click() {
     context_.guarded("mnuPasteName_Click", [&] {
-        const std::string text = context_.platform.clipboard.text();
-        if (text.empty()) return void(context_.platform.messages.show("Empty clipboard !"));
+        const std::optional<Lines> lines = pastedLines();
+        if (!lines) return;
         const Rows rows = context_.list.selectedRows();
-        const Lines lines = clipboardLines(text);
-        if (clashes(lines, rows)) return void(context_.platform.messages.show("Name already existing"));
-        if (!fits(lines, rows)) return;
+        if (clashes(*lines, rows)) return void(context_.platform.messages.show("Name already existing"));
+        if (!fits(*lines, rows)) return;
         const auto name = [&](std::size_t row) { return context_.list.rows().at(row).text; };
-        if (!showFrmReplace(context_.platform.forms, preview("Item name", rows, lines, name))) return;
+        if (!showFrmReplace(context_.platform.forms, preview("Item name", rows, *lines, name))) return;
         context_.state().saved = false;
-        applyNames(lines, rows);
+        applyNames(*lines, rows);
     });
 }
 
@@ -98,17 +104,16 @@ void BulkPaste::applyNames(const Lines& lines, const Rows& rows) {
 
 void BulkPaste::mnuPasteComment_Click() {
     context_.guarded("mnuPasteComment_Click", [&] {
-        const std::string text = context_.platform.clipboard.text();
-        if (text.empty()) return void(context_.platform.messages.show("Empty clipboard !"));
+        const std::optional<Lines> lines = pastedLines();
+        if (!lines) return;
         const Rows rows = context_.list.selectedRows();
-        const Lines lines = clipboardLines(text);
-        if (!fits(lines, rows)) return;
+        if (!fits(*lines, rows)) return;
         const auto comment = [&](std::size_t row) {
             return context_.configuration.items.at(context_.list.rows().at(row).key)->sComment();
         };
-        if (!showFrmReplace(context_.platform.forms, preview("Item comment", rows, lines, comment))) return;
+        if (!showFrmReplace(context_.platform.forms, preview("Item comment", rows, *lines, comment))) return;
         context_.state().saved = false;
-        applyComments(lines, rows);
+        applyComments(*lines, rows);
     });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,8 @@ public:
 private:
     using Rows = std::vector<std::size_t>;
     using Lines = std::vector<std::string>;
+    /// The clipboard's lines; nothing, after a message, when it is empty.
+    std::optional<Lines> pastedLines() const;
     bool clashes(const Lines& lines, const Rows& rows) const;
     bool fits(const Lines& lines, const Rows& rows) const;
     void applyNames(const Lines& lines, const Rows& rows);

@@ -4,20 +4,11 @@
 
 #include <algorithm>
 
+#include "platform/wx/WxRaised.h"
+
 namespace trevandix {
 
 namespace {
-
-class Depth {
-public:
-    explicit Depth(int& depth) : depth_(depth) { ++depth_; }
-    ~Depth() { --depth_; }
-    Depth(const Depth&) = delete;
-    Depth& operator=(const Depth&) = delete;
-
-private:
-    int& depth_;
-};
 
 // The toolkit counts some notices about windows as input, because they travel up like it.
 bool isInput(const wxEvent& event) {
@@ -65,7 +56,7 @@ void WxInputGate::flush() {
 void WxInputGate::perform(const Call& call) {
     if (events_ == nullptr) return;
     {
-        const Depth depth(depth_);
+        const WxRaised depth(depth_);
         call(*events_);
     }
     if (depth_ > 0) return;

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/wx/WxAccessibleName.h"
+#include "platform/wx/WxRaised.h"
 
 namespace trevandix {
 
@@ -14,17 +15,6 @@ namespace {
 
 constexpr char kSpokenName[] = "Contents";
 constexpr char kSpokenPurpose[] = "What the selected node holds";
-
-class Raised {
-public:
-    explicit Raised(int& counter) : counter_(counter) { ++counter_; }
-    ~Raised() { --counter_; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-
-private:
-    int& counter_;
-};
 
 // The window whose mouse events are those of the rows: where wx draws the control itself, the part of it
 // below the header.
@@ -140,7 +130,7 @@ void WxListView::showFitting() {
 }
 
 void WxListView::contentsChanged() {
-    const Raised quiet(quiet_);
+    const WxRaised quiet(quiet_);
     showFitting();
     if (shown_ == report_) {
         report_->refill();
@@ -152,7 +142,7 @@ void WxListView::contentsChanged() {
 }
 
 void WxListView::rowChanged(std::size_t row) {
-    const Raised quiet(quiet_);
+    const WxRaised quiet(quiet_);
     if (shown_ == report_) {
         report_->RefreshItem(static_cast<long>(row));
     } else {
@@ -185,7 +175,7 @@ std::optional<std::size_t> WxListView::currentRow() const {
 }
 
 void WxListView::selectAll() {
-    const Raised quiet(quiet_);
+    const WxRaised quiet(quiet_);
     if (shown_->GetItemCount() == 0) return;
     const wxWindowUpdateLocker frozen(shown_);  // once for all rows, not for each
     shown_->SetItemState(-1, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
@@ -216,7 +206,7 @@ void WxListView::onContextMenu(wxContextMenuEvent& event) {
     const long row = shown_->HitTest(point, flags);
     if (row >= 0 && shown_->GetItemState(row, wxLIST_STATE_SELECTED) == 0) {
         {
-            const Raised quiet(quiet_);
+            const WxRaised quiet(quiet_);
             shown_->SetItemState(-1, 0, wxLIST_STATE_SELECTED);
             const long both = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
             shown_->SetItemState(row, both, both);

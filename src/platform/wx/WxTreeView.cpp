@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/wx/WxAccessibleName.h"
+#include "platform/wx/WxRaised.h"
 #include "platform/wx/WxText.h"
 
 namespace trevandix {
@@ -31,18 +32,6 @@ bool liesIn(const TreeNode* node, const TreeNode& top) {
 
 }  // namespace
 
-/// While one lives, what the control reports is not its user's doing.
-class WxTreeView::Quiet {
-public:
-    explicit Quiet(WxTreeView& view) : view_(view) { ++view_.quiet_; }
-    ~Quiet() { --view_.quiet_; }
-    Quiet(const Quiet&) = delete;
-    Quiet& operator=(const Quiet&) = delete;
-
-private:
-    WxTreeView& view_;
-};
-
 WxTreeView::WxTreeView(wxWindow* parent, StructureTree& tree, WxInputGate& gate)
     : wxTreeCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                  wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_SINGLE, wxDefaultValidator, "TreeView1"),
@@ -59,7 +48,7 @@ WxTreeView::WxTreeView(wxWindow* parent, StructureTree& tree, WxInputGate& gate)
     Bind(wxEVT_TREE_ITEM_COLLAPSED, [this](wxTreeEvent& event) { onExpansion(event, false); });
     Bind(wxEVT_LEFT_DOWN, &WxTreeView::onLeftDown, this);
     if (tree_.root() != nullptr) {
-        const Quiet quiet(*this);
+        const WxRaised quiet(quiet_);
         insertSubtree(*tree_.root());
     }
     tree_.setObserver(this);
@@ -133,7 +122,7 @@ void WxTreeView::insertSubtree(const TreeNode& top) {
 
 // Frozen, as some controls would ask for each line below the new one to be drawn, one by one.
 void WxTreeView::nodeAdded(const TreeNode& node) {
-    const Quiet quiet(*this);
+    const WxRaised quiet(quiet_);
     const wxWindowUpdateLocker frozen(this);
     insert(node, Where::AtItsPlace);
 }
@@ -145,7 +134,7 @@ void WxTreeView::forget(const TreeNode& node) {
 }
 
 void WxTreeView::nodeRemoved(const TreeNode& node) {
-    const Quiet quiet(*this);
+    const WxRaised quiet(quiet_);
     forget(node);
     Delete(itemOf(node));
 }
@@ -155,7 +144,7 @@ void WxTreeView::textChanged(const TreeNode& node) {
 }
 
 void WxTreeView::nodeMoved(const TreeNode& node) {
-    const Quiet quiet(*this);
+    const WxRaised quiet(quiet_);
     const wxWindowUpdateLocker frozen(this);
     Delete(itemOf(node));
     insertSubtree(node);
@@ -163,7 +152,7 @@ void WxTreeView::nodeMoved(const TreeNode& node) {
 }
 
 void WxTreeView::childrenSorted(const TreeNode& parent) {
-    const Quiet quiet(*this);
+    const WxRaised quiet(quiet_);
     const wxWindowUpdateLocker frozen(this);
     places_.reserve(parent.childCount());
     for (const TreeNode* child = parent.firstChild(); child != nullptr; child = child->nextSibling())
@@ -177,7 +166,7 @@ int WxTreeView::OnCompareItems(const wxTreeItemId& first, const wxTreeItemId& se
 }
 
 void WxTreeView::expansionChanged(const TreeNode& node) {
-    const Quiet quiet(*this);
+    const WxRaised quiet(quiet_);
     const wxTreeItemId item = itemOf(node);
     if (!node.expanded()) {
         Collapse(item);
@@ -193,12 +182,12 @@ void WxTreeView::madeVisible(const TreeNode& node) {
     }
     // Before it is shown, the control has no size yet and would scroll sideways.
     if (!IsShownOnScreen()) return;
-    const Quiet quiet(*this);
+    const WxRaised quiet(quiet_);
     EnsureVisible(itemOf(node));
 }
 
 void WxTreeView::selectionChanged(const TreeNode* node) {
-    const Quiet quiet(*this);
+    const WxRaised quiet(quiet_);
     clicked_ = nullptr;
     if (node == nullptr) {
         UnselectAll();
@@ -217,7 +206,7 @@ void WxTreeView::highlightChanged(const TreeNode* node) {
 }
 
 void WxTreeView::cleared() {
-    const Quiet quiet(*this);
+    const WxRaised quiet(quiet_);
     clicked_ = nullptr;
     highlighted_ = visibleLater_ = nullptr;
     DeleteAllItems();
@@ -248,7 +237,7 @@ void WxTreeView::batchEnds() {
 
 // The control selects its root here when nothing is selected; that is nobody's click.
 void WxTreeView::OnInternalIdle() {
-    const Quiet quiet(*this);
+    const WxRaised quiet(quiet_);
     wxTreeCtrl::OnInternalIdle();
 }
 

@@ -49,7 +49,6 @@ protected:
     void OnInternalIdle() override;
 
 private:
-    class Quiet;
     enum class Where { AtItsPlace, AtTheEnd };
 
     void insert(const TreeNode& node, Where where);
@@ -71,7 +70,7 @@ private:
     const TreeNode* highlighted_ = nullptr;
     std::unordered_map<void*, int> places_;   // of items among their siblings, while they are sorted
     const TreeNode* visibleLater_ = nullptr;  // scrolled to when the batch ends
-    int quiet_ = 0;
+    int quiet_ = 0;  // while it is not, what the control reports is not its user's doing
     int batches_ = 0;
 };
 
