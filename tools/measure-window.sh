@@ -5,7 +5,8 @@
 #
 # What is measured is the processor time that the program's first thread takes from a key until it rests again, so other
 # work on the machine does not count. It is more than the time for which the window answers nobody: what the toolkit
-# draws afterwards, in many short steps, is part of it.
+# draws afterwards, in many short steps, is part of it. That time is measured beside it for a program of Windows, by
+# another program that asks its window all the while (window-answers.cpp); there other work does count.
 set -euo pipefail
 program=$(realpath "$1")
 items=${2:-100000}
@@ -65,27 +66,45 @@ rested() {
     echo $((now - since))
 }
 
+# Prints for how long at most the window of a Windows program gave no answer since the last call, "-" for others.
+silent() {
+    if [[ $program != *.exe ]]; then
+        echo -
+        return
+    fi
+    local _
+    : >"$folder/silent"
+    for _ in {1..100}; do if [ -s "$folder/silent" ]; then break; else sleep 0.05; fi; done
+    cat "$folder/silent"
+}
+
+# measured WHAT ACTION...: prints what one press or click costs.
+measured() {
+    local what=$1 start spent
+    shift
+    rested 0 >/dev/null
+    silent >/dev/null
+    start=$(busy)
+    "$@"
+    spent=$(rested "$start")
+    printf '| %s | %s | %s |\n' "$what" "$spent" "$(silent)"
+}
+
 # measure WHAT KEY...: presses the keys one after the other; the last one counts.
 measure() {
-    local what=$1 start last=${*: -1}
+    local what=$1 last=${*: -1}
     shift
     if [ $# -gt 1 ]; then xdotool key --delay 20 "${@:1:$#-1}"; fi
-    rested 0 >/dev/null
-    start=$(busy)
-    xdotool key "$last"
-    printf '| %s | %s |\n' "$what" "$(rested "$start")"
+    measured "$what" xdotool key "$last"
 }
 
 # The header of the second column, the comments, in no order of the names.
 sort_column() {
-    local start WINDOW WIDTH HEIGHT top=79
+    local WINDOW WIDTH HEIGHT top=79
     if [[ $program == *.exe ]]; then top=64; fi
     eval "$(xdotool getactivewindow getwindowgeometry --shell)"
     xdotool mousemove --window "$WINDOW" $((WIDTH * 70 / 100)) $top
-    rested 0 >/dev/null
-    start=$(busy)
-    xdotool click 1
-    printf '| sort them by their comments | %s |\n' "$(rested "$start")"
+    measured "sort them by their comments" xdotool click 1
 }
 
 # scroll WHAT X Y: turns the wheel over a place of the window, two notches a frame of 60 Hz. Prints what a frame costs:
@@ -97,7 +116,7 @@ scroll() {
     start=$(busy)
     xdotool click --repeat $((frames * 2)) --delay 8 5
     awk -v what="$1" -v spent="$(rested "$start")" -v frames=$frames \
-        'BEGIN { printf "| %s | %.1f |\n", what, spent / frames }'
+        'BEGIN { printf "| %s | %.1f | |\n", what, spent / frames }'
 }
 
 await() {
@@ -129,10 +148,14 @@ start_program() { # FILE
     await "$main"
 }
 
+if [[ $program == *.exe ]]; then
+    x86_64-w64-mingw32-g++-posix -std=c++20 -O2 -static -municode -o "$folder/answers.exe" "$(dirname "$0")/window-answers.cpp"
+fi
 plant "$folder/plant.xml"
 start_program "$folder/plant.xml" 2>/dev/null
-printf '| on %s items | ms |\n|---|---|\n' "$items"
-printf '| start and open | %s |\n' "$(rested 0)"
+printf '| on %s items | ms | longest without an answer, ms |\n|---|---|---|\n' "$items"
+printf '| start and open | %s | |\n' "$(rested 0)"
+if [[ $program == *.exe ]]; then wine "$folder/answers.exe" "$main" "Z:${folder//\//\\}\\silent" 2>/dev/null & fi
 measure "select the unit" Home Down
 measure "select a branch of a tenth" Down
 scroll "scroll its rows, each frame" 700 300

@@ -1,11 +1,14 @@
 #include "platform/wx/WxTreeView.h"
 
+#include <wx/app.h>
 #include <wx/wupdlock.h>
 #ifdef __WXMSW__
 #include <wx/msw/wrapwin.h>
 #endif
 
+#include <chrono>
 #include <utility>
+#include <vector>
 
 #include "platform/wx/WxAccessibleName.h"
 #include "platform/wx/WxRaised.h"
@@ -18,6 +21,10 @@ wxIMPLEMENT_CLASS(WxTreeView, wxTreeCtrl);
 namespace {
 
 constexpr char kSpokenName[] = "Configuration";
+
+// The control may take tens of microseconds for each line that goes (Wine's does); the window answers in
+// between.
+constexpr std::chrono::milliseconds kRemovingAtATime{20};
 
 class NodeData : public wxTreeItemData {
 public:
@@ -42,6 +49,7 @@ WxTreeView::WxTreeView(wxWindow* parent, StructureTree& tree, WxInputGate& gate)
     }
     SetImages(images_.bundles());
     setAccessibleName(*this, kSpokenName, "Units, branches and items as a tree");
+    Bind(wxEVT_TREE_SEL_CHANGING, &WxTreeView::onSelecting, this);
     Bind(wxEVT_TREE_SEL_CHANGED, &WxTreeView::onSelected, this);
     Bind(wxEVT_TREE_ITEM_ACTIVATED, &WxTreeView::onActivated, this);
     Bind(wxEVT_TREE_ITEM_EXPANDED, [this](wxTreeEvent& event) { onExpansion(event, true); });
@@ -61,7 +69,8 @@ WxTreeView::~WxTreeView() {
 }
 
 TreeNode* WxTreeView::nodeOf(const wxTreeItemId& item) const {
-    return item.IsOk() ? static_cast<NodeData*>(GetItemData(item))->node : nullptr;
+    if (!item.IsOk() || leavingItems_.contains(item.GetID())) return nullptr;
+    return static_cast<NodeData*>(GetItemData(item))->node;
 }
 
 TreeNode* WxTreeView::nodeAt(const wxPoint& point) const {
@@ -134,9 +143,44 @@ void WxTreeView::forget(const TreeNode& node) {
 }
 
 void WxTreeView::nodeRemoved(const TreeNode& node) {
-    const WxRaised quiet(quiet_);
     forget(node);
-    Delete(itemOf(node));
+    letGo(node);
+    if (batches_ == 0) removeSome();
+}
+
+// A control of Windows takes its time for each line below the top; that of wx for the top only.
+void WxTreeView::letGo(const TreeNode& top) {
+    std::vector<void*> items{top.viewItem};
+#ifdef __WXMSW__
+    for (const TreeNode* node = nextBelow(top, top); node != nullptr; node = nextBelow(*node, top))
+        items.push_back(node->viewItem);
+#endif
+    leaving_.insert(leaving_.end(), items.rbegin(), items.rend());
+    leavingItems_.insert(items.begin(), items.end());
+}
+
+void WxTreeView::removeSome() {
+    const WxRaised quiet(quiet_);
+    const auto end = std::chrono::steady_clock::now() + kRemovingAtATime;
+    while (!leaving_.empty() && std::chrono::steady_clock::now() < end) {
+        leavingItems_.erase(leaving_.front());
+        Delete(wxTreeItemId(leaving_.front()));
+        leaving_.pop_front();
+    }
+    const bool more = !leaving_.empty();
+    if (more) wxWakeUpIdle();
+    if (more == held_) return;
+    // A batch until the last has gone: to draw in between would take longer than to remove.
+    held_ = more;
+    if (more) {
+        batchBegins();
+    } else {
+        batchEnds();
+    }
+}
+
+void WxTreeView::removeAllLeft() {
+    while (!leaving_.empty()) removeSome();
 }
 
 void WxTreeView::textChanged(const TreeNode& node) {
@@ -146,6 +190,7 @@ void WxTreeView::textChanged(const TreeNode& node) {
 void WxTreeView::nodeMoved(const TreeNode& node) {
     const WxRaised quiet(quiet_);
     const wxWindowUpdateLocker frozen(this);
+    removeAllLeft();  // some may lie below the node
     Delete(itemOf(node));
     insertSubtree(node);
     if (tree_.selected() != nullptr && liesIn(tree_.selected(), node)) SelectItem(itemOf(*tree_.selected()));
@@ -162,7 +207,11 @@ void WxTreeView::childrenSorted(const TreeNode& parent) {
 }
 
 int WxTreeView::OnCompareItems(const wxTreeItemId& first, const wxTreeItemId& second) {
-    return places_.at(first.GetID()) - places_.at(second.GetID());
+    const auto place = [this](const wxTreeItemId& item) {
+        const auto found = places_.find(item.GetID());
+        return found == places_.end() ? -1 : found->second;  // leaving
+    };
+    return place(first) - place(second);
 }
 
 void WxTreeView::expansionChanged(const TreeNode& node) {
@@ -209,6 +258,9 @@ void WxTreeView::cleared() {
     const WxRaised quiet(quiet_);
     clicked_ = nullptr;
     highlighted_ = visibleLater_ = nullptr;
+    leaving_.clear();
+    leavingItems_.clear();
+    removeSome();
     DeleteAllItems();
 }
 
@@ -229,6 +281,7 @@ void WxTreeView::setHiddenRedraw([[maybe_unused]] bool redraw) {
 }
 
 void WxTreeView::batchEnds() {
+    if (batches_ == 1 && !held_) removeSome();
     if (--batches_ > 0) return;
     Thaw();
     setHiddenRedraw(true);
@@ -238,6 +291,7 @@ void WxTreeView::batchEnds() {
 // The control selects its root here when nothing is selected; that is nobody's click.
 void WxTreeView::OnInternalIdle() {
     const WxRaised quiet(quiet_);
+    if (!leaving_.empty()) removeSome();
     wxTreeCtrl::OnInternalIdle();
 }
 
@@ -246,6 +300,10 @@ void WxTreeView::click(TreeNode& node) {
     gate_.post(WxInputGate::Kind::TreeClick, [this](MainWindowEvents& events) {
         if (TreeNode* clicked = std::exchange(clicked_, nullptr)) events.TreeView1_NodeClick(*clicked);
     });
+}
+
+void WxTreeView::onSelecting(wxTreeEvent& event) {
+    if (leavingItems_.contains(event.GetItem().GetID())) event.Veto();
 }
 
 void WxTreeView::onSelected(wxTreeEvent& event) {
@@ -258,7 +316,8 @@ void WxTreeView::onSelected(wxTreeEvent& event) {
 }
 
 // Not passed on: the control would open or close the node.
-void WxTreeView::onActivated(wxTreeEvent&) {
+void WxTreeView::onActivated(wxTreeEvent& event) {
+    if (nodeOf(event.GetItem()) == nullptr) return;
     gate_.post(WxInputGate::Kind::Single, [](MainWindowEvents& events) { events.TreeView1_DblClick(); });
 }
 
@@ -278,7 +337,8 @@ void WxTreeView::onLeftDown(wxMouseEvent& event) {
     int flags = 0;
     const wxTreeItemId item = HitTest(event.GetPosition(), flags);
     const bool onItem = (flags & (wxTREE_HITTEST_ONITEMICON | wxTREE_HITTEST_ONITEMLABEL)) != 0;
-    if (item.IsOk() && onItem && item == GetSelection()) click(*nodeOf(item));
+    if (!onItem || item != GetSelection()) return;
+    if (TreeNode* node = nodeOf(item)) click(*node);
 }
 
 }  // namespace trevandix

@@ -2,8 +2,9 @@
 
 #include <wx/treectrl.h>
 
-#include <functional>
+#include <deque>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "model/StructureTree.h"
 #include "platform/wx/WxIcons.h"
@@ -54,6 +55,10 @@ private:
     void insert(const TreeNode& node, Where where);
     void insertSubtree(const TreeNode& top);
     void forget(const TreeNode& node);
+    void letGo(const TreeNode& top);
+    void removeSome();
+    void removeAllLeft();
+    void onSelecting(wxTreeEvent& event);
     void setHiddenRedraw(bool redraw);
     void click(TreeNode& node);
     void onSelected(wxTreeEvent& event);
@@ -69,9 +74,12 @@ private:
     TreeNode* clicked_ = nullptr;  // waits to be reported
     const TreeNode* highlighted_ = nullptr;
     std::unordered_map<void*, int> places_;   // of items among their siblings, while they are sorted
+    std::deque<void*> leaving_;               // items without a node, still in the control; children first
+    std::unordered_set<void*> leavingItems_;  // the same
     const TreeNode* visibleLater_ = nullptr;  // scrolled to when the batch ends
     int quiet_ = 0;  // while it is not, what the control reports is not its user's doing
     int batches_ = 0;
+    bool held_ = false;  // in a batch, as items are leaving
 };
 
 }  // namespace trevandix
