@@ -59,7 +59,6 @@ void visit(const XmlElement& element, std::size_t& bytes) {
     std::string buffer;
     for (XmlElement child = element.firstChild(); child; child = child.nextSibling()) {
         bytes += child.name().size() + child.text(buffer).size();
-        require(child.parent() == element, "a child has another parent");
     }
 }
 

@@ -45,24 +45,31 @@ TEST(SaveSafety, AGoodSaveLeavesNoTraceAndTouchesNoEarlierRescue) {
     EXPECT_EQ(names(place.folder), (Texts{"test.xml", "test.xml.bak"}));
 }
 
-// A record without which the writer stops half-way, again and again.
-TEST(SaveSafety, EveryFailedSaveKeepsWhatItFound) {
+// A record without which the writer stops half-way, again and again: what a save left is no content to keep.
+TEST(SaveSafety, FailedSavesKeepTheLastWholeFile) {
     Changed place;
-    place.configuration.items.remove("U.b");
     const std::string path = place.path("test.xml");
-    std::string found = place.old;
-    for (const char* ending : {".bak", ".bak2", ".bak3"}) {
-        const std::string backup = path + ending;
+    const auto item = place.configuration.items.at("U.b");
+    place.configuration.items.remove("U.b");
+    for (int attempt = 0; attempt < 3; ++attempt) {
         place.run("mnuSaveCfg");
         EXPECT_EQ(place.messages.take().back(),
-                  " Error n. 5  Invalid procedure call or argument: the previous file is "
-                  "kept as " +
-                      backup + " in PrintBranch");
-        EXPECT_EQ(readFile(backup), found);
+                  " Error n. 5  Invalid procedure call or argument: the previous file is kept as " + path +
+                      ".bak in PrintBranch");
         EXPECT_EQ(readFile(path + ".bak"), place.old);
-        found = readFile(path);  // partly written
+        EXPECT_NE(readFile(path), place.old);  // partly written
         EXPECT_FALSE(place.configuration.state.saved);
     }
+    place.configuration.items.add(item, Key("U.b"));
+    place.run("mnuSaveCfg");
+    EXPECT_EQ(names(place.folder), Texts{"test.xml"});
+    place.configuration.items.remove("U.b");
+    place.run("mnuSaveCfg");
+    writeFile(path, "by another");
+    place.messages.answers = {Answer::Yes, Answer::Yes};
+    place.run("mnuSaveCfg");
+    EXPECT_EQ(readFile(path + ".bak2"), "by another");
+    EXPECT_EQ(names(place.folder), (Texts{"test.xml", "test.xml.bak", "test.xml.bak2"}));
 }
 
 TEST(SaveSafety, AsksBeforeItOverwritesWhatAnotherProgramWrote) {
@@ -86,7 +93,7 @@ TEST(SaveSafety, AsksBeforeItOverwritesWhatAnotherProgramWrote) {
         const FileStamp theirs{0, before + std::chrono::seconds(90)};
         EXPECT_EQ(asked[0], "File " + path + " was changed by another program on " + theirs.localTime() +
                                 " (opened or saved here on " + ours.localTime() + "). Save all the same?");
-        EXPECT_EQ(place.messages.buttonsShown.back(), Buttons::YesNo);
+        EXPECT_EQ(place.messages.buttonsShown.back(), Buttons::NoYes);
         EXPECT_EQ(sizeToo, readFile(path) == "by another");
 
         place.messages.answers = {Answer::Yes, Answer::Yes};

@@ -8,6 +8,7 @@
 #include "editor/StatusNews.h"
 #include "editor/frmSelect.h"
 #include "platform/FileAccess.h"
+#include "platform/FileSafety.h"
 #include "platform/RuntimeError.h"
 #include "xmlfile/ConfigurationReader.h"
 #include "xmlfile/ConfigurationWriter.h"
@@ -158,12 +159,24 @@ void FileCommands::finishLoad() {
     context_.platform.window.focusTree();
 }
 
+// The part of a file that a failed save left gives its place back, so that the next save keeps the whole one.
+void FileCommands::putOldFileBack() {
+    if (!unfinished_) return;
+    const std::string& path = context_.state().filePath;
+    std::error_code ignored;
+    if (unfinished_->path == path && unfinished_->stamp == FileStamp::of(path))
+        std::filesystem::rename(fromUtf8(unfinished_->backup), fromUtf8(linkTarget(path)), ignored);
+    unfinished_.reset();
+}
+
 bool FileCommands::writeAndPublish() {
     EditingState& state = context_.state();
+    putOldFileBack();
     ConfigurationWriter writer(context_.configuration, context_.platform.messages, context_.platform.pointer);
     const bool written = writer.CreateXML(state.filePath);
     stamp_ = FileStamp::of(state.filePath);  // also of a partly written file: that one is ours
     if (!written) {
+        if (!writer.backup().empty()) unfinished_ = {state.filePath, stamp_, writer.backup()};
         state.saved = false;
         context_.platform.window.setStatus(StatusField::Notice, "");  // what an earlier save was published as
         return false;
@@ -189,8 +202,9 @@ bool FileCommands::keepsOthersWork() const {
     const auto now = FileStamp::of(path);
     if (!stamp_ || !now || now == stamp_) return false;
     return !context_.platform.messages.confirms("File " + path + " was changed by another program on " +
-                                                now->localTime() + " (opened or saved here on " +
-                                                stamp_->localTime() + "). Save all the same?");
+                                                    now->localTime() + " (opened or saved here on " +
+                                                    stamp_->localTime() + "). Save all the same?",
+                                                Buttons::NoYes);
 }
 
 void FileCommands::save() {

@@ -47,6 +47,7 @@ private:
     void load(const std::string& filePath);
     bool read(const std::string& source, const std::string& filePath);
     void finishLoad();
+    void putOldFileBack();
     bool writeAndPublish();
     void save();
     void saveAtEnd();
@@ -58,6 +59,12 @@ private:
     TreeAndList& views_;
     bool reading_ = false;
     std::optional<FileStamp> stamp_;
+    struct Unfinished {
+        std::string path;
+        std::optional<FileStamp> stamp;
+        std::string backup;
+    };
+    std::optional<Unfinished> unfinished_;  // what the last save has left, if it failed half-way
     std::function<void()> keepUnsaved_;
 };
 

@@ -4,7 +4,8 @@
 
 namespace trevandix {
 
-enum class Buttons { Ok, YesNo, YesNoCancel };
+/// NoYes is YesNo where the Return key says No.
+enum class Buttons { Ok, YesNo, NoYes, YesNoCancel };
 enum class Icon { None, Exclamation, Critical };
 enum class Answer { Ok, Yes, No, Cancel };
 
@@ -16,7 +17,9 @@ public:
     /// answered.
     virtual Answer show(std::string_view text, Buttons buttons = Buttons::Ok, Icon icon = Icon::None) = 0;
 
-    bool confirms(std::string_view question) { return show(question, Buttons::YesNo) == Answer::Yes; }
+    bool confirms(std::string_view question, Buttons buttons = Buttons::YesNo) {
+        return show(question, buttons) == Answer::Yes;
+    }
 };
 
 }  // namespace trevandix

@@ -25,9 +25,6 @@ bool XmlElement::isNamed(std::string_view upper) const {
     return true;
 }
 
-XmlElement XmlElement::parent() const {
-    return {document_, document_->parent(node_)};
-}
 void XmlElement::passed() const {
     document_->passed(node_);
 }

@@ -26,7 +26,6 @@ public:
     std::string_view name() const;
     /// The name compares equal to `upper` (ASCII capitals) when its case is ignored.
     bool isNamed(std::string_view upper) const;
-    XmlElement parent() const;  // not behind `passed`
     /// Children in document order, of every node kind.
     XmlElement firstChild() const;
     XmlElement nextSibling() const;
@@ -65,7 +64,6 @@ private:
     friend class XmlElement;
     virtual bool isElement(const void* node) const = 0;
     virtual std::string_view name(const void* node) const = 0;
-    virtual const void* parent(const void* node) const = 0;
     virtual const void* firstChild(const void* node) const = 0;
     virtual const void* nextSibling(const void* node) const = 0;
     virtual const void* child(const void* node, std::string_view name) const = 0;

@@ -38,6 +38,7 @@ void ConfigurationWriter::writeFile(const std::string& filePath) {
             file.close();
         });
     } catch (const RuntimeError& failure) {
+        backup_ = backup.path();
         throw backup.explained(failure);
     }
     backup.discard();

@@ -18,12 +18,16 @@ public:
     /// until the new one is safely on the disk.
     bool CreateXML(const std::string& filePath);
 
+    /// Where the old content is after a failure; empty when there was none, or it is where it was.
+    const std::string& backup() const { return backup_; }
+
 private:
     void writeFile(const std::string& filePath);
 
     const Configuration& configuration_;
     Messages& messages_;
     MousePointer& pointer_;
+    std::string backup_;
 };
 
 /// `depth` tab characters.

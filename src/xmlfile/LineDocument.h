@@ -15,7 +15,6 @@ struct LineNode {
     std::uint32_t nameLength = 0;
     std::uint32_t valueAt = 0;
     std::uint32_t valueLength = 0;
-    std::uint32_t parent = 0;
     std::uint32_t firstChild = 0;
     std::uint32_t next = 0;
     std::uint32_t attributes = 0;
@@ -40,7 +39,6 @@ private:
 
     bool isElement(const void*) const override { return true; }
     std::string_view name(const void* node) const override { return nameOf(at(node)); }
-    const void* parent(const void* node) const override { return pointer(at(node).parent); }
     const void* firstChild(const void* node) const override { return pointer(at(node).firstChild); }
     const void* nextSibling(const void* node) const override { return pointer(at(node).next); }
     const void* child(const void* node, std::string_view name) const override;

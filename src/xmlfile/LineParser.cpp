@@ -189,10 +189,7 @@ void LineParser::branchEnd(std::size_t depth) {
 }
 
 void LineParser::element(std::size_t depth, std::string_view name, std::string_view follower) {
-    const Range place{expectLine(depth, "<") + 1, name.size()};
-    expect(name);
-    expect(">");
-    ((ending_ = "</") += name) += '>';
+    const Range place = elementStart(depth, name);
     const std::size_t start = at_;
     std::size_t lineStop = text_.find(lineEnd_, at_);
     while (lineStop != std::string::npos && !view({start, lineStop - start}).ends_with(ending_)) {
@@ -216,11 +213,16 @@ bool LineParser::structureFollows(std::size_t depth) {
 }
 
 void LineParser::plainElement(std::size_t depth, std::string_view name) {
+    const Range place = elementStart(depth, name);
+    addChild(place, upTo(ending_ += lineEnd_));
+}
+
+LineParser::Range LineParser::elementStart(std::size_t depth, std::string_view name) {
     const Range place{expectLine(depth, "<") + 1, name.size()};
     expect(name);
     expect(">");
-    (((ending_ = "</") += name) += '>') += lineEnd_;
-    addChild(place, upTo(ending_));
+    ((ending_ = "</") += name) += '>';
+    return place;
 }
 
 std::string_view LineParser::tabs(std::size_t depth) {
@@ -293,7 +295,6 @@ std::uint32_t LineParser::add(Range name, Range value) {
     node.nameLength = static_cast<std::uint32_t>(name.length);
     node.valueAt = static_cast<std::uint32_t>(text.at);
     node.valueLength = static_cast<std::uint32_t>(text.length);
-    node.parent = open_.back().node;
     nodes_.push_back(node);
     return static_cast<std::uint32_t>(nodes_.size() - 1);
 }

@@ -44,6 +44,8 @@ private:
     bool structureFollows(std::size_t depth);
     /// One such line with nothing known of the line behind it; no line break can be in the value.
     void plainElement(std::size_t depth, std::string_view name);
+    /// Moves past "<name>" and prepares its end to be searched for. Gives the place of the name.
+    Range elementStart(std::size_t depth, std::string_view name);
 
     std::string_view tabs(std::size_t depth);
     std::string_view view(Range range) const {

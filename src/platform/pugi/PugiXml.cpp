@@ -111,7 +111,6 @@ private:
         return name;
     }
 
-    const void* parent(const void* node) const override { return at(node).parent().internal_object(); }
     const void* firstChild(const void* node) const override {
         checkTextBefore(node);
         return at(node).first_child().internal_object();

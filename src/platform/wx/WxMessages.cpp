@@ -17,6 +17,7 @@ namespace {
 long styleOf(Buttons buttons, Icon icon) {
     long style = wxOK;
     if (buttons == Buttons::YesNo) style = wxYES_NO;
+    if (buttons == Buttons::NoYes) style = wxYES_NO | wxNO_DEFAULT;
     if (buttons == Buttons::YesNoCancel) style = wxYES_NO | wxCANCEL;
     if (icon == Icon::Exclamation) return style | wxICON_EXCLAMATION;
     if (icon == Icon::Critical) return style | wxICON_ERROR;
@@ -47,7 +48,7 @@ Answer WxMessages::show(std::string_view text, Buttons buttons, Icon icon) {
             default:
                 // Escape is no answer to a question of Yes and No: either would be a guess that may lose
                 // work.
-                if (buttons == Buttons::YesNo) continue;
+                if (buttons == Buttons::YesNo || buttons == Buttons::NoYes) continue;
                 return buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
         }
     }
