@@ -1,6 +1,7 @@
 #include "model/ItemRenaming.h"
 
 #include <unordered_map>
+#include <unordered_set>
 
 namespace trevandix {
 
@@ -29,8 +30,7 @@ private:
     void leave(ItemRenaming& renaming) {
         if (configuration_.tree.find(renaming.key) == nullptr) {
             renaming.failure = ErrorNumber::ElementNotFound;
-        } else if (!configuration_.items.contains(renaming.key) ||
-                   !leaving_.try_emplace(renaming.key).second) {
+        } else if (!configuration_.items.contains(renaming.key) || !leaving_.insert(renaming.key).second) {
             renaming.failure = ErrorNumber::InvalidCall;
         }
     }
@@ -55,7 +55,7 @@ private:
 
     const Configuration& configuration_;
     std::vector<ItemRenaming>& renamings_;
-    std::unordered_map<Key, ItemRenaming*> leaving_;
+    std::unordered_set<Key> leaving_;
     std::unordered_map<Key, ItemRenaming*> claims_;
     std::vector<ItemRenaming*> staying_;
 };
