@@ -273,7 +273,7 @@ void WxForm::onKey(wxKeyEvent& event) {
     }
     if (plain && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER)) {
         // A button that has the keyboard is pressed itself.
-        const bool onButton = wxDynamicCast(wxWindow::FindFocus(), wxButton) != nullptr;
+        const bool onButton = dynamic_cast<wxButton*>(wxWindow::FindFocus()) != nullptr;
         if (!onButton && pressFromKeyboard(buttonForEnter())) return;
     }
     if (followAccessKey(event)) return;

@@ -46,6 +46,8 @@ WxListView::WxListView(wxWindow* parent, ListView& list, WxInputGate& gate, Open
 
 WxListView::~WxListView() {
     list_.setDisplay(nullptr);
+    ++quiet_;
+    DestroyChildren();  // while the members that they report to still live
 }
 
 void WxListView::watch(wxListCtrl& control) {

@@ -10,7 +10,7 @@ wxWindow* dialogParent() {
     wxWindow* active = wxGetTopLevelParent(wxGetActiveWindow());
     // The innermost modal dialog is created last; anything behind it must not own a further one.
     for (auto node = wxTopLevelWindows.GetLast(); node != nullptr; node = node->GetPrevious()) {
-        auto* window = wxDynamicCast(node->GetData(), wxDialog);
+        auto* window = dynamic_cast<wxDialog*>(node->GetData());
         if (window != nullptr && window->IsModal() && window->IsShown()) return window;
     }
     if (active != nullptr && active->IsShown()) return active;
