@@ -105,12 +105,12 @@ private:
         if (form.shape.name == "frmItems") return fillItems(form);
         if (form.shape.name == "frmBranch") form.type("txtBranchName", name(false));
         if (form.shape.name == "frmPLC")
-            form.fill({{"txtName", name(false)}, {"txtUI", std::to_string(pick(40))}});
+            form.fill("txtName=" + name(false) + "|txtUI=" + std::to_string(pick(40)));
         form.press("cmdOk");
     }
 
     void fillItems(FakeForm& form) {
-        form.fill({{"txtItemName", name(false)}, {"txtAddress", std::to_string(pick(70000))}});
+        form.fill("txtItemName=" + name(false) + "|txtAddress=" + std::to_string(pick(70000)));
         for (const char* list : {"cmbModbusType", "cmbDataType", "cmbAccessRight", "cmbBit"}) {
             const Texts items = form.items(list);
             if (form.enabled(list) && !items.empty()) form.choose(list, items[pick(items.size())]);

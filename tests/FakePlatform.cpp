@@ -142,14 +142,29 @@ void FakeForm::press(std::string_view name) {
     if (handler) handler();
 }
 
-void FakeForm::fill(const Fields& fields) {
-    for (const auto& [name, text] : fields)
+void FakeForm::fill(std::string_view fields) {
+    for (const std::string& field : split(fields)) {
+        const std::size_t end = field.find('=');
+        const std::string name = field.substr(0, end);
+        const std::string text = field.substr(end + 1);
         state(name).shape->kind == ControlKind::Choice ? choose(name, text) : type(name, text);
+    }
 }
 
-Fields FakeForm::shown(const Fields& fields) const {
-    Fields found;
-    for (const auto& [name, expected] : fields) found.emplace_back(name, text(name));
+std::string FakeForm::shown(std::string_view fields) const {
+    std::string found;
+    for (const std::string& field : split(fields)) {
+        const std::string name = field.substr(0, field.find('='));
+        found += (found.empty() ? "" : "|") + name + "=" + text(name);
+    }
+    return found;
+}
+
+std::string FakeForm::off() const {
+    std::string found;
+    for (const ControlSpec& control : shape.controls) {
+        if (!enabled(control.name)) found += (found.empty() ? "" : "|") + std::string(control.name);
+    }
     return found;
 }
 
@@ -245,6 +260,16 @@ void Workplace::selectRows(const Texts& texts) {
         if (std::ranges::find(texts, list.rows()[row].text) != texts.end()) display.selected.push_back(row);
     }
     editor.ListView1_Click();
+}
+
+Texts split(std::string_view text) {
+    Texts parts;
+    while (true) {
+        const std::size_t end = text.find('|');
+        parts.emplace_back(text.substr(0, end));
+        if (end == std::string_view::npos) return parts;
+        text.remove_prefix(end + 1);
+    }
 }
 
 std::string replaced(std::string text, std::string_view what, std::string_view by) {

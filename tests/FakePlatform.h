@@ -78,15 +78,18 @@ struct FakeForm : Form {
     void close() override;
 
     // What a user does: replaces a text box's contents, through its filter; picks an entry of a list;
-    // switches a check box, or chooses an option; presses a button; types or chooses into each field. Each
-    // refuses (throws std::logic_error) what a disabled or hidden control would not let him.
+    // switches a check box, or chooses an option; presses a button; types or chooses into each field, told as
+    // "name=text|name=text". Each refuses (throws std::logic_error) what a disabled or hidden control would
+    // not let him.
     void type(std::string_view name, std::string_view text);
     void choose(std::string_view name, std::string_view item);
     void toggle(std::string_view name);
     void press(std::string_view name);
-    void fill(const Fields& fields);
-    /// What the fields show now.
-    Fields shown(const Fields& fields) const;
+    void fill(std::string_view fields);
+    /// The same fields, told in the same way, with what they show now.
+    std::string shown(std::string_view fields) const;
+    /// The controls that are out of use, with "|" between them.
+    std::string off() const;
 
     const FormSpec& shape;
     bool open = false;
@@ -216,6 +219,8 @@ private:
     void checked(std::string_view what, bool mayPart, const std::function<void()>& step);
 };
 
+/// The texts that "|" sets apart.
+Texts split(std::string_view text);
 /// Throws std::logic_error when the text does not hold `what`.
 std::string replaced(std::string text, std::string_view what, std::string_view by);
 std::string readFile(const std::filesystem::path& path);

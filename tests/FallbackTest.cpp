@@ -32,17 +32,6 @@ struct Archive {
     FakePointer pointer;
 };
 
-/// The texts that "|" sets apart.
-Texts split(std::string_view text) {
-    Texts parts;
-    while (true) {
-        const std::size_t end = text.find('|');
-        parts.emplace_back(text.substr(0, end));
-        if (end == std::string_view::npos) return parts;
-        text.remove_prefix(end + 1);
-    }
-}
-
 class RandomPlant {
 public:
     explicit RandomPlant(unsigned seed) : random_(seed) {

@@ -71,7 +71,7 @@ class Rekeying : public ::testing::Test {
 protected:
     Texts rename(std::string_view key, const std::string& name) {
         const std::string field = place.node(key).tag() == NodeTag::Plc ? "txtName" : "txtBranchName";
-        editDialog(place, key, confirmed({{field, name}}));
+        editDialog(place, key, confirmed(field + "=" + name));
         return place.messages.take();
     }
     PlantedWorkplace place{

@@ -26,7 +26,7 @@ struct PlantedWorkplace : Workplace {
 };
 
 /// Fills the dialog's fields and presses Ok, which it answers with the message only.
-void expectRefusal(Workplace& place, FakeForm& form, const Fields& fields, const Texts& message);
+void expectRefusal(Workplace& place, FakeForm& form, const std::string& fields, const Texts& message);
 
 /// What a file of the configuration gives back, a line a node, in tree order: its place, branch names in
 /// capitals, and its record.
