@@ -21,10 +21,10 @@ using Fields = std::vector<std::pair<std::string, std::string>>;
 
 /// Records every box and answers from a script; unscripted boxes get the first button.
 struct FakeMessages : Messages {
-    Answer show(std::string_view text, Buttons buttons, Icon icon) override;
+    Answer show(std::string_view text, Buttons choice, Icon kind) override;
     Texts texts;
-    std::vector<Buttons> buttonsShown;
-    std::vector<Icon> icons;
+    Buttons buttons = Buttons::Ok;  ///< of the last box
+    Icon icon = Icon::None;
     std::deque<Answer> answers;
     /// The texts so far, which are forgotten.
     Texts take() { return std::exchange(texts, {}); }
@@ -63,7 +63,7 @@ struct FakeForm : Form {
     void setItems(std::string_view name, const Texts& items) override;
     Texts items(std::string_view name) const override { return state(name).items; }
     bool enabled(std::string_view name) const override { return state(name).enabled; }
-    void setEnabled(std::string_view name, bool enabled) override;
+    void setEnabled(std::string_view name, bool enabled) override { state(name).enabled = enabled; }
     bool visible(std::string_view name) const override { return state(name).visible; }
     void setVisible(std::string_view name, bool visible) override { state(name).visible = visible; }
     bool checked(std::string_view name) const override { return state(name).checked; }

@@ -76,7 +76,7 @@ TEST(FileCommands, SaveAsksBeforeItOverwrites) {
         place.fileDialog.choice = std::nullopt;
         place.run("mnuSaveCfg");
         EXPECT_EQ(place.messages.take(), question);
-        EXPECT_EQ(place.messages.buttonsShown.back(), Buttons::YesNoCancel);
+        EXPECT_EQ(place.messages.buttons, Buttons::YesNoCancel);
         EXPECT_FALSE(place.configuration.state.saved);
         EXPECT_TRUE(place.registry.published.empty());
     }

@@ -86,7 +86,7 @@ TEST(SaveSafety, AsksBeforeItOverwritesWhatAnotherProgramWrote) {
         const FileStamp theirs{0, before + std::chrono::seconds(90)};
         EXPECT_EQ(asked[0], "File " + path + " was changed by another program on " + theirs.localTime() +
                                 " (opened or saved here on " + ours.localTime() + "). Save all the same?");
-        EXPECT_EQ(place.messages.buttonsShown.back(), Buttons::YesNo);
+        EXPECT_EQ(place.messages.buttons, Buttons::YesNo);
         EXPECT_EQ(sizeToo, readFile(path) == "by another");
 
         place.messages.answers = {Answer::Yes, Answer::Yes};
