@@ -43,7 +43,8 @@ TEST(DragAndDrop, MovesAndCopiesWhereItMay) {
             const bool done = !c.placed.empty();
             EXPECT_EQ(place.drag(c.source, c.target, control), done);  // the pointer told it beforehand
             const bool refused = c.icon == Icon::Exclamation;
-            EXPECT_EQ(place.messages.texts, c.icon == Icon::None ? Texts{} : Texts{refused ? kRefused : kInUse});
+            EXPECT_EQ(place.messages.texts,
+                      c.icon == Icon::None ? Texts{} : Texts{refused ? kRefused : kInUse});
             EXPECT_EQ(place.messages.icon, c.icon);
             EXPECT_EQ(place.wrong(), Texts());
             EXPECT_TRUE(place.configuration.state.saved);
