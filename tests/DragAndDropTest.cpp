@@ -80,21 +80,17 @@ TEST(DragAndDrop, ACopySharesItsRecords) {
 }
 
 TEST(DragAndDrop, AMoveKeepsOrderLookAndASortedParent) {
-    PlantedWorkplace place({"U", "U.A/", "U.A.z", "U.A.a", "U.A.m/", "U.A.m.q", "V", "V.Z/", "V.a"});
+    PlantedWorkplace place(
+        {"U", "U.A/", "U.A.z", "U.A.a", "U.A.m/", "U.A.m.q", "V", "V.Z/", "V.a", "W", "W.x"});
     place.click("V");
     place.drag("U.A", "V");
     EXPECT_EQ(place.below("V"), (Texts{"V.a", "V.A", "V.A.z", "V.A.a", "V.A.m", "V.A.m.q", "V.Z"}));
     EXPECT_EQ(place.node("V.A.m").tag(), NodeTag::Branch);
     EXPECT_EQ(place.node("V.A.m.q").look().selectedImage, Image::Item);
-}
-
-TEST(DragAndDrop, OtherNodesMoveWithoutTheirRecords) {
-    PlantedWorkplace place({"U", "U.A/", "V", "V.x"});
-    place.drag("V", "U.A");
-    EXPECT_EQ(place.below("U"), (Texts{"U.A", "U.A.V"}));
-    EXPECT_EQ(place.node("U.A.V").tag(), NodeTag::Plc);
-    EXPECT_FALSE(place.has("V"));
-    EXPECT_TRUE(place.configuration.units.contains("V") && place.configuration.items.contains("V.x"));
+    place.drag("W", "V.Z");  // a unit, without its records
+    EXPECT_EQ(place.node("V.Z.W").tag(), NodeTag::Plc);
+    EXPECT_FALSE(place.has("W"));
+    EXPECT_TRUE(place.configuration.units.contains("W") && place.configuration.items.contains("W.x"));
     EXPECT_EQ(place.messages.take(), Texts());
 }
 

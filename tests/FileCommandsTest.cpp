@@ -154,19 +154,18 @@ TEST(FileCommands, CloseAndExit) {
     EXPECT_TRUE(place.window.menus["mnuOpenCfg"]);
 
     for (const Answer answer : {Answer::Yes, Answer::No}) {
-        Changed leaving;
-        // A save that comes to nothing does not hold the window.
-        leaving.messages.answers = {answer, Answer::Cancel};
-        leaving.run("mnuExit");
-        EXPECT_EQ(leaving.messages.take().size(), answer == Answer::Yes ? 2U : 1U);
-        leaving.editor.Form_Unload();  // which asks no second time
-        EXPECT_TRUE(leaving.window.closed && leaving.messages.texts.empty());
-
-        Changed closing;
-        closing.messages.answers = {answer, Answer::Cancel};
-        closing.editor.Form_Unload();
-        EXPECT_EQ(closing.messages.take()[0], "Do you want to save active configuration?");
-        EXPECT_TRUE(closing.configuration.units.empty());
+        for (const bool exits : {true, false}) {
+            Changed leaving;
+            // A save that comes to nothing does not hold the window.
+            leaving.messages.answers = {answer, Answer::Cancel};
+            if (exits) leaving.run("mnuExit");
+            EXPECT_EQ(leaving.window.closed, exits);
+            leaving.editor.Form_Unload();  // which asks no second time
+            const Texts asked = leaving.messages.take();
+            EXPECT_EQ(asked.size(), answer == Answer::Yes ? 2U : 1U);
+            EXPECT_EQ(asked[0], "Do you want to save active configuration?");
+            EXPECT_TRUE(leaving.configuration.units.empty());
+        }
     }
 }
 
