@@ -229,8 +229,7 @@ TEST(Fallback, DamagedFilesLoseNothingWithoutAWord) {
         for (const char* name : {"coil", "holding register"}) addDataType(place, name);
         place.configuration.state.interfaceKind = comment == "plain" ? kTcpIp : kRtu;
         for (const auto& [key, item] : place.configuration.items) item->sComment(comment);
-        place.run("mnuSaveCfg");
-        const std::string whole = readFile(place.configuration.state.filePath);
+        const std::string whole = place.saved();
         int refused = 0;
         const auto check = [&](std::size_t at, std::size_t length) {
             const std::string less = std::string(whole).erase(at, length);

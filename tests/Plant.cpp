@@ -74,6 +74,13 @@ bool PlantedWorkplace::drag(std::string_view source, std::string_view target, bo
     return promised;
 }
 
+std::string PlantedWorkplace::saved(const std::string& name) {
+    configuration.setFilePath(path(name));
+    run("mnuSaveCfg");
+    messages.take();
+    return readFile(path(name));
+}
+
 void expectRefusal(Workplace& place, FakeForm& form, const std::string& fields, const Texts& message) {
     confirmed(fields)(form);
     EXPECT_TRUE(form.open);

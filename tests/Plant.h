@@ -22,6 +22,8 @@ struct PlantedWorkplace : Workplace {
     /// Drags with the right button; an empty key stands for the first node. True where the pointer showed
     /// that the drop is allowed.
     bool drag(std::string_view source, std::string_view target, bool control = false);
+    /// Saves under the name in the folder; returns what the file holds then.
+    std::string saved(const std::string& name = "test.xml");
     Texts wrong() const { return disagreements(configuration); }
 };
 

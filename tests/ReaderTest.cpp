@@ -146,18 +146,15 @@ TEST(Reader, RefusesBadFilesWithTheirMessage) {
 }
 
 TEST(Reader, NestsAsDeeplyAsTheFileDoes) {
-    constexpr int kLevels = 10'000;
-    std::string tags;
-    for (int level = 0; level < kLevels; ++level) tags += "<B>";
-    tags += tagText(4, "Deep");
-    for (int level = 0; level < kLevels; ++level) tags += "</B>";
+    std::string deep = tagText(4, "Deep");
+    for (int level = 0; level < 10'000; ++level) deep = "<B>" + deep + "</B>";
     Workplace place;
-    place.openText(fileText({}, {unit("P", tags + "\r\n")}));
+    place.openText(fileText({}, {unit("P", deep + "\r\n")}));
     EXPECT_TRUE(place.messages.take().empty());
-    EXPECT_EQ(place.configuration.branches.size(), static_cast<std::size_t>(kLevels));
+    EXPECT_EQ(place.configuration.branches.size(), 10'000U);
     place.run("mnuSaveCfg");
     const std::string saved = readFile(place.path("test.xml"));
-    EXPECT_NE(saved.find(std::string(kLevels + 5, '\t') + "<name>Deep</name>"), std::string::npos);
+    EXPECT_NE(saved.find(std::string(10'005, '\t') + "<name>Deep</name>"), std::string::npos);
     place.run("mnuCloseCfg");
     EXPECT_EQ(place.configuration.tree.size(), 0U);
 }
@@ -207,8 +204,7 @@ TEST(Reader, KeepsAllOfLargeFiles) {
         PlantedWorkplace written(keys);
         addDataType(written, "coil");
         for (const auto& [key, item] : written.configuration.items) item->sComment("mesur" + letter);
-        written.run("mnuSaveCfg");
-        const std::string latin1 = readFile(written.configuration.state.filePath);
+        const std::string latin1 = written.saved();
         // The data types behind the units: a section that is asked for after all others.
         const std::size_t start = latin1.find("\t<MODBUS>");
         const std::string types = latin1.substr(start, latin1.find("\t<OPC_DA>") - start);

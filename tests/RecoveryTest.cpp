@@ -15,11 +15,7 @@ namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
 struct Edited : PlantedWorkplace {
-    explicit Edited(const fs::path& state = {}) : PlantedWorkplace({"U", "U.a"}, state) {
-        configuration.setFilePath(path("test.xml"));
-        run("mnuSaveCfg");
-        messages.take();
-    }
+    explicit Edited(const fs::path& state = {}) : PlantedWorkplace({"U", "U.a"}, state) { saved(); }
 
     /// The window's timer, seconds after the start, the user having done nothing for `pause` seconds.
     void tick(int second, int pause) {
@@ -168,15 +164,12 @@ TEST(Recovery, RemainsWithoutAWholeContentAreNotOffered) {
     Edited place;
     fs::create_directory(place.folder / "state");
     const std::string note = "[recovery]\npath=" + place.path("test.xml") + "\ncontent=";
-    for (const auto& [file, text] : Fields{{"1-1.lock", ""},
-                                           {"1-1-1.xml", ""},
-                                           {"2-2.lock", ""},
-                                           {"2-2.ini", note + "2-2-1.xml"},
-                                           {"3-3.lock", ""},
-                                           {"3-3.ini", note + "../test.xml"},
-                                           {"3-3-1.xml", ""}}) {
+    const auto leave = [&](const char* file, std::string_view text) {
         writeFile(place.folder / "state" / file, text);
-    }
+    };
+    for (const char* file : {"1-1.lock", "1-1-1.xml", "2-2.lock", "3-3.lock", "3-3-1.xml"}) leave(file, "");
+    leave("2-2.ini", note + "2-2-1.xml");
+    leave("3-3.ini", note + "../test.xml");
     EXPECT_FALSE(place.editor.offerRecovery());
     EXPECT_TRUE(place.messages.take().empty());
     EXPECT_TRUE(place.files().empty());

@@ -33,9 +33,7 @@ struct Large : PlantedWorkplace {
         std::vector<std::string> keys;
         for (int i = 0; i < 20000; ++i) keys.push_back("U.B.item" + std::to_string(i));
         plant(*this, keys);
-        configuration.setFilePath(path("test.xml"));
-        run("mnuSaveCfg");
-        after = readFile(path("test.xml"));
+        after = saved();
         writeFile(path("test.xml"), before);
     }
     const std::string before = "the old content\r\n";

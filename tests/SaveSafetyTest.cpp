@@ -15,12 +15,9 @@ namespace fs = std::filesystem;
 // An open configuration, its file as it was, and one more item.
 struct Changed : PlantedWorkplace {
     Changed() : PlantedWorkplace({"U", "U.a"}) {
-        configuration.setFilePath(path("test.xml"));
-        run("mnuSaveCfg");
-        old = readFile(path("test.xml"));
+        old = saved();
         plant(*this, {"U.b"});
         configuration.state.saved = false;
-        messages.take();
     }
     std::string old;
 };

@@ -40,26 +40,6 @@ std::string utf8(std::wstring_view text) {
     return toUtf8(fs::path(text));
 }
 
-/// The line with the value in what the system's own program exports.
-std::string exported(const fs::path& folder, const std::string& view) {
-    const fs::path file = folder / "exported.reg";
-    const std::string command = "reg export HKLM\\Software\\VOSKAutomation\\" + kKind + " \"" +
-                                file.string() + "\" /y /reg:" + view + " > nul";
-    if (std::system(command.c_str()) != 0) return "nothing";
-    const std::string bytes = readFile(file);
-    std::wstring wide(bytes.size() / sizeof(wchar_t), L'\0');
-    std::memcpy(wide.data(), bytes.data(), wide.size() * sizeof(wchar_t));
-    const std::string text = utf8(wide);
-    const std::size_t at = text.find("\"ConfigFile\"");
-    return at == std::string::npos ? "nothing" : text.substr(at, text.find('\r', at) - at);
-}
-
-std::string doubledBackslashes(std::string_view path) {
-    std::string text;
-    for (const char c : path) text.append(c == '\\' ? 2 : 1, c);
-    return text;
-}
-
 /// A text as tests/server/read.js prints it.
 std::string printed(std::string_view text) {
     std::string line = "|";
@@ -106,21 +86,6 @@ Texts readByServer(const Workplace& place, const Texts& files) {
 }
 
 }  // namespace
-
-// The program of these tests has no manifest: its narrow functions know the characters of one code page only.
-TEST_F(Published, InBothViewsWhateverThePath) {
-    const Workplace place;
-    WindowsRegistry registry;
-    for (const std::wstring& path :
-         {std::wstring(L"C:\\Plants\\water works.xml"), std::wstring(L"C:\\\u00DCberlauf\\\u00E9tang.xml"),
-          std::wstring(L"C:\\\u03A5\u03B4\u03C9\u03C1\\\u0432\u043E\u0434\u0430 \u6C34 \U0001F4A7.xml"),
-          L"C:\\" + std::wstring(300, L'x') + L".xml"}) {
-        EXPECT_TRUE(registry.publish(kKind, utf8(path)));
-        const std::string expected = "\"ConfigFile\"=\"" + doubledBackslashes(utf8(path)) + "\"";
-        EXPECT_EQ(exported(place.folder, "64"), expected);
-        EXPECT_EQ(exported(place.folder, "32"), expected);
-    }
-}
 
 // Below a key that lasts until the system stops, none that stays can be made. No right to write is the same
 // to the program: the call fails.
@@ -189,10 +154,8 @@ TEST(Server, NoticesEveryValue) {
 // Refused before anything is touched; elsewhere neither hinders the change of a file's name.
 TEST(WindowsFiles, OpenElsewhereOrReadOnlyAreNotSaved) {
     PlantedWorkplace place({"U", "U.a"});
-    place.configuration.setFilePath(place.path("test.xml"));
-    place.run("mnuSaveCfg");
+    const std::string old = place.saved();
     const std::string path = place.path("test.xml");
-    const std::string old = readFile(path);
     plant(place, {"U.b"});
     const auto isRefused = [&] {
         place.configuration.state.saved = false;
