@@ -401,23 +401,6 @@ TEST(ItemDialog, EveryValueTypeMovesByItsSize) {
     }
 }
 
-TEST(ItemDialog, AddAndIncrementProposesTheNextItem) {
-    DialogPlace place;
-    place.open("U.B", "mnuAddItem", [&](FakeForm& form) {
-        fillItem(form, "First", "holding register", "boolean array", "100");
-        form.fill("txtComment=pump|cmbBit=10|txtElements=20");
-        form.press("cmdAdd");
-        const std::string next =
-            "txtItemName=New_Item_1|txtComment=|txtAddress=101|cmbBit=14|txtElements=20|cmbAccessRight=READ";
-        EXPECT_EQ(form.shown(next), next);
-        form.type("txtAddress", "");
-        form.press("cmdAdd");  // refused: nothing moves on
-        EXPECT_EQ(form.text("txtItemName"), "New_Item_1");
-    });
-    EXPECT_EQ(place.messages.take(), Texts{"Memory address field is empty."});
-    EXPECT_EQ(place.below("U.B"), Texts{"U.B.First"});
-}
-
 // A name that is taken; and one that passes the check, but whose key does not.
 TEST(ItemDialog, AGroupStopsAtTheFirstRefusal) {
     DialogPlace place;
@@ -426,7 +409,8 @@ TEST(ItemDialog, AGroupStopsAtTheFirstRefusal) {
              {"U.B", kNameTaken}, {"U.C", failure(kKeyNotUnique, "cmdAdd_Click")}}) {
         place.pointer.shapes.clear();
         place.open(branch, "mnuAddItem", [&](FakeForm& form) {
-            fillItem(form, "First", "holding register", "32 bit float", "10");
+            fillItem(form, "First", "holding register", "boolean array", "10");
+            form.fill("txtComment=pump|cmbBit=10|txtElements=20");
             form.press("cmdGroup");
             EXPECT_FALSE(form.enabled("frmMain"));
             EXPECT_EQ(form.text("txtNumbItems") + form.focused, "1txtNumbItems");
@@ -441,7 +425,10 @@ TEST(ItemDialog, AGroupStopsAtTheFirstRefusal) {
     }
     EXPECT_EQ(place.below("U"), (Texts{"U.B", "U.B.First", "U.B.New_Item_1", "U.B.New_Item_2", "U.C",
                                        "U.C.First", "U.C.New_Item_3"}));
-    EXPECT_EQ(place.item("U.B.New_Item_1").nAddress(), 12);
+    const clsItem& next = place.item("U.B.New_Item_1");
+    EXPECT_EQ((std::vector<int>{next.nAddress(), next.nBitNumber(), next.nElements()}),
+              (std::vector{11, 14, 20}));
+    EXPECT_EQ(next.sComment(), "");
 }
 
 TEST(ItemDialog, TheGroupPanelTakesNumbersOnly) {
