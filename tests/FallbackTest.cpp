@@ -40,14 +40,24 @@ public:
     }
 
     void fill(Configuration& configuration) {
-        const bool rtu = random_() % 2 == 0;
-        configuration.state.interfaceKind = rtu ? kRtu : kTcpIp;
-        for (int units = 1 + pick(2); units > 0; --units) {
-            orRefused([&] {
-                clsPLC& unit = plantUnit(configuration, "U" + text(), text());
-                if (rtu) unit.setCom(text());
-                fill(configuration, configuration.tree.at(unit.sKey()), 4);
-            });
+        configuration.state.interfaceKind = pick(2) == 0 ? kRtu : kTcpIp;
+        TreeNode* container = nullptr;
+        for (int step = 2 + pick(14); step > 0; --step) {
+            try {
+                if (container == nullptr || pick(10) == 0) {
+                    clsPLC& unit = plantUnit(configuration, "U" + text(), text());
+                    unit.setCom(text());
+                    container = &configuration.tree.at(unit.sKey());
+                } else if (pick(2) == 0) {
+                    TreeNode& branch = plantBranch(configuration, *container, text());
+                    if (pick(2) == 0) container = &branch;
+                } else {
+                    clsItem& item = plantItem(configuration, *container, text());
+                    item.sComment(text());
+                    if (pick(2) == 0) item.sDataType("coil:boolean array");
+                }
+            } catch (const RuntimeError&) {  // names may clash by chance; the plant then goes without
+            }
         }
     }
 
@@ -73,28 +83,6 @@ private:
         std::string text;
         for (int pieces = pick(5); pieces > 0; --pieces) text += palette_[random_() % palette_.size()];
         return text;
-    }
-
-    // Names may clash by chance; the plant then goes without.
-    template <typename Step>
-    static void orRefused(Step step) {
-        try {
-            step();
-        } catch (const RuntimeError&) {
-        }
-    }
-
-    void fill(Configuration& configuration, TreeNode& container, int deepest) {
-        for (int children = pick(4); children > 0; --children) {
-            orRefused([&] {
-                if (deepest > 0 && pick(2) == 0)
-                    return fill(configuration, plantBranch(configuration, container, text()), deepest - 1);
-                clsItem& item = plantItem(configuration, container, text());
-                item.sComment(text());
-                item.nAddress(pick(65536));
-                if (pick(2) == 0) item.sDataType("coil:boolean array");
-            });
-        }
     }
 
     std::mt19937 random_;
