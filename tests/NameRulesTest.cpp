@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "Plant.h"
 
 namespace trevandix::testing {
@@ -31,29 +29,20 @@ TEST(NameRules, NumericBoxesKeepNumbersAndItemNamesKeepWordCharacters) {
     EXPECT_TRUE(keeps(KeyFilter::Numeric, 8) && keeps(KeyFilter::ItemName, 8));
 }
 
-// Whether the children are sorted or not, the answer is that of a walk through them.
 TEST(NameRules, DuplicatesAreSiblingsOfTheSameKindWithExactlyTheName) {
-    std::mt19937 random(7);
-    const Texts names{"a", "A", "b", "B", "ab", "aB", "", "a.b", "\xC3\xA9", "\xC3\x89"};
-    for (int round = 0; round < 300; ++round) {
-        StructureTree tree;
-        TreeNode& root = tree.addRoot("", {NodeTag::Config});
-        TreeNode& unit = tree.addChild(root, "u", "u", {NodeTag::Plc});
-        if (round % 2 == 0) tree.keepSorted(unit);
-        for (int child = 0; child < 6; ++child) {
-            const NodeTag tag = random() % 2 == 0 ? NodeTag::Item : NodeTag::Branch;
-            tree.addChild(unit, std::to_string(child), names[random() % names.size()], {tag});
-        }
-        const bool edit = random() % 2 == 0;
-        tree.select(edit ? unit.firstChild() : &unit);
-        for (const std::string& name : names) {
-            bool clash = false;
-            for (const TreeNode* n = unit.firstChild(); n != nullptr; n = n->nextSibling()) {
-                clash |= n->tag() == NodeTag::Item && n->text() == name && n != tree.selected();
-            }
-            FakeMessages messages;
-            EXPECT_EQ(CheckDuplNames(NodeTag::Item, name, tree, edit, messages), !clash);
-            EXPECT_EQ(messages.texts, clash ? kNameTaken : Texts{});
+    for (const bool sorted : {false, true}) {
+        PlantedWorkplace place({"U", "U.A", "U.a", "U.ab", "U.b/", "U.B", "U.\xC3\xA9", "U.own"});
+        StructureTree& tree = place.configuration.tree;
+        if (sorted) tree.keepSorted(place.node("U"));
+        for (const bool edit : {false, true}) {
+            tree.select(&place.node(edit ? "U.own" : "U"));
+            for (const std::string& name : split("A|a|B|\xC3\xA9|own"))
+                EXPECT_EQ(CheckDuplNames(NodeTag::Item, name, tree, edit, place.messages),
+                          edit && name == "own");
+            EXPECT_EQ(place.messages.take(), Texts(edit ? 4 : 5, kNameTaken[0]));
+            for (const std::string& name : split("b||AB|\xC3\x89"))
+                EXPECT_TRUE(CheckDuplNames(NodeTag::Item, name, tree, edit, place.messages));
+            EXPECT_EQ(place.messages.take(), Texts{});
         }
     }
     FakeMessages messages;

@@ -6,7 +6,6 @@
 #include <windows.h>
 
 #include <cstdlib>
-#include <cstring>
 
 #include "FakePlatform.h"
 #include "Plant.h"
@@ -35,10 +34,6 @@ struct Published : ::testing::Test {
     Published() { removePublished(); }
     ~Published() override { removePublished(); }
 };
-
-std::string utf8(std::wstring_view text) {
-    return toUtf8(fs::path(text));
-}
 
 /// A text as tests/server/read.js prints it.
 std::string printed(std::string_view text) {

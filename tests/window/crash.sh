@@ -23,13 +23,11 @@ kill -9 "$editor"
 { wait "$editor"; } 2>"$folder/killed" || true
 
 start_asked
-answer alt+y
-await "$main"
+answer alt+y "$main"
 until_loaded
 keys ctrl+s
 answer alt+y
-answer Return
-await "$main"
+answer Return "$main"
 grep -q '<UNSAVED>' "$plant" || fail "the work was not recovered"
 [ "$(grep -vc UNSAVED "$plant")" = "$(wc -l <"$window_root/samples/water-works.xml")" ] || fail "more has changed"
 published TrevandixTcpIp "$plant"

@@ -162,14 +162,18 @@ replaced() {
     if [ -n "$1" ]; then typed "$1"; else keys BackSpace; fi
 }
 
-# answer KEY: answers the message box that is in front. A box that has just come up may miss a key.
+# answer KEY [TITLE]: answers the message box that is in front, and waits for the window that comes then. A box that has
+# just come up may miss a key.
 answer() {
     local asked
     await "$box"
     asked=$(xdotool getactivewindow)
     for _ in {1..5}; do
         keys "$1"
-        if until_true 1 is_gone "$asked"; then return; fi
+        if until_true 1 is_gone "$asked"; then
+            if [ -n "${2:-}" ]; then await "$2"; fi
+            return
+        fi
     done
     fail "$1 does not answer the message box"
 }

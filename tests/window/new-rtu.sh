@@ -34,12 +34,10 @@ keys Home
 
 serial Burner 4 COM3 3 # the same port at another rate
 keys Return
-answer Return
-await "$main"
+answer Return "$main"
 serial Boiler 4 COM4 3 # the name is taken: the dialog stays
 keys Return
-answer Return
-await "$unit"
+answer Return "$unit"
 fill_text u Burner
 confirm_dialog
 
@@ -51,8 +49,7 @@ confirm_dialog # NewBranch0
 open_dialog i "$item"
 fill_item "holding register" Level "" 65536 6 3
 keys Return # beyond the last address
-answer Return
-await "$item"
+answer Return "$item"
 fill_text a 65535
 keys alt+e
 leave_dialog

@@ -27,8 +27,7 @@ keys F1
 until_true 20 cmp -s "$unpacked/trevandix-editor/manual/manual.html" "$folder/shown.html" || fail "F1 shows nothing"
 keys ctrl+s
 answer alt+y
-answer Return
-await "$main"
+answer Return "$main"
 published TrevandixRTU "$sample"
 menu f x
 await_end
