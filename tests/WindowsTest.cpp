@@ -5,12 +5,12 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "FakePlatform.h"
 #include "Plant.h"
 #include "platform/FileAccess.h"
-#include "platform/Text.h"
 #include "platform/windows/WindowsRegistry.h"
 
 namespace trevandix::testing {
@@ -37,8 +37,11 @@ struct Published : ::testing::Test {
 
 /// A text as tests/server/read.js prints it.
 std::string printed(std::string_view text) {
+    constexpr std::string_view kBlanks = " \t\r\n";
+    text = text.substr(0, text.find_last_not_of(kBlanks) + 1);
+    text.remove_prefix(std::min(text.size(), text.find_first_not_of(kBlanks)));
     std::string line = "|";
-    for (const wchar_t c : fromUtf8(trimmed(text)).wstring()) {
+    for (const wchar_t c : fromUtf8(text).wstring()) {
         if (c >= L' ' && c <= L'~' && c != L'|' && c != L'\\')
             line += static_cast<char>(c);
         else
