@@ -158,6 +158,7 @@ TEST(FileCommands, CloseAndExit) {
             leaving.messages.answers = {answer, Answer::Cancel};
             if (exits) leaving.run("mnuExit");
             EXPECT_EQ(leaving.window.closed, exits);
+            EXPECT_EQ(leaving.messages.texts.empty(), !exits);
             leaving.editor.Form_Unload();  // which asks no second time
             const Texts asked = leaving.messages.take();
             EXPECT_EQ(asked.size(), answer == Answer::Yes ? 2U : 1U);
