@@ -55,33 +55,33 @@ TEST(Dialogs, ShowAgainWhatWasEntered) {
         std::string off;
         std::string entered;
         std::string_view selected;  // afterwards
+        std::string_view listed;    // last
         std::string_view edited;
         std::string shown;
         std::string offThen;
     };
     const std::vector<Case> cases{
         {kTcpIp, "", "mnuAddPlc", "txtName=New Plc 1|txtUI=1|txtTimeout=2000|txtAddress=192.168.0.1|txtPort=",
-         kSerial, "txtName=A|txtUI=7|txtTimeout=3.5|txtAddress=host", "A", "A",
+         kSerial, "txtName=A|txtUI=7|txtTimeout=3.5|txtAddress=host", "A", "A", "A",
          "txtName=A|txtUI=7|txtTimeout=4|txtAddress=host", kSerial},
         {kRtu, "", "mnuAddPlc",
-         "txtTimeout=2000|txtAddress=|txtPort=COM1|cmbBaud=9600|cmbParity=NO|cmbData=8|cmbStop=1|cmbFlow="
-         "NONE|"
-         "txtSilent=10",
+         "txtTimeout=2000|txtAddress=|txtPort=COM1|cmbBaud=9600|cmbParity=NO|cmbData=8|cmbStop=1|"
+         "cmbFlow=NONE|txtSilent=10",
          "txtAddress",
          "txtPort=COM3|cmbBaud=19200|cmbParity=ODD|cmbData=7 bits|cmbStop=2|cmbFlow=HARDWARE|txtSilent=2.5",
-         "New Plc 1", "New Plc 1",
+         "New Plc 1", "New Plc 1", "New Plc 1",
          "txtPort=COM3|cmbBaud=19200|cmbParity=ODD|cmbData=7|cmbStop=2|cmbFlow=HARDWARE|txtSilent=2",
          "txtAddress"},
-        {kTcpIp, "U", "mnuAddBranch", "txtBranchName=NewBranch1", "", "txtBranchName=a b", "U.a b", "U.a b",
-         "txtBranchName=a b", ""},
+        {kTcpIp, "U", "mnuAddBranch", "txtBranchName=NewBranch1", "", "txtBranchName=a b", "U.a b", "U",
+         "U.a b", "txtBranchName=a b", ""},
         {kTcpIp, kModBusFolder, "mnuAddMBType", "cmbMBType=|txtReadCode=", "txtSingleCode",
-         "cmbMBType=coil|txtReadCode=3.5|txtWriteCode=2.5|txtSingleCode=7", kModBusFolder, "coil",
+         "cmbMBType=coil|txtReadCode=3.5|txtWriteCode=2.5|txtSingleCode=7", kModBusFolder, "coil", "coil",
          "cmbMBType=coil|txtReadCode=4|txtWriteCode=2|txtSingleCode=7", ""},
         {kTcpIp, "U.B", "mnuAddItem",
          "txtItemName=New Item 0|cmbModbusType=|txtAddress=|cmbBit=0|txtElements=0", "cmbBit|txtElements",
          "txtItemName=I a.b|cmbModbusType=holding register|cmbDataType=boolean array|txtComment=pump|"
          "txtAddress=40|cmbBit=3|txtElements=8|cmbAccessRight=WRITE",
-         "U.B", "U.B.Iab",  // what is no word character did not get in
+         "U.B", "Iab", "U.B.Iab",  // what is no word character did not get in
          "cmbModbusType=holding register|cmbDataType=boolean array|txtComment=pump|txtAddress=40|cmbBit=3|"
          "txtElements=8|cmbAccessRight=WRITE|cmdOk=Confirm Modify",
          "cmdAdd|cmdGroup"},
@@ -102,6 +102,7 @@ TEST(Dialogs, ShowAgainWhatWasEntered) {
         place.open(c.parent, c.command, confirmed(c.entered));
         EXPECT_EQ(place.configuration.tree.size(), nodes + 1);
         EXPECT_EQ(place.selectedKey(), c.selected);
+        EXPECT_EQ(place.list.rows().back().text, c.listed);
         EXPECT_EQ(place.counters(), counters + 1);
         EXPECT_FALSE(place.configuration.state.saved);
         place.configuration.state.saved = true;
