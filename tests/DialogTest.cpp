@@ -29,15 +29,17 @@ struct DialogPlace : Workplace {
     }
     /// A dialog that closes is opened again for the next step.
     void check(std::string_view key, std::string_view command, const Steps& steps, bool closes = false) {
-        for (auto step = steps.begin(); step != steps.end();) {
+        for (std::size_t step = 0; step < steps.size();) {
+            const std::size_t before = step;
             open(key, command, [&](FakeForm& form) {
-                for (; form.open && step != steps.end(); ++step) {
-                    const auto& [fields, message] = *step;
+                while (form.open && step < steps.size()) {
+                    const auto& [fields, message] = steps[step++];
                     confirmed(fields)(form);
                     EXPECT_EQ(messages.take(), message.empty() ? Texts{} : Texts{message}) << fields;
                     EXPECT_EQ(form.open, !closes && !message.empty()) << fields;
                 }
             });
+            ASSERT_GT(step, before) << "the dialog does not open";
         }
     }
     int counters() const {
