@@ -14,16 +14,19 @@ using testing::Workplace;
 /// A user whose every choice is the next byte.
 class ByteUser {
 public:
-    explicit ByteUser(std::string_view bytes) : bytes_(bytes) {
+    ByteUser(std::string_view bytes, const Habits& habits) : bytes_(bytes), habits_(habits) {
         place_.newConfiguration(next() % 2 == 0 ? kTcpIp : kRtu);
     }
 
-    std::size_t run(std::size_t mostSteps) {
+    std::size_t run() {
         std::size_t steps = 0;
-        for (; steps < mostSteps && !bytes_.empty(); ++steps) {
+        for (; steps < habits_.mostSteps && !bytes_.empty(); ++steps) {
             step();
-            const auto faults = testing::disagreements(place_.configuration);
+            const Configuration& configuration = place_.configuration;
+            const auto faults =
+                habits_.careless ? brokenLinks(configuration.tree) : disagreements(configuration);
             if (!faults.empty()) throw std::logic_error(faults.front());
+            habits_.after(place_);
         }
         return steps;
     }
@@ -107,11 +110,10 @@ private:
         if (place_.window.focus == FocusedView::List) place_.editor.ListView1_Click();
     }
 
-    // Of other nodes a drag takes no record along: kept, and no agreement of tree and collections is to be
-    // expected.
     void drag() {
         TreeNode& source = anyNode();
-        if (source.tag() != NodeTag::Item && source.tag() != NodeTag::Branch) return;
+        const bool ownRecord = source.tag() == NodeTag::Item || source.tag() == NodeTag::Branch;
+        if (!ownRecord && !(habits_.careless && source.tag() == NodeTag::Plc)) return;
         if (!place_.editor.TreeView1_MouseDown(&source, {.control = next() % 2 == 0})) return;
         place_.editor.TreeView1_OLEStartDrag();
         place_.editor.TreeView1_OLEDragOver(&anyNode());
@@ -156,13 +158,14 @@ private:
     }
 
     std::string_view bytes_;
+    const Habits& habits_;
     Workplace place_;
 };
 
 }  // namespace
 
-std::size_t Commands(std::string_view bytes, std::size_t mostSteps) {
-    return ByteUser(bytes).run(mostSteps);
+std::size_t Commands(std::string_view bytes, const Habits& habits) {
+    return ByteUser(bytes, habits).run();
 }
 
 }  // namespace trevandix::fuzz

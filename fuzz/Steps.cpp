@@ -39,7 +39,7 @@ int main(int count, char** arguments) {
         const std::string bytes = replay ? trevandix::testing::readFile(argument) : randomBytes(seeds());
         if (!replay) trevandix::testing::writeFile(kFile, bytes);
         try {
-            steps += trevandix::fuzz::Commands(bytes, kLongest);
+            steps += trevandix::fuzz::Commands(bytes, {.mostSteps = kLongest});
         } catch (const std::exception& fault) {
             std::printf("after %llu steps: %s; again: fuzz-Steps %s\n", steps, fault.what(),
                         replay ? argument.c_str() : kFile.c_str());

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string_view>
+
+#include "FakePlatform.h"
 
 namespace trevandix::fuzz {
 
@@ -17,8 +20,17 @@ void Fallback(std::string_view bytes);
 void TypeNames(std::string_view bytes);
 /// The bytes as clipboard text: nothing but blanks and line ends is lost.
 void Clipboard(std::string_view bytes);
-/// The bytes as a user's commands: tree and collections agree after each. Returns how many there were; for
-/// the fuzzer not many, as long sequences tell it less and take their time.
-std::size_t Commands(std::string_view bytes, std::size_t mostSteps = 200);
+struct Habits {
+    /// For the fuzzer not many, as long sequences tell it less and take their time.
+    std::size_t mostSteps = 200;
+    /// Drags units as well. A drag takes none of their records along: kept, and no agreement of tree and
+    /// collections is to be expected then.
+    bool careless = false;
+    /// Looks at the editor after each step.
+    std::function<void(testing::Workplace&)> after = [](testing::Workplace&) {};
+};
+/// The bytes as a user's commands: tree and collections agree after each, or the tree alone is sound where
+/// the user is careless. Returns how many there were.
+std::size_t Commands(std::string_view bytes, const Habits& habits = {});
 
 }  // namespace trevandix::fuzz

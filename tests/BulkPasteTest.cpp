@@ -77,27 +77,27 @@ TEST(BulkPaste, NamesGoToTheRowsInListOrder) {
 
 TEST(BulkPaste, RefusesBeforeAnythingChanges) {
     BulkWorkplace place;
+    const Texts empty{"Empty clipboard !"};
+    const Texts selection{"Invalid selection"};
+    const Texts clash{"Name already existing"};
     struct Case {
-        Texts rows;
+        std::string rows;
         std::string_view text;
-        Texts messages;
-        std::string_view command = "mnuPasteName";
-        std::string_view button = "Command2";
+        Texts names;     // what the paste of names answers
+        Texts comments;  // and that of comments
     };
     const std::vector<Case> cases{
-        {{"a"}, "", {"Empty clipboard !"}},
-        {{"a"}, "", {"Empty clipboard !"}, "mnuPasteComment"},
-        {{"a", "b", "c"}, "x\r\ny", {"Invalid selection"}},
-        {{"a", "b", "c"}, "x\r\ny", {"Invalid selection"}, "mnuPasteComment"},
-        {{}, "x", {"Invalid selection"}},
-        {{"a", "b"}, "x\r\nd", {"Name already existing"}},
-        {{"a"}, "b\r\nx\r\ny", {"Name already existing"}},  // looked for before the lines are counted
-        {{"a"}, "x", {}, "mnuPasteName", "Command1"},
-        {{"a"}, "x", {}, "mnuPasteComment", "Command1"},
+        {"a", "", empty, empty},
+        {"a|b|c", "x\r\ny", selection, selection},
+        {"none", "x", selection, selection},
+        {"a|b", "x\r\nd", clash, {}},
+        {"a", "b\r\nx\r\ny", clash, selection},  // looked for before the lines are counted
+        {"a", "x", {}, {}},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(std::string(c.command) + " " + std::string(c.text));
-        EXPECT_EQ(place.paste(c.rows, c.text, c.command, c.button), c.messages);
+        SCOPED_TRACE(c.text);
+        EXPECT_EQ(place.paste(split(c.rows), c.text, "mnuPasteName", "Command1"), c.names);
+        EXPECT_EQ(place.paste(split(c.rows), c.text, "mnuPasteComment", "Command1"), c.comments);
         EXPECT_EQ(place.names(), (Texts{"a", "b", "c", "d", "S"}));
         EXPECT_TRUE(place.configuration.state.saved);
     }

@@ -154,19 +154,4 @@ TEST(ClipboardEditing, CutDeletesEvenWhatCouldNotBeCopied) {
     EXPECT_EQ(place.messages.take(), Texts());
 }
 
-TEST(ClipboardEditing, DeepNestingIsNoDanger) {
-    Texts keys{"U", "U.b/", "V"};
-    for (int level = 0; level < 2000; ++level) {
-        const std::string container = keys[keys.size() - (level == 0 ? 2 : 1)];
-        keys.push_back(container.substr(0, container.size() - 1) + ".b/");
-    }
-    keys.push_back(keys.back().substr(0, keys.back().size() - 1) + ".x");
-    PlantedWorkplace place(keys);
-    place.drag("U.b", "V");
-    EXPECT_EQ(place.below("U"), Texts());
-    EXPECT_EQ(place.below("V").size(), 2002U);
-    place.at("V.b").run("mnuDelete");
-    EXPECT_TRUE(place.configuration.branches.empty() && place.configuration.items.empty());
-}
-
 }  // namespace trevandix::testing

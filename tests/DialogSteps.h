@@ -32,37 +32,34 @@ inline void editDialog(Workplace& place, std::string_view key, FakeForms::Script
     place.edit(key);
 }
 
-/// Fills the fields and presses Ok.
-inline FakeForms::Script confirmed(Fields fields) {
+/// Fills the fields, if there are any, and presses Ok.
+inline FakeForms::Script confirmed(std::string fields) {
     return [fields = std::move(fields)](FakeForm& form) {
-        form.fill(fields);
+        if (!fields.empty()) form.fill(fields);
         form.press("cmdOk");
     };
 }
 
 inline void addUnit(Workplace& place, const std::string& name, const std::string& identifier) {
     place.click("");
-    runDialog(place, "mnuAddPlc", confirmed({{"txtName", name}, {"txtUI", identifier}}));
+    runDialog(place, "mnuAddPlc", confirmed("txtName=" + name + "|txtUI=" + identifier));
 }
 
 inline void addBranch(Workplace& place, std::string_view container, const std::string& name) {
     place.click(container);
-    runDialog(place, "mnuAddBranch", confirmed({{"txtBranchName", name}}));
+    runDialog(place, "mnuAddBranch", confirmed("txtBranchName=" + name));
 }
 
 inline void addDataType(Workplace& place, const std::string& name) {
     place.click(kModBusFolder);
-    runDialog(place, "mnuAddMBType", confirmed({{"cmbMBType", name}}));
+    runDialog(place, "mnuAddMBType", confirmed("cmbMBType=" + name));
 }
 
 /// Fills all fields that an item needs.
 inline void fillItem(FakeForm& form, const std::string& name, const std::string& table = "holding register",
                      const std::string& label = "signed 16 bit", const std::string& address = "1") {
-    form.fill({{"txtItemName", name},
-               {"cmbModbusType", table},
-               {"cmbDataType", label},
-               {"txtAddress", address},
-               {"cmbAccessRight", "READ"}});
+    form.fill("txtItemName=" + name + "|cmbModbusType=" + table + "|cmbDataType=" + label +
+              "|txtAddress=" + address + "|cmbAccessRight=READ");
 }
 
 inline void addItem(Workplace& place, std::string_view container, const std::string& name) {

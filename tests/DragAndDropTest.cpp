@@ -13,25 +13,25 @@ TEST(DragAndDrop, MovesAndCopiesWhereItMay) {
     struct Case {
         std::string_view source;
         std::string_view target;
-        Texts messages;
+        Icon icon;
         std::string_view placed;  // empty where nothing may change
     };
     const Texts all{"U", "U.A/", "U.A.B/", "U.A.B.x", "U.A.x", "V", "V.A/", "V.B/", "V.B.x", "V.run"};
     const std::vector<Case> cases{
-        {"U.A.x", "V", {}, "V.x"},
-        {"U.A.B", "V.A", {}, "V.A.B"},
-        {"U.A.x", "", {}, ".x"},
-        {"U.A.B", "ModBus", {}, "ModBus.B"},
-        {"U.A.x", "V.run", {kRefused}, ""},
-        {"U.A.x", "U.A.x", {kRefused}, ""},
-        {"U.A", "U.A", {kRefused}, ""},
-        {"U.A", "U.A.B", {kRefused}, ""},
-        {"", "U", {}, ""},
-        {"", "U.A.x", {kRefused}, ""},
-        {"U.A.x", "U.A", {}, ""},
-        {"U", "", {}, ""},
-        {"U.A.x", "V.B", {kInUse}, ""},
-        {"U.A", "V", {kInUse}, ""},
+        {"U.A.x", "V", Icon::None, "V.x"},
+        {"U.A.B", "V.A", Icon::None, "V.A.B"},
+        {"U.A.x", "", Icon::None, ".x"},
+        {"U.A.B", "ModBus", Icon::None, "ModBus.B"},
+        {"U.A.x", "V.run", Icon::Exclamation, ""},
+        {"U.A.x", "U.A.x", Icon::Exclamation, ""},
+        {"U.A", "U.A", Icon::Exclamation, ""},
+        {"U.A", "U.A.B", Icon::Exclamation, ""},
+        {"", "U", Icon::None, ""},
+        {"", "U.A.x", Icon::Exclamation, ""},
+        {"U.A.x", "U.A", Icon::None, ""},
+        {"U", "", Icon::None, ""},
+        {"U.A.x", "V.B", Icon::Critical, ""},
+        {"U.A", "V", Icon::Critical, ""},
     };
     for (const Case& c : cases) {
         for (const bool control : {false, true}) {
@@ -42,11 +42,10 @@ TEST(DragAndDrop, MovesAndCopiesWhereItMay) {
             TreeNode* target = c.target.empty() ? place.configuration.tree.root() : &place.node(c.target);
             const bool done = !c.placed.empty();
             EXPECT_EQ(place.drag(c.source, c.target, control), done);  // the pointer told it beforehand
-            EXPECT_EQ(place.messages.texts, c.messages);
-            if (!c.messages.empty()) {
-                EXPECT_EQ(place.messages.icons[0],
-                          c.messages[0] == kRefused ? Icon::Exclamation : Icon::Critical);
-            }
+            const bool refused = c.icon == Icon::Exclamation;
+            EXPECT_EQ(place.messages.texts,
+                      c.icon == Icon::None ? Texts{} : Texts{refused ? kRefused : kInUse});
+            EXPECT_EQ(place.messages.icon, c.icon);
             EXPECT_EQ(place.wrong(), Texts());
             EXPECT_TRUE(place.configuration.state.saved);
             EXPECT_EQ(place.configuration.tree.dropHighlight(), done ? nullptr : target);
@@ -81,46 +80,38 @@ TEST(DragAndDrop, ACopySharesItsRecords) {
 }
 
 TEST(DragAndDrop, AMoveKeepsOrderLookAndASortedParent) {
-    PlantedWorkplace place({"U", "U.A/", "U.A.z", "U.A.a", "U.A.m/", "U.A.m.q", "V", "V.Z/", "V.a"});
+    PlantedWorkplace place(
+        {"U", "U.A/", "U.A.z", "U.A.a", "U.A.m/", "U.A.m.q", "V", "V.Z/", "V.a", "W", "W.x"});
     place.click("V");
     place.drag("U.A", "V");
     EXPECT_EQ(place.below("V"), (Texts{"V.a", "V.A", "V.A.z", "V.A.a", "V.A.m", "V.A.m.q", "V.Z"}));
     EXPECT_EQ(place.node("V.A.m").tag(), NodeTag::Branch);
     EXPECT_EQ(place.node("V.A.m.q").look().selectedImage, Image::Item);
-}
-
-TEST(DragAndDrop, OtherNodesMoveWithoutTheirRecords) {
-    PlantedWorkplace place({"U", "U.A/", "V", "V.x"});
-    place.drag("V", "U.A");
-    EXPECT_EQ(place.below("U"), (Texts{"U.A", "U.A.V"}));
-    EXPECT_EQ(place.node("U.A.V").tag(), NodeTag::Plc);
-    EXPECT_FALSE(place.has("V"));
-    EXPECT_TRUE(place.configuration.units.contains("V") && place.configuration.items.contains("V.x"));
+    place.drag("W", "V.Z");  // a unit, without its records
+    EXPECT_EQ(place.node("V.Z.W").tag(), NodeTag::Plc);
+    EXPECT_FALSE(place.has("W"));
+    EXPECT_TRUE(place.configuration.units.contains("W") && place.configuration.items.contains("W.x"));
     EXPECT_EQ(place.messages.take(), Texts());
 }
 
 TEST(DragAndDrop, AFailureHalfWayKeepsWhatWasDone) {
-    // The item "A.x" of V takes the key that the branch's item needs.
-    const auto startDrag = [](PlantedWorkplace& place, bool control) {
+    for (const bool control : {false, true}) {
+        // The item "A.x" of V takes the key that the branch's item needs.
+        PlantedWorkplace place({"U", "U.A/", "U.A.w", "U.A.x", "V"});
         plantItem(place.configuration, place.node("V"), "A.x");
         place.drag("U.A", "V", control);
         EXPECT_EQ(place.messages.take(), Texts{kInUse});
         EXPECT_EQ(place.below("V"), (Texts{"V.A.x", "V.A", "V.A.w"}));
         EXPECT_EQ(place.below("U"), (Texts{"U.A", "U.A.w", "U.A.x"}));
         EXPECT_EQ(place.wrong(), Texts()) << "nodes without their records";
-    };
-    const Texts keys{"U", "U.A/", "U.A.w", "U.A.x", "V"};
-    PlantedWorkplace moved(keys);
-    startDrag(moved, false);
-    PlantedWorkplace place(keys);
-    startDrag(place, true);
-    // A record left without a node refuses its key without a word.
-    place.drag("V", "U.A");
-    place.configuration.tree.addChild(*place.configuration.tree.root(), "V", "V", {NodeTag::Plc});
-    place.drag("U.A", "V");
-    EXPECT_EQ(place.below("V"), Texts{"V.A"});
-    EXPECT_TRUE(place.has("U.A.w") && place.configuration.branches.contains("U.A"));
-    EXPECT_EQ(place.messages.take(), Texts());
+        // A record left without a node refuses its key without a word.
+        place.drag("V", "U.A");
+        place.configuration.tree.addChild(*place.configuration.tree.root(), "V", "V", {NodeTag::Plc});
+        place.drag("U.A", "V");
+        EXPECT_EQ(place.below("V"), Texts{"V.A"});
+        EXPECT_TRUE(place.has("U.A.w") && place.configuration.branches.contains("U.A"));
+        EXPECT_EQ(place.messages.take(), Texts());
+    }
 }
 
 TEST(DragAndDrop, EndsWithoutADrop) {

@@ -8,10 +8,10 @@
 
 namespace trevandix::testing {
 
-Answer FakeMessages::show(std::string_view text, Buttons buttons, Icon icon) {
+Answer FakeMessages::show(std::string_view text, Buttons choice, Icon kind) {
     texts.emplace_back(text);
-    buttonsShown.push_back(buttons);
-    icons.push_back(icon);
+    buttons = choice;
+    icon = kind;
     if (buttons == Buttons::Ok) return Answer::Ok;
     if (answers.empty()) return Answer::Yes;
     const Answer answer = answers.front();
@@ -43,7 +43,6 @@ FakeForm::FakeForm(const FormSpec& formSpec) : shape(formSpec) {
         const bool field = control.kind == ControlKind::Text || control.kind == ControlKind::Choice ||
                            control.kind == ControlKind::Combo;
         if (!field) made.text = control.caption;
-        if (!control.labelName.empty()) controls_[std::string(control.labelName)].text = control.caption;
     }
 }
 
@@ -55,42 +54,29 @@ FakeForm::State& FakeForm::state(std::string_view name) const {
 
 FakeForm::State& FakeForm::usable(std::string_view name) const {
     State& control = state(name);
-    if (!open) throw std::logic_error("form is closed");
-    for (const State* s = &control; s != nullptr;) {
-        if (!s->enabled || !s->visible) throw std::logic_error("out of reach: " + std::string(name));
-        s = s->shape != nullptr && !s->shape->frame.empty() ? &state(s->shape->frame) : nullptr;
-    }
+    const State& frame = control.shape->frame.empty() ? control : state(control.shape->frame);
+    if (!open || !control.enabled || !frame.enabled || !frame.visible)
+        throw std::logic_error("out of reach: " + std::string(name));
     return control;
 }
 
 void FakeForm::setText(std::string_view name, std::string_view text) {
     State& control = state(name);
-    const bool listed = control.shape == nullptr || control.shape->kind != ControlKind::Choice ||
+    const bool listed = control.shape->kind != ControlKind::Choice ||
                         std::ranges::find(control.items, text) != control.items.end();
     control.text = listed ? text : std::string_view();
 }
 
 void FakeForm::setItems(std::string_view name, const Texts& items) {
     state(name).items = items;
-    if (state(name).shape->kind == ControlKind::Choice) state(name).text.clear();
-}
-
-void FakeForm::setEnabled(std::string_view name, bool enabled) {
-    State& control = state(name);
-    control.enabled = enabled;
-    if (control.shape != nullptr && !control.shape->labelName.empty()) {
-        state(control.shape->labelName).enabled = enabled;
-    }
+    setText(name, "");
 }
 
 void FakeForm::setChecked(std::string_view name, bool checked) {
     State& control = state(name);
     if (checked && control.shape->kind == ControlKind::Option) {
         for (auto& [otherName, other] : controls_) {
-            if (other.shape != nullptr && other.shape->kind == ControlKind::Option &&
-                other.shape->frame == control.shape->frame) {
-                other.checked = false;
-            }
+            if (other.shape->kind == ControlKind::Option) other.checked = false;
         }
     }
     control.checked = checked;
@@ -110,10 +96,8 @@ void FakeForm::showModeless() {
 void FakeForm::close() {
     if (!open) return;
     open = false;
-    if (closed_) {
-        const Handler handler = closed_;  // it may destroy the form
-        handler();
-    }
+    const Handler handler = closed_;  // it may destroy the form
+    if (handler) handler();
 }
 
 void FakeForm::type(std::string_view name, std::string_view text) {
@@ -142,14 +126,29 @@ void FakeForm::press(std::string_view name) {
     if (handler) handler();
 }
 
-void FakeForm::fill(const Fields& fields) {
-    for (const auto& [name, text] : fields)
+void FakeForm::fill(std::string_view fields) {
+    for (const std::string& field : split(fields)) {
+        const std::size_t end = field.find('=');
+        const std::string name = field.substr(0, end);
+        const std::string text = field.substr(end + 1);
         state(name).shape->kind == ControlKind::Choice ? choose(name, text) : type(name, text);
+    }
 }
 
-Fields FakeForm::shown(const Fields& fields) const {
-    Fields found;
-    for (const auto& [name, expected] : fields) found.emplace_back(name, text(name));
+std::string FakeForm::shown(std::string_view fields) const {
+    std::string found;
+    for (const std::string& field : split(fields)) {
+        const std::string name = field.substr(0, field.find('='));
+        found += (found.empty() ? "" : "|") + name + "=" + text(name);
+    }
+    return found;
+}
+
+std::string FakeForm::off() const {
+    std::string found;
+    for (const ControlSpec& control : shape.controls) {
+        if (!enabled(control.name)) found += (found.empty() ? "" : "|") + std::string(control.name);
+    }
     return found;
 }
 
@@ -245,6 +244,16 @@ void Workplace::selectRows(const Texts& texts) {
         if (std::ranges::find(texts, list.rows()[row].text) != texts.end()) display.selected.push_back(row);
     }
     editor.ListView1_Click();
+}
+
+Texts split(std::string_view text) {
+    Texts parts;
+    while (true) {
+        const std::size_t end = text.find('|');
+        parts.emplace_back(text.substr(0, end));
+        if (end == std::string_view::npos) return parts;
+        text.remove_prefix(end + 1);
+    }
 }
 
 std::string replaced(std::string text, std::string_view what, std::string_view by) {

@@ -21,10 +21,10 @@ using Fields = std::vector<std::pair<std::string, std::string>>;
 
 /// Records every box and answers from a script; unscripted boxes get the first button.
 struct FakeMessages : Messages {
-    Answer show(std::string_view text, Buttons buttons, Icon icon) override;
+    Answer show(std::string_view text, Buttons choice, Icon kind) override;
     Texts texts;
-    std::vector<Buttons> buttonsShown;
-    std::vector<Icon> icons;
+    Buttons buttons = Buttons::Ok;  ///< of the last box
+    Icon icon = Icon::None;
     std::deque<Answer> answers;
     /// The texts so far, which are forgotten.
     Texts take() { return std::exchange(texts, {}); }
@@ -63,7 +63,7 @@ struct FakeForm : Form {
     void setItems(std::string_view name, const Texts& items) override;
     Texts items(std::string_view name) const override { return state(name).items; }
     bool enabled(std::string_view name) const override { return state(name).enabled; }
-    void setEnabled(std::string_view name, bool enabled) override;
+    void setEnabled(std::string_view name, bool enabled) override { state(name).enabled = enabled; }
     bool visible(std::string_view name) const override { return state(name).visible; }
     void setVisible(std::string_view name, bool visible) override { state(name).visible = visible; }
     bool checked(std::string_view name) const override { return state(name).checked; }
@@ -78,15 +78,18 @@ struct FakeForm : Form {
     void close() override;
 
     // What a user does: replaces a text box's contents, through its filter; picks an entry of a list;
-    // switches a check box, or chooses an option; presses a button; types or chooses into each field. Each
-    // refuses (throws std::logic_error) what a disabled or hidden control would not let him.
+    // switches a check box, or chooses an option; presses a button; types or chooses into each field, told as
+    // "name=text|name=text". Each refuses (throws std::logic_error) what a disabled or hidden control would
+    // not let him.
     void type(std::string_view name, std::string_view text);
     void choose(std::string_view name, std::string_view item);
     void toggle(std::string_view name);
     void press(std::string_view name);
-    void fill(const Fields& fields);
-    /// What the fields show now.
-    Fields shown(const Fields& fields) const;
+    void fill(std::string_view fields);
+    /// The same fields, told in the same way, with what they show now.
+    std::string shown(std::string_view fields) const;
+    /// The controls that are out of use, with "|" between them.
+    std::string off() const;
 
     const FormSpec& shape;
     bool open = false;
@@ -216,6 +219,8 @@ private:
     void checked(std::string_view what, bool mayPart, const std::function<void()>& step);
 };
 
+/// The texts that "|" sets apart.
+Texts split(std::string_view text);
 /// Throws std::logic_error when the text does not hold `what`.
 std::string replaced(std::string text, std::string_view what, std::string_view by);
 std::string readFile(const std::filesystem::path& path);

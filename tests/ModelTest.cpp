@@ -2,10 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
-#include <random>
+#include <set>
 
 #include "FakePlatform.h"
+#include "dialogs/ItemFields.h"
 #include "model/Numbers.h"
 #include "model/TypeNames.h"
 #include "platform/Text.h"
@@ -26,13 +26,9 @@ constexpr NodeLook kItemLook{NodeTag::Item, Image::Item};
 }  // namespace
 
 TEST(Keys, ParentIsCutAtTheLastFullStop) {
-    const std::map<std::string, std::string> table{{"PLC1.Area.Run", "PLC1.Area"},
-                                                   {"PLC1.Run", "PLC1"},
-                                                   {"PLC1", ""},
-                                                   {"PLC1.Area.", "PLC1.Area"},
-                                                   {"", ""},
-                                                   {".", ""}};
-    for (const auto& [key, parent] : table) EXPECT_EQ(Key(key).parent(), parent) << key;
+    for (const auto& [key, parent] :
+         Fields{{"PLC1.Area.Run", "PLC1.Area"}, {"PLC1", ""}, {"PLC1.Area.", "PLC1.Area"}, {".", ""}})
+        EXPECT_EQ(Key(key).parent(), parent) << key;
     EXPECT_EQ(Key(Key("PLC1"), "").str(), "PLC1.");
     EXPECT_EQ(Key(Key("PLC1"), "Run"), Key("PLC1.Run"));
     EXPECT_NE(Key("PLC1.Run"), Key("PLC1.run"));
@@ -67,6 +63,18 @@ TEST(StructureTree, SelectionPassesToTheNeighbourOfARemovedNode) {
     EXPECT_EQ(tree.selected(), tree.find("a"));
     tree.remove(tree.at("a"));
     EXPECT_EQ(tree.selected(), &root);
+}
+
+// The folder can be dragged elsewhere, where it has another key.
+TEST(Records, ATypeWithoutAFolderForItsNodeDoesNotStay) {
+    Configuration configuration;
+    configuration.buildRoot();
+    configuration.tree.remove(configuration.tree.at(Key(kModBusFolder)));
+    auto type = std::make_shared<clsModBusType>();
+    type->setName("coil");
+    configuration.dataTypes.add(type, "coil");
+    EXPECT_THROW(configuration.addNodeOfLastDataType(), RuntimeError);
+    EXPECT_EQ(configuration.dataTypes.size(), 0U);
 }
 
 TEST(Numbers, LeadingNumberIgnoresWhatFollows) {
@@ -104,31 +112,20 @@ TEST(Numbers, WholeTextsAndRanges) {
 }
 
 TEST(TypeNames, BothWaysForEveryTableAndValueType) {
-    const Fields tables{{"input status", "INPUTSTATUS"},
-                        {"coil", "COIL"},
-                        {"input register", "IREGISTER"},
-                        {"holding register", "HREGISTER"}};
-    Fields types{{"string", "VT_BSTR"},
-                 {"array", "ARRAY"},
-                 {"unsigned 8 bit array", "VT_UI1 ARRAY"},
-                 {"signed 8 bit array", "VT_I1 ARRAY"}};
-    for (const auto& [label, file] : Fields{{"boolean", "VT_BOOL"},
-                                            {"unsigned 16 bit", "VT_UI2"},
-                                            {"unsigned 32 bit", "VT_UI4"},
-                                            {"signed 16 bit", "VT_I2"},
-                                            {"signed 32 bit", "VT_I4"},
-                                            {"32 bit float", "VT_R4"}}) {
-        types.emplace_back(label, file);
-        types.emplace_back(label + " array", file + " ARRAY");
-    }
-    for (const auto& [label, file] : tables) {
-        EXPECT_EQ(fileTypeName(label), file);
-        EXPECT_EQ(displayTypeLabel(file), label);
-        for (const auto& [typeLabel, typeFile] : types) {
-            EXPECT_EQ(fileTypeName(label + ":" + typeLabel), file + " " + typeFile);
-            EXPECT_EQ(displayTypeLabel(file + " " + typeFile), label + ":" + typeLabel);
+    for (const auto& [table, file] : Fields{{"input status", "INPUTSTATUS"},
+                                            {"coil", "COIL"},
+                                            {"input register", "IREGISTER"},
+                                            {"holding register", "HREGISTER"}}) {
+        EXPECT_EQ(fileTypeName(table), file);
+        EXPECT_EQ(displayTypeLabel(file), table);
+        std::set<std::string> names;
+        for (const std::string& type : valueTypesOf(table)) {
+            const std::string name = fileTypeName(table + ":" + type);
+            EXPECT_TRUE(name.starts_with(file + " VT_") && names.insert(name).second) << name;
+            EXPECT_EQ(displayTypeLabel(name), table + ":" + type);
         }
     }
+    EXPECT_EQ(fileTypeName("coil:32 bit float array"), "COIL VT_R4 ARRAY");
     // What is unknown is left out rather than guessed.
     EXPECT_EQ(fileTypeName("my table:boolean"), " VT_BOOL");
     EXPECT_EQ(fileTypeName("coil:nonsense"), "COIL");

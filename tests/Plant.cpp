@@ -74,7 +74,14 @@ bool PlantedWorkplace::drag(std::string_view source, std::string_view target, bo
     return promised;
 }
 
-void expectRefusal(Workplace& place, FakeForm& form, const Fields& fields, const Texts& message) {
+std::string PlantedWorkplace::saved(const std::string& name) {
+    configuration.setFilePath(path(name));
+    run("mnuSaveCfg");
+    messages.take();
+    return readFile(path(name));
+}
+
+void expectRefusal(Workplace& place, FakeForm& form, const std::string& fields, const Texts& message) {
     confirmed(fields)(form);
     EXPECT_TRUE(form.open);
     EXPECT_EQ(place.messages.take(), message);

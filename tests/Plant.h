@@ -22,11 +22,13 @@ struct PlantedWorkplace : Workplace {
     /// Drags with the right button; an empty key stands for the first node. True where the pointer showed
     /// that the drop is allowed.
     bool drag(std::string_view source, std::string_view target, bool control = false);
+    /// Saves under the name in the folder; returns what the file holds then.
+    std::string saved(const std::string& name = "test.xml");
     Texts wrong() const { return disagreements(configuration); }
 };
 
 /// Fills the dialog's fields and presses Ok, which it answers with the message only.
-void expectRefusal(Workplace& place, FakeForm& form, const Fields& fields, const Texts& message);
+void expectRefusal(Workplace& place, FakeForm& form, const std::string& fields, const Texts& message);
 
 /// What a file of the configuration gives back, a line a node, in tree order: its place, branch names in
 /// capitals, and its record.

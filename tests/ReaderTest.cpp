@@ -4,10 +4,10 @@
 #include <chrono>
 #include <thread>
 
-#include "DialogSteps.h"
+#include "Plant.h"
 #include "editor/LoadProgress.h"
 #include "platform/Text.h"
-#include "xmlfile/Latin1File.h"
+#include "xmlfile/FileText.h"
 
 namespace trevandix::testing {
 
@@ -34,6 +34,14 @@ std::string utf16(std::string_view text) {
         bytes += static_cast<char>(c >> 8);
     }
     return bytes;
+}
+
+// One message that begins so, and nothing open.
+void expectRefused(Workplace& place, const std::string& message) {
+    const Texts texts = place.messages.take();
+    ASSERT_EQ(texts.size(), 1U);
+    EXPECT_TRUE(texts[0].starts_with(message)) << texts[0];
+    EXPECT_FALSE(place.configuration.state.configurationOpen);
 }
 
 }  // namespace
@@ -119,46 +127,34 @@ TEST(Reader, RefusesBadFilesWithTheirMessage) {
         Workplace place;
         place.openText(good(), "before.xml");
         place.openText(bytes);
-        const auto texts = place.messages.take();
-        ASSERT_EQ(texts.size(), 1U);
-        EXPECT_TRUE(texts[0].starts_with(message)) << texts[0];
-        EXPECT_FALSE(place.configuration.state.configurationOpen);
+        expectRefused(place, message);
         EXPECT_TRUE(place.window.menus["mnuOpenCfg"] && place.window.panelVisible);
         EXPECT_EQ(place.has("PLC1.Run"), &bytes == &table.back().first);
-        for (const char* command : {"mnuSaveCfg", "mnuSaveAs"}) {
-            EXPECT_FALSE(place.window.menus[command]);
-            place.click("");
-            place.run(command);
-        }
+        EXPECT_FALSE(place.window.menus["mnuSaveCfg"] || place.window.menus["mnuSaveAs"]);
+        for (const char* command : {"mnuSaveCfg", "mnuSaveAs"}) place.run(command);
         EXPECT_EQ(readFile(place.path("test.xml")), bytes);
         EXPECT_EQ(place.messages.take(), Texts{});
         EXPECT_EQ(place.pointer.shapes.back(), Pointer::Default);
     }
     Workplace place;
-    for (const auto& [path, number] :
-         Fields{{place.path("missing.xml"), " Error n. 53 "}, {place.folder.string(), " Error n. 75 "}}) {
-        place.fileDialog.choice = path;
-        place.run("mnuOpenCfg");
-        const auto texts = place.messages.take();
-        ASSERT_EQ(texts.size(), 1U);
-        EXPECT_TRUE(texts[0].starts_with(number) && texts[0].ends_with(" in ImportXML")) << texts[0];
-        EXPECT_FALSE(place.configuration.state.configurationOpen);
+    for (const auto& [path, message] :
+         Fields{{place.path("missing.xml"), " Error n. 53  File not found in ImportXML"},
+                {place.folder.string(), " Error n. 75  Path/File access error in ImportXML"}}) {
+        place.editor.openFile(path);
+        expectRefused(place, message);
     }
 }
 
 TEST(Reader, NestsAsDeeplyAsTheFileDoes) {
-    constexpr int kLevels = 10'000;
-    std::string tags;
-    for (int level = 0; level < kLevels; ++level) tags += "<B>";
-    tags += tagText(4, "Deep");
-    for (int level = 0; level < kLevels; ++level) tags += "</B>";
+    std::string deep = tagText(4, "Deep");
+    for (int level = 0; level < 10'000; ++level) deep = "<B>" + deep + "</B>";
     Workplace place;
-    place.openText(fileText({}, {unit("P", tags + "\r\n")}));
+    place.openText(fileText({}, {unit("P", deep + "\r\n")}));
     EXPECT_TRUE(place.messages.take().empty());
-    EXPECT_EQ(place.configuration.branches.size(), static_cast<std::size_t>(kLevels));
+    EXPECT_EQ(place.configuration.branches.size(), 10'000U);
     place.run("mnuSaveCfg");
     const std::string saved = readFile(place.path("test.xml"));
-    EXPECT_NE(saved.find(std::string(kLevels + 5, '\t') + "<name>Deep</name>"), std::string::npos);
+    EXPECT_NE(saved.find(std::string(10'005, '\t') + "<name>Deep</name>"), std::string::npos);
     place.run("mnuCloseCfg");
     EXPECT_EQ(place.configuration.tree.size(), 0U);
 }
@@ -196,32 +192,28 @@ TEST(Reader, ShowsProgressAndSurvivesItsUser) {
 // While a large file is read, the memory of what has been read goes back, whatever the parser made of the
 // text.
 TEST(Reader, KeepsAllOfLargeFiles) {
+    Texts keys;
+    for (int item = 0; item < 26'000; ++item) {
+        const std::string unit = "PLC" + std::to_string(item / 1000);
+        const std::string branch = unit + ".B" + std::to_string(item / 100);
+        if (item % 1000 == 0) keys.push_back(unit);
+        if (item % 100 == 0) keys.insert(keys.end(), {branch + "/", branch + ".IN/"});
+        keys.push_back(branch + ".IN.Signal_" + std::to_string(item));
+    }
     for (const std::string letter : {"e", "\xC3\xA9"}) {
-        std::vector<std::string> units;
-        for (int u = 0; u < 26; ++u) {
-            std::string tags;
-            for (int i = 0; i < 1000; ++i) {
-                const std::string number = std::to_string(i);
-                if (i % 100 == 0) tags += "\t\t\t\t<B" + number + ">\r\n\t\t\t\t\t<IN>\r\n";
-                tags += tagText(6, "Signal_" + number, "HREGISTER VT_I2", i, "mesur" + letter) + "\r\n";
-                if (i % 100 == 99)
-                    tags += "\t\t\t\t\t</IN>\r\n\t\t\t\t</B" + std::to_string(i - 99) + ">\r\n";
-            }
-            units.push_back(unit("PLC" + std::to_string(u), tags));
-        }
-        const std::string text = fileText({kType}, units);
-        std::string latin1;
-        appendLatin1(latin1, text);
+        PlantedWorkplace written(keys);
+        addDataType(written, "coil");
+        for (const auto& [key, item] : written.configuration.items) item->sComment("mesur" + letter);
+        const std::string latin1 = written.saved();
         // The data types behind the units: a section that is asked for after all others.
-        const std::string types = "\t<MODBUS>\r\n" + kType + "\r\n\t</MODBUS>\r\n";
-        const auto typesLast = [&](const std::string& bytes) {
-            return replaced(replaced(bytes, types, ""), "\t</OPC_DA>\r\n", "\t</OPC_DA>\r\n" + types);
-        };
-        for (const std::string& bytes :
-             {typesLast(latin1), utf16(typesLast(replaced(text, "8859-1", "10646")))}) {
+        const std::size_t start = latin1.find("\t<MODBUS>");
+        const std::string types = latin1.substr(start, latin1.find("\t<OPC_DA>") - start);
+        const std::string bytes =
+            replaced(replaced(latin1, types, ""), "\t</OPC_DA>\r\n", "\t</OPC_DA>\r\n" + types);
+        for (const std::string& file : {bytes, utf16(utf8FromLatin1(replaced(bytes, "8859-1", "10646")))}) {
             Workplace place;
-            place.openText(bytes);
-            EXPECT_EQ(place.messages.take(), std::vector<std::string>{});
+            place.openText(file);
+            EXPECT_EQ(place.messages.take(), Texts{});
             place.run("mnuSaveCfg");
             EXPECT_TRUE(readFile(place.path("test.xml")) == latin1);
         }

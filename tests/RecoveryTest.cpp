@@ -15,11 +15,7 @@ namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
 struct Edited : PlantedWorkplace {
-    explicit Edited(const fs::path& state = {}) : PlantedWorkplace({"U", "U.a"}, state) {
-        configuration.setFilePath(path("test.xml"));
-        run("mnuSaveCfg");
-        messages.take();
-    }
+    explicit Edited(const fs::path& state = {}) : PlantedWorkplace({"U", "U.a"}, state) { saved(); }
 
     /// The window's timer, seconds after the start, the user having done nothing for `pause` seconds.
     void tick(int second, int pause) {
@@ -27,11 +23,14 @@ struct Edited : PlantedWorkplace {
         while (editor.idle(now, now - pause * 1s) < 1s) {
         }
     }
+    std::vector<fs::path> files() const {
+        std::error_code none;
+        return {fs::directory_iterator(folder / "state", none), fs::directory_iterator()};
+    }
     Texts kept() const {
         Texts found;
-        if (!fs::exists(folder / "state")) return found;
-        for (const auto& entry : fs::directory_iterator(folder / "state")) {
-            if (entry.path().extension() == ".xml") found.push_back(readFile(entry.path()));
+        for (const fs::path& file : files()) {
+            if (file.extension() == ".xml") found.push_back(readFile(file));
         }
         return found;
     }
@@ -40,63 +39,52 @@ struct Edited : PlantedWorkplace {
         ConfigurationWriter(configuration, messages, pointer).CreateXML(path("wanted.xml"));
         return readFile(path("wanted.xml"));
     }
-    std::size_t files() const {
-        const fs::path state = folder / "state";
-        return fs::exists(state) ? static_cast<std::size_t>(std::distance(fs::directory_iterator(state), {}))
-                                 : 0;
-    }
 
     const std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
 };
 
-// What the next start finds when the editor dies now: its files, without its locks.
-void crash(const Workplace& before, const Workplace& next) {
-    fs::create_directory(next.folder / "state");
-    for (const auto& entry : fs::directory_iterator(before.folder / "state")) {
-        const fs::path copy = next.folder / "state" / entry.path().filename();
-        if (entry.path().extension() == ".lock")
-            writeFile(copy, "");  // one that is held cannot be read everywhere
-        else
-            fs::copy(entry.path(), copy);
+/// The next start when the editor has died just now: finds its files, without its locks, and is offered them.
+struct Next : Edited {
+    Next(const Edited& before, Answer answer) {
+        fs::create_directory(folder / "state");
+        for (const fs::path& file : before.files()) {
+            const bool lock = file.extension() == ".lock";  // one that is held cannot be read everywhere
+            writeFile(folder / "state" / file.filename(), lock ? "" : readFile(file));
+        }
+        messages.answers = {answer};
+        EXPECT_EQ(editor.offerRecovery(), answer == Answer::Yes);
     }
-}
-
-const std::string kQuestion = "The editor was not closed properly. Recover the unsaved changes to ";
+};
 
 }  // namespace
 
 TEST(Recovery, KeepsChangedWorkWhenTheUserPauses) {
     Edited place;
     place.tick(0, 100);
-    EXPECT_EQ(place.files(), 0U);  // nothing to lose
-
+    EXPECT_TRUE(place.files().empty());  // nothing to lose
+    std::string before;
+    // Seconds, of which so many are a pause; whether the work is written then.
+    const auto expectAt = [&](int second, int pause, bool written) {
+        place.tick(second, pause);
+        if (written) before = place.wanted();
+        EXPECT_EQ(place.kept(), before.empty() ? Texts{} : Texts{before}) << second;
+    };
     plant(place, {"U.b"});
-    place.tick(1, 1);
-    EXPECT_EQ(place.files(), 0U);  // he is at work
-    place.tick(3, 3);
-    EXPECT_EQ(place.kept(), Texts{place.wanted()});
-
+    expectAt(1, 1, false);  // he is at work
+    expectAt(3, 3, true);
     plant(place, {"U.c"});
-    const Texts before = place.kept();
-    place.tick(10, 5);  // too soon after the last
-    EXPECT_EQ(place.kept(), before);
-    place.tick(49, 0);  // no pause
-    EXPECT_EQ(place.kept(), before);
-    place.tick(50, 0);  // too long without one
-    EXPECT_EQ(place.kept(), Texts{place.wanted()});
-    EXPECT_EQ(place.files(), 3U);
-
+    expectAt(10, 5, false);  // too soon after the last
+    expectAt(49, 0, false);  // no pause
+    expectAt(50, 0, true);   // too long without one
+    EXPECT_EQ(place.files().size(), 3U);
     // Edits that leave the saved flag alone count as well.
     place.configuration.state.saved = true;
     place.click("U.c");
     place.run("mnuDelete");
-    place.tick(100, 5);
-    EXPECT_EQ(place.kept(), Texts{place.wanted()});
+    expectAt(100, 5, true);
     place.item("U.b").sComment("pasted");
     ++place.configuration.state.otherEdits;
-    place.tick(150, 5);
-    EXPECT_EQ(place.kept(), Texts{place.wanted()});
-    EXPECT_TRUE(place.messages.take().size() == 1);  // the question of Delete
+    expectAt(150, 5, true);
 }
 
 TEST(Recovery, GoesAwayWithTheReason) {
@@ -105,14 +93,14 @@ TEST(Recovery, GoesAwayWithTheReason) {
         plant(place, {"U.b"});
         place.configuration.state.saved = false;
         place.tick(3, 3);
-        ASSERT_EQ(place.files(), 3U);
+        ASSERT_EQ(place.files().size(), 3U);
         place.messages.answers = {way == "save" ? Answer::Yes : Answer::No};
         if (way == "save") place.run("mnuSaveCfg");
         if (way == "close") place.run("mnuCloseCfg");
         if (way == "new") place.newConfiguration(kRtu);
         if (way == "exit") place.editor.Form_Unload();
         place.tick(100, 100);
-        EXPECT_EQ(place.files(), 0U) << way;
+        EXPECT_TRUE(place.files().empty()) << way;
     }
 }
 
@@ -135,33 +123,25 @@ TEST(Recovery, AfterACrash) {
     writeFile(place.path("test.xml"), "written by another program");
     const std::string path = place.path("test.xml");
 
-    Edited next;
-    crash(place, next);
-    next.messages.answers = {Answer::Yes};
-    EXPECT_TRUE(next.editor.offerRecovery());
-    EXPECT_EQ(next.messages.take(), Texts{kQuestion + path + "?"});
-    EXPECT_EQ(next.messages.buttonsShown.back(), Buttons::YesNo);
+    Next next(place, Answer::Yes);
+    EXPECT_EQ(next.messages.take(),
+              Texts{"The editor was not closed properly. Recover the unsaved changes to " + path + "?"});
+    EXPECT_EQ(next.messages.buttons, Buttons::YesNo);
     EXPECT_EQ(next.configuration.tree.root()->text(), path);
     EXPECT_FALSE(next.configuration.state.saved);
     EXPECT_EQ(next.wanted(), place.wanted());
-    EXPECT_EQ(disagreements(next.configuration), Texts{});
+    EXPECT_EQ(next.wrong(), Texts{});
 
-    Edited third;  // the second run dies before it has kept anything of its own
-    crash(next, third);
-    third.messages.answers = {Answer::Yes};
-    EXPECT_TRUE(third.editor.offerRecovery());
+    Next third(next, Answer::Yes);  // the second run died before it had kept anything of its own
     third.tick(3, 3);
-    EXPECT_EQ(third.files(), 3U);  // its own in the place of the others
+    EXPECT_EQ(third.files().size(), 3U);  // its own in the place of the others
     third.messages.take();
     third.messages.answers = {Answer::No};
     third.run("mnuSaveCfg");
-    EXPECT_TRUE(third.messages.take()[0].find("was changed by another program") != std::string::npos);
+    EXPECT_NE(third.messages.take()[0].find("was changed by another program"), std::string::npos);
 
-    Edited declines;
-    crash(place, declines);
-    declines.messages.answers = {Answer::No};
-    EXPECT_FALSE(declines.editor.offerRecovery());
-    EXPECT_EQ(declines.files(), 0U);
+    Next declines(place, Answer::No);
+    EXPECT_TRUE(declines.files().empty());
     EXPECT_FALSE(declines.editor.offerRecovery());
     EXPECT_EQ(declines.messages.take().size(), 1U);
 }
@@ -176,29 +156,23 @@ TEST(Recovery, KeepsWhatCanBeKept) {
     place.run("mnuSaveCfg");
     EXPECT_TRUE(place.messages.take().back().starts_with(" Error n. 35601"));
     place.tick(3, 3);
-    ASSERT_EQ(place.kept().size(), 1U);
-
-    Edited next;
-    crash(place, next);
-    next.messages.answers = {Answer::Yes};
-    EXPECT_TRUE(next.editor.offerRecovery());
+    Next next(place, Answer::Yes);
     EXPECT_TRUE(next.has("V.c") && next.has("V.d"));
 }
 
 TEST(Recovery, RemainsWithoutAWholeContentAreNotOffered) {
     Edited place;
     fs::create_directory(place.folder / "state");
-    for (const char* file :
-         {"1-1.lock", "1-1-1.xml", "2-2.lock", "2-2.ini", "3-3.lock", "3-3.ini", "3-3-1.xml"}) {
-        writeFile(place.folder / "state" / file, "");
-    }
-    writeFile(place.folder / "state" / "2-2.ini",
-              "[recovery]\ncontent=2-2-1.xml\npath=" + place.path("test.xml"));
-    writeFile(place.folder / "state" / "3-3.ini",
-              "[recovery]\ncontent=../test.xml\npath=" + place.path("test.xml"));
+    const std::string note = "[recovery]\npath=" + place.path("test.xml") + "\ncontent=";
+    const auto leave = [&](const char* file, std::string_view text) {
+        writeFile(place.folder / "state" / file, text);
+    };
+    for (const char* file : {"1-1.lock", "1-1-1.xml", "2-2.lock", "3-3.lock", "3-3-1.xml"}) leave(file, "");
+    leave("2-2.ini", note + "2-2-1.xml");
+    leave("3-3.ini", note + "../test.xml");
     EXPECT_FALSE(place.editor.offerRecovery());
     EXPECT_TRUE(place.messages.take().empty());
-    EXPECT_EQ(place.files(), 0U);
+    EXPECT_TRUE(place.files().empty());
     EXPECT_TRUE(fs::exists(place.path("test.xml")));
 }
 
@@ -209,7 +183,7 @@ TEST(Recovery, EditorsThatLiveKeepTheirFiles) {
     plant(two, {"U.two"});
     one.tick(3, 3);
     two.tick(3, 3);
-    EXPECT_EQ(one.files(), 6U);
+    EXPECT_EQ(one.files().size(), 6U);
     EXPECT_FALSE(two.editor.offerRecovery());
     two.editor.Form_Unload();
     EXPECT_EQ(one.kept(), Texts{one.wanted()});

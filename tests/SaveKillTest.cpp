@@ -33,9 +33,7 @@ struct Large : PlantedWorkplace {
         std::vector<std::string> keys;
         for (int i = 0; i < 20000; ++i) keys.push_back("U.B.item" + std::to_string(i));
         plant(*this, keys);
-        configuration.setFilePath(path("test.xml"));
-        run("mnuSaveCfg");
-        after = readFile(path("test.xml"));
+        after = saved();
         writeFile(path("test.xml"), before);
     }
     const std::string before = "the old content\r\n";
@@ -204,35 +202,6 @@ TEST(SaveKill, LinksAndRightsStay) {
     place.messages.take();
     place.editor.openFile(pipe);  // returns, though nobody writes
     EXPECT_EQ(place.messages.take().back(), " Error n. 75  Path/File access error in ImportXML");
-}
-
-// The recovery files of a killed editor are offered, those of a living one are not.
-TEST(SaveKill, WorkOfAKilledEditorIsOffered) {
-    const auto later = std::chrono::steady_clock::now() + std::chrono::hours(1);
-    Large place;
-    const auto work = [&] {
-        plant(place, {"U.B.unsaved"});
-        while (place.editor.idle(later, later - std::chrono::minutes(1)) < std::chrono::seconds(1)) {
-        }
-    };
-    const auto questions = [&] {
-        Workplace next;
-        fs::create_directory_symlink(place.folder / "state", next.folder / "state");
-        next.messages.answers = {Answer::Yes};
-        next.editor.offerRecovery();
-        return next.configuration.items.contains("U.B.unsaved") ? 1 : 0;
-    };
-    int status = 0;
-    const pid_t child = fork();
-    if (child == 0) {
-        work();
-        raise(SIGSTOP);
-    }
-    waitpid(child, &status, WUNTRACED);
-    EXPECT_EQ(questions(), 0);
-    kill(child, SIGKILL);
-    waitpid(child, &status, 0);
-    EXPECT_EQ(questions(), 1);
 }
 
 }  // namespace trevandix::testing

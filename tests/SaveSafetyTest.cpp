@@ -15,12 +15,9 @@ namespace fs = std::filesystem;
 // An open configuration, its file as it was, and one more item.
 struct Changed : PlantedWorkplace {
     Changed() : PlantedWorkplace({"U", "U.a"}) {
-        configuration.setFilePath(path("test.xml"));
-        run("mnuSaveCfg");
-        old = readFile(path("test.xml"));
+        old = saved();
         plant(*this, {"U.b"});
         configuration.state.saved = false;
-        messages.take();
     }
     std::string old;
 };
@@ -93,7 +90,7 @@ TEST(SaveSafety, AsksBeforeItOverwritesWhatAnotherProgramWrote) {
         const FileStamp theirs{0, before + std::chrono::seconds(90)};
         EXPECT_EQ(asked[0], "File " + path + " was changed by another program on " + theirs.localTime() +
                                 " (opened or saved here on " + ours.localTime() + "). Save all the same?");
-        EXPECT_EQ(place.messages.buttonsShown.back(), Buttons::NoYes);
+        EXPECT_EQ(place.messages.buttons, Buttons::NoYes);
         EXPECT_EQ(sizeToo, readFile(path) == "by another");
 
         place.messages.answers = {Answer::Yes, Answer::Yes};

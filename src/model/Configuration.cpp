@@ -79,8 +79,13 @@ TreeNode& Configuration::addItem(std::shared_ptr<clsItem> record, TreeNode& pare
 }
 
 TreeNode& Configuration::addNodeOfLastDataType() {
-    const std::string& name = dataTypes.last()->getName();
-    return addNode(dataTypes, name, tree.at(Key(kModBusFolder)), name, {NodeTag::DataType, Image::Item});
+    const std::string name = dataTypes.last()->getName();
+    TreeNode* folder = tree.find(Key(kModBusFolder));
+    if (folder == nullptr) {  // dragged elsewhere
+        dataTypes.remove(name);
+        throw RuntimeError(ErrorNumber::ElementNotFound);
+    }
+    return addNode(dataTypes, name, *folder, name, {NodeTag::DataType, Image::Item});
 }
 
 TreeNode& Configuration::addNodeOfLastUnit() {

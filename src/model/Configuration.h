@@ -78,7 +78,7 @@ public:
     TreeNode& addItem(std::shared_ptr<clsItem> record, TreeNode& parent, Image selectedImage = Image::Item);
 
     // Each gives the record added last, by a dialog, its node. The record leaves its collection again when
-    // the tree refuses the node. Errors: KeyNotUnique.
+    // the tree refuses the node. Errors: KeyNotUnique; ElementNotFound where there is no ModBus folder.
     TreeNode& addNodeOfLastDataType();
     TreeNode& addNodeOfLastUnit();
     TreeNode& addNodeOfLastBranch(TreeNode& parent);

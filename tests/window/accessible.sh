@@ -32,39 +32,31 @@ keys alt+v r shift+Tab Home Down Down
 
 open_dialog b "$branch"
 told "$branch" "Branch name"
-keys Escape
-await "$main"
+leave_dialog
 open_dialog i "$item"
 told "$item" "Item Name"
 keys alt+g
 told "$item"
-keys Escape
-await "$main"
+leave_dialog
 keys Home alt+o u
 told "$unit" "Unit Name"
-keys Escape
-await "$main"
+leave_dialog
 keys ctrl+f
 told "Find Item" "Type the name"
-keys Escape
-await "$main"
+leave_dialog
 copied 'Chlorine\r\nConductance\r\nRedox_Potential\r\n'
 go 2 Tab ctrl+a alt+e Up Up Return
 told "Replace Text" Confirm
-keys Escape
-await "$main"
+leave_dialog
 keys alt+a Return
 told "About Trevandix Configuration Editor" Ok
-keys Escape
-await "$main"
+leave_dialog
 keys ctrl+n
 told "Select ModBus interface"
-keys Return
-await "$main"
+confirm_dialog
 keys Down alt+o a
 told "$types" # a list of this toolkit tells nobody that it has the keyboard
-keys Escape
-await "$main"
+leave_dialog
 keys alt+F4
 answer alt+n
 await_end

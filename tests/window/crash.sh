@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# The program is killed with unsaved work; the next start offers it, takes it back, and tidies up when it ends.
+# The program is killed with unsaved work; the next start offers it, takes it back, and tidies up when it ends. The path
+# of the file has letters of many scripts: opened from the command line, saved with a change, published.
 . "$(dirname "$0")/lib.sh"
 . "$(dirname "$0")/dialogs.sh"
 
@@ -8,21 +9,29 @@ if [ -n "$under_wine" ]; then
 else
     state=$XDG_STATE_HOME/trevandix-editor
 fi
+plants="$folder/Αντλίες 水 💧"
+plant="$plants/насос Ωmega 泵 🏭.xml"
+mkdir "$plants"
+cp "$window_root/samples/water-works.xml" "$plant"
 
-start
-new_configuration
-add_unit PLC1 10.0.0.5 7 1500
+start "$plant"
+until_loaded
+go 2 # a branch
 add_branch Unsaved
 until_true 10 eval "grep -qs '<Unsaved>' '$state'/*.xml" || fail "the work is not kept: $(ls "$state" 2>&1)"
 kill -9 "$editor"
 { wait "$editor"; } 2>"$folder/killed" || true
 
 start_asked
+answer alt+y "$main"
+until_loaded
+keys ctrl+s
 answer alt+y
-await "$main"
-save_as "$folder/recovered.xml"
-grep -q '<UNSAVED>' "$folder/recovered.xml" || fail "the work was not recovered"
-grep -q 'PLC name="PLC1"' "$folder/recovered.xml" || fail "the unit was not recovered"
+answer Return "$main"
+grep -q '<UNSAVED>' "$plant" || fail "the work was not recovered"
+[ "$(grep -vc UNSAVED "$plant")" = "$(wc -l <"$window_root/samples/water-works.xml")" ] || fail "more has changed"
+published TrevandixTcpIp "$plant"
+[ "$(ls "$plants")" = "$(basename "$plant")" ] || fail "there is more than the file: $(ls "$plants")"
 menu f x
 await_end
 [ -z "$(ls "$state")" ] || fail "left behind: $(ls "$state")"

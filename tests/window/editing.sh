@@ -13,30 +13,25 @@ until_loaded
 go 3 Tab ctrl+a ctrl+c Tab # from the list
 go 11 ctrl+v
 steps ctrl+v # the names are taken now
-answer Return
-await "$main"
+answer Return "$main"
 go 4 ctrl+x # Level, from the tree
-answer alt+y
-await "$main"
+answer alt+y "$main"
 go 7 ctrl+v
 go 4 ctrl+c # Mode, into its own branch
 go 3 ctrl+v
 # 3 AREA (Mode, Mode_0, Speed), 7 POOL (8 NEST (Level, Valve), Run), 12 SPARE (Level, Mode, Speed)
 
 go 12 Tab End Delete # Speed, in the list
-answer alt+y
-await "$main"
+answer alt+y "$main"
 steps Tab
 # Declined, nothing goes.
 go 12 Delete
-answer alt+n
-await "$main"
+answer alt+n "$main"
 
 drag 11 3 # Run
 # 3 AREA (Mode, Mode_0, Run, Speed), 8 POOL (9 NEST (Level, Valve)), 12 SPARE (Level, Mode)
 drag 6 4 # nothing is dropped on an item
-answer Return
-await "$main"
+answer Return "$main"
 press_right 7
 move_to 12
 keys Escape
@@ -90,8 +85,7 @@ keys Escape
 await_found
 keys ctrl+f
 await "Find Item"
-keys Escape
-await "$main"
+leave_dialog
 
 go 12 Menu
 menu_entry b "$branch"

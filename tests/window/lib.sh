@@ -42,11 +42,11 @@ fi
 mkdir -p "$results"
 
 finish() {
-    local code=$?
+    local code=$? picture=$results/$flow${under_wine:+-wine}.png
     if [ "$code" != 0 ]; then
-        import -window root "$results/$flow${under_wine:+-wine}.png" 2>/dev/null || true
-        cp "$folder/output" "$results/$flow${under_wine:+-wine}.log" 2>/dev/null || true
-        echo "$flow: failed; picture: build/window-tests/$flow${under_wine:+-wine}.png" >&2
+        import -window root "$picture" 2>/dev/null || true
+        cp "$folder/output" "${picture%.png}.log" 2>/dev/null || true
+        echo "$flow: failed; picture: $picture" >&2
     fi
     if [ -n "$editor" ]; then kill "$editor" 2>/dev/null || true; fi
     if [ ${#servers[@]} != 0 ]; then kill "${servers[@]}" 2>/dev/null || true; fi
@@ -108,18 +108,11 @@ native() {
 }
 
 # start [FILE]: starts the program and waits for its window, start_asked for a question of its own.
-start() {
-    launch "$@"
-    until_true 30 is_active "$main" || fail "the program shows no window"
-    said_at_start=$(wc -c <"$folder/output") # GTK always complains about the first layout of a toolbar
-}
-start_asked() {
-    launch "$@"
-    until_true 30 is_active "$box" || fail "the program asks nothing when it starts"
-    said_at_start=$(wc -c <"$folder/output")
-}
-launch() {
-    local command=("$program")
+start() { launch "$main" "$@"; }
+start_asked() { launch "$box" "$@"; }
+launch() { # TITLE [FILE]
+    local title=$1 command=("$program")
+    shift
     if [ -n "$under_wine" ]; then command=(wine "$program"); fi
     if [ $# -gt 0 ]; then command+=("$(native "$1")"); fi
     until_true 10 xdotool get_desktop >/dev/null 2>&1 || fail "no window manager: $(cat "$folder/openbox")"
@@ -127,6 +120,8 @@ launch() {
     editor=$!
     wine_servers=()
     if [ -n "$under_wine" ]; then until_true 10 find_wine_servers || fail "Wine has no server"; fi
+    until_true 30 is_active "$title" || fail "the program does not show the window \"$title\""
+    said_at_start=$(wc -c <"$folder/output") # GTK always complains about the first layout of a toolbar
 }
 find_wine_servers() {
     local process
@@ -167,14 +162,18 @@ replaced() {
     if [ -n "$1" ]; then typed "$1"; else keys BackSpace; fi
 }
 
-# answer KEY: answers the message box that is in front. A box that has just come up may miss a key.
+# answer KEY [TITLE]: answers the message box that is in front, and waits for the window that comes then. A box that has
+# just come up may miss a key.
 answer() {
     local asked
     await "$box"
     asked=$(xdotool getactivewindow)
     for _ in {1..5}; do
         keys "$1"
-        if until_true 1 is_gone "$asked"; then return; fi
+        if until_true 1 is_gone "$asked"; then
+            if [ -n "${2:-}" ]; then await "$2"; fi
+            return
+        fi
     done
     fail "$1 does not answer the message box"
 }
@@ -201,12 +200,8 @@ menu() {
 }
 visible_windows() { xdotool search --onlyvisible --class "$(basename "$program")" 2>/dev/null | wc -l; }
 
-save_as() {
-    menu f a
-    save_to "$1"
-}
-
-save_to() {
+save_as() { # PATH [KEY of the command]
+    if [ -n "${2:-}" ]; then keys "$2"; else menu f a; fi
     await "Save configuration"
     type_path "$1"
     await "$main"

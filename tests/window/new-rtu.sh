@@ -34,19 +34,10 @@ keys Home
 
 serial Burner 4 COM3 3 # the same port at another rate
 keys Return
-answer Return
-await "$main"
-serial Burner 3 COM5 3 # the identifier is taken
-keys Return
-answer Return
-await "$main"
-open_dialog u "$unit"
-replaced Nothing
-leave_dialog
+answer Return "$main"
 serial Boiler 4 COM4 3 # the name is taken: the dialog stays
 keys Return
-answer Return
-await "$unit"
+answer Return "$unit"
 fill_text u Burner
 confirm_dialog
 
@@ -56,28 +47,18 @@ leave_dialog
 open_dialog b "$branch"
 confirm_dialog # NewBranch0
 open_dialog i "$item"
-keys Return # no table chosen
-answer Return
-await "$item"
 fill_item "holding register" Level "" 65536 6 3
 keys Return # beyond the last address
-answer Return
-await "$item"
+answer Return "$item"
 fill_text a 65535
 keys alt+e
-fill_text i Level
-fill_text a 0
-keys Return # the name is taken
-answer Return
-await "$item"
 leave_dialog
 open_dialog i "$item"
 fill_item "holding register" Low "" 40 15 2
 fill_elements 12
 confirm_dialog
 
-keys ctrl+shift+s
-save_to "$folder/new-rtu.xml"
+save_as "$folder/new-rtu.xml" ctrl+shift+s
 same_bytes "$window_root/tests/window/expected/new-rtu.xml" "$folder/new-rtu.xml"
 published TrevandixRTU "$folder/new-rtu.xml"
 menu f c

@@ -67,8 +67,7 @@ published TrevandixTcpIp "$folder/new-tcp.xml"
 
 rm "$folder/new-tcp.xml"
 keys ctrl+s # nothing there: no question
-answer Return
-await "$main"
+answer Return "$main"
 same_bytes "$window_root/tests/window/expected/new-tcp.xml" "$folder/new-tcp.xml"
 menu f x
 await_end

@@ -50,20 +50,16 @@ holds Redox
 leave_dialog
 
 keys ctrl+s
-answer Escape # neither yes nor no
-await "$main"
+answer Escape "$main" # neither yes nor no
 keys ctrl+s
-answer alt+n
-await "Save configuration"
-keys Escape
-await "$main"
+answer alt+n "Save configuration"
+leave_dialog
 same_bytes "$window_root/samples/water-works.xml" "$plant"
 echo spoiled >"$plant"
 keys ctrl+s
 answer alt+y
 answer alt+y # another program has changed the file
-answer Return
-await "$main"
+answer Return "$main"
 same_bytes "$window_root/samples/water-works.xml" "$plant"
 published TrevandixTcpIp "$plant"
 
@@ -71,8 +67,7 @@ published TrevandixTcpIp "$plant"
 printf '<?xml version="1.0"?>\r\n<SomethingElse/>\r\n' >"$folder/other.xml"
 menu f c
 open_file "$folder/other.xml"
-answer Return
-await "$main"
+answer Return "$main"
 open_file "$plant"
 await "$main"
 until_loaded
@@ -87,8 +82,7 @@ for key in Escape alt+F4; do # no answers: the question stays
     sleep 0.5
     await "$box"
 done
-answer alt+n
-await "$main"
+answer alt+n "$main"
 open_file "$plant"
 await "$main"
 until_loaded

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The portable zip that stands beside the Windows program, unpacked into a folder with blanks and other letters: opens
-# its own sample, and F1 hands its own manual to the browser. TREVANDIX_PROGRAM is the program that the zip was made of.
+# and publishes its own sample, and F1 hands its own manual to the browser. TREVANDIX_PROGRAM is the program that the zip was made of.
 . "$(dirname "$0")/lib.sh"
 . "$(dirname "$0")/dialogs.sh"
 
@@ -20,9 +20,14 @@ wine reg add "$classes\\.html" /ve /d shown /f >/dev/null
 wine reg add "$classes\\shown\\shell\\open\\command" /ve /f >/dev/null \
     /d "wscript.exe \"$(native "$folder/keep.js")\" \"%1\""
 
-start "$unpacked/trevandix-editor/samples/boiler-house-rtu.xml"
+sample=$unpacked/trevandix-editor/samples/boiler-house-rtu.xml
+start "$sample"
 until_loaded
 keys F1
 until_true 20 cmp -s "$unpacked/trevandix-editor/manual/manual.html" "$folder/shown.html" || fail "F1 shows nothing"
+keys ctrl+s
+answer alt+y
+answer Return "$main"
+published TrevandixRTU "$sample"
 menu f x
 await_end
