@@ -41,4 +41,12 @@ TEST(Proportions, PartsBelowTheirLeastGrowAtTheCostOfThoseThatCanSpare) {
     }
 }
 
+TEST(Proportions, TheLargestPartsGiveWay) {
+    using Parts = std::vector<int>;
+    EXPECT_EQ(capped({120, 40, 900}, 600), (Parts{120, 40, 440}));
+    EXPECT_EQ(capped({500, 40, 900}, 600), (Parts{280, 40, 280}));
+    EXPECT_EQ(capped({120, 40, 440}, 600), (Parts{120, 40, 440}));
+    EXPECT_EQ(capped({}, 600), Parts{});
+}
+
 }  // namespace trevandix::testing

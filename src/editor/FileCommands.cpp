@@ -157,6 +157,9 @@ void FileCommands::finishLoad() {
     views_.TreeView1_NodeClick(*configuration.tree.root());
     context_.enable(Situation::AfterNew);
     context_.platform.window.focusTree();
+    reading_ = true;
+    context_.platform.window.processEvents();  // keys that were pressed meanwhile come to nothing
+    reading_ = false;
 }
 
 // The part of a file that a failed save left gives its place back, so that the next save keeps the whole one.

@@ -45,4 +45,19 @@ std::vector<int> widened(std::vector<int> parts, const std::vector<int>& least, 
     return parts;
 }
 
+std::vector<int> capped(std::vector<int> parts, int whole) {
+    std::vector<int> ascending = parts;
+    std::ranges::sort(ascending);
+    int rest = whole;
+    for (std::size_t i = 0; i < ascending.size(); ++i) {
+        const int share = rest / static_cast<int>(ascending.size() - i);
+        if (ascending[i] > share) {
+            for (int& part : parts) part = std::min(part, share);
+            break;
+        }
+        rest -= ascending[i];
+    }
+    return parts;
+}
+
 }  // namespace trevandix

@@ -22,4 +22,7 @@ private:
 /// that the parts exceeded before stays exceeded by as much.
 std::vector<int> widened(std::vector<int> parts, const std::vector<int>& least, int whole);
 
+/// Parts that together exceed the whole: the largest give way, all to one size, until the whole is filled.
+std::vector<int> capped(std::vector<int> parts, int whole);
+
 }  // namespace trevandix

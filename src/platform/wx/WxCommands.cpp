@@ -45,7 +45,7 @@ void WxCommands::buildMenus(std::span<const MenuSpec> menus) {
     const auto add = [this](wxMenu& menu, std::string_view name, const wxString& text,
                             std::string_view hint) {
         const wxWindowIDRef id = wxWindow::NewControlId();
-        entries_.push_back({name, menus_.size(), menu.Append(id, text, toWx(hint))});
+        entries_.push_back({name, menu.Append(id, text, toWx(hint))});
         setAccessibleDescription(*entries_.back().item);
         frame_.Bind(wxEVT_MENU, &WxCommands::onMenu, this, id);
     };
@@ -105,11 +105,11 @@ void WxCommands::enableButton(std::string_view key, bool enabled) {
     toolBar_->EnableTool(button->id, enabled);
 }
 
-// Systems do not agree whether the shortcuts of a disabled menu still work; here they do not.
+// The shortcut of an entry goes with the entry, whether or not the menu around it can be opened.
 void WxCommands::onMenu(wxCommandEvent& event) {
     const auto entry = std::ranges::find_if(
         entries_, [&](const Entry& each) { return each.item->GetId() == event.GetId(); });
-    if (entry != entries_.end() && entry->enabled && menus_[entry->menu].enabled) choose_(entry->name);
+    if (entry != entries_.end() && entry->enabled) choose_(entry->name);
 }
 
 void WxCommands::onTool(wxCommandEvent& event) {

@@ -35,7 +35,6 @@ public:
 private:
     struct Entry {
         std::string_view name;
-        std::size_t menu;
         wxMenuItem* item;
         bool enabled = true;
     };

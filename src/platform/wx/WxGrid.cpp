@@ -13,7 +13,7 @@ namespace trevandix {
 namespace {
 
 constexpr int kMostRowsShown = 15;
-constexpr double kMostOfScreen = 0.6;
+constexpr double kMostOfScreen = 0.75;
 constexpr int kCellMargin = 16;
 
 }  // namespace
@@ -65,16 +65,13 @@ int WxGrid::neededWidth(int column) const {
 }
 
 void WxGrid::fit() {
-    const double most = wxDisplay(this).GetClientArea().GetWidth() * kMostOfScreen;
+    const double screen = wxDisplay(this).GetClientArea().GetWidth();
     std::vector<int> columns;
     for (int column = 0; column < GetNumberCols(); ++column) columns.push_back(neededWidth(column));
-    const int needed = std::accumulate(columns.begin(), columns.end(), 0);
-    int width = 0;
-    for (std::size_t column = 0; column < columns.size(); ++column) {
-        const int size = static_cast<int>(columns[column] * std::min(1.0, most / needed));
-        SetColSize(static_cast<int>(column), size);
-        width += size;
-    }
+    columns = capped(std::move(columns), static_cast<int>(screen * kMostOfScreen));
+    for (std::size_t column = 0; column < columns.size(); ++column)
+        SetColSize(static_cast<int>(column), columns[column]);
+    int width = std::accumulate(columns.begin(), columns.end(), 0);
     const int rows = std::clamp(GetNumberRows(), 1, kMostRowsShown);
     if (rows < GetNumberRows()) width += wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this);
     SetMinSize(wxSize(width + FromDIP(4), GetColLabelSize() + rows * GetDefaultRowSize() + FromDIP(4)));

@@ -24,6 +24,24 @@ long styleOf(Buttons buttons, Icon icon) {
     return style | wxICON_NONE;
 }
 
+// GTK breaks lines between words only, and a name may be wider than the screen.
+wxString breakable(const wxString& text) {
+#ifdef __WXGTK__
+    constexpr int kLongWord = 80;
+    const wxUniChar possibleBreak(0x200B);
+    wxString result;
+    int length = 0;
+    for (const wxUniChar c : text) {
+        length = c == ' ' || c == '\n' ? 0 : length + 1;
+        result += c;
+        if (length > 0 && length % kLongWord == 0) result += possibleBreak;
+    }
+    return result;
+#else
+    return text;
+#endif
+}
+
 std::unique_ptr<wxMessageDialogBase> makeBox(const wxString& text, long style) {
     const wxString title = toWx(kProduct);
 #ifdef __WXGTK__
@@ -38,7 +56,7 @@ std::unique_ptr<wxMessageDialogBase> makeBox(const wxString& text, long style) {
 
 Answer WxMessages::show(std::string_view text, Buttons buttons, Icon icon) {
     const FocusKeeper focus;
-    const std::unique_ptr<wxMessageDialogBase> box = makeBox(toWx(text), styleOf(buttons, icon));
+    const std::unique_ptr<wxMessageDialogBase> box = makeBox(breakable(toWx(text)), styleOf(buttons, icon));
     while (true) {
         switch (box->ShowModal()) {
             case wxID_YES:

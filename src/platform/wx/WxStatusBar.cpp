@@ -1,17 +1,25 @@
 #include "platform/wx/WxStatusBar.h"
 
+#include <algorithm>
+
 #include "platform/wx/WxAccessibleName.h"
 
 namespace trevandix {
 
 namespace {
 
-constexpr int kMargin = 24;  // of a field around its text
+constexpr int kMargin = 24;   // of a field around its text
+constexpr int kBorders = 32;  // of all fields
+constexpr int kGrip = 24;     // by which the window is resized
 
 }  // namespace
 
 WxStatusBar::WxStatusBar(wxWindow* parent) : wxStatusBar(parent, wxID_ANY) {
     SetName("StatusBar1");
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        if (!hinting_) showNews();
+    });
     showNews();
 }
 
@@ -35,7 +43,13 @@ void WxStatusBar::showNews() {
     const auto needed = [this](StatusField field) {
         return GetTextExtent(news_[static_cast<std::size_t>(field)]).GetWidth() + FromDIP(kMargin);
     };
-    const int widths[kFields]{-1, needed(StatusField::Counts), needed(StatusField::Saved), -1};
+    const int counts = needed(StatusField::Counts);
+    const int saved = needed(StatusField::Saved);
+    const int rest = GetClientSize().GetWidth() - counts - saved - FromDIP(kBorders);
+    // The notice has what it needs; where that leaves too little for the selection, half.
+    const int notice = std::min(needed(StatusField::Notice) + FromDIP(kGrip),
+                                std::max(rest / 2, rest - needed(StatusField::Selection)));
+    const int widths[kFields]{-1, counts, saved, std::max(notice, 1)};
     hinting_ = false;
     SetFieldsCount(kFields, widths);
     wxString all;

@@ -106,7 +106,8 @@ void WxTreeDrag::cancel(State next) {
     const State before = state_;
     stop(next);
     if (before != State::Dragging) return;
-    gate_.run([](MainWindowEvents& events) { events.dragCancelled(); });
+    // Not run: it may be a command, at work behind its box, that took the mouse.
+    gate_.post(WxInputGate::Kind::Single, [](MainWindowEvents& events) { events.dragCancelled(); });
     pointer_.endDrag();
 }
 

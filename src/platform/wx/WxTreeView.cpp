@@ -25,12 +25,17 @@ constexpr char kSpokenName[] = "Configuration";
 // The control may take tens of microseconds for each line that goes (Wine's does); the window answers in
 // between.
 constexpr std::chrono::milliseconds kRemovingAtATime{20};
+constexpr std::chrono::milliseconds kBetweenDrawings{400};
 
 class NodeData : public wxTreeItemData {
 public:
     explicit NodeData(const TreeNode& shown) : node(const_cast<TreeNode*>(&shown)) {}
-    TreeNode* node;
+    TreeNode* node;  // nullptr for a line that is to go
 };
+
+NodeData& dataOf(const TreeNode& node) {
+    return *static_cast<NodeData*>(node.viewItem);
+}
 
 bool liesIn(const TreeNode* node, const TreeNode& top) {
     while (node != nullptr && node != &top) node = node->parent();
@@ -69,8 +74,11 @@ WxTreeView::~WxTreeView() {
 }
 
 TreeNode* WxTreeView::nodeOf(const wxTreeItemId& item) const {
-    if (!item.IsOk() || leavingItems_.contains(item.GetID())) return nullptr;
-    return static_cast<NodeData*>(GetItemData(item))->node;
+    return item.IsOk() ? static_cast<NodeData*>(GetItemData(item))->node : nullptr;
+}
+
+wxTreeItemId WxTreeView::itemOf(const TreeNode& node) {
+    return dataOf(node).GetId();
 }
 
 TreeNode* WxTreeView::nodeAt(const wxPoint& point) const {
@@ -116,7 +124,7 @@ void WxTreeView::insert(const TreeNode& node, Where where) {
     } else {
         item = InsertItem(parent, itemOf(*node.previousSibling()), text, image, selected, data);
     }
-    node.viewItem = item.GetID();
+    node.viewItem = data;
     // The control forgets the expansion of an item without children, so the first child brings it back.
     const TreeNode* parent = node.previousSibling() == nullptr ? node.parent() : nullptr;
     if (parent != nullptr && parent->expanded() && !IsExpanded(itemOf(*parent))) Expand(itemOf(*parent));
@@ -148,39 +156,41 @@ void WxTreeView::nodeRemoved(const TreeNode& node) {
     if (batches_ == 0) removeSome();
 }
 
-// A control of Windows takes its time for each line below the top; that of wx for the top only.
+// From here on nothing leads to the nodes. A control of Windows takes its time for each line below the top,
+// that of wx for the top only.
 void WxTreeView::letGo(const TreeNode& top) {
-    std::vector<void*> items{top.viewItem};
-#ifdef __WXMSW__
-    for (const TreeNode* node = nextBelow(top, top); node != nullptr; node = nextBelow(*node, top))
-        items.push_back(node->viewItem);
+    std::vector<wxTreeItemId> items;
+    for (const TreeNode* node = &top; node != nullptr; node = nextBelow(*node, top)) {
+        NodeData& data = dataOf(*node);
+        data.node = nullptr;
+#ifndef __WXMSW__
+        if (node != &top) continue;
 #endif
+        items.push_back(data.GetId());
+    }
     leaving_.insert(leaving_.end(), items.rbegin(), items.rend());
-    leavingItems_.insert(items.begin(), items.end());
 }
 
 void WxTreeView::removeSome() {
     const WxRaised quiet(quiet_);
-    const auto end = std::chrono::steady_clock::now() + kRemovingAtATime;
-    while (!leaving_.empty() && std::chrono::steady_clock::now() < end) {
-        leavingItems_.erase(leaving_.front());
-        Delete(wxTreeItemId(leaving_.front()));
+    const auto begin = std::chrono::steady_clock::now();
+    while (!leaving_.empty() && std::chrono::steady_clock::now() - begin < kRemovingAtATime) {
+        Delete(leaving_.front());
         leaving_.pop_front();
     }
     const bool more = !leaving_.empty();
     if (more) wxWakeUpIdle();
-    if (more == held_) return;
-    // A batch until the last has gone: to draw in between would take longer than to remove.
-    held_ = more;
-    if (more) {
-        batchBegins();
-    } else {
-        batchEnds();
+    if (more != held_) {
+        // A batch until the last has gone: to draw each time would take longer than to remove.
+        held_ = more;
+        drawn_ = begin;
+        more ? batchBegins() : batchEnds();
+    } else if (more && begin - drawn_ > kBetweenDrawings) {
+        Thaw();
+        Update();
+        Freeze();
+        drawn_ = begin;
     }
-}
-
-void WxTreeView::removeAllLeft() {
-    while (!leaving_.empty()) removeSome();
 }
 
 void WxTreeView::textChanged(const TreeNode& node) {
@@ -190,9 +200,9 @@ void WxTreeView::textChanged(const TreeNode& node) {
 void WxTreeView::nodeMoved(const TreeNode& node) {
     const WxRaised quiet(quiet_);
     const wxWindowUpdateLocker frozen(this);
-    removeAllLeft();  // some may lie below the node
-    Delete(itemOf(node));
+    letGo(node);
     insertSubtree(node);
+    if (batches_ == 0) removeSome();
     if (tree_.selected() != nullptr && liesIn(tree_.selected(), node)) SelectItem(itemOf(*tree_.selected()));
 }
 
@@ -201,7 +211,7 @@ void WxTreeView::childrenSorted(const TreeNode& parent) {
     const wxWindowUpdateLocker frozen(this);
     places_.reserve(parent.childCount());
     for (const TreeNode* child = parent.firstChild(); child != nullptr; child = child->nextSibling())
-        places_.emplace(child->viewItem, static_cast<int>(places_.size()));
+        places_.emplace(itemOf(*child).GetID(), static_cast<int>(places_.size()));
     SortChildren(itemOf(parent));
     places_.clear();
 }
@@ -259,7 +269,6 @@ void WxTreeView::cleared() {
     clicked_ = nullptr;
     highlighted_ = visibleLater_ = nullptr;
     leaving_.clear();
-    leavingItems_.clear();
     removeSome();
     DeleteAllItems();
 }
@@ -303,7 +312,7 @@ void WxTreeView::click(TreeNode& node) {
 }
 
 void WxTreeView::onSelecting(wxTreeEvent& event) {
-    if (leavingItems_.contains(event.GetItem().GetID())) event.Veto();
+    if (event.GetItem().IsOk() && nodeOf(event.GetItem()) == nullptr) event.Veto();
 }
 
 void WxTreeView::onSelected(wxTreeEvent& event) {

@@ -2,9 +2,9 @@
 
 #include <wx/treectrl.h>
 
+#include <chrono>
 #include <deque>
 #include <unordered_map>
-#include <unordered_set>
 
 #include "model/StructureTree.h"
 #include "platform/wx/WxIcons.h"
@@ -57,7 +57,6 @@ private:
     void forget(const TreeNode& node);
     void letGo(const TreeNode& top);
     void removeSome();
-    void removeAllLeft();
     void onSelecting(wxTreeEvent& event);
     void setHiddenRedraw(bool redraw);
     void click(TreeNode& node);
@@ -66,7 +65,7 @@ private:
     void onExpansion(wxTreeEvent& event, bool expanded);
     void onLeftDown(wxMouseEvent& event);
     TreeNode* nodeOf(const wxTreeItemId& item) const;
-    static wxTreeItemId itemOf(const TreeNode& node) { return wxTreeItemId(node.viewItem); }
+    static wxTreeItemId itemOf(const TreeNode& node);
 
     StructureTree& tree_;
     WxInputGate& gate_;
@@ -74,12 +73,12 @@ private:
     TreeNode* clicked_ = nullptr;  // waits to be reported
     const TreeNode* highlighted_ = nullptr;
     std::unordered_map<void*, int> places_;   // of items among their siblings, while they are sorted
-    std::deque<void*> leaving_;               // items without a node, still in the control; children first
-    std::unordered_set<void*> leavingItems_;  // the same
+    std::deque<wxTreeItemId> leaving_;        // items without a node, still in the control; children first
     const TreeNode* visibleLater_ = nullptr;  // scrolled to when the batch ends
     int quiet_ = 0;  // while it is not, what the control reports is not its user's doing
     int batches_ = 0;
-    bool held_ = false;  // in a batch, as items are leaving
+    bool held_ = false;                            // in a batch, as items are leaving
+    std::chrono::steady_clock::time_point drawn_;  // last, while it is held
 };
 
 }  // namespace trevandix
