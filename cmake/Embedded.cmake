@@ -17,6 +17,13 @@ if(GIT_FOUND)
     if(commit_line MATCHES "^([^ ]+) ([^ ]+)$")
         set(TREVANDIX_COMMIT ${CMAKE_MATCH_1})
         set(TREVANDIX_DATE ${CMAKE_MATCH_2})
+        # The record of where HEAD has been: it changes with every commit, and then all this is done again.
+        execute_process(COMMAND ${GIT_EXECUTABLE} rev-parse --path-format=absolute --git-path logs/HEAD
+                        WORKING_DIRECTORY ${CMAKE_SOURCE_DIR} OUTPUT_VARIABLE head_log
+                        OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
+        if(EXISTS "${head_log}")
+            set_property(DIRECTORY ${CMAKE_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${head_log})
+        endif()
     endif()
 endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/Version.h.in ${generated}/Version.h @ONLY)
