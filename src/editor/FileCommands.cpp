@@ -63,6 +63,7 @@ void FileCommands::mnuNewCfg_Click() {
         state.unitCounter = state.branchCounter = state.itemCounter = state.dataTypeCounter = 0;
         context_.configuration.markUnchanged();
         stamp_.reset();
+        unfinished_.reset();
         context_.platform.window.focusTree();
     });
 }
@@ -117,6 +118,7 @@ bool FileCommands::read(const std::string& source, const std::string& filePath) 
     configuration.createCollections();
     configuration.state.filePath = filePath;
     stamp_.reset();
+    unfinished_.reset();
     bool complete = false;
     {
         const StructureTree::Batch batch(configuration.tree);
@@ -164,10 +166,10 @@ void FileCommands::finishLoad() {
 
 // The part of a file that a failed save left gives its place back, so that the next save keeps the whole one.
 void FileCommands::putOldFileBack() {
-    if (!unfinished_) return;
     const std::string& path = context_.state().filePath;
+    if (!unfinished_ || unfinished_->path != path) return;
     std::error_code ignored;
-    if (unfinished_->path == path && unfinished_->stamp == FileStamp::of(path))
+    if (unfinished_->stamp == FileStamp::of(path))
         std::filesystem::rename(fromUtf8(unfinished_->backup), fromUtf8(linkTarget(path)), ignored);
     unfinished_.reset();
 }
@@ -252,6 +254,7 @@ void FileCommands::mnuCloseCfg_Click() {
         context_.configuration.units.clear();
         context_.configuration.branches.clear();
         context_.configuration.markUnchanged();
+        unfinished_.reset();
     });
 }
 

@@ -64,7 +64,7 @@ private:
         std::optional<FileStamp> stamp;
         std::string backup;
     };
-    std::optional<Unfinished> unfinished_;  // what the last save has left, if it failed half-way
+    std::optional<Unfinished> unfinished_;  // what a save that failed half-way has left
     std::function<void()> keepUnsaved_;
 };
 

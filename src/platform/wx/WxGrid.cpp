@@ -65,14 +65,15 @@ int WxGrid::neededWidth(int column) const {
 }
 
 void WxGrid::fit() {
-    const double screen = wxDisplay(this).GetClientArea().GetWidth();
+    const wxSize screen = wxDisplay(this).GetClientArea().GetSize();
     std::vector<int> columns;
     for (int column = 0; column < GetNumberCols(); ++column) columns.push_back(neededWidth(column));
-    columns = capped(std::move(columns), static_cast<int>(screen * kMostOfScreen));
+    columns = capped(std::move(columns), static_cast<int>(screen.GetWidth() * kMostOfScreen));
     for (std::size_t column = 0; column < columns.size(); ++column)
         SetColSize(static_cast<int>(column), columns[column]);
     int width = std::accumulate(columns.begin(), columns.end(), 0);
-    const int rows = std::clamp(GetNumberRows(), 1, kMostRowsShown);
+    const int room = static_cast<int>(screen.GetHeight() * kMostOfScreen) / GetDefaultRowSize();
+    const int rows = std::clamp(GetNumberRows(), 1, std::clamp(room - 3, 1, kMostRowsShown));
     if (rows < GetNumberRows()) width += wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this);
     SetMinSize(wxSize(width + FromDIP(4), GetColLabelSize() + rows * GetDefaultRowSize() + FromDIP(4)));
     scaling_.keep(GetMinSize().GetWidth());

@@ -27,7 +27,7 @@ long styleOf(Buttons buttons, Icon icon) {
 // GTK breaks lines between words only, and a name may be wider than the screen.
 wxString breakable(const wxString& text) {
 #ifdef __WXGTK__
-    constexpr int kLongWord = 80;
+    constexpr int kLongWord = 40;
     const wxUniChar possibleBreak(0x200B);
     wxString result;
     int length = 0;
