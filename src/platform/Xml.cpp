@@ -35,9 +35,6 @@ XmlElement XmlElement::firstChild() const {
 XmlElement XmlElement::nextSibling() const {
     return {document_, document_->nextSibling(node_)};
 }
-XmlElement XmlElement::child(std::string_view name) const {
-    return {document_, document_->child(node_, name)};
-}
 
 void XmlElement::findChildren(std::span<const std::string_view> names, std::span<XmlElement> found) const {
     document_->findChildren(node_, names, found);

@@ -29,8 +29,6 @@ public:
     /// Children in document order, of every node kind.
     XmlElement firstChild() const;
     XmlElement nextSibling() const;
-    /// The first child element of exactly this name, or an empty handle.
-    XmlElement child(std::string_view name) const;
     /// The first child of each of the names, in one walk; an empty handle stays where there is none. It is
     /// quickest where the children stand in the order of the names. `found` has as many places as there are
     /// names.
@@ -66,7 +64,6 @@ private:
     virtual std::string_view name(const void* node) const = 0;
     virtual const void* firstChild(const void* node) const = 0;
     virtual const void* nextSibling(const void* node) const = 0;
-    virtual const void* child(const void* node, std::string_view name) const = 0;
     virtual void findChildren(const void* node, std::span<const std::string_view> names,
                               std::span<XmlElement> found) const = 0;
     virtual std::optional<std::string_view> attribute(const void* node, std::string_view name) const = 0;

@@ -11,13 +11,6 @@ LineDocument::LineDocument(std::string bytes, References references)
     LineParser(text_, nodes_, references).parse();
 }
 
-const void* LineDocument::child(const void* node, std::string_view name) const {
-    for (std::uint32_t index = at(node).firstChild; index != 0; index = nodes_[index].next) {
-        if (nameOf(nodes_[index]) == name) return pointer(index);
-    }
-    return nullptr;
-}
-
 void LineDocument::findChildren(const void* node, std::span<const std::string_view> names,
                                 std::span<XmlElement> found) const {
     for (std::uint32_t index = at(node).firstChild; index != 0; index = nodes_[index].next) {

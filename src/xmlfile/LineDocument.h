@@ -41,7 +41,6 @@ private:
     std::string_view name(const void* node) const override { return nameOf(at(node)); }
     const void* firstChild(const void* node) const override { return pointer(at(node).firstChild); }
     const void* nextSibling(const void* node) const override { return pointer(at(node).next); }
-    const void* child(const void* node, std::string_view name) const override;
     void findChildren(const void* node, std::span<const std::string_view> names,
                       std::span<XmlElement> found) const override;
     std::optional<std::string_view> attribute(const void* node, std::string_view name) const override;

@@ -119,13 +119,6 @@ private:
         return at(node).next_sibling().internal_object();
     }
 
-    const void* child(const void* node, std::string_view name) const override {
-        for (pugi::xml_node child = at(node).first_child(); child; child = child.next_sibling()) {
-            if (name == child.name()) return child.internal_object();
-        }
-        return nullptr;
-    }
-
     void findChildren(const void* node, std::span<const std::string_view> names,
                       std::span<XmlElement> found) const override {
         checkTextBefore(node);

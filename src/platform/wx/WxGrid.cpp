@@ -13,6 +13,7 @@ namespace trevandix {
 namespace {
 
 constexpr int kMostRowsShown = 15;
+constexpr int kRowsBeside = 3;  // room for the header, the buttons and the title
 constexpr double kMostOfScreen = 0.75;
 constexpr int kCellMargin = 16;
 
@@ -73,7 +74,7 @@ void WxGrid::fit() {
         SetColSize(static_cast<int>(column), columns[column]);
     int width = std::accumulate(columns.begin(), columns.end(), 0);
     const int room = static_cast<int>(screen.GetHeight() * kMostOfScreen) / GetDefaultRowSize();
-    const int rows = std::clamp(GetNumberRows(), 1, std::clamp(room - 3, 1, kMostRowsShown));
+    const int rows = std::clamp(GetNumberRows(), 1, std::clamp(room - kRowsBeside, 1, kMostRowsShown));
     if (rows < GetNumberRows()) width += wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this);
     SetMinSize(wxSize(width + FromDIP(4), GetColLabelSize() + rows * GetDefaultRowSize() + FromDIP(4)));
     scaling_.keep(GetMinSize().GetWidth());

@@ -18,12 +18,9 @@ namespace {
 constexpr std::string_view kEmptyDrawing =
     R"(<svg xmlns="http://www.w3.org/2000/svg" width="24" height="24" viewBox="0 0 24 24"></svg>)";
 
-std::string svgOf(std::string_view name) {
+wxBitmapBundle drawing(std::string_view name, int size) {
     const std::string_view known = iconSvg(name);
-    return std::string(known.empty() ? kEmptyDrawing : known);
-}
-
-wxBitmapBundle drawing(const std::string& svg, int size) {
+    const std::string svg(known.empty() ? kEmptyDrawing : known);
     return wxBitmapBundle::FromSVG(svg.c_str(), wxSize(size, size));
 }
 
@@ -64,7 +61,7 @@ wxBitmapBundle changedBundle(const wxBitmapBundle& bundle, int size, Change chan
 }  // namespace
 
 wxBitmapBundle iconBundle(std::string_view name, int size) {
-    const wxBitmapBundle bundle = drawing(svgOf(name), size);
+    const wxBitmapBundle bundle = drawing(name, size);
 #if defined(__WXGTK__) && !wxCHECK_VERSION(3, 2, 3)
     return changedBundle(bundle, size, [](const wxBitmap& bitmap) { return bitmap; });
 #else
@@ -81,14 +78,14 @@ wxBitmapBundle fadedIconBundle(std::string_view, int) {
 wxBitmapBundle fadedIconBundle(std::string_view name, int size) {
     const unsigned char brightness =
         wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE).GetLuminance() < 0.5 ? 0 : 255;
-    return changedBundle(drawing(svgOf(name), size), size, [&](const wxBitmap& bitmap) {
+    return changedBundle(drawing(name, size), size, [&](const wxBitmap& bitmap) {
         return wxBitmap(bitmap.ConvertToImage().ConvertToDisabled(brightness));
     });
 }
 #endif
 
 wxIconBundle programIcons() {
-    const wxBitmapBundle bundle = drawing(svgOf("app"), 48);
+    const wxBitmapBundle bundle = drawing("app", 48);
     wxIconBundle icons;
     for (const int pixels : {16, 24, 32, 48, 64, 128, 256}) {
         wxIcon icon;
