@@ -154,7 +154,7 @@ void frmItems::addItem(const std::string& name) {
     record->SetByForm(*form_, container.key());
     configuration.tree.ensureVisible(configuration.addItem(std::move(record), container));
     configuration.state.saved = false;
-    configuration.state.itemCounter = raised(configuration.state.itemCounter);
+    ++configuration.state.itemCounter;
     stored_ = true;
 }
 

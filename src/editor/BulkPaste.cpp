@@ -1,5 +1,6 @@
 #include "editor/BulkPaste.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 #include "editor/frmReplace.h"
@@ -12,16 +13,8 @@ namespace trevandix {
 namespace {
 
 constexpr std::size_t kCommentColumn = 1;
-
-/// The preview's rows; `current` gives the text that a list row has now.
-template <typename Current>
-std::vector<std::vector<std::string>> preview(std::string_view what, const std::vector<std::size_t>& rows,
-                                              const std::vector<std::string>& lines, const Current& current) {
-    std::vector<std::vector<std::string>> cells{{std::string(what), "", "New " + std::string(what)}};
-    cells.reserve(rows.size() + 1);
-    for (std::size_t i = 0; i < rows.size(); ++i) cells.push_back({current(rows[i]), "<---", lines[i]});
-    return cells;
-}
+constexpr std::size_t kAddressColumn = 2;
+constexpr std::size_t kIndexColumn = 6;
 
 }  // namespace
 
@@ -50,9 +43,12 @@ void BulkPaste::mnuPasteName_Click() {
         const Rows rows = context_.list.selectedRows();
         if (clashes(*lines, rows)) return void(context_.platform.messages.show("Name already existing"));
         if (!fits(*lines, rows)) return;
-        const auto name = [&](std::size_t row) { return context_.list.rows().at(row).text; };
-        if (!showFrmReplace(context_.platform.forms, preview("Item name", rows, *lines, name))) return;
-        context_.state().saved = false;
+        std::vector<Lines> cells{{"Item name", "", "New Item name", "Address"}};
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            cells.push_back({context_.list.rows().at(rows[i]).text, "<---", (*lines)[i],
+                             std::string(context_.list.cell(rows[i], kAddressColumn))});
+        }
+        if (!showFrmReplace(context_.platform.forms, cells, inAddressOrder(rows))) return;
         applyNames(*lines, rows);
     });
 }
@@ -70,6 +66,13 @@ bool BulkPaste::clashes(const Lines& lines, const Rows& rows) const {
         if (context_.configuration.items.contains(key) && !selected.contains(key)) return true;
     }
     return false;
+}
+
+// As a click on the header of the index sorts them: by table, address and bit.
+bool BulkPaste::inAddressOrder(const Rows& rows) const {
+    return std::ranges::is_sorted(
+        rows, [](std::string_view a, std::string_view b) { return compareIgnoringCase(a, b) < 0; },
+        [&](std::size_t row) { return context_.list.cell(row, kIndexColumn); });
 }
 
 bool BulkPaste::fits(const Lines& lines, const Rows& rows) const {
@@ -96,6 +99,7 @@ void BulkPaste::applyNames(const Lines& lines, const Rows& rows) {
             if (!failure) failure = renamings[i].failure;
             continue;
         }
+        context_.state().saved = false;
         context_.list.setKey(renamed[i], renamings[i].newKey);
         context_.list.setCell(renamed[i], 0, renamings[i].name);
     }
@@ -108,10 +112,13 @@ void BulkPaste::mnuPasteComment_Click() {
         if (!lines) return;
         const Rows rows = context_.list.selectedRows();
         if (!fits(*lines, rows)) return;
-        const auto comment = [&](std::size_t row) {
-            return context_.configuration.items.at(context_.list.rows().at(row).key)->sComment();
-        };
-        if (!showFrmReplace(context_.platform.forms, preview("Item comment", rows, *lines, comment))) return;
+        std::vector<Lines> cells{{"Item comment", "", "New Item comment", "Item"}};
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            const ListRow& row = context_.list.rows().at(rows[i]);
+            cells.push_back({context_.configuration.items.at(row.key)->sComment(), "<---", (*lines)[i],
+                             row.text + ", " + std::string(context_.list.cell(rows[i], kAddressColumn))});
+        }
+        if (!showFrmReplace(context_.platform.forms, cells, inAddressOrder(rows))) return;
         context_.state().saved = false;
         applyComments(*lines, rows);
     });
@@ -119,7 +126,7 @@ void BulkPaste::mnuPasteComment_Click() {
 
 void BulkPaste::applyComments(const Lines& lines, const Rows& rows) {
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        context_.configuration.items.at(context_.list.rows().at(rows[i]).key)->sComment(lines[i]);
+        context_.configuration.setComment(context_.list.rows().at(rows[i]).key, lines[i]);
         context_.list.setCell(rows[i], kCommentColumn, lines[i]);
     }
 }

@@ -15,7 +15,7 @@ namespace trevandix {
 std::vector<std::string> clipboardLines(std::string_view text);
 
 /// Gives the lines of the clipboard's text to the selected items, as names or as comments, after showing old
-/// and new side by side. Refuses before anything has changed.
+/// and new side by side, and the address of each. Refuses before anything has changed.
 class BulkPaste {
 public:
     explicit BulkPaste(const EditorContext& context) : context_(context) {}
@@ -29,6 +29,7 @@ private:
     /// The clipboard's lines; nothing, after a message, when it is empty.
     std::optional<Lines> pastedLines() const;
     bool clashes(const Lines& lines, const Rows& rows) const;
+    bool inAddressOrder(const Rows& rows) const;
     bool fits(const Lines& lines, const Rows& rows) const;
     void applyNames(const Lines& lines, const Rows& rows);
     void applyComments(const Lines& lines, const Rows& rows);

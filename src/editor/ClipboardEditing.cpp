@@ -35,6 +35,7 @@ void ClipboardEditing::copyRows() {
         buffer.resize(slot + 1);
         buffer[slot] = context_.configuration.items.at(row.key);
     }
+    if (slot > 0) context_.news.tell(counted(slot, "item", "items") + " copied");
 }
 
 void ClipboardEditing::copyNode(const TreeNode& node) {
@@ -42,6 +43,7 @@ void ClipboardEditing::copyNode(const TreeNode& node) {
     if (node.tag() != NodeTag::Item) return;
     if (node.text().starts_with(kDefaultName)) return say(kChangeName);
     context_.state().copyBuffer = {nullptr, context_.configuration.items.at(node.key())};
+    context_.news.tell("1 item copied");
 }
 
 void ClipboardEditing::mnuCut_Click() {

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "editor/Enabling.h"
+#include "editor/StatusNews.h"
 #include "model/Configuration.h"
 #include "platform/ListView.h"
 #include "platform/Platform.h"
@@ -15,6 +16,7 @@ struct EditorContext {
     Platform& platform;
     Configuration& configuration;
     ListView& list;
+    StatusNews& news;
 
     StructureTree& tree() const { return configuration.tree; }
     EditingState& state() const { return configuration.state; }

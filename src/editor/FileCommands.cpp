@@ -5,7 +5,6 @@
 
 #include "editor/LoadProgress.h"
 #include "editor/SaveNotice.h"
-#include "editor/StatusNews.h"
 #include "editor/frmSelect.h"
 #include "platform/FileAccess.h"
 #include "platform/FileSafety.h"
@@ -37,6 +36,12 @@ FileCommands::SaveQuestion FileCommands::askToSave(std::string_view question) {
     return context_.state().saved ? SaveQuestion::Settled : SaveQuestion::Stop;
 }
 
+// The saved flag, and with it the question, does not cover every change.
+void FileCommands::keepUnasked(SaveQuestion asked) const {
+    const bool open = context_.state().configurationOpen;
+    if (open && asked == SaveQuestion::NotAsked && context_.configuration.changed()) keepUnsaved_();
+}
+
 std::string FileCommands::defaultFilePath() const {
     const auto folder = fromUtf8(context_.platform.programFolder);
     return toUtf8((folder / fromUtf8(context_.state().interfaceKind + ".xml")).make_preferred());
@@ -46,6 +51,7 @@ void FileCommands::mnuNewCfg_Click() {
     context_.guarded("mnuNewCfg_Click", [&] {
         const SaveQuestion question = askToSave(kSaveActive);
         if (question == SaveQuestion::Stop) return;
+        keepUnasked(question);
         EditingState& state = context_.state();
         if (question == SaveQuestion::Settled) state.configurationOpen = false;
         context_.InitObjects();
@@ -60,8 +66,9 @@ void FileCommands::mnuNewCfg_Click() {
         context_.list.setSorted(false);
         context_.enable(Situation::AfterNew);
         context_.configuration.createCollections();
-        state.unitCounter = state.branchCounter = state.itemCounter = state.dataTypeCounter = 0;
-        context_.configuration.markUnchanged();
+        state.unitCounter = state.branchCounter = state.dataTypeCounter = 0;
+        state.itemCounter = 0;
+        context_.configuration.markNew();
         stamp_.reset();
         unfinished_.reset();
         context_.platform.window.focusTree();
@@ -80,19 +87,22 @@ bool FileCommands::ShowDialSave(std::string& fileName) const {
 
 void FileCommands::mnuOpenCfg_Click() {
     context_.guarded("mnuOpenCfg_Click", [&] {
-        if (askToSave(kSaveActive) == SaveQuestion::Stop) return;
+        const SaveQuestion question = askToSave(kSaveActive);
+        if (question == SaveQuestion::Stop) return;
         std::string fileName;
-        if (ShowDialSave(fileName) && !fileName.empty()) load(fileName);
+        if (ShowDialSave(fileName) && !fileName.empty()) load(fileName, question);
     });
 }
 
 void FileCommands::openFile(const std::string& filePath) {
     context_.guarded("mnuOpenCfg_Click", [&] {
-        if (askToSave(kSaveActive) != SaveQuestion::Stop) load(filePath);
+        const SaveQuestion question = askToSave(kSaveActive);
+        if (question != SaveQuestion::Stop) load(filePath, question);
     });
 }
 
-void FileCommands::load(const std::string& filePath) {
+void FileCommands::load(const std::string& filePath, SaveQuestion asked) {
+    keepUnasked(asked);
     const auto stamp = FileStamp::of(filePath);  // before reading: who writes meanwhile is noticed
     if (read(filePath, filePath)) stamp_ = stamp;
 }
@@ -105,8 +115,12 @@ bool FileCommands::recover(const std::string& content, const std::string& filePa
         if (!recovered) return;
         stamp_ = stamp;
         context_.state().saved = false;
-        ++context_.state().otherEdits;
+        context_.configuration.touch();
     });
+    if (!recovered) {  // the program goes on as it starts
+        context_.InitObjects();
+        context_.platform.window.showImportPanel(false);
+    }
     return recovered;
 }
 
@@ -147,12 +161,12 @@ void FileCommands::finishLoad() {
     EditingState& state = configuration.state;
     context_.platform.window.showImportPanel(false);
     state.dataTypeCounter = counterBehind(configuration.dataTypes.size());
-    state.itemCounter = counterBehind(configuration.items.size());
+    state.itemCounter = static_cast<std::uint32_t>(configuration.items.size()) + 1;
     state.branchCounter = counterBehind(configuration.branches.size());
     state.unitCounter = counterBehind(configuration.units.size());
     state.configurationOpen = true;
     state.saved = true;
-    configuration.markUnchanged();
+    configuration.markSaved();
     context_.platform.window.setTreeVisible(true);
     context_.list.setVisible(true);
     context_.list.setSorted(false);
@@ -183,15 +197,16 @@ bool FileCommands::writeAndPublish() {
     if (!written) {
         if (!writer.backup().empty()) unfinished_ = {state.filePath, stamp_, writer.backup()};
         state.saved = false;
-        context_.platform.window.setStatus(StatusField::Notice, "");  // what an earlier save was published as
+        context_.configuration.touch();  // whatever is at the path now
+        context_.news.setNotice({});
         return false;
     }
-    context_.configuration.markUnchanged();
+    context_.configuration.markSaved();
     // Without administrator's rights this is refused; saving has succeeded all the same.
     const bool published = context_.platform.registry.publish(state.interfaceKind, state.filePath);
-    context_.platform.window.setStatus(StatusField::Notice, ambiguityText(context_.configuration) +
-                                                                publicationText(published, state.filePath));
+    context_.news.setNotice(saveNotice(context_.configuration, published, capitalsTold_));
     state.saved = true;
+    context_.news.update();  // the message box that may follow keeps the command from ending
     return true;
 }
 
@@ -247,13 +262,14 @@ void FileCommands::mnuCloseCfg_Click() {
     context_.guarded("mnuCloseCfg_Click", [&] {
         const SaveQuestion question = askToSave(kSaveThis);
         if (question == SaveQuestion::Stop) return;
+        keepUnasked(question);
         if (question == SaveQuestion::Settled) context_.state().configurationOpen = false;
         context_.InitObjects();
         context_.enable(Situation::Start);
         context_.configuration.items.clear();
         context_.configuration.units.clear();
         context_.configuration.branches.clear();
-        context_.configuration.markUnchanged();
+        context_.configuration.markNew();
         unfinished_.reset();
     });
 }
@@ -261,9 +277,11 @@ void FileCommands::mnuCloseCfg_Click() {
 // The program ends whatever comes of it.
 void FileCommands::saveAtEnd() {
     const EditingState& state = context_.state();
-    if (!state.configurationOpen || state.saved || !context_.platform.messages.confirms(kSaveActive)) return;
-    mnuSaveCfg_Click();
-    if (!state.saved && keepUnsaved_) keepUnsaved_();
+    if (state.configurationOpen && !state.saved) {
+        if (!context_.platform.messages.confirms(kSaveActive)) return;
+        mnuSaveCfg_Click();
+    }
+    keepUnasked(SaveQuestion::NotAsked);
 }
 
 void FileCommands::mnuExit_Click() {

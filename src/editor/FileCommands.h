@@ -31,8 +31,8 @@ public:
     /// The window closes: asks, saves when wanted, and goes on whatever came of it.
     void unload();
 
-    /// Called when the program ends although the user wanted to save and could not, before anything is
-    /// released.
+    /// Called before a configuration is released whose changes the user was not asked about, or wanted to
+    /// save and could not.
     void onUnsavedEnd(std::function<void()> keep) { keepUnsaved_ = std::move(keep); }
 
     /// Of the configuration's file when it was opened or last saved; nothing when it was neither.
@@ -44,7 +44,8 @@ private:
     enum class SaveQuestion { NotAsked, Settled, Stop };
     SaveQuestion askToSave(std::string_view question);
     bool ShowDialSave(std::string& fileName) const;
-    void load(const std::string& filePath);
+    void load(const std::string& filePath, SaveQuestion asked);
+    void keepUnasked(SaveQuestion asked) const;
     bool read(const std::string& source, const std::string& filePath);
     void finishLoad();
     void putOldFileBack();
@@ -66,6 +67,7 @@ private:
     };
     std::optional<Unfinished> unfinished_;  // what a save that failed half-way has left
     std::function<void()> keepUnsaved_;
+    bool capitalsTold_ = false;
 };
 
 }  // namespace trevandix

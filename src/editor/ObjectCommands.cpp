@@ -1,6 +1,7 @@
 #include "editor/ObjectCommands.h"
 
 #include <algorithm>
+#include <array>
 
 #include "dialogs/frmBranch.h"
 #include "dialogs/frmItems.h"
@@ -21,6 +22,18 @@ TreeNode* ObjectCommands::selectedOf(std::initializer_list<NodeTag> tags) const 
     return std::ranges::find(tags, node->tag()) == tags.end() ? nullptr : node;
 }
 
+TreeNode* ObjectCommands::targetOf(std::initializer_list<NodeTag> tags, std::string_view wanted) const {
+    TreeNode* target = selectedOf(tags);
+    const TreeNode* node = context_.tree().selected();
+    if (target == nullptr && node != nullptr) {
+        constexpr std::array<std::string_view, 6> kKinds{
+            "the configuration", "the ModBus folder", "a data type", "a unit", "a branch", "an item"};
+        context_.news.tell("Nothing added: " + std::string(kKinds.at(static_cast<std::size_t>(node->tag()))) +
+                           " is selected, not " + std::string(wanted));
+    }
+    return target;
+}
+
 void ObjectCommands::showSelected(TreeNode& node) {
     context_.tree().ensureVisible(node);
     context_.tree().select(&node);
@@ -30,7 +43,7 @@ void ObjectCommands::showSelected(TreeNode& node) {
 // there too.
 void ObjectCommands::mnuAddMBType_Click() {
     context_.guarded("mnuAddMBType_Click", [&] {
-        if (selectedOf({NodeTag::ModBus, NodeTag::Branch}) == nullptr) return;
+        if (targetOf({NodeTag::ModBus, NodeTag::Branch}, "the ModBus folder") == nullptr) return;
         frmModBus dialog(dialogContext());
         if (!dialog.showToAdd()) return;
         showSelected(context_.configuration.addNodeOfLastDataType());
@@ -42,7 +55,7 @@ void ObjectCommands::mnuAddMBType_Click() {
 
 void ObjectCommands::mnuAddPlc_Click() {
     context_.guarded("mnuAddPlc_Click", [&] {
-        if (selectedOf({NodeTag::Config}) == nullptr) return;
+        if (targetOf({NodeTag::Config}, "the configuration") == nullptr) return;
         frmPLC dialog(dialogContext());
         if (!dialog.showToAdd()) return;
         TreeNode& unit = context_.configuration.addNodeOfLastUnit();
@@ -55,7 +68,7 @@ void ObjectCommands::mnuAddPlc_Click() {
 
 void ObjectCommands::mnuAddBranch_Click() {
     context_.guarded("mnuAddBranch_Click", [&] {
-        TreeNode* container = selectedOf({NodeTag::Plc, NodeTag::Branch});
+        TreeNode* container = targetOf({NodeTag::Plc, NodeTag::Branch}, "a unit or a branch");
         if (container == nullptr) return;
         frmBranch dialog(dialogContext());
         if (!dialog.showToAdd()) return;
@@ -67,7 +80,7 @@ void ObjectCommands::mnuAddBranch_Click() {
 
 void ObjectCommands::mnuAddItem_Click() {
     context_.guarded("mnuAddItem_Click", [&] {
-        TreeNode* container = selectedOf({NodeTag::Plc, NodeTag::Branch});
+        TreeNode* container = targetOf({NodeTag::Plc, NodeTag::Branch}, "a unit or a branch");
         if (container == nullptr) return;
         // The select-node routine sorts the children afterwards in any case. Sorted before, a name is found
         // among them without a walk, so that a large group costs no more for each item than a small one.

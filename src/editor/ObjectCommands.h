@@ -25,6 +25,8 @@ private:
     DialogContext dialogContext() const;
     /// The selected node of an open configuration when its tag is one of these, else nullptr.
     TreeNode* selectedOf(std::initializer_list<NodeTag> tags) const;
+    /// The same for an Add command; the status bar says why it does nothing.
+    TreeNode* targetOf(std::initializer_list<NodeTag> tags, std::string_view wanted) const;
     void showSelected(TreeNode& node);
     void editRecordOf(TreeNode& node);
 

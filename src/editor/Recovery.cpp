@@ -2,6 +2,8 @@
 
 #include <exception>
 
+#include "platform/RuntimeError.h"
+
 namespace trevandix {
 
 namespace {
@@ -14,6 +16,12 @@ constexpr auto kPause = 3s;           // without input: the user thinks, or is a
 constexpr auto kBetweenWrites = 20s;  // at least
 constexpr auto kLongest = 40s;        // that work waits for a pause
 
+std::string question(const RecoveryNote& note) {
+    if (!note.leftOn.empty())
+        return "Changes to " + note.filePath + " were not saved on " + note.leftOn + ". Recover them?";
+    return "The editor was not closed properly. Recover the unsaved changes to " + note.filePath + "?";
+}
+
 }  // namespace
 
 Recovery::Recovery(const EditorContext& context, FileCommands& file)
@@ -21,22 +29,30 @@ Recovery::Recovery(const EditorContext& context, FileCommands& file)
 
 bool Recovery::offer() {
     for (RecoveryFiles::Abandoned& work : files_.abandoned()) {
-        if (!context_.platform.messages.confirms(
-                "The editor was not closed properly. Recover the unsaved changes to " + work.note.filePath +
-                "?")) {
+        const RecoveryNote& note = work.note;
+        if (!note.readable()) {
+            putAside(std::move(work));
+        } else if (!context_.platform.messages.confirms(question(note))) {
             files_.remove(std::move(work));
-            continue;
+        } else if (file_.recover(note.content, note.filePath, note.stamp)) {
+            files_.takeOver(std::move(work));
+            return true;
+        } else {
+            putAside(std::move(work));
         }
-        const bool read = file_.recover(work.note.content, work.note.filePath, work.note.stamp);
-        if (read) files_.takeOver(std::move(work));
-        return read;
     }
     return false;
 }
 
+void Recovery::putAside(RecoveryFiles::Abandoned work) {
+    context_.platform.messages.show("Unsaved changes of an earlier run cannot be read. They are kept as " +
+                                    work.note.content + ".");
+    files_.putAside(std::move(work));
+}
+
 bool Recovery::due(Time now, Time lastInput) {
     const Configuration& configuration = context_.configuration;
-    if (configuration.edits() == kept_) return false;
+    if (configuration.revision() == kept_) return false;
     if (!unkeptSince_) unkeptSince_ = now;
     if (now - *unkeptSince_ >= kLongest) return true;
     return now - lastInput >= kPause && (!nextWrite_ || now >= *nextWrite_);
@@ -50,8 +66,8 @@ std::chrono::milliseconds Recovery::idle(Time now, Time lastInput) {
     }
     if (!writer_ && !due(now, lastInput)) return kTick;
     try {
-        begin();
-        if (writeSlice(kSlice)) return kBetweenSlices;
+        if (!writer_) writer_.emplace(context_.configuration, files_.nextContent());
+        if (writeSlice()) return kBetweenSlices;
     } catch (const std::exception&) {
         writer_.reset();  // a full disk, or a command in the middle of its work: another try later
     }
@@ -60,20 +76,18 @@ std::chrono::milliseconds Recovery::idle(Time now, Time lastInput) {
     return kTick;
 }
 
-void Recovery::begin() {
-    if (!writer_) writer_.emplace(context_.configuration, files_.nextContent());
-}
-
 // True when there is more to write.
-bool Recovery::writeSlice(std::chrono::milliseconds budget) {
-    const RecoveryWriter::Outcome outcome = writer_->step(budget);
+bool Recovery::writeSlice() {
+    const RecoveryWriter::Outcome outcome = writer_->step(kSlice);
     if (outcome == RecoveryWriter::Outcome::More) return true;
-    if (outcome == RecoveryWriter::Outcome::Done) {
-        files_.commit({writer_->filePath(), context_.state().filePath, file_.stamp()});
-        kept_ = writer_->edits();
-    }
+    if (outcome == RecoveryWriter::Outcome::Done) commit(*writer_, {});
     writer_.reset();
     return outcome == RecoveryWriter::Outcome::Outdated;
+}
+
+void Recovery::commit(const RecoveryWriter& writer, const std::string& leftOn) {
+    files_.commit({writer.filePath(), context_.state().filePath, file_.stamp(), leftOn});
+    kept_ = writer.revision();
 }
 
 void Recovery::forget() {
@@ -85,18 +99,15 @@ void Recovery::forget() {
 
 void Recovery::keepForNextStart() {
     if (!files_.usable()) return;
-    try {
-        if (context_.configuration.edits() != kept_) {
-            writer_.reset();
-            begin();
-            while (writeSlice(1h)) {
-            }
-        }
-    } catch (const std::exception&) {
-        // What was kept before stays the best there is.
-    }
     writer_.reset();
-    files_.leave();
+    reportErrors(context_.platform.messages, "keepForNextStart", [&] {
+        RecoveryWriter writer(context_.configuration, files_.nextContent());
+        while (writer.step(1h) == RecoveryWriter::Outcome::More) {
+        }
+        commit(writer, FileStamp{0, std::chrono::file_clock::now()}.localTime());
+    });
+    files_.leave();  // what a failure has kept from before stays the best there is
+    forget();
 }
 
 void Recovery::end() {

@@ -76,6 +76,7 @@ void RecoveryFiles::commit(const RecoveryNote& note) {
         text += "size=" + std::to_string(note.stamp->size) + "\n";
         text += "time=" + std::to_string(note.stamp->time.time_since_epoch().count()) + "\n";
     }
+    if (!note.leftOn.empty()) text += "left=" + note.leftOn + "\n";
     text += "path=" + note.filePath;
     writeText(pathOf(name_ + ".new"), text);
     fs::rename(fromUtf8(pathOf(name_ + ".new")), fromUtf8(pathOf(name_ + ".ini")));
@@ -99,42 +100,66 @@ void RecoveryFiles::discard() {
 void RecoveryFiles::leave() {
     takenOver_.clear();
     lock_.reset();
-    folder_.clear();
+    name_ = ownName();
+    committed_ = 0;
+}
+
+std::vector<std::string> RecoveryFiles::contentsOf(const std::string& name) const {
+    std::error_code error;
+    std::vector<std::string> files;
+    for (fs::directory_iterator entry(fromUtf8(folder_), error), end; !error && entry != end;
+         entry.increment(error)) {
+        const std::string file = toUtf8(entry->path().filename());
+        if (file.starts_with(name + "-") && file.ends_with(".xml")) files.push_back(pathOf(file));
+    }
+    return files;
 }
 
 // The note first: without it the rest counts for nothing.
 void RecoveryFiles::removeFilesOf(const std::string& name) const {
-    std::error_code error;
-    fs::remove(fromUtf8(pathOf(name + ".ini")), error);
-    std::vector<fs::path> files;
-    for (fs::directory_iterator entry(fromUtf8(folder_), error), end; !error && entry != end;
-         entry.increment(error)) {
-        const std::string file = toUtf8(entry->path().filename());
-        const bool own = file == name + ".new" || (file.starts_with(name + "-") && file.ends_with(".xml"));
-        if (own) files.push_back(entry->path());
-    }
-    for (const fs::path& file : files) fs::remove(file, error);
+    std::error_code ignored;
+    for (const char* end : {".ini", ".new"}) fs::remove(fromUtf8(pathOf(name + end)), ignored);
+    for (const std::string& file : contentsOf(name)) fs::remove(fromUtf8(file), ignored);
 }
 
-std::optional<RecoveryNote> RecoveryFiles::readNote(const std::string& name) const {
-    const std::string ini = pathOf(name + ".ini");
-    std::error_code error;
-    if (!fs::exists(fromUtf8(ini), error)) return std::nullopt;
-    const std::string text = readWholeFile(ini);
+RecoveryNote RecoveryFiles::readNote(const std::string& name) const {
+    const std::string text = readWholeFile(pathOf(name + ".ini"));
     RecoveryNote note;
     const std::string content(field(text, "content"));
-    // Only a file of the same run, never one that a name leads to from elsewhere.
-    if (!content.starts_with(name + "-") || content.find_first_of("/\\") != std::string::npos)
-        return std::nullopt;
-    note.content = pathOf(content);
     const std::size_t path = text.find("\npath=");
-    if (path == std::string::npos || !fs::exists(fromUtf8(note.content), error)) return std::nullopt;
+    // Only a file of the same run, never one that a name leads to from elsewhere.
+    const bool own = content.starts_with(name + "-") && content.find_first_of("/\\") == std::string::npos;
+    std::error_code error;
+    if (path == std::string::npos || !own || !fs::exists(fromUtf8(pathOf(content)), error)) return note;
+    note.content = pathOf(content);
     note.filePath = text.substr(path + 6);
+    note.leftOn = field(text.substr(0, path + 1), "left");
     FileStamp stamp;
     fs::file_time_type::rep time = 0;
     if (parse(field(text, "size"), stamp.size) && parse(field(text, "time"), time)) {
         stamp.time = fs::file_time_type(fs::file_time_type::duration(time));
         note.stamp = stamp;
+    }
+    return note;
+}
+
+// Without a note, a content is what a crash left half-written. Behind a note that cannot be read, the largest
+// is the best guess. Empty contents are none.
+RecoveryNote RecoveryFiles::findWork(const std::string& name) const {
+    std::error_code error;
+    RecoveryNote note;
+    if (!fs::exists(fromUtf8(pathOf(name + ".ini")), error)) return note;
+    try {
+        note = readNote(name);
+    } catch (const RuntimeError&) {
+    }
+    if (note.readable()) return note;
+    std::uintmax_t largest = 0;
+    for (const std::string& file : contentsOf(name)) {
+        const std::uintmax_t size = fs::file_size(fromUtf8(file), error);
+        if (error || size <= largest) continue;
+        largest = size;
+        note.content = file;
     }
     return note;
 }
@@ -153,12 +178,11 @@ std::vector<RecoveryFiles::Abandoned> RecoveryFiles::abandoned() const {
         if (lock_ != nullptr && name == name_) continue;
         auto lock = FileLock::tryLock(pathOf(name + ".lock"));
         if (lock == nullptr) continue;
-        auto note = readNote(name);
-        Abandoned work{name, note.value_or(RecoveryNote{}), std::move(lock)};
-        if (note)
-            found.push_back(std::move(work));
-        else
+        Abandoned work{name, findWork(name), std::move(lock)};
+        if (work.note.content.empty())
             remove(std::move(work));
+        else
+            found.push_back(std::move(work));
     }
     return found;
 }
@@ -169,6 +193,17 @@ void RecoveryFiles::takeOver(Abandoned work) {
 
 void RecoveryFiles::remove(Abandoned work) const {
     removeFilesOf(work.name);
+    removeLock(work);
+}
+
+// The lock is what a start looks for.
+void RecoveryFiles::putAside(Abandoned work) const {
+    std::error_code ignored;
+    fs::remove(fromUtf8(pathOf(work.name + ".ini")), ignored);
+    removeLock(work);
+}
+
+void RecoveryFiles::removeLock(Abandoned& work) const {
     std::error_code ignored;
     work.lock.reset();
     fs::remove(fromUtf8(pathOf(work.name + ".lock")), ignored);

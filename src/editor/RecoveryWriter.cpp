@@ -10,7 +10,7 @@ constexpr std::size_t kNodesPerClock = 256;
 RecoveryWriter::RecoveryWriter(const Configuration& configuration, const std::string& filePath)
     : configuration_(configuration),
       filePath_(filePath),
-      edits_(configuration.edits()),
+      revision_(configuration.revision()),
       changes_(configuration.changes()),
       printer_(configuration, ConfigurationPrinter::Gaps::Skip),
       file_(filePath) {}

@@ -22,13 +22,13 @@ public:
     Outcome step(std::chrono::milliseconds budget);
 
     const std::string& filePath() const { return filePath_; }
-    /// `Configuration::edits` of what is written.
-    std::uint64_t edits() const { return edits_; }
+    /// `Configuration::revision` of what is written.
+    std::uint64_t revision() const { return revision_; }
 
 private:
     const Configuration& configuration_;
     std::string filePath_;
-    std::uint64_t edits_;
+    std::uint64_t revision_;
     std::uint64_t changes_;
     ConfigurationPrinter printer_;
     Latin1File file_;

@@ -6,8 +6,9 @@
 
 namespace trevandix {
 
-/// What the status bar says, in front of what it says otherwise, of texts in a file just saved that may come
-/// back as others; empty when there are none.
-std::string ambiguityText(const Configuration& configuration);
+/// What the status bar says of a file just saved: texts in it that may read differently when it is opened,
+/// and whether the server has been told of it. `capitalsTold`: the note that branch names come back in
+/// capitals has been given; it is given once, for the first file that it concerns.
+std::string saveNotice(const Configuration& configuration, bool published, bool& capitalsTold);
 
 }  // namespace trevandix

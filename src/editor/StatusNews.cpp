@@ -4,39 +4,52 @@ namespace trevandix {
 
 namespace {
 
-std::string counted(std::size_t count, std::string_view one, std::string_view many) {
-    return (std::to_string(count) += ' ').append(count == 1 ? one : many);
+/// "192.168.0.10, identifier 3, 2000 ms" or "COM1, 9600, 8N1, identifier 3".
+std::string connection(const clsPLC& unit, std::string_view interfaceKind) {
+    const std::string identifier = ", identifier " + std::to_string(unit.getUI());
+    if (interfaceKind == kTcpIp)
+        return unit.getAddress() + identifier + ", " + std::to_string(unit.getTimeout()) + " ms";
+    return unit.getCom() + ", " + std::to_string(unit.getBaud()) + ", " + std::to_string(unit.getDataBits()) +
+           unit.getParity().substr(0, 1) + std::to_string(unit.getStopBits()) + identifier;
 }
 
 }  // namespace
 
-void StatusNews::update() {
-    const Configuration& configuration = context_.configuration;
-    const EditingState& state = configuration.state;
-    if (!state.configurationOpen || configuration.tree.root() == nullptr) {
-        for (const StatusField field : {StatusField::Selection, StatusField::Counts, StatusField::Saved})
-            show(field, "");
-        return;
-    }
-    const TreeNode* node = configuration.tree.selected();
-    const bool keyed = node != nullptr && !node->key().empty();
-    show(StatusField::Selection, keyed ? node->key().str() : state.filePath);
-    show(StatusField::Counts, counted(configuration.units.size(), "unit", "units") + ", " +
-                                  counted(configuration.branches.size(), "branch", "branches") + ", " +
-                                  counted(configuration.items.size(), "item", "items"));
-    show(StatusField::Saved, state.saved ? "Saved" : "Unsaved changes");
+std::string counted(std::size_t count, std::string_view one, std::string_view many) {
+    return (std::to_string(count) += ' ').append(count == 1 ? one : many);
 }
 
-void StatusNews::show(StatusField field, std::string text) {
+void StatusNews::update() {
+    const bool open = configuration_.state.configurationOpen && configuration_.tree.root() != nullptr;
+    show(StatusField::Selection, open ? selection() : "");
+    show(StatusField::Counts, open ? counts() : "");
+    show(StatusField::Saved, !open ? "" : configuration_.equalsFile() ? "Saved" : "Unsaved changes");
+    show(StatusField::Notice, feedback_.empty() ? notice_ : feedback_);
+}
+
+std::string StatusNews::selection() const {
+    const TreeNode* node = configuration_.tree.selected();
+    const bool keyed = node != nullptr && !node->key().empty();
+    std::string text = keyed ? node->key().str() : configuration_.state.filePath;
+    if (keyed && node->tag() == NodeTag::Plc) {
+        if (const auto unit = configuration_.units.find(node->key()))
+            text += ": " + connection(*unit, configuration_.state.interfaceKind);
+    }
+    const std::size_t rows = list_.selectedRows().size();
+    return rows == 0 ? text : text + ", " + counted(rows, "row", "rows") + " selected";
+}
+
+std::string StatusNews::counts() const {
+    return counted(configuration_.units.size(), "unit", "units") + ", " +
+           counted(configuration_.branches.size(), "branch", "branches") + ", " +
+           counted(configuration_.items.size(), "item", "items");
+}
+
+void StatusNews::show(StatusField field, const std::string& text) {
     std::string& before = shown_[static_cast<std::size_t>(field)];
     if (before == text) return;
-    before = std::move(text);
-    context_.platform.window.setStatus(field, before);
-}
-
-std::string publicationText(bool published, std::string_view filePath) {
-    if (published) return "Published to the server: " + std::string(filePath);
-    return "Saved, but not published: the system refused. Run the editor as administrator to publish.";
+    before = text;
+    window_.setStatus(field, text);
 }
 
 }  // namespace trevandix

@@ -3,26 +3,41 @@
 #include <array>
 #include <string>
 
-#include "editor/EditorContext.h"
+#include "model/Configuration.h"
+#include "platform/ListView.h"
+#include "platform/MainWindow.h"
 
 namespace trevandix {
 
-/// The status bar: what is selected, how much there is, whether it is saved. Quiet news, never a box.
+/// The status bar: what is selected, how much there is, whether it is saved, what the last command did. Quiet
+/// news, never a box.
 class StatusNews {
 public:
-    explicit StatusNews(const EditorContext& context) : context_(context) {}
+    StatusNews(MainWindow& window, const Configuration& configuration, const ListView& list)
+        : window_(window), configuration_(configuration), list_(list) {}
 
     /// Brings the fields up to date; cheap enough to be called after every event.
     void update();
+    /// What a command did, or why it did nothing; shown in place of the notice until the next command or
+    /// click.
+    void tell(std::string feedback) { feedback_ = std::move(feedback); }
+    /// What the last save came to; stays until the next one, or another configuration.
+    void setNotice(std::string notice) { notice_ = std::move(notice); }
 
 private:
-    void show(StatusField field, std::string text);
+    std::string selection() const;
+    std::string counts() const;
+    void show(StatusField field, const std::string& text);
 
-    const EditorContext& context_;
-    std::array<std::string, 3> shown_;
+    MainWindow& window_;
+    const Configuration& configuration_;
+    const ListView& list_;
+    std::string notice_;
+    std::string feedback_;
+    std::array<std::string, 4> shown_;
 };
 
-/// What the status bar says of a publication.
-std::string publicationText(bool published, std::string_view filePath);
+/// A number with its noun: "1 item", "3 items".
+std::string counted(std::size_t count, std::string_view one, std::string_view many);
 
 }  // namespace trevandix

@@ -10,14 +10,15 @@
 namespace trevandix {
 
 frmEditing::frmEditing(Platform& platform, Configuration& configuration, ListView& list)
-    : context_{platform, configuration, list},
+    : news_(platform.window, configuration, list),
+      context_{platform, configuration, list, news_},
       views_(context_),
       file_(context_, views_),
       objects_(context_, views_),
       clipboard_(context_, views_),
       bulkPaste_(context_),
       drag_(context_),
-      find_(context_, [this] { news_.update(); }),
+      find_(context_),
       recovery_(context_, file_) {
     file_.onUnsavedEnd([this] { recovery_.keepForNextStart(); });
 }
@@ -28,9 +29,22 @@ void frmEditing::Form_Load() {
     loading_ = false;
 }
 
-void frmEditing::openFile(const std::string& filePath) {
-    file_.openFile(filePath);
+template <typename Work>
+void frmEditing::react(Work work) {
+    if (file_.reading()) return;
+    news_.tell({});
+    work();
     news_.update();
+}
+
+void frmEditing::openFile(const std::string& filePath) {
+    react([&] { file_.openFile(filePath); });
+}
+
+bool frmEditing::offerRecovery() {
+    bool recovered = false;
+    react([&] { context_.guarded("offerRecovery", [&] { recovered = recovery_.offer(); }); });
+    return recovered;
 }
 
 frmEditing::Handler frmEditing::handlerOf(std::string_view command) {
@@ -65,13 +79,10 @@ frmEditing::Handler frmEditing::handlerOf(std::string_view command) {
 }
 
 void frmEditing::commandChosen(std::string_view command) {
-    // While a file is read the window is alive, but nothing may change what is being built.
-    if (file_.reading()) return;
-    const AgreementCheck check(context_.configuration);
-    if (const Handler handler = handlerOf(command)) handler(*this);
-    // Comments change in place.
-    if (command == "mnuPasteComment") ++context_.state().otherEdits;
-    news_.update();
+    react([&] {
+        const AgreementCheck check(context_.configuration);
+        if (const Handler handler = handlerOf(command)) handler(*this);
+    });
 }
 
 void frmEditing::Toolbar1_ButtonClick(std::string_view key) {
@@ -90,22 +101,22 @@ void frmEditing::Form_Unload() {
 
 std::chrono::milliseconds frmEditing::idle(std::chrono::steady_clock::time_point now,
                                            std::chrono::steady_clock::time_point lastInput) {
+    if (!file_.reading()) news_.update();  // a dialog may be adding items
     return recovery_.idle(now, lastInput);
 }
 
 void frmEditing::TreeView1_NodeClick(TreeNode& node) {
-    if (file_.reading()) return;
-    views_.TreeView1_NodeClick(node);
-    news_.update();
+    react([&] { views_.TreeView1_NodeClick(node); });
 }
 
 void frmEditing::TreeView1_DblClick() {
-    if (file_.reading()) return;
-    const TreeNode* node = context_.tree().selected();
-    const bool dataType = node != nullptr && node->tag() == NodeTag::DataType;  // keeps its node when renamed
-    const AgreementCheck check(context_.configuration, dataType);
-    objects_.TreeView1_DblClick();
-    news_.update();
+    react([&] {
+        const TreeNode* node = context_.tree().selected();
+        const bool dataType =
+            node != nullptr && node->tag() == NodeTag::DataType;  // keeps its node when renamed
+        const AgreementCheck check(context_.configuration, dataType);
+        objects_.TreeView1_DblClick();
+    });
 }
 
 void frmEditing::treeExpansionChanged(TreeNode& node, bool expanded) {
@@ -113,7 +124,7 @@ void frmEditing::treeExpansionChanged(TreeNode& node, bool expanded) {
 }
 
 void frmEditing::ListView1_Click() {
-    if (!file_.reading()) views_.ListView1_Click();
+    react([&] { views_.ListView1_Click(); });
 }
 
 void frmEditing::ListView1_DblClick() {
@@ -123,7 +134,7 @@ void frmEditing::ListView1_DblClick() {
 }
 
 void frmEditing::ListView1_ColumnClick(std::size_t column) {
-    if (!file_.reading()) views_.ListView1_ColumnClick(column);
+    react([&] { views_.ListView1_ColumnClick(column); });
 }
 
 bool frmEditing::TreeView1_MouseDown(TreeNode* node, ShiftState shift) {
@@ -144,14 +155,14 @@ void frmEditing::dragCancelled() {
 }
 
 void frmEditing::fileDropped(const std::string& filePath) {
-    if (!file_.reading()) openFile(filePath);
+    openFile(filePath);
 }
 
 void frmEditing::TreeView1_OLEDragDrop() {
-    const AgreementCheck check(context_.configuration, true);
-    drag_.TreeView1_OLEDragDrop();
-    ++context_.state().otherEdits;  // nodes of units have no records that would count
-    news_.update();
+    react([&] {
+        const AgreementCheck check(context_.configuration, true);
+        drag_.TreeView1_OLEDragDrop();
+    });
 }
 
 }  // namespace trevandix

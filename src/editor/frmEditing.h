@@ -25,16 +25,11 @@ public:
     void Form_Load();
     /// Opens a file as if it had been chosen in the Open dialog.
     void openFile(const std::string& filePath);
-    /// Asks about unsaved work of a run that did not end properly. True when it was taken back and is open
-    /// now.
-    bool offerRecovery() {
-        const bool recovered = recovery_.offer();
-        news_.update();
-        return recovered;
-    }
-    void Toolbar1_ButtonClick(std::string_view key);
+    /// Asks about unsaved work of earlier runs. True when some was taken back and is open now.
+    bool offerRecovery();
 
     void commandChosen(std::string_view command) override;
+    void Toolbar1_ButtonClick(std::string_view key) override;
     bool loading() const override { return loading_; }
     void Form_Unload() override;
     std::chrono::milliseconds idle(std::chrono::steady_clock::time_point now,
@@ -58,8 +53,13 @@ private:
     /// The handler of a command, or nullptr for an unknown name.
     static Handler handlerOf(std::string_view command);
 
+    /// An event of the user, unless a file is being read: then the window is alive, but nothing may change
+    /// what is being built.
+    template <typename Work>
+    void react(Work work);
+
+    StatusNews news_;
     EditorContext context_;
-    StatusNews news_{context_};
     TreeAndList views_;
     FileCommands file_;
     ObjectCommands objects_;

@@ -66,21 +66,23 @@ void frmFind::findNextByKey() {
     if (open_) cmdNext_Click();
 }
 
-// Selects the match that follows `passed` others; none, and nothing happens.
+// Selects the match that follows `passed` others.
 void frmFind::selectMatch(std::size_t passed) {
     const std::string typed = form_->text("txtFind");
     std::u32string upper;
     for (std::size_t at = 0; at < typed.size();) upper += upperCased(nextCodePoint(typed, at));
     if (upper.empty()) return;
+    context_.news.tell(passed == 0 ? "No match" : "No further match");
     StructureTree& tree = context_.tree();
     for (TreeNode* node = tree.firstAdded(); node != nullptr; node = StructureTree::nextAdded(*node)) {
         if (!beginsWith(node->text(), upper) || passed-- > 0) continue;
         context_.platform.window.focusTree();
         tree.ensureVisible(*node);
         tree.select(node);
-        selected_();
-        return;
+        context_.news.tell({});
+        break;
     }
+    context_.news.update();
 }
 
 void frmFind::unload() {

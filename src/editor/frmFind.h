@@ -1,9 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
-#include <utility>
 
 #include "editor/EditorContext.h"
 
@@ -13,9 +11,7 @@ namespace trevandix {
 /// the order in which the nodes were added. The list keeps what it shows.
 class frmFind {
 public:
-    /// `selected` is called when a match has been selected.
-    frmFind(const EditorContext& context, std::function<void()> selected)
-        : context_(context), selected_(std::move(selected)) {}
+    explicit frmFind(const EditorContext& context) : context_(context) {}
 
     /// Shows the window, loading it first if needed.
     void mnuFind_Click();
@@ -30,7 +26,6 @@ private:
     void selectMatch(std::size_t passed);
 
     const EditorContext& context_;
-    std::function<void()> selected_;
     std::unique_ptr<Form> form_;
     /// A closed window lives on unseen until it is opened again: it may be closed from one of its own
     /// handlers.

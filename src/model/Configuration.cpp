@@ -4,8 +4,9 @@
 
 namespace trevandix {
 
-std::uint64_t Configuration::edits() const {
-    return state.otherEdits + units.changes() + items.changes() + branches.changes() + dataTypes.changes();
+std::uint64_t Configuration::changes() const {
+    return recordEdits_ + tree.changes() + units.changes() + items.changes() + branches.changes() +
+           dataTypes.changes();
 }
 
 void Configuration::createCollections() {
@@ -121,7 +122,16 @@ void Configuration::replace(KeyedCollection<Record>& collection, TreeNode& node,
 }
 
 void Configuration::replaceItem(TreeNode& node, std::shared_ptr<clsItem> record) {
+    const auto old = items.find(node.key());
     replace(items, node, record, record->sKey(), record->sName());
+    if (old->GetXmlTag(0) != record->GetXmlTag(0)) touch();
+}
+
+void Configuration::setComment(const Key& item, std::string_view comment) {
+    const auto& record = items.at(item);
+    if (record->sComment() == comment) return;
+    record->sComment(comment);
+    touch();
 }
 
 void Configuration::replaceBranch(TreeNode& node, std::shared_ptr<clsBranch> record) {
@@ -130,13 +140,19 @@ void Configuration::replaceBranch(TreeNode& node, std::shared_ptr<clsBranch> rec
     rekeying.apply();
 }
 
+// Units and data types are written in the order of their collections, where the new record comes last.
 void Configuration::replaceUnit(TreeNode& node, std::shared_ptr<clsPLC> record) {
     SubtreeRekeying rekeying(*this, node, record->sKey());
+    const auto old = units.find(node.key());
+    const bool wasLast = old != nullptr && old == units.last();
     replace(units, node, record, record->sKey(), record->getName());
     rekeying.apply();
+    if (!wasLast || old->GetXmlTag(state.interfaceKind) != record->GetXmlTag(state.interfaceKind)) touch();
 }
 
 void Configuration::replaceDataType(const Key& editedName, std::shared_ptr<clsModBusType> record) {
+    const auto old = dataTypes.at(editedName);
+    if (old != dataTypes.last() || old->GetXmlTag() != record->GetXmlTag()) touch();
     dataTypes.remove(editedName);
     dataTypes.add(record, record->getName());
 }

@@ -32,12 +32,8 @@ struct EditingState {
     std::int16_t pasteCounter = 0;
     std::int16_t unitCounter = 0;
     std::int16_t branchCounter = 0;
-    std::int16_t itemCounter = 0;
+    std::uint32_t itemCounter = 0;  ///< wider than the others: a plant may have more than 32767 items
     std::int16_t dataTypeCounter = 0;
-    /// Raised by edits that replace no record: comments, and nodes without records of their own.
-    std::uint64_t otherEdits = 0;
-    /// What `Configuration::edits` was when the configuration was begun, opened or saved.
-    std::uint64_t editsOnDisk = 0;
 };
 
 /// The one open configuration: records in four keyed collections, their nodes in the tree, and the editing
@@ -52,13 +48,23 @@ public:
     StructureTree tree;
     EditingState state;
 
-    /// Another number after every edit of what a file would hold.
-    std::uint64_t edits() const;
-    /// Another number after every edit and every change of the tree's order besides.
-    std::uint64_t changes() const { return edits() + tree.changes(); }
-    /// There is nothing to lose: all edits so far are in the file, or given up.
-    void markUnchanged() { state.editsOnDisk = edits(); }
-    bool changed() const { return edits() != state.editsOnDisk; }
+    /// Revision number; changes whenever what a file would hold changes. The order that selecting a node
+    /// gives to its children is no change.
+    std::uint64_t revision() const { return tree.edits() + recordEdits_; }
+    /// Raises the revision, for a change that shows in no node.
+    void touch() { ++recordEdits_; }
+    /// Another number after every change at all, keys and order included. Iterators and nodes stay valid
+    /// while it stays the same.
+    std::uint64_t changes() const;
+
+    /// A configuration was begun or closed: nothing can be lost, and no file holds it.
+    void markNew() { setBase(false); }
+    /// The file at the path holds exactly this.
+    void markSaved() { setBase(true); }
+    /// True when there is something to lose: edits since the last mark.
+    bool changed() const { return revision() != baseRevision_; }
+    /// True while the content equals the file's. Unlike `EditingState::saved`, this follows every edit.
+    bool equalsFile() const { return inFile_ && !changed(); }
 
     /// Four empty collections.
     void createCollections();
@@ -89,6 +95,8 @@ public:
     void replaceItem(TreeNode& node, std::shared_ptr<clsItem> record);
     void replaceBranch(TreeNode& node, std::shared_ptr<clsBranch> record);
     void replaceUnit(TreeNode& node, std::shared_ptr<clsPLC> record);
+    /// Errors: InvalidCall when there is no such item.
+    void setComment(const Key& item, std::string_view comment);
     /// The node keeps its key and text, and the old record is gone even when the new name is taken: kept,
     /// that is how users know it. Errors: InvalidCall, KeyInCollection.
     void replaceDataType(const Key& editedName, std::shared_ptr<clsModBusType> record);
@@ -103,6 +111,14 @@ private:
     template <typename Record>
     TreeNode& add(KeyedCollection<Record>& collection, std::shared_ptr<Record> record, const Key& key,
                   TreeNode& parent, std::string_view text, const NodeLook& look);
+    void setBase(bool inFile) {
+        baseRevision_ = revision();
+        inFile_ = inFile;
+    }
+
+    std::uint64_t recordEdits_ = 0;
+    std::uint64_t baseRevision_ = 0;
+    bool inFile_ = false;
 };
 
 /// The key of a record called `name` in `node`, or, for a record edited in place, beside it.

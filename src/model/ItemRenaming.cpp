@@ -81,6 +81,7 @@ void renameItems(Configuration& configuration, std::vector<ItemRenaming>& renami
     }
     for (const auto& [renaming, record, node] : taken) {
         record->sKey(renaming->newKey);
+        if (record->sName() != renaming->name) configuration.touch();
         record->sName(renaming->name);
         configuration.items.add(record, renaming->newKey);
         tree.setKey(*node, renaming->newKey);

@@ -73,6 +73,7 @@ TreeNode& StructureTree::addChild(TreeNode& parent, const Key& key, std::string_
     ++changes_;
     TreeNode* node = create(key, text, look);
     linkBefore(parent, *node, sortedPlace(parent, *node));
+    ++edits_;
     if (observer_ != nullptr) observer_->nodeAdded(*node);
     return *node;
 }
@@ -110,6 +111,7 @@ void StructureTree::forgetInSortedOrder(TreeNode& node) {
 
 void StructureTree::remove(TreeNode& node) {
     ++changes_;
+    ++edits_;
     if (observer_ != nullptr) observer_->nodeRemoved(node);
     bool selectionGoes = false;
     for (TreeNode* up = selected_; up != nullptr && !selectionGoes; up = up->parent_)
@@ -145,6 +147,7 @@ void StructureTree::destroySubtree(TreeNode& top) {
 void StructureTree::clear() {
     if (root_ == nullptr) return;
     ++changes_;
+    ++edits_;
     selected_ = highlight_ = nullptr;
     for (TreeNode* node = firstAdded_; node != nullptr;) {
         TreeNode* next = node->addedAfter_;
@@ -186,6 +189,7 @@ const TreeNode* StructureTree::childNamed(const TreeNode& parent, NodeTag tag, s
 void StructureTree::setText(TreeNode& node, std::string_view text) {
     if (node.text_ == text) return;
     ++changes_;
+    if (&node != root_) ++edits_;
     const bool sorted = node.parent_ != nullptr && node.parent_->sorted_ != nullptr;
     if (sorted) forgetInSortedOrder(node);
     node.text_ = text;

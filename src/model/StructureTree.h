@@ -126,6 +126,9 @@ public:
     std::size_t size() const { return size_; }
     /// Another number after every change of nodes, keys, texts or order.
     std::uint64_t changes() const { return changes_; }
+    /// Another number after every change that a file would show: a node added, removed or renamed. The first
+    /// node's text and the order of siblings do not count.
+    std::uint64_t edits() const { return edits_; }
     /// A child of the kind with exactly the text, `except` left out; nullptr when there is none. Logarithmic
     /// where the children are kept sorted, else a walk through them.
     static const TreeNode* childNamed(const TreeNode& parent, NodeTag tag, std::string_view text,
@@ -180,6 +183,7 @@ private:
     TreeNode* lastAdded_ = nullptr;
     std::size_t size_ = 0;
     std::uint64_t changes_ = 0;
+    std::uint64_t edits_ = 0;
 };
 
 /// The next node of a walk through everything below `top`, parents before children; nullptr at the end.

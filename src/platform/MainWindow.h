@@ -58,8 +58,9 @@ enum class DropEffect { Copy = 1, Move = 2 };
 class MainWindowEvents {
 public:
     virtual ~MainWindowEvents() = default;
-    /// A menu entry, toolbar button or shortcut; `command` is the menu entry's name.
+    /// A menu entry or shortcut; `command` is the menu entry's name.
     virtual void commandChosen(std::string_view command) = 0;
+    virtual void Toolbar1_ButtonClick(std::string_view key) = 0;
     /// Asked now and then, also while a dialog is open; `lastInput` is when the user last did anything.
     /// Returns when to ask again.
     virtual std::chrono::milliseconds idle(std::chrono::steady_clock::time_point now,

@@ -43,6 +43,14 @@ RuntimeError::RuntimeError(ErrorNumber number)
 RuntimeError::RuntimeError(ErrorNumber number, std::string_view detail)
     : std::runtime_error(std::string(describe(number)) + ": " + std::string(detail)), number_(number) {}
 
+RuntimeError RuntimeError::with(std::string_view more) const {
+    std::string detail = std::string(what()).substr(describe(number_).size());
+    if (!detail.empty()) detail = detail.substr(2) + "; ";
+    RuntimeError error(number_, detail.append(more));
+    error.procedure_ = procedure_;
+    return error;
+}
+
 void RuntimeError::nameProcedure(std::string_view procedure) {
     if (procedure_.empty()) procedure_ = procedure;
 }

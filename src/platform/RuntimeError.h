@@ -40,6 +40,8 @@ public:
     ErrorNumber number() const { return number_; }
     /// Name of the innermost procedure that let the failure pass; empty when none has put its name yet.
     const std::string& procedure() const { return procedure_; }
+    /// The same failure with more said behind its description.
+    RuntimeError with(std::string_view more) const;
     /// Puts the procedure's name unless an inner one already did.
     void nameProcedure(std::string_view procedure);
 

@@ -4,6 +4,7 @@
 
 #include "platform/FileAccess.h"
 #include "platform/RuntimeError.h"
+#include "xmlfile/FileBackup.h"
 #include "xmlfile/FormatWords.h"
 #include "xmlfile/LineDocument.h"
 
@@ -34,7 +35,15 @@ ConfigurationReader::ConfigurationReader(Configuration& configuration, XmlParser
 bool ConfigurationReader::ImportXML(const std::string& filePath) {
     const PointerScope hourglass(pointer_, Pointer::Hourglass);
     bool valid = false;
-    const bool finished = reportErrors(messages_, "ImportXML", [&] { valid = readFile(filePath); });
+    const bool finished = reportErrors(messages_, "ImportXML", [&] {
+        try {
+            valid = readFile(filePath);
+        } catch (const RuntimeError& failure) {
+            const std::string backup = wholeBackupOf(filePath);
+            if (backup.empty()) throw;
+            throw failure.with("a whole copy is " + backup);
+        }
+    });
     if (finished && !valid) messages_.show("The configuration file is not valid.");
     return finished && valid;
 }

@@ -4,9 +4,23 @@
 
 #include "platform/FileAccess.h"
 #include "platform/FileSafety.h"
+#include "xmlfile/FormatWords.h"
 #include "xmlfile/Latin1File.h"
 
 namespace trevandix {
+
+namespace {
+
+// A file that was cut off lacks its end tag.
+bool isWhole(const std::string& filePath) {
+    try {
+        return hasRootEndTag(readWholeFile(filePath));
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+}  // namespace
 
 FileBackup::FileBackup(const std::string& filePath) {
     if (!fileExists(filePath)) return;
@@ -36,12 +50,17 @@ void FileBackup::discard() {
 
 RuntimeError FileBackup::explained(const RuntimeError& failure) const {
     if (path_.empty()) return failure;
-    const std::size_t description = describe(failure.number()).size();
-    std::string detail = std::string(failure.what()).substr(description);
-    if (!detail.empty()) detail = detail.substr(2) + "; ";
-    RuntimeError error(failure.number(), detail + "the previous file is kept as " + path_);
-    if (!failure.procedure().empty()) error.nameProcedure(failure.procedure());
-    return error;
+    return failure.with("the previous file is kept as " + path_);
+}
+
+std::string wholeBackupOf(const std::string& filePath) {
+    std::string found;
+    std::string name = filePath + ".bak";
+    for (unsigned number = 2; fileExists(name); ++number) {
+        if (isWhole(name)) found = name;
+        name = filePath + ".bak" + std::to_string(number);
+    }
+    return found;
 }
 
 }  // namespace trevandix

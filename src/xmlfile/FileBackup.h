@@ -26,4 +26,8 @@ private:
     std::string path_;
 };
 
+/// The backup of a file that an interrupted save left beside it, the one made last; empty where there is none
+/// that goes to its end.
+std::string wholeBackupOf(const std::string& filePath);
+
 }  // namespace trevandix

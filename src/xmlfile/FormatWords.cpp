@@ -1,8 +1,11 @@
 #include "xmlfile/FormatWords.h"
 
+#include <algorithm>
 #include <array>
+#include <string>
 
 #include "model/clsPLC.h"
+#include "platform/Text.h"
 #include "platform/Xml.h"
 
 namespace trevandix {
@@ -26,6 +29,14 @@ const FileKind* fileKindOfRoot(const XmlElement& root) {
         if (root && root.isNamed(kind.upperRoot)) return &kind;
     }
     return nullptr;
+}
+
+bool hasRootEndTag(std::string_view text) {
+    text = text.substr(0, text.find_last_not_of(" \t\r\n") + 1);
+    return std::ranges::any_of(kKinds, [&](const FileKind& kind) {
+        const std::string end = "</" + std::string(kind.upperRoot) + ">";
+        return text.size() > end.size() && upperCased(text.substr(text.size() - end.size())) == end;
+    });
 }
 
 }  // namespace trevandix

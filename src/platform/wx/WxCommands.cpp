@@ -34,8 +34,8 @@ wxString toolTip(const MenuEntrySpec& entry) {
 
 }  // namespace
 
-WxCommands::WxCommands(wxFrame& frame, const CommandTables& tables, Choose choose)
-    : frame_(frame), shortcuts_(tables.shortcuts), choose_(std::move(choose)) {
+WxCommands::WxCommands(wxFrame& frame, const CommandTables& tables, Choose choose, Choose press)
+    : frame_(frame), shortcuts_(tables.shortcuts), choose_(std::move(choose)), press_(std::move(press)) {
     buildMenus(tables.menus);
     buildToolBar(tables);
 }
@@ -81,7 +81,7 @@ void WxCommands::buildToolBar(const CommandTables& tables) {
                           fadedIconBundle(shape.image, kToolbarIconSize), wxITEM_NORMAL, tip);
         if (entry != nullptr) toolBar_->SetToolLongHelp(id, toWx(entry->hint));
         frame_.Bind(wxEVT_TOOL, &WxCommands::onTool, this, id);
-        buttons_.push_back({shape.key, shape.command, id});
+        buttons_.push_back({shape.key, id});
     }
     toolBar_->Realize();
     setAccessibleName(*toolBar_, "Commands", "The commands that are used most");
@@ -114,7 +114,7 @@ void WxCommands::onMenu(wxCommandEvent& event) {
 
 void WxCommands::onTool(wxCommandEvent& event) {
     const auto button = std::ranges::find(buttons_, event.GetId(), &Button::id);
-    if (button != buttons_.end() && button->enabled) choose_(button->command);
+    if (button != buttons_.end() && button->enabled) press_(button->key);
 }
 
 bool WxCommands::followsShortcut(const wxKeyEvent& event) const {

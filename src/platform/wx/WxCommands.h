@@ -18,10 +18,11 @@ namespace trevandix {
 /// Menu bar and toolbar of a frame, made from their tables.
 class WxCommands : public CommandBar {
 public:
-    using Choose = std::function<void(std::string_view command)>;
+    using Choose = std::function<void(std::string_view name)>;
 
-    /// `tables` must outlive it. `choose` gets the name of every enabled command that the user picks.
-    WxCommands(wxFrame& frame, const CommandTables& tables, Choose choose);
+    /// `tables` must outlive it. `choose` gets the name of every enabled command that the user picks, `press`
+    /// the key of every enabled button.
+    WxCommands(wxFrame& frame, const CommandTables& tables, Choose choose, Choose press);
 
     void enableMenu(std::string_view name, bool enabled) override;
     void enableButton(std::string_view key, bool enabled) override;
@@ -44,7 +45,6 @@ private:
     };
     struct Button {
         std::string_view key;
-        std::string_view command;
         int id;
         bool enabled = true;
     };
@@ -58,6 +58,7 @@ private:
     wxFrame& frame_;
     std::span<const ShortcutSpec> shortcuts_;
     Choose choose_;
+    Choose press_;
     wxToolBar* toolBar_ = nullptr;
     std::vector<Menu> menus_;
     std::vector<Entry> entries_;

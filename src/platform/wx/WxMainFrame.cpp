@@ -37,9 +37,14 @@ WxMainFrame::WxMainFrame(const CommandTables& tables, StructureTree& tree, ListV
               "frmEditing") {
     SetIcons(programIcons());
     placeOnScreen();
-    commands_ = std::make_unique<WxCommands>(*this, tables, [this](std::string_view command) {
-        gate_.run([command](MainWindowEvents& events) { events.commandChosen(command); });
-    });
+    commands_ = std::make_unique<WxCommands>(
+        *this, tables,
+        [this](std::string_view command) {
+            gate_.run([command](MainWindowEvents& events) { events.commandChosen(command); });
+        },
+        [this](std::string_view key) {
+            gate_.run([key](MainWindowEvents& events) { events.Toolbar1_ButtonClick(key); });
+        });
     status_ = new WxStatusBar(this);
     SetStatusBar(status_);
     SetDropTarget(new WxFileDrop(gate_));  // counts for all windows in it

@@ -14,34 +14,54 @@ constexpr int kGrip = 24;     // by which the window is resized
 
 }  // namespace
 
-WxStatusBar::WxStatusBar(wxWindow* parent) : wxStatusBar(parent, wxID_ANY) {
+WxStatusBar::WxStatusBar(wxWindow* parent)
+    : wxStatusBar(parent, wxID_ANY, wxSTB_SIZEGRIP | wxSTB_ELLIPSIZE_MIDDLE | wxFULL_REPAINT_ON_RESIZE) {
     SetName("StatusBar1");
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
-        if (!hinting_) showNews();
+        showNews();
+    });
+    Bind(wxEVT_MOTION, [this](wxMouseEvent& event) {
+        event.Skip();
+        showToolTip(event.GetPosition());
     });
     showNews();
 }
 
 void WxStatusBar::setNews(StatusField field, const wxString& text) {
-    const auto place = static_cast<std::size_t>(field);
-    news_[place] = text;
-    if (!hinting_) showNews();
+    news_[static_cast<std::size_t>(field)] = text;
+    showNews();
 }
 
 void WxStatusBar::setHint(const wxString& text) {
-    if (text.empty()) {
-        if (hinting_) showNews();
+    if (hint_ == text) return;
+    hint_ = text;
+    showNews();
+}
+
+// A text that is shortened is there in full.
+void WxStatusBar::showToolTip(const wxPoint& point) {
+    for (int field = 0; field < kFields; ++field) {
+        wxRect place;
+        if (!GetFieldRect(field, place) || !place.Contains(point)) continue;
+        const wxString text = GetStatusText(field);
+        const bool fits = GetTextExtent(text).GetWidth() <= place.GetWidth();
+        const wxString tip = fits ? wxString() : text;
+        if (GetToolTipText() != tip) SetToolTip(tip);
         return;
     }
-    if (!hinting_) SetFieldsCount(1);
-    hinting_ = true;
-    SetStatusText(text);
 }
 
 void WxStatusBar::showNews() {
-    const auto needed = [this](StatusField field) {
-        return GetTextExtent(news_[static_cast<std::size_t>(field)]).GetWidth() + FromDIP(kMargin);
+    // A hint has the place of selection and notice; the rest stays to be seen.
+    const bool hinting = !hint_.empty();
+    const auto shown = [&](StatusField field) {
+        if (hinting && field == StatusField::Selection) return hint_;
+        if (hinting && field == StatusField::Notice) return wxString();
+        return news_[static_cast<std::size_t>(field)];
+    };
+    const auto needed = [&](StatusField field) {
+        return GetTextExtent(shown(field)).GetWidth() + FromDIP(kMargin);
     };
     const int counts = needed(StatusField::Counts);
     const int saved = needed(StatusField::Saved);
@@ -50,12 +70,11 @@ void WxStatusBar::showNews() {
     const int notice = std::min(needed(StatusField::Notice) + FromDIP(kGrip),
                                 std::max(rest / 2, rest - needed(StatusField::Selection)));
     const int widths[kFields]{-1, counts, saved, std::max(notice, 1)};
-    hinting_ = false;
     SetFieldsCount(kFields, widths);
     wxString all;
     for (int field = 0; field < kFields; ++field) {
+        SetStatusText(shown(static_cast<StatusField>(field)), field);
         const wxString& text = news_[static_cast<std::size_t>(field)];
-        SetStatusText(text, field);
         if (!text.empty()) all += (all.empty() ? "" : ", ") + text;
     }
     setAccessibleName(*this, "Status", all.empty() ? wxString("No configuration") : all);

@@ -8,8 +8,8 @@
 
 namespace trevandix {
 
-/// The status bar: one field for each kind of news. While a menu is open, what its entries do takes the whole
-/// width.
+/// The status bar: one field for each kind of news. A text too long for its field is shortened in the middle
+/// and stands in the tooltip. What a menu entry or button does is shown in place of the selection.
 class WxStatusBar : public wxStatusBar {
 public:
     explicit WxStatusBar(wxWindow* parent);
@@ -22,9 +22,10 @@ private:
     static constexpr int kFields = 4;
 
     void showNews();
+    void showToolTip(const wxPoint& point);
 
     std::array<wxString, kFields> news_;
-    bool hinting_ = false;
+    wxString hint_;
 };
 
 }  // namespace trevandix
