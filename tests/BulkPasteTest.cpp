@@ -23,6 +23,7 @@ struct BulkWorkplace : PlantedWorkplace {
         forms.scripts.clear();
         forms.scripts.emplace_back([this, button](FakeForm& form) {
             preview = form.cells;
+            warned = form.visible("lblOrder");
             form.press(button);
         });
         run(command);
@@ -39,6 +40,7 @@ struct BulkWorkplace : PlantedWorkplace {
         return found;
     }
     Cells preview;
+    bool warned = false;
 };
 
 }  // namespace
@@ -61,10 +63,10 @@ TEST(BulkPaste, LinesAsOtherProgramsLeaveThem) {
 TEST(BulkPaste, NamesGoToTheRowsInListOrder) {
     BulkWorkplace place;
     EXPECT_EQ(place.paste({"a", "b", "d"}, " one \r\ntwo\r\nthree\r\n"), Texts());
-    EXPECT_EQ(place.preview, (Cells{{"Item name", "", "New Item name"},
-                                    {"a", "<---", "one"},
-                                    {"b", "<---", "two"},
-                                    {"d", "<---", "three"}}));
+    EXPECT_EQ(place.preview, (Cells{{"Item name", "", "New Item name", "Address"},
+                                    {"a", "<---", "one", "0"},
+                                    {"b", "<---", "two", "0"},
+                                    {"d", "<---", "three", "0"}}));
     EXPECT_EQ(place.names(), (Texts{"c", "one", "S", "three", "two"}));  // the tree goes on sorting
     EXPECT_EQ(place.item("U.A.two").sKey(), "U.A.two");
     EXPECT_EQ(place.list.rows()[1].text, "two");
@@ -73,6 +75,25 @@ TEST(BulkPaste, NamesGoToTheRowsInListOrder) {
     place.run("mnuCopy");
     EXPECT_EQ(place.configuration.state.copyBuffer.back()->sName(), "three");
     EXPECT_EQ(place.messages.take(), Texts());
+}
+
+// By table, address and bit; a click on the header of the index brings them into this order.
+TEST(BulkPaste, WarnsWhenRowsAreNotInAddressOrder) {
+    BulkWorkplace place;
+    for (const auto& [key, address] :
+         std::vector<std::pair<std::string_view, int>>{{"U.A.a", 9}, {"U.A.b", 40}, {"U.A.c", 10}})
+        place.item(key).nAddress(address);
+    place.click("U.A");
+    for (const std::string_view command : {"mnuPasteName", "mnuPasteComment"}) {
+        place.paste({"a", "b"}, "x\r\ny", command, "Command1");
+        EXPECT_FALSE(place.warned);
+        place.paste({"a", "b", "c"}, "x\r\ny\r\nz", command, "Command1");
+        EXPECT_TRUE(place.warned);
+    }
+    place.editor.ListView1_ColumnClick(6);
+    place.paste({"a", "c", "b"}, "x\r\ny\r\nz", "mnuPasteName", "Command1");
+    EXPECT_FALSE(place.warned);
+    EXPECT_EQ(place.preview[2], (Texts{"c", "<---", "y", "10"}));
 }
 
 TEST(BulkPaste, RefusesBeforeAnythingChanges) {
@@ -130,7 +151,8 @@ TEST(BulkPaste, EveryItemGetsItsNameOrKeepsItsOwn) {
             place.item(key).sComment(comment);
         EXPECT_EQ(place.paste({"a", "b", "c"}, c.text), c.messages);
         EXPECT_EQ(place.names(), c.names);
-        EXPECT_FALSE(place.configuration.state.saved);
+        const bool nothing = c.names == Texts{"a:1", "b:2", "c:3", "d", "S"};
+        EXPECT_EQ(place.configuration.state.saved, nothing);
     }
 }
 
@@ -148,9 +170,9 @@ TEST(BulkPaste, CommentsAreTakenAsTheyAre) {
     BulkWorkplace place;
     place.item("U.A.b").sComment("old");
     EXPECT_EQ(place.paste({"b", "c"}, "a, b: c\r\na, b: c", "mnuPasteComment"), Texts());
-    EXPECT_EQ(place.preview, (Cells{{"Item comment", "", "New Item comment"},
-                                    {"old", "<---", "a, b: c"},
-                                    {"", "<---", "a, b: c"}}));
+    EXPECT_EQ(place.preview, (Cells{{"Item comment", "", "New Item comment", "Item"},
+                                    {"old", "<---", "a, b: c", "b, 0"},
+                                    {"", "<---", "a, b: c", "c, 0"}}));
     EXPECT_EQ(place.item("U.A.b").sComment(), "a, b: c");
     EXPECT_EQ(place.list.cell(2, 1), "a, b: c");
     EXPECT_FALSE(place.configuration.state.saved);

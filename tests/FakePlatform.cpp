@@ -10,6 +10,7 @@ namespace trevandix::testing {
 
 Answer FakeMessages::show(std::string_view text, Buttons choice, Icon kind) {
     texts.emplace_back(text);
+    if (onShow) onShow(text);
     buttons = choice;
     icon = kind;
     if (buttons == Buttons::Ok) return Answer::Ok;

@@ -26,6 +26,7 @@ struct FakeMessages : Messages {
     Buttons buttons = Buttons::Ok;  ///< of the last box
     Icon icon = Icon::None;
     std::deque<Answer> answers;
+    std::function<void(std::string_view)> onShow;  ///< what there is to see meanwhile
     /// The texts so far, which are forgotten.
     Texts take() { return std::exchange(texts, {}); }
 };

@@ -45,14 +45,14 @@ struct Edited : PlantedWorkplace {
 
 /// The next start when the editor has died just now: finds its files, without its locks, and is offered them.
 struct Next : Edited {
-    Next(const Edited& before, Answer answer) {
+    Next(const Edited& before, Answer answer, Answer second = Answer::No) {
         fs::create_directory(folder / "state");
         for (const fs::path& file : before.files()) {
             const bool lock = file.extension() == ".lock";  // one that is held cannot be read everywhere
             writeFile(folder / "state" / file.filename(), lock ? "" : readFile(file));
         }
-        messages.answers = {answer};
-        EXPECT_EQ(editor.offerRecovery(), answer == Answer::Yes);
+        messages.answers = {answer, second};
+        EXPECT_EQ(editor.offerRecovery(), answer == Answer::Yes || second == Answer::Yes);
     }
 };
 
@@ -82,8 +82,7 @@ TEST(Recovery, KeepsChangedWorkWhenTheUserPauses) {
     place.click("U.c");
     place.run("mnuDelete");
     expectAt(100, 5, true);
-    place.item("U.b").sComment("pasted");
-    ++place.configuration.state.otherEdits;
+    place.configuration.setComment("U.b", "pasted");
     expectAt(150, 5, true);
 }
 
@@ -146,6 +145,48 @@ TEST(Recovery, AfterACrash) {
     EXPECT_EQ(declines.messages.take().size(), 1U);
 }
 
+// Changes that the saved flag does not know are not asked about. Several configurations may be left in a run.
+TEST(Recovery, KeepsWhatWasLeftUnasked) {
+    for (const std::string way : {"mnuCloseCfg", "mnuNewCfg", "mnuOpenCfg", "mnuExit", ""}) {
+        SCOPED_TRACE(way);
+        Edited place;
+        const std::string path = place.path("test.xml");
+        const std::string before = place.wanted();
+        place.fileDialog.choice = path;
+        place.click("U.a");
+        place.run("mnuDelete");
+        const std::string wanted = place.wanted();
+        place.messages.take();
+        way.empty() ? place.editor.Form_Unload() : place.run(way);
+        place.tick(100, 100);
+        EXPECT_EQ(place.messages.take(), Texts{});
+        EXPECT_EQ(place.kept(), Texts{wanted});
+        if (way == "mnuOpenCfg") {
+            EXPECT_EQ(place.wanted(), before);
+            place.click("U");
+            place.drag("U.a", "");
+            place.run("mnuCloseCfg");
+            EXPECT_EQ(place.kept().size(), 2U);
+            EXPECT_EQ(Next(place, Answer::No, Answer::Yes).messages.take().size(), 2U);
+        }
+        Next next(place, Answer::Yes);
+        const std::string question = next.messages.take().at(0);
+        EXPECT_TRUE(question.starts_with("Changes to " + path + " were not saved on 2")) << question;
+        EXPECT_TRUE(question.ends_with(". Recover them?")) << question;
+        EXPECT_EQ(next.wanted(), wanted);
+        EXPECT_FALSE(next.configuration.state.saved);
+    }
+    // Where it cannot be kept, the user is told, and the configuration closes all the same.
+    Edited full;
+    writeFile(full.folder / "state", "no folder");
+    full.click("U.a");
+    full.run("mnuDelete");
+    full.messages.take();
+    full.run("mnuCloseCfg");
+    EXPECT_EQ(full.messages.take(), failure("70  Permission denied", "keepForNextStart"));
+    EXPECT_FALSE(full.window.treeVisible);
+}
+
 // A unit dragged onto another leaves a configuration that no save takes; the rest of the work is kept all the
 // same.
 TEST(Recovery, KeepsWhatCanBeKept) {
@@ -167,13 +208,44 @@ TEST(Recovery, RemainsWithoutAWholeContentAreNotOffered) {
     const auto leave = [&](const char* file, std::string_view text) {
         writeFile(place.folder / "state" / file, text);
     };
-    for (const char* file : {"1-1.lock", "1-1-1.xml", "2-2.lock", "3-3.lock", "3-3-1.xml"}) leave(file, "");
+    for (const char* file : {"1-1.lock", "2-2.lock", "3-3.lock", "3-3-1.xml"}) leave(file, "");
+    leave("1-1-1.xml", "half");
     leave("2-2.ini", note + "2-2-1.xml");
     leave("3-3.ini", note + "../test.xml");
     EXPECT_FALSE(place.editor.offerRecovery());
     EXPECT_TRUE(place.messages.take().empty());
     EXPECT_TRUE(place.files().empty());
     EXPECT_TRUE(fs::exists(place.path("test.xml")));
+}
+
+// What cannot be read is named once, kept, and in the way of nothing.
+TEST(Recovery, UnreadableWorkIsPutAside) {
+    Edited place;
+    const fs::path state = place.folder / "state";
+    fs::create_directories(state / "1-1.ini");  // a note that cannot be opened
+    const std::string note = "[recovery]\ncontent=3-3-1.xml\npath=" + place.path("test.xml");
+    for (const auto& [file, text] : Fields{{"1-1.lock", ""},
+                                           {"1-1-7.xml", "work"},
+                                           {"2-2.lock", ""},
+                                           {"2-2.ini", "nonsense"},
+                                           {"2-2-1.xml", "work"},
+                                           {"3-3.lock", ""},
+                                           {"3-3.ini", note},
+                                           {"3-3-1.xml", "work"}})
+        writeFile(state / file, text);
+    EXPECT_FALSE(place.editor.offerRecovery());
+    const Texts told = place.messages.take();
+    ASSERT_EQ(told.size(), 5U);
+    for (const auto& [message, file] : std::vector<std::pair<std::size_t, const char*>>{
+             {0, "1-1-7.xml"}, {1, "2-2-1.xml"}, {4, "3-3-1.xml"}}) {
+        const std::string path = (state / file).string();
+        EXPECT_EQ(told[message],
+                  "Unsaved changes of an earlier run cannot be read. They are kept as " + path + ".");
+        EXPECT_EQ(readFile(path), "work");
+    }
+    EXPECT_FALSE(place.window.panelVisible);
+    EXPECT_FALSE(place.editor.offerRecovery());
+    EXPECT_EQ(place.messages.take(), Texts{});
 }
 
 TEST(Recovery, EditorsThatLiveKeepTheirFiles) {
@@ -185,6 +257,8 @@ TEST(Recovery, EditorsThatLiveKeepTheirFiles) {
     two.tick(3, 3);
     EXPECT_EQ(one.files().size(), 6U);
     EXPECT_FALSE(two.editor.offerRecovery());
+    two.configuration.state.saved = false;
+    two.messages.answers = {Answer::No};
     two.editor.Form_Unload();
     EXPECT_EQ(one.kept(), Texts{one.wanted()});
 }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 
 #include "FakePlatform.h"
 #include "Plant.h"
@@ -67,6 +68,33 @@ TEST(SaveSafety, FailedSavesKeepTheLastWholeFile) {
     place.run("mnuSaveCfg");
     EXPECT_EQ(readFile(path + ".bak2"), "by another");
     EXPECT_EQ(names(place.folder), (Texts{"test.xml", "test.xml.bak", "test.xml.bak2"}));
+}
+
+// A program that is killed in mid-save leaves a file that is cut off, or none. The last whole backup is
+// named.
+TEST(SaveSafety, OpenNamesTheBackupOfAFileThatWasCutOff) {
+    Changed place;
+    const std::string path = place.path("test.xml");
+    const std::string half = place.old.substr(0, place.old.size() / 2);
+    for (const std::string& content : {half, std::string()}) {
+        for (const auto& [first, second, named] :
+             std::vector<std::array<std::string, 3>>{{"", "", ""},
+                                                     {half, "", ""},
+                                                     {place.old, half, ".bak"},
+                                                     {place.old, place.old + "\n", ".bak2"}}) {
+            for (const auto& [end, bytes] : Fields{{"", content}, {".bak", first}, {".bak2", second}}) {
+                fs::remove(path + end);
+                if (!bytes.empty()) writeFile(path + end, bytes);
+            }
+            Workplace opening;
+            opening.editor.openFile(path);
+            const std::string told = opening.messages.take().at(0);
+            EXPECT_TRUE(
+                told.starts_with(content.empty() ? " Error n. 53  File not found" : " Error n. 1001  "));
+            EXPECT_EQ(told.ends_with("a whole copy is " + path + named + " in ImportXML"), !named.empty())
+                << told;
+        }
+    }
 }
 
 TEST(SaveSafety, AsksBeforeItOverwritesWhatAnotherProgramWrote) {

@@ -133,6 +133,25 @@ TEST(Views, StatusBarFollowsTheEditor) {
     place.forms.last->type("txtFind", "PUMP2");
     place.forms.last->press("cmdFind");
     EXPECT_EQ(status[StatusField::Selection], "Intake.PUMPS.PUMP2");
+    EXPECT_EQ(status[StatusField::Notice], "");
+    for (const auto& [button, text] : Fields{{"cmdNext", "No further match"}, {"cmdFind", "No match"}}) {
+        place.forms.last->type("txtFind", button == "cmdNext" ? "PUMP2" : "PUMP9");
+        for (int press = 0; press < 20; ++press) place.forms.last->press(button);
+        EXPECT_EQ(status[StatusField::Notice], text);
+    }
+    // Found, the item is selected under the commands of the branch.
+    place.forms.last->type("txtFind", "Temp_Drive");
+    place.forms.last->press("cmdFind");
+    place.run("mnuAddItem");
+    EXPECT_EQ(status[StatusField::Notice], "Nothing added: an item is selected, not a unit or a branch");
+    place.click("Intake");
+    EXPECT_EQ(status[StatusField::Selection], "Intake: 192.168.10.11, identifier 1, 2000 ms");
+    EXPECT_EQ(status[StatusField::Notice], "");
+    const TreeNode& branch = place.click("Intake.PUMPS.PUMP1.MOTOR.BEARINGS");
+    place.selectRows({branch.firstChild()->text(), branch.lastChild()->text()});
+    EXPECT_EQ(status[StatusField::Selection], branch.key().str() + ", 2 rows selected");
+    place.run("mnuCopy");
+    EXPECT_EQ(status[StatusField::Notice], "2 items copied");
     addUnit(place, "Outlet", "9");
     EXPECT_EQ(status[StatusField::Counts].find("5 units, "), 0U);
     EXPECT_EQ(status[StatusField::Saved], "Unsaved changes");
@@ -145,12 +164,160 @@ TEST(Views, StatusBarFollowsTheEditor) {
     place.editor.fileDropped(place.path("test.xml"));
     EXPECT_EQ(status[StatusField::Notice], "");
     EXPECT_EQ(status[StatusField::Counts].find("5 units, "), 0U);
+    place.openText(readFile(std::filesystem::path(TREVANDIX_SAMPLES) / "boiler-house-rtu.xml"));
+    place.click("Boiler1");
+    EXPECT_EQ(status[StatusField::Selection], "Boiler1: COM1, 19200, 8E1, identifier 1");
     place.openText(fileText({}, {}), "small.xml");
     plant(place, {"U", "U.B/", "U.B.x"});
     place.run("mnuFind");
     EXPECT_EQ(status[StatusField::Counts], "1 unit, 1 branch, 1 item");
+    for (const bool capitals : {false, true, false}) {  // said once, where there is reason to
+        if (capitals) addBranch(place, "U", "small");
+        place.run("mnuSaveCfg");
+        EXPECT_EQ(status[StatusField::Notice].starts_with("Branch names come back in capitals"), capitals);
+    }
+    // While the message box is up, the bar tells what has been done.
+    addBranch(place, "U", "D");
+    place.messages.onShow = [&](std::string_view text) {
+        EXPECT_EQ(status[StatusField::Saved], text.ends_with(" saved") ? "Saved" : "Unsaved changes");
+    };
+    place.run("mnuSaveCfg");
     place.run("mnuCloseCfg");
     EXPECT_EQ(status[StatusField::Selection] + status[StatusField::Counts] + status[StatusField::Saved], "");
+}
+
+TEST(Views, SavedFollowsTheContent) {
+    const auto pasted = [](std::string_view command, std::string_view text) {
+        return [=](PlantedWorkplace& place) {
+            place.clipboard.contents = text;
+            place.forms.scripts.emplace_back([](FakeForm& form) { form.press("Command2"); });
+            place.at("U.A", {"a", "b"}).run(command);
+        };
+    };
+    const auto edited = [](std::string_view key, std::string fields, std::string button = "cmdOk") {
+        return [=](PlantedWorkplace& place) {
+            place.forms.scripts.emplace_back([=](FakeForm& form) {
+                form.fill(fields);
+                form.press(button);
+            });
+            place.edit(key);
+        };
+    };
+    const auto dragged = [](std::string_view source, std::string_view target) {
+        return [=](PlantedWorkplace& place) { place.drag(source, target); };
+    };
+    struct Case {
+        const char* name;
+        std::function<void(PlantedWorkplace&)> act;
+        bool changes;
+    };
+    const std::vector<Case> cases{
+        {"select", [](PlantedWorkplace& place) { place.at("U.A", {"a"}).run("mnuCopy"); }, false},
+        {"delete", [](PlantedWorkplace& place) { place.at("U.A", {"a"}).run("mnuDelete"); }, true},
+        {"paste",
+         [](PlantedWorkplace& place) { (place.at("U.A.a").run("mnuCopy"), place.at("U.B").run("mnuPaste")); },
+         true},
+        {"paste nothing", [](PlantedWorkplace& place) { place.at("U.B").run("mnuPaste"); }, false},
+        {"failed save",
+         [](PlantedWorkplace& place) {
+             (place.configuration.setFilePath(place.path("no/x.xml")), place.run("mnuSaveCfg"));
+         },
+         true},
+        {"drag an item", dragged("U.A.a", "U.B"), true},
+        {"drag a unit", dragged("U", "V"), true},
+        {"drop on an item", dragged("U.A.a", "U.A.b"), false},
+        {"drop beside a namesake", dragged("U.A.a", "U.C"), false},
+        {"names", pasted("mnuPasteName", "x\r\ny"), true},
+        {"names refused", pasted("mnuPasteName", "x y\r\nx z"), false},
+        {"names as they are", pasted("mnuPasteName", "a\r\nb"), false},
+        {"no names", pasted("mnuPasteName", ""), false},
+        {"comments", pasted("mnuPasteComment", "x\r\ny"), true},
+        {"comments as they are", pasted("mnuPasteComment", "\r\n\r\n"), false},
+        {"no comments", pasted("mnuPasteComment", ""), false},
+        {"item", edited("W.i", "txtAddress=2"), true},
+        {"item as it is", edited("W.i", "txtAddress=1"), false},
+        {"item left by Exit", edited("W.i", "txtAddress=2", "cmdCancel"), false},
+        {"unit", edited("W", "txtUI=2"), true},
+        {"unit as it is", edited("W", "txtUI=1"), false},
+        {"unit that moves behind another", edited("V", "txtUI=3"), true},
+        {"branch as it is", edited("U.C", "txtBranchName=C"), false},
+        {"branch", edited("U.C", "txtBranchName=D"), true},
+        {"data type as it is", edited("holding register", "txtReadCode=3"), false},
+        {"data type", edited("holding register", "txtReadCode=2"), true},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        PlantedWorkplace place({"U", "U.A/", "U.A.b", "U.A.a", "U.B/", "U.C/", "U.C.a"});
+        addDataType(place, "holding register");
+        addUnit(place, "V", "3");
+        addUnit(place, "W", "1");
+        addItem(place, "W", "i");
+        place.click("");
+        EXPECT_EQ(place.window.status[StatusField::Saved], "Unsaved changes");
+        place.saved();
+        EXPECT_EQ(place.window.status[StatusField::Saved], "Saved");
+        c.act(place);
+        EXPECT_EQ(place.window.status[StatusField::Saved], c.changes ? "Unsaved changes" : "Saved");
+        EXPECT_EQ(place.configuration.changed(), c.changes);
+    }
+}
+
+// Each is pressed at a node, with an item selected in the list where there are items.
+TEST(Commands, EveryButtonRunsItsCommand) {
+    struct Case {
+        std::string_view button;
+        std::string_view node;
+        std::string_view effect;
+    };
+    const std::vector<Case> cases{
+        {"new", "U.A", "form frmSelect"},
+        {"open", "U.A", "file Open"},
+        {"save", "U.A", "news Published"},
+        {"close", "U.A", "tree 0"},
+        {"modbus", "ModBus", "form frmModBus"},
+        {"plc", "", "form frmPLC"},
+        {"branch", "U.A", "form frmBranch"},
+        {"item", "U.A", "form frmItems"},
+        {"copy", "U.A", "news 1 item copied"},
+        {"cut", "U.A", "items 0 news 1 item copied"},
+        {"paste", "U.A", "items 2"},
+        {"delete", "U.A", "items 0 news ."},
+        {"icon", "U.A", "mode 0"},
+        {"smallicon", "U.A", "mode 1"},
+        {"list", "U.A", "mode 2"},
+        {"report", "U.A", "mode 3"},
+        {"find", "U.A", "form frmFind"},
+        {"exit", "U.A", "closed 1"},
+        {"pastitem", "U.A", "cell Item name"},
+        {"pastcomment", "U.A", "cell Item comment"},
+    };
+    EXPECT_EQ(cases.size(), commandTables().buttons.size());
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.button));
+        PlantedWorkplace place({"U", "U.A/", "U.A.x"});
+        std::string cell;
+        const auto seen = [&] {
+            const Texts& files = place.fileDialog.calls;
+            return "form " + place.forms.shown.back() + " file " + (files.empty() ? "" : files.back()) +
+                   " items " + std::to_string(place.configuration.items.size()) + " news " +
+                   place.window.status[StatusField::Notice] + ". mode " +
+                   std::to_string(static_cast<int>(place.list.mode())) + " tree " +
+                   std::to_string(place.window.treeVisible) + " closed " +
+                   std::to_string(place.window.closed) + " cell " + cell;
+        };
+        if (c.button == "paste") place.at("U.A.x").run("mnuCopy");
+        place.at(c.node, {"x"});
+        place.clipboard.contents = "y";
+        place.forms.shown.emplace_back();
+        place.list.setMode(c.button == "icon" ? ListMode::Report : ListMode::Icon);
+        place.display.selected = {0};
+        place.forms.scripts.emplace_back([&](FakeForm& form) {
+            if (!form.cells.empty()) cell = form.cells[0][0];
+        });
+        EXPECT_EQ(seen().find(c.effect), std::string::npos);
+        place.editor.Toolbar1_ButtonClick(c.button);
+        EXPECT_NE(seen().find(c.effect), std::string::npos) << seen();
+    }
 }
 
 // Every menu entry and button that a flag names exists, a button goes with its own command's entry, no name,
