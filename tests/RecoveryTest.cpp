@@ -239,8 +239,9 @@ TEST(Recovery, UnreadableWorkIsPutAside) {
     for (const auto& [message, file] : std::vector<std::pair<std::size_t, const char*>>{
              {0, "1-1-7.xml"}, {1, "2-2-1.xml"}, {4, "3-3-1.xml"}}) {
         const std::string path = (state / file).string();
+        const std::string whose = message == 4 ? "to " + place.path("test.xml") : "of an earlier run";
         EXPECT_EQ(told[message],
-                  "Unsaved changes of an earlier run cannot be read. They are kept as " + path + ".");
+                  "Unsaved changes " + whose + " cannot be read. They are kept as " + path + ".");
         EXPECT_EQ(readFile(path), "work");
     }
     EXPECT_FALSE(place.window.panelVisible);

@@ -45,8 +45,10 @@ bool Recovery::offer() {
 }
 
 void Recovery::putAside(RecoveryFiles::Abandoned work) {
-    context_.platform.messages.show("Unsaved changes of an earlier run cannot be read. They are kept as " +
-                                    work.note.content + ".");
+    const RecoveryNote& note = work.note;
+    context_.platform.messages.show("Unsaved changes " +
+                                    (note.readable() ? "to " + note.filePath : "of an earlier run") +
+                                    " cannot be read. They are kept as " + note.content + ".");
     files_.putAside(std::move(work));
 }
 

@@ -7,7 +7,7 @@ namespace trevandix {
 namespace {
 
 constexpr std::string_view kOutOfOrder =
-    "The selected rows are not in address order. A click on the Index header of the list sorts them.";
+    "The rows are not in address order. A click on the Index header sorts them.";
 
 constexpr std::array kControls{
     ControlSpec{ControlKind::Grid, "Grid1", "", "", Place::NextRow, 80}.describedAs(
