@@ -1,5 +1,8 @@
 #include "platform/wx/WxStatusBar.h"
 
+#include <wx/control.h>
+#include <wx/dcclient.h>
+
 #include <algorithm>
 
 #include "platform/wx/WxAccessibleName.h"
@@ -9,13 +12,14 @@ namespace trevandix {
 namespace {
 
 constexpr int kMargin = 24;   // of a field around its text
-constexpr int kBorders = 32;  // of all fields
-constexpr int kGrip = 24;     // by which the window is resized
+constexpr int kPadding = 8;   // the least of it
+constexpr int kBorders = 48;  // of all fields
+constexpr int kGrip = 24;     // by which the window is resized, over the last field
 
 }  // namespace
 
 WxStatusBar::WxStatusBar(wxWindow* parent)
-    : wxStatusBar(parent, wxID_ANY, wxSTB_SIZEGRIP | wxSTB_ELLIPSIZE_MIDDLE | wxFULL_REPAINT_ON_RESIZE) {
+    : wxStatusBar(parent, wxID_ANY, wxSTB_SIZEGRIP | wxFULL_REPAINT_ON_RESIZE) {
     SetName("StatusBar1");
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
@@ -39,29 +43,27 @@ void WxStatusBar::setHint(const wxString& text) {
     showNews();
 }
 
-// A text that is shortened is there in full.
+// A hint has the place of selection and notice; the rest stays to be seen.
+wxString WxStatusBar::fullText(StatusField field) const {
+    if (!hint_.empty() && field == StatusField::Selection) return hint_;
+    if (!hint_.empty() && field == StatusField::Notice) return {};
+    return news_[static_cast<std::size_t>(field)];
+}
+
 void WxStatusBar::showToolTip(const wxPoint& point) {
     for (int field = 0; field < kFields; ++field) {
         wxRect place;
         if (!GetFieldRect(field, place) || !place.Contains(point)) continue;
-        const wxString text = GetStatusText(field);
-        const bool fits = GetTextExtent(text).GetWidth() <= place.GetWidth();
-        const wxString tip = fits ? wxString() : text;
+        const wxString text = fullText(static_cast<StatusField>(field));
+        const wxString tip = GetStatusText(field) == text ? wxString() : text;
         if (GetToolTipText() != tip) SetToolTip(tip);
         return;
     }
 }
 
 void WxStatusBar::showNews() {
-    // A hint has the place of selection and notice; the rest stays to be seen.
-    const bool hinting = !hint_.empty();
-    const auto shown = [&](StatusField field) {
-        if (hinting && field == StatusField::Selection) return hint_;
-        if (hinting && field == StatusField::Notice) return wxString();
-        return news_[static_cast<std::size_t>(field)];
-    };
-    const auto needed = [&](StatusField field) {
-        return GetTextExtent(shown(field)).GetWidth() + FromDIP(kMargin);
+    const auto needed = [this](StatusField field) {
+        return GetTextExtent(fullText(field)).GetWidth() + FromDIP(kMargin);
     };
     const int counts = needed(StatusField::Counts);
     const int saved = needed(StatusField::Saved);
@@ -73,11 +75,22 @@ void WxStatusBar::showNews() {
     SetFieldsCount(kFields, widths);
     wxString all;
     for (int field = 0; field < kFields; ++field) {
-        SetStatusText(shown(static_cast<StatusField>(field)), field);
+        SetStatusText(fitting(field), field);
         const wxString& text = news_[static_cast<std::size_t>(field)];
         if (!text.empty()) all += (all.empty() ? "" : ", ") + text;
     }
     setAccessibleName(*this, "Status", all.empty() ? wxString("No configuration") : all);
+}
+
+// Shortened by ourselves: the toolkit takes no account of the grip.
+wxString WxStatusBar::fitting(int field) const {
+    wxRect place;
+    GetFieldRect(field, place);
+    const int room = place.GetWidth() - FromDIP(kPadding) - (field + 1 == kFields ? FromDIP(kGrip) : 0);
+    wxClientDC dc(const_cast<WxStatusBar*>(this));
+    dc.SetFont(GetFont());
+    return wxControl::Ellipsize(fullText(static_cast<StatusField>(field)), dc, wxELLIPSIZE_MIDDLE,
+                                std::max(room, 0), wxELLIPSIZE_FLAGS_NONE);
 }
 
 }  // namespace trevandix

@@ -22,6 +22,8 @@ private:
     static constexpr int kFields = 4;
 
     void showNews();
+    wxString fullText(StatusField field) const;
+    wxString fitting(int field) const;
     void showToolTip(const wxPoint& point);
 
     std::array<wxString, kFields> news_;
