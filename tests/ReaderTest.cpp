@@ -181,6 +181,12 @@ TEST(Reader, ShowsProgressAndSurvivesItsUser) {
     EXPECT_FALSE(place.window.panelVisible);
     for (const int percent : place.window.percents) EXPECT_TRUE(percent >= 0 && percent < 100);
     EXPECT_EQ(place.configuration.state.itemCounter, kItems + 1);
+    place.window.onEvents = {};
+    addDataType(place, "holding register");
+    addItem(place, "P", "Next");
+    EXPECT_TRUE(place.has("P.Next"));
+    EXPECT_EQ(place.configuration.state.itemCounter, kItems + 2);
+    EXPECT_EQ(place.messages.take(), Texts{});
     EXPECT_EQ(place.configuration.state.unitCounter, 2);
 
     FakeWindow window;
