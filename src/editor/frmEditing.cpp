@@ -101,7 +101,6 @@ void frmEditing::Form_Unload() {
 
 std::chrono::milliseconds frmEditing::idle(std::chrono::steady_clock::time_point now,
                                            std::chrono::steady_clock::time_point lastInput) {
-    if (!file_.reading()) news_.update();  // a dialog may be adding items
     return recovery_.idle(now, lastInput);
 }
 
