@@ -11,6 +11,16 @@ namespace {
 using testing::FakeForm;
 using testing::Workplace;
 
+// A form has not every control, and not each can be used at all times; nobody could then.
+template <typename Action>
+void tryTo(Action action) {
+    try {
+        action();
+    } catch (const RuntimeError&) {
+    } catch (const std::logic_error&) {
+    }
+}
+
 /// A user whose every choice is the next byte.
 class ByteUser {
 public:
@@ -58,47 +68,6 @@ private:
         return *node;
     }
 
-    void dialog(FakeForm& form) {
-        for (const char* field :
-             {"txtName", "txtBranchName", "txtItemName", "txtComment", "txtUI", "txtAddress"}) {
-            fill(form, field);
-        }
-        for (const char* list : {"cmbMBType", "cmbModbusType", "cmbDataType", "cmbAccessRight", "cmbBit"}) {
-            tryTo([&] {
-                const auto items = form.items(list);
-                if (!items.empty()) form.choose(list, items[next() % items.size()]);
-            });
-        }
-        tryTo([&] {
-            if (next() % 4 == 0) form.press("cmdAdd");
-        });
-        tryTo([&] {
-            if (next() % 8 != 0) return;
-            form.press("cmdGroup");
-            form.type("txtNumbItems", std::to_string(next() % 8));
-            form.press("cmdOkNumber");
-        });
-        tryTo([&] { form.press(next() % 8 == 0 ? "cmdCancel" : "cmdOk"); });
-        tryTo([&] { form.press("Command2"); });
-    }
-
-    // A form has not every control, and not each can be used at all times; nobody could then.
-    template <typename Action>
-    static void tryTo(Action action) {
-        try {
-            action();
-        } catch (const RuntimeError&) {
-        } catch (const std::logic_error&) {
-        }
-    }
-
-    void fill(FakeForm& form, std::string_view field) {
-        const bool number = field == "txtUI" || field == "txtAddress";
-        tryTo([&] {
-            if (next() % 8 != 0) form.type(field, number ? std::to_string(next()) : name());
-        });
-    }
-
     void select() {
         place_.window.focus = FocusedView::Tree;
         place_.editor.TreeView1_NodeClick(anyNode());
@@ -129,7 +98,10 @@ private:
         constexpr unsigned kChoices = 14;
         unsigned choice = next() % (kChoices + static_cast<unsigned>(kMoreOften.size()));
         if (choice >= kChoices) choice = kMoreOften[choice - kChoices];
-        place_.forms.scripts.assign({[this](FakeForm& form) { dialog(form); }});
+        place_.forms.scripts.assign({[this](FakeForm& form) {
+            fillDialog(
+                form, [this] { return next(); }, [this] { return name(); });
+        }});
         select();
         // An edited data type leaves its node behind on purpose when it gets another name.
         const TreeNode* selected = place_.configuration.tree.selected();
@@ -163,6 +135,34 @@ private:
 };
 
 }  // namespace
+
+void fillDialog(FakeForm& form, const std::function<unsigned()>& next,
+                const std::function<std::string()>& name) {
+    for (const std::string field :
+         {"txtName", "txtBranchName", "txtItemName", "txtComment", "txtUI", "txtAddress"}) {
+        const bool number = field == "txtUI" || field == "txtAddress";
+        tryTo([&] {
+            if (next() % 8 != 0) form.type(field, number ? std::to_string(next()) : name());
+        });
+    }
+    for (const char* list : {"cmbMBType", "cmbModbusType", "cmbDataType", "cmbAccessRight", "cmbBit"}) {
+        tryTo([&] {
+            const auto items = form.items(list);
+            if (!items.empty()) form.choose(list, items[next() % items.size()]);
+        });
+    }
+    tryTo([&] {
+        if (next() % 4 == 0) form.press("cmdAdd");
+    });
+    tryTo([&] {
+        if (next() % 8 != 0) return;
+        form.press("cmdGroup");
+        form.type("txtNumbItems", std::to_string(next() % 8));
+        form.press("cmdOkNumber");
+    });
+    tryTo([&] { form.press(next() % 8 == 0 ? "cmdCancel" : "cmdOk"); });
+    tryTo([&] { form.press("Command2"); });
+}
 
 std::size_t Commands(std::string_view bytes, const Habits& habits) {
     return ByteUser(bytes, habits).run();

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <string>
 #include <string_view>
 
 #include "FakePlatform.h"
@@ -20,6 +21,9 @@ void Fallback(std::string_view bytes);
 void TypeNames(std::string_view bytes);
 /// The bytes as clipboard text: nothing but blanks and line ends is lost.
 void Clipboard(std::string_view bytes);
+/// Fills whatever dialog is open and leaves it. `next` gives 0 to 255, `name` a text.
+void fillDialog(testing::FakeForm& form, const std::function<unsigned()>& next,
+                const std::function<std::string()>& name);
 struct Habits {
     /// For the fuzzer not many, as long sequences tell it less and take their time.
     std::size_t mostSteps = 200;

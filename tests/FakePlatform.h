@@ -125,7 +125,9 @@ struct FakeForms : Forms {
 };
 
 struct FakeListDisplay : ListDisplay {
-    void contentsChanged() override { selected.clear(); }
+    void contentsChanged(bool) override { selected.clear(); }
+    ListPlace place() const override { return {selected, currentRow()}; }
+    void restore(const ListPlace& place) override { selected = place.selected; }
     void rowChanged(std::size_t) override {}
     void setVisible(bool) override {}
     std::vector<std::size_t> selectedRows() const override { return selected; }

@@ -85,7 +85,7 @@ void ClipboardEditing::pasteInto(TreeNode& branch) {
         if (source->sName().empty()) continue;
         auto copy = std::make_shared<clsItem>();
         copy->SetByCopy(*source, branch.key(), state.pasteCounter);
-        context_.configuration.addItem(std::move(copy), branch, Image::None);
+        context_.tree().ensureVisible(context_.configuration.addItem(std::move(copy), branch, Image::None));
     }
 }
 
@@ -124,7 +124,7 @@ void ClipboardEditing::deleteNode(TreeNode& node) {
                 const StructureTree::Batch batch(context_.tree());
                 RemoveBranch(context_.configuration, node);
                 context_.configuration.branches.remove(node.key());
-                context_.tree().remove(node);
+                removeSelected(node);
             }
             return;
         case NodeTag::Item:
@@ -141,7 +141,13 @@ void ClipboardEditing::deleteUnit(TreeNode& node) {
     if (!confirms("Are you sure you want to delete " + node.text() + "?")) return;
     if (node.firstChild() != nullptr) return say("This unit is not empty");
     context_.configuration.units.remove(node.key());
+    removeSelected(node);
+}
+
+// The list must not go on showing what was below the node.
+void ClipboardEditing::removeSelected(TreeNode& node) {
     context_.tree().remove(node);
+    views_.TreeView1_NodeClick(*context_.tree().selected());
 }
 
 void ClipboardEditing::deleteItem(TreeNode& node) {

@@ -33,10 +33,7 @@ TreeNode* DragAndDrop::source() const {
 DragAndDrop::Verdict DragAndDrop::judge(const TreeNode& source, const TreeNode& target) {
     if (target.tag() == NodeTag::Item) return Verdict::Refuse;
     if (source.parent() == nullptr || source.parent()->key() == target.key()) return Verdict::Ignore;
-    for (const TreeNode* up = &target; up != nullptr; up = up->parent()) {
-        if (up == &source) return Verdict::Refuse;
-    }
-    return Verdict::Accept;
+    return liesIn(&target, source) ? Verdict::Refuse : Verdict::Accept;
 }
 
 bool DragAndDrop::dropAllowed(const TreeNode* node) const {
@@ -69,6 +66,7 @@ bool DragAndDrop::drop(TreeNode& target) {
     TreeNode& placed = recreate(context_.configuration, *dragged, target);
     if (dragged->tag() == NodeTag::Branch) CopySubTree(*dragged, placed);
     context_.tree().setExpanded(placed, true);
+    context_.tree().ensureVisible(placed);
     if (effect() == DropEffect::Move) removeSource(*dragged);
     return true;
 }

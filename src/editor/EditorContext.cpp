@@ -19,9 +19,7 @@ void EditorContext::InitObjects() const {
     platform.window.setTreeVisible(false);
     tree().clear();
     list.setVisible(false);
-    const ListView::Update update(list);
-    list.clearRows();
-    list.clearColumns();
+    list.clear();
     state().copyBuffer.assign(1, nullptr);
     state().pasteCounter = 1;
 }

@@ -114,13 +114,20 @@ void ObjectCommands::editRecordOf(TreeNode& node) {
             views_.TreeView1_NodeClick(*configuration.tree.selected());
             break;
         case NodeTag::Item:
-            frmItems(dialogContext()).showToEdit(configuration.items.at(node.key()));
-            views_.TreeView1_NodeClick(*configuration.tree.selected()->parent());
+            editItem(node);
             break;
         case NodeTag::Config:
         case NodeTag::ModBus:
             break;
     }
+}
+
+// The row in the list goes on being that of the item, also under another name.
+void ObjectCommands::editItem(TreeNode& node) {
+    const Key key = node.key();
+    frmItems(dialogContext()).showToEdit(context_.configuration.items.at(key));
+    context_.list.changeKey(key, node.key());
+    views_.TreeView1_NodeClick(*node.parent());
 }
 
 }  // namespace trevandix

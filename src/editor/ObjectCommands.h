@@ -29,6 +29,7 @@ private:
     TreeNode* targetOf(std::initializer_list<NodeTag> tags, std::string_view wanted) const;
     void showSelected(TreeNode& node);
     void editRecordOf(TreeNode& node);
+    void editItem(TreeNode& node);
 
     const EditorContext& context_;
     TreeAndList& views_;

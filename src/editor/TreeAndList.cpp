@@ -42,33 +42,33 @@ std::span<const Column> columnsOf(NodeTag tag) {
 void TreeAndList::TreeView1_NodeClick(TreeNode& node) {
     context_.guarded("TreeView1_NodeClick", [&] {
         const PointerScope hourglass(context_.platform.pointer, Pointer::Hourglass);
-        const ListView::Update update(context_.list);
-        context_.list.clearRows();
-        context_.list.clearColumns();
-        context_.tree().keepSorted(node);
-        context_.enable(situationOf(node.tag()));
-        showColumns(node.tag());
-        switch (node.tag()) {
-            case NodeTag::Config:
-                showUnits();
-                break;
-            case NodeTag::ModBus:
-                showDataTypes();
-                break;
-            case NodeTag::DataType:
-                break;
-            case NodeTag::Plc:
-                showUnit(node);
-                break;
-            case NodeTag::Branch:
-                showBranch(node);
-                break;
-            case NodeTag::Item:
-                showItem(node);
-                break;
-        }
+        showContents(node);
         context_.tree().select(&node);
     });
+    // Rows that were selected before and are still there go on being what the commands act on.
+    if (context_.platform.window.focusedView() == FocusedView::List) ListView1_Click();
+}
+
+void TreeAndList::showContents(TreeNode& node) {
+    const ListView::Update update(context_.list);
+    context_.list.begin(node.key());
+    context_.tree().keepSorted(node);
+    context_.enable(situationOf(node.tag()));
+    showColumns(node.tag());
+    switch (node.tag()) {
+        case NodeTag::Config:
+            return showUnits();
+        case NodeTag::ModBus:
+            return showDataTypes();
+        case NodeTag::DataType:
+            return;
+        case NodeTag::Plc:
+            return showUnit(node);
+        case NodeTag::Branch:
+            return showBranch(node);
+        case NodeTag::Item:
+            return showItem(node);
+    }
 }
 
 void TreeAndList::showColumns(NodeTag tag) {
@@ -96,15 +96,18 @@ void TreeAndList::showBranch(const TreeNode& node) {
     if (child->tag() == NodeTag::Item) context_.enable(Situation::BranchWithItemFirst);
     context_.list.reserve(node.childCount());
     for (; child != nullptr; child = child->nextSibling()) {
-        if (child->tag() != NodeTag::Item) continue;
-        context_.configuration.items.at(child->key())->AddToListView(context_.list, true);
-        // A record shared by two nodes names only one of them; the row leads back to the node that it shows.
-        context_.list.setKey(context_.list.rows().size() - 1, child->key());
+        if (child->tag() == NodeTag::Item) showRow(*child, true);
     }
 }
 
 void TreeAndList::showItem(const TreeNode& node) {
-    context_.configuration.items.at(node.key())->AddToListView(context_.list, false);
+    showRow(node, false);
+}
+
+// A record shared by two nodes names only one of them; the row leads back to the node that it shows.
+void TreeAndList::showRow(const TreeNode& item, bool index) {
+    context_.configuration.items.at(item.key())->AddToListView(context_.list, index);
+    context_.list.setKey(context_.list.rows().size() - 1, item.key());
 }
 
 void TreeAndList::ListView1_Click() {

@@ -12,7 +12,8 @@ public:
     explicit TreeAndList(const EditorContext& context) : context_(context) {}
 
     /// The select-node routine, the one way in which the list is rebuilt. The node becomes the selected one
-    /// and its children are sorted from now on.
+    /// and its children are sorted from now on. Where the list showed the same node before, rows keep their
+    /// selection and the scroll position.
     void TreeView1_NodeClick(TreeNode& node);
     /// Switches the commands for the list's current row.
     void ListView1_Click();
@@ -23,11 +24,13 @@ public:
     void setMode(ListMode mode) { context_.list.setMode(mode); }
 
 private:
+    void showContents(TreeNode& node);
     void showUnits();
     void showDataTypes();
     void showUnit(const TreeNode& node);
     void showBranch(const TreeNode& node);
     void showItem(const TreeNode& node);
+    void showRow(const TreeNode& item, bool index);
     void showColumns(NodeTag tag);
 
     const EditorContext& context_;

@@ -120,6 +120,9 @@ void frmEditing::TreeView1_DblClick() {
 
 void frmEditing::treeExpansionChanged(TreeNode& node, bool expanded) {
     context_.tree().setExpanded(node, expanded);
+    // A selection that the user has hidden passes to the node that hides it.
+    const TreeNode* selected = context_.tree().selected();
+    if (!expanded && selected != &node && liesIn(selected, node)) TreeView1_NodeClick(node);
 }
 
 void frmEditing::ListView1_Click() {
@@ -128,8 +131,8 @@ void frmEditing::ListView1_Click() {
 
 void frmEditing::ListView1_DblClick() {
     if (file_.reading()) return;
-    context_.guarded("ListView1_DblClick", [&] { views_.selectNodeOfCurrentRow(); });
-    TreeView1_DblClick();
+    if (context_.guarded("ListView1_DblClick", [&] { views_.selectNodeOfCurrentRow(); }))
+        TreeView1_DblClick();
 }
 
 void frmEditing::ListView1_ColumnClick(std::size_t column) {

@@ -113,9 +113,7 @@ void StructureTree::remove(TreeNode& node) {
     ++changes_;
     ++edits_;
     if (observer_ != nullptr) observer_->nodeRemoved(node);
-    bool selectionGoes = false;
-    for (TreeNode* up = selected_; up != nullptr && !selectionGoes; up = up->parent_)
-        selectionGoes = up == &node;
+    const bool selectionGoes = liesIn(selected_, node);
     TreeNode* successor = node.next_ != nullptr       ? node.next_
                           : node.previous_ != nullptr ? node.previous_
                                                       : node.parent_;
@@ -263,6 +261,11 @@ StructureTree::Batch::Batch(StructureTree& tree) : tree_(tree) {
 
 StructureTree::Batch::~Batch() {
     if (tree_.observer_ != nullptr) tree_.observer_->batchEnds();
+}
+
+bool liesIn(const TreeNode* node, const TreeNode& top) {
+    while (node != nullptr && node != &top) node = node->parent();
+    return node != nullptr;
 }
 
 TreeNode* nextBelow(const TreeNode& node, const TreeNode& top) {

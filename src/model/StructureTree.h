@@ -186,6 +186,9 @@ private:
     std::uint64_t edits_ = 0;
 };
 
+/// True when the node is `top` or below it; nullptr is nowhere.
+bool liesIn(const TreeNode* node, const TreeNode& top);
+
 /// The next node of a walk through everything below `top`, parents before children; nullptr at the end.
 TreeNode* nextBelow(const TreeNode& node, const TreeNode& top);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 #include "platform/Text.h"
 
@@ -11,30 +12,70 @@ ListView::Update::~Update() {
     if (--list_.updates_ == 0 && list_.dirty_) list_.changed();
 }
 
-void ListView::changed() {
+void ListView::aboutToChange() {
+    if (dirty_) return;
     dirty_ = true;
+    kept_.reset();
+    if (display_ == nullptr || rows_.empty()) return;
+    Kept kept;
+    kept.place = display_->place();
+    for (const std::size_t row : kept.place.selected) kept.selected.insert(rows_.at(row).key);
+    if (kept.place.focused) kept.focused = rows_.at(*kept.place.focused).key;
+    if (kept.place.top < rows_.size()) kept.top = rows_[kept.place.top].key;
+    kept_ = std::move(kept);
+}
+
+void ListView::changed() {
     if (updates_ > 0) return;
     dirty_ = false;
     if (sorted_) sortRows();
-    if (display_ != nullptr) display_->contentsChanged();
+    if (display_ == nullptr) return;
+    display_->contentsChanged(std::exchange(columnsChanged_, false));
+    if (kept_ && !rows_.empty()) restorePlace();
 }
 
-void ListView::clearRows() {
+// Where the row with the keyboard, or the one at the top, has gone, the one at its position takes over.
+void ListView::restorePlace() {
+    const Kept kept = *std::exchange(kept_, std::nullopt);
+    const std::size_t last = rows_.size() - 1;
+    ListPlace place;
+    if (kept.place.focused) place.focused = std::min(*kept.place.focused, last);
+    place.top = std::min(kept.place.top, last);
+    place.left = kept.place.left;
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        const std::string& key = rows_[row].key;
+        if (kept.selected.contains(key)) place.selected.push_back(row);
+        if (kept.place.focused && key == kept.focused) place.focused = row;
+        if (key == kept.top) place.top = row;
+    }
+    display_->restore(place);
+}
+
+void ListView::begin(std::string_view subject) {
+    const Update update(*this);
+    aboutToChange();
+    if (subject_ != subject) kept_.reset();
+    subject_ = subject;
     rows_.clear();
+    columns_.clear();
+    columnsChanged_ = true;
     changed();
 }
 
-void ListView::clearColumns() {
-    columns_.clear();
-    changed();
+void ListView::clear() {
+    begin({});
+    subject_.reset();
 }
 
 void ListView::addColumn(std::string_view header, double width) {
+    aboutToChange();
     columns_.push_back({std::string(header), width});
+    columnsChanged_ = true;
     changed();
 }
 
 void ListView::addRow(ListRow row) {
+    aboutToChange();
     rows_.push_back(std::move(row));
     changed();
 }
@@ -43,6 +84,11 @@ std::string_view ListView::cell(std::size_t row, std::size_t column) const {
     const ListRow& line = rows_[row];
     if (column == 0) return line.text;
     return column <= line.subItems.size() ? std::string_view(line.subItems[column - 1]) : std::string_view();
+}
+
+void ListView::changeKey(std::string_view from, std::string_view to) {
+    const auto row = std::ranges::find(rows_, from, &ListRow::key);
+    if (row != rows_.end()) row->key = to;
 }
 
 void ListView::setCell(std::size_t row, std::size_t column, std::string_view text) {
@@ -58,6 +104,7 @@ void ListView::setCell(std::size_t row, std::size_t column, std::string_view tex
 
 void ListView::setMode(ListMode mode) {
     if (mode_ == mode) return;
+    aboutToChange();
     mode_ = mode;
     changed();
 }
@@ -68,14 +115,16 @@ void ListView::setVisible(bool visible) {
 }
 
 void ListView::sortBy(std::size_t column) {
+    aboutToChange();
     sortKey_ = column;
     sorted_ = true;
     changed();
 }
 
 void ListView::setSorted(bool sorted) {
+    aboutToChange();
     sorted_ = sorted;
-    if (sorted) changed();
+    changed();
 }
 
 void ListView::sortRows() {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace trevandix {
@@ -24,12 +25,25 @@ struct ListColumn {
 
 enum class ListMode { Icon = 0, SmallIcon = 1, List = 2, Report = 3 };
 
+/// What the user has made of the rows shown: which are selected, which has the keyboard, and what is scrolled
+/// to. Positions of rows.
+struct ListPlace {
+    std::vector<std::size_t> selected;  ///< ascending
+    std::optional<std::size_t> focused;
+    std::size_t top = 0;
+    int left = 0;  ///< scrolled sideways, in the display's own unit
+};
+
 /// The control that shows a list; it asks for rows when it draws them, so no row is ever copied into it.
 class ListDisplay {
 public:
     virtual ~ListDisplay() = default;
-    /// Columns, rows or mode are other ones; nothing is selected any more.
-    virtual void contentsChanged() = 0;
+    /// Rows, order or mode are other ones, and the columns too where `columns` says so. Afterwards nothing is
+    /// selected and the first row is scrolled to.
+    virtual void contentsChanged(bool columns) = 0;
+    virtual ListPlace place() const = 0;
+    /// Follows `contentsChanged` where rows are shown that were there before.
+    virtual void restore(const ListPlace& place) = 0;
     virtual void rowChanged(std::size_t row) = 0;
     virtual void setVisible(bool visible) = 0;
     /// Positions of the selected rows, ascending.
@@ -45,8 +59,11 @@ public:
     /// The display, or nullptr. Not owned.
     void setDisplay(ListDisplay* display) { display_ = display; }
 
-    void clearRows();
-    void clearColumns();
+    /// Removes all rows and columns, to show the contents of `subject`. Where that is what was shown before,
+    /// rows keep their selection, the keyboard and the scroll position by their keys.
+    void begin(std::string_view subject);
+    /// Removes all rows and columns; nothing is kept.
+    void clear();
     void addColumn(std::string_view header, double width = 0);
     /// The row's place is settled when the update ends, where rows are sorted.
     void addRow(ListRow row);
@@ -58,6 +75,8 @@ public:
     std::string_view cell(std::size_t row, std::size_t column) const;
     /// For a row whose record has got another key.
     void setKey(std::size_t row, std::string_view key) { rows_.at(row).key = key; }
+    /// The same for the row of this key, if there is one.
+    void changeKey(std::string_view from, std::string_view to);
     void setCell(std::size_t row, std::size_t column, std::string_view text);
 
     void setMode(ListMode mode);
@@ -89,8 +108,17 @@ public:
     };
 
 private:
+    /// What the user has made of rows, by their keys.
+    struct Kept {
+        std::unordered_set<std::string> selected;
+        std::string focused;
+        std::string top;
+        ListPlace place;
+    };
+    void aboutToChange();
     void changed();
     void sortRows();
+    void restorePlace();
 
     ListDisplay* display_ = nullptr;
     std::vector<ListColumn> columns_;
@@ -99,7 +127,10 @@ private:
     bool visible_ = false;
     bool sorted_ = false;
     bool dirty_ = false;
+    bool columnsChanged_ = false;
     int updates_ = 0;
+    std::optional<Kept> kept_;  // from the first change on, until the display has been told
+    std::optional<std::string> subject_;
     std::size_t sortKey_ = 0;
 };
 

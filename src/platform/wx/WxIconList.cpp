@@ -11,15 +11,17 @@ namespace {
 
 long styleOf(ListMode mode) {
     if (mode == ListMode::Icon) return wxLC_ICON | wxLC_AUTOARRANGE;
+#ifndef __WXGTK__  // which would put the names below the icons
     if (mode == ListMode::SmallIcon) return wxLC_SMALL_ICON | wxLC_AUTOARRANGE;
+#endif
     return wxLC_LIST;
 }
 
 }  // namespace
 
 WxIconList::WxIconList(wxWindow* parent, const ListView& list, ListMode mode)
-    : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, styleOf(mode), wxDefaultValidator,
-                 "ListView1"),
+    : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, styleOf(mode) | wxBORDER_SIMPLE,
+                 wxDefaultValidator, "ListView1"),
       list_(list),
       mode_(mode),
       images_(mode == ListMode::Icon ? kLargeIconSize : kTreeIconSize) {}

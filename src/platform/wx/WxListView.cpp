@@ -4,6 +4,7 @@
 #include <wx/sizer.h>
 #include <wx/wupdlock.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/wx/WxAccessibleName.h"
@@ -69,6 +70,15 @@ void WxListView::watch(wxListCtrl& control) {
     setAccessibleName(control, kSpokenName, kSpokenPurpose);
     setAccessibleName(rows, kSpokenName, kSpokenPurpose);
 #ifdef __WXGTK__
+    // The header follows when the rows have been scrolled; the toolkit draws it before.
+    for (const auto& type : {wxEVT_SCROLLWIN_LINEUP, wxEVT_SCROLLWIN_LINEDOWN, wxEVT_SCROLLWIN_PAGEUP,
+                             wxEVT_SCROLLWIN_PAGEDOWN, wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_BOTTOM,
+                             wxEVT_SCROLLWIN_THUMBTRACK, wxEVT_SCROLLWIN_THUMBRELEASE}) {
+        control.Bind(type, [&control](wxScrollWinEvent& event) {
+            event.Skip();
+            control.CallAfter([&control] { control.Refresh(); });
+        });
+    }
     // As in the tree. Not event.GetText(): a virtual list leaves it empty.
     control.Bind(wxEVT_LIST_ITEM_FOCUSED, [&control, &rows](wxListEvent& event) {
         event.Skip();
@@ -89,6 +99,11 @@ void WxListView::watch(wxListCtrl& control) {
     rows.Bind(wxEVT_LEFT_DCLICK, [this](wxMouseEvent& event) {
         event.Skip();
         if (beside(event.GetPosition())) doubleClick();
+    });
+    // A control of Windows would clear the selection, on which the menu's commands act.
+    rows.Bind(wxEVT_RIGHT_DOWN, [this](wxMouseEvent& event) {
+        event.Skip(!beside(event.GetPosition()));
+        focus();
     });
     control.Bind(wxEVT_CONTEXT_MENU, &WxListView::onContextMenu, this);
 }
@@ -131,16 +146,40 @@ void WxListView::showFitting() {
     if (focused && list_.visible()) shown_->SetFocus();
 }
 
-void WxListView::contentsChanged() {
+void WxListView::contentsChanged(bool columns) {
     const WxRaised quiet(quiet_);
     showFitting();
     if (shown_ == report_) {
-        report_->refill();
+        report_->refill(columns);
         if (icons_ != nullptr) icons_->DeleteAllItems();
     } else {
         icons_->refill();
-        report_->SetItemCount(0);
+        report_->empty();
     }
+}
+
+ListPlace WxListView::place() const {
+    ListPlace place;
+    place.selected = selectedRows();
+    const long focused = shown_->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
+    if (focused >= 0) place.focused = static_cast<std::size_t>(focused);
+    if (shown_ == report_) {
+        place.top = static_cast<std::size_t>(std::max(report_->GetTopItem(), 0L));
+        place.left = report_->left();
+    }
+    return place;
+}
+
+void WxListView::restore(const ListPlace& place) {
+    const WxRaised quiet(quiet_);
+    const wxWindowUpdateLocker frozen(this);
+    for (const std::size_t row : place.selected)
+        shown_->SetItemState(static_cast<long>(row), wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+    if (place.focused) {
+        shown_->SetItemState(static_cast<long>(*place.focused), wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
+        if (shown_ != report_) shown_->EnsureVisible(static_cast<long>(*place.focused));
+    }
+    if (shown_ == report_) report_->scrollTo(static_cast<long>(place.top), place.left);
 }
 
 void WxListView::rowChanged(std::size_t row) {

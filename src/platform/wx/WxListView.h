@@ -21,7 +21,9 @@ public:
     WxListView(wxWindow* parent, ListView& list, WxInputGate& gate, OpenMenu openMenu);
     ~WxListView() override;
 
-    void contentsChanged() override;
+    void contentsChanged(bool columns) override;
+    ListPlace place() const override;
+    void restore(const ListPlace& place) override;
     void rowChanged(std::size_t row) override;
     void setVisible(bool visible) override;
     std::vector<std::size_t> selectedRows() const override;

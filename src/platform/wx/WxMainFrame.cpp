@@ -13,6 +13,7 @@
 #include "platform/wx/WxIcons.h"
 #include "platform/wx/WxLayoutScaling.h"
 #include "platform/wx/WxManual.h"
+#include "platform/wx/WxSelectionColour.h"
 #include "platform/wx/WxText.h"
 
 namespace trevandix {
@@ -77,6 +78,7 @@ void WxMainFrame::placeOnScreen() {
 }
 
 void WxMainFrame::buildViews(StructureTree& tree, ListView& list, WxPointer& pointer) {
+    tellInactiveSelections();
     const auto workspace = wxSystemSettings::GetColour(wxSYS_COLOUR_APPWORKSPACE);
     body_ = new wxPanel(this);
     body_->SetBackgroundColour(workspace);

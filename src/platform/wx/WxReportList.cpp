@@ -17,8 +17,8 @@ constexpr int kHeaderMargin = 24;
 }  // namespace
 
 WxReportList::WxReportList(wxWindow* parent, const ListView& list)
-    : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL,
-                 wxDefaultValidator, "ListView1"),
+    : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                 wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_SIMPLE, wxDefaultValidator, "ListView1"),
       list_(list),
       scaling_(*this, {[this] { return widths(); }, [this](const auto& wanted) { setWidths(wanted); },
                        [this] { return least_; }}) {
@@ -34,17 +34,52 @@ WxReportList::WxReportList(wxWindow* parent, const ListView& list)
     });
 }
 
-void WxReportList::refill() {
+void WxReportList::refill(bool columns) {
     const wxWindowUpdateLocker frozen(this);
     const long rows = static_cast<long>(list_.rows().size());
-    if (GetItemCount() > 0) SetItemState(-1, 0, wxLIST_STATE_SELECTED);
-    SetItemCount(0);
-    buildColumns();
+    empty();
+    if (columns) buildColumns();
+    showSortArrow();
     loadImages();
     SetItemCount(rows);
     if (rows == 0) return;
-    EnsureVisible(0);
+    scrollTo(0, 0);
     SetItemState(0, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
+}
+
+// Rows that come later would be selected where all of these were.
+void WxReportList::empty() {
+    if (GetItemCount() > 0) SetItemState(-1, 0, wxLIST_STATE_SELECTED);
+    SetItemCount(0);
+}
+
+#ifdef __WXMSW__
+int WxReportList::left() const {
+    return GetScrollPos(wxHORIZONTAL);
+}
+#else
+int WxReportList::left() const {
+    return GetViewStart().x;
+}
+#endif
+
+void WxReportList::scrollTo(long row, int left) {
+    EnsureVisible(std::min<long>(row + GetCountPerPage(), GetItemCount()) - 1);
+    EnsureVisible(row);
+#ifdef __WXMSW__
+    if (left != this->left()) ScrollList(left - this->left(), 0);
+#else
+    Scroll(left, wxDefaultCoord);
+    Refresh();  // the header as well
+#endif
+}
+
+void WxReportList::showSortArrow() {
+    if (list_.sorted() && static_cast<int>(list_.sortKey()) < GetColumnCount()) {
+        ShowSortIndicator(static_cast<int>(list_.sortKey()), true);
+    } else {
+        RemoveSortIndicator();
+    }
 }
 
 void WxReportList::buildColumns() {

@@ -14,8 +14,14 @@ class WxReportList : public wxListCtrl {
 public:
     WxReportList(wxWindow* parent, const ListView& list);
 
-    /// Takes over columns and rows anew; nothing is selected any more.
-    void refill();
+    /// Takes over the rows anew, and the columns where they are other ones. Nothing is selected any more.
+    void refill(bool columns);
+    /// Shows no row.
+    void empty();
+    /// How far it is scrolled sideways, in the control's own unit.
+    int left() const;
+    /// Scrolls so that the row is the topmost, as far as there are enough below it.
+    void scrollTo(long row, int left);
 
 protected:
     wxString OnGetItemText(long row, long column) const override;
@@ -27,6 +33,7 @@ private:
     std::vector<int> widths() const;
     void setWidths(const std::vector<int>& widths);
     void loadImages();
+    void showSortArrow();
 
     const ListView& list_;
     mutable WxImageNames images_{kTreeIconSize};

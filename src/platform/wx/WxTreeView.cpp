@@ -37,11 +37,6 @@ NodeData& dataOf(const TreeNode& node) {
     return *static_cast<NodeData*>(node.viewItem);
 }
 
-bool liesIn(const TreeNode* node, const TreeNode& top) {
-    while (node != nullptr && node != &top) node = node->parent();
-    return node != nullptr;
-}
-
 }  // namespace
 
 WxTreeView::WxTreeView(wxWindow* parent, StructureTree& tree, WxInputGate& gate)
@@ -60,6 +55,7 @@ WxTreeView::WxTreeView(wxWindow* parent, StructureTree& tree, WxInputGate& gate)
     Bind(wxEVT_TREE_ITEM_EXPANDED, [this](wxTreeEvent& event) { onExpansion(event, true); });
     Bind(wxEVT_TREE_ITEM_COLLAPSED, [this](wxTreeEvent& event) { onExpansion(event, false); });
     Bind(wxEVT_LEFT_DOWN, &WxTreeView::onLeftDown, this);
+    Bind(wxEVT_LEFT_DCLICK, &WxTreeView::onLeftDoubleClick, this);
     if (tree_.root() != nullptr) {
         const WxRaised quiet(quiet_);
         insertSubtree(*tree_.root());
@@ -261,6 +257,7 @@ void WxTreeView::selectionChanged(const TreeNode* node) {
 void WxTreeView::highlightChanged(const TreeNode* node) {
     if (highlighted_ != nullptr) SetItemDropHighlight(itemOf(*highlighted_), false);
     if (node != nullptr) SetItemDropHighlight(itemOf(*node), true);
+    if ((node != nullptr) != (highlighted_ != nullptr)) Refresh();  // the selection changes its colour
     highlighted_ = node;
 }
 
@@ -297,11 +294,22 @@ void WxTreeView::batchEnds() {
     if (visibleLater_ != nullptr) madeVisible(*std::exchange(visibleLater_, nullptr));
 }
 
-// The control selects its root here when nothing is selected; that is nobody's click.
+// The control selects its root here when nothing is selected, and a node whose children it hides; neither is
+// a click of the user.
 void WxTreeView::OnInternalIdle() {
-    const WxRaised quiet(quiet_);
-    if (!leaving_.empty()) removeSome();
-    wxTreeCtrl::OnInternalIdle();
+    {
+        const WxRaised quiet(quiet_);
+        if (!leaving_.empty()) removeSome();
+        wxTreeCtrl::OnInternalIdle();
+    }
+    agree();
+}
+
+// The one place that keeps the highlight on the selected node, whatever the control did by itself. A click
+// that waits to be reported will move the selected node.
+void WxTreeView::agree() {
+    if (quiet_ > 0 || batches_ > 0 || clicked_ != nullptr || selectedNode() == tree_.selected()) return;
+    selectionChanged(tree_.selected());
 }
 
 void WxTreeView::click(TreeNode& node) {
@@ -327,6 +335,10 @@ void WxTreeView::onSelected(wxTreeEvent& event) {
 // Not passed on: the control would open or close the node.
 void WxTreeView::onActivated(wxTreeEvent& event) {
     if (nodeOf(event.GetItem()) == nullptr) return;
+    doubleClick();
+}
+
+void WxTreeView::doubleClick() {
     gate_.post(WxInputGate::Kind::Single, [](MainWindowEvents& events) { events.TreeView1_DblClick(); });
 }
 
@@ -348,6 +360,19 @@ void WxTreeView::onLeftDown(wxMouseEvent& event) {
     const bool onItem = (flags & (wxTREE_HITTEST_ONITEMICON | wxTREE_HITTEST_ONITEMLABEL)) != 0;
     if (!onItem || item != GetSelection()) return;
     if (TreeNode* node = nodeOf(item)) click(*node);
+}
+
+// Beside the nodes a double click acts on the selected one. The control reports only those on nodes.
+void WxTreeView::onLeftDoubleClick(wxMouseEvent& event) {
+    event.Skip();
+    int flags = 0;
+    const wxTreeItemId item = HitTest(event.GetPosition(), flags);
+#ifdef __WXMSW__
+    const bool reported = (flags & (wxTREE_HITTEST_ONITEM | wxTREE_HITTEST_ONITEMBUTTON)) != 0;
+#else
+    const bool reported = item.IsOk();
+#endif
+    if (!reported) doubleClick();
 }
 
 }  // namespace trevandix

@@ -25,10 +25,13 @@ public:
     /// The node in whose line a point of the window lies; nullptr for none.
     TreeNode* nodeAt(const wxPoint& point) const;
     TreeNode* selectedNode() const;
+    bool showsExpanded(const TreeNode& node) const { return IsExpanded(itemOf(node)); }
     /// Scrolls to it.
     void showSelection();
     /// Selects a node as a click of the user does.
     void pick(const TreeNode& node);
+    /// True while a node is dragged over another one.
+    bool showsDropTarget() const { return highlighted_ != nullptr; }
     /// Where a menu opens that the keyboard asks for.
     wxPoint menuPlace() const;
 
@@ -64,6 +67,9 @@ private:
     void onActivated(wxTreeEvent& event);
     void onExpansion(wxTreeEvent& event, bool expanded);
     void onLeftDown(wxMouseEvent& event);
+    void onLeftDoubleClick(wxMouseEvent& event);
+    void doubleClick();
+    void agree();
     TreeNode* nodeOf(const wxTreeItemId& item) const;
     static wxTreeItemId itemOf(const TreeNode& node);
 

@@ -1,0 +1,343 @@
+// A random user at the real main window: clicks, keys, drags, menus and finds by real input, with dialogs and
+// message boxes that answer at random. After each step the window must agree with the editor.
+//     trevandix-random-user [STEPS [SEED]]
+#include <wx/app.h>
+#include <wx/evtloop.h>
+#include <wx/timer.h>
+#include <wx/uiaction.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <random>
+#include <stdexcept>
+
+#include "FakePlatform.h"
+#include "Targets.h"
+#include "editor/CommandTable.h"
+#include "platform/wx/WxListView.h"
+#include "platform/wx/WxMainFrame.h"
+#include "platform/wx/WxText.h"
+
+namespace trevandix::testing {
+
+namespace {
+
+constexpr char kSample[] = "/water-works.xml";
+
+/// Passes on which commands are enabled and remembers it.
+struct Enabled : CommandBar {
+    explicit Enabled(CommandBar& shown) : bar(shown) {}
+    void enableMenu(std::string_view name, bool enabled) override {
+        menus[std::string(name)] = enabled;
+        bar.enableMenu(name, enabled);
+    }
+    void enableButton(std::string_view key, bool enabled) override { bar.enableButton(key, enabled); }
+    CommandBar& bar;
+    std::map<std::string, bool> menus;
+};
+
+class RandomUser {
+public:
+    explicit RandomUser(unsigned seed) : random_(seed) {
+        window_->attach(&editor_);
+        editor_.Form_Load();
+        window_->Show();
+        tree_ = dynamic_cast<WxTreeView*>(wxWindow::FindWindowByName("TreeView1", window_));
+        settle();
+        editor_.openFile(TREVANDIX_SAMPLES + std::string(kSample));
+        settle();
+        watchdog_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { input_.Char(WXK_ESCAPE); });
+    }
+    ~RandomUser() {
+        window_->attach(nullptr);
+        window_->Destroy();
+    }
+
+    void step() {
+        using Action = void (RandomUser::*)();
+        constexpr std::array<Action, 12> kActions{
+            &RandomUser::clickTree, &RandomUser::clickTree, &RandomUser::clickTree, &RandomUser::pressKey,
+            &RandomUser::pressKey,  &RandomUser::pressKey,  &RandomUser::clickList, &RandomUser::clickList,
+            &RandomUser::drag,      &RandomUser::find,      &RandomUser::openMenu,  &RandomUser::choose};
+        messages_.answers.assign(4, below(3) == 0 ? Answer::No : Answer::Yes);
+        forms_.scripts.assign(1, [this](FakeForm& form) {
+            fuzz::fillDialog(
+                form, [this] { return below(256); }, [this] { return name(); });
+        });
+        clipboard_.contents = name() + "\r\n" + name();
+        const std::vector<std::string> before = rowKeys();
+        did_.clear();
+        (this->*kActions[below(kActions.size())])();
+        settle();
+        for (const std::string& text : messages_.take()) {
+            loose_ = loose_ || text.find("Error n.") != std::string::npos;
+            did_ += " [" + text + "]";
+        }
+        compare(before);
+        if (configuration_.items.size() < 60) reopen();
+    }
+
+    const std::string& did() const { return did_; }
+
+private:
+    unsigned below(std::size_t count) { return static_cast<unsigned>(random_() % count); }
+    std::string name() {
+        return std::string(1, static_cast<char>('A' + below(26))) + std::to_string(below(90));
+    }
+
+    // Until neither input nor anything that it has caused is under way.
+    void settle() {
+        wxEventLoopBase& loop = *wxEventLoopBase::GetActive();
+        for (int calm = 0; calm < 6; ++calm) {
+            while (loop.Pending() || wxTheApp->HasPendingEvents()) {
+                wxTheApp->ProcessPendingEvents();
+                if (loop.Pending()) loop.Dispatch();
+                calm = 0;
+            }
+            loop.ProcessIdle();
+            wxMilliSleep(1);
+        }
+    }
+
+    void moveTo(const wxWindow& window, const wxPoint& point) {
+        input_.MouseMove(window.ClientToScreen(point));
+        settle();
+    }
+
+    wxPoint pointIn(const wxWindow& window) {
+        const wxSize size = window.GetClientSize();
+        return {static_cast<int>(below(static_cast<std::size_t>(size.x))),
+                static_cast<int>(below(static_cast<std::size_t>(size.y)))};
+    }
+
+    // Mostly where the lines' texts and triangles are.
+    wxPoint pointInTree() {
+        wxPoint point = pointIn(*tree_);
+        if (below(8) != 0) point.x = point.x / 3;
+        return point;
+    }
+
+    wxWindow& list() const {
+        wxWindow* shown = nullptr;
+        for (wxWindow* each : wxWindow::FindWindowByName("ListView1", window_)->GetParent()->GetChildren())
+            if (each->IsShown()) shown = each;
+        return *shown;
+    }
+
+    void clickTree() {
+        const wxPoint point = pointInTree();
+        did_ = "click in the tree at " + std::to_string(point.x) + "," + std::to_string(point.y);
+        moveTo(*tree_, point);
+        below(8) == 0 ? input_.MouseDblClick() : input_.MouseClick();
+    }
+
+    void clickList() {
+        const wxPoint point = pointIn(list());
+        constexpr std::array kModifiers{0, 0, 0, static_cast<int>(wxMOD_CONTROL),
+                                        static_cast<int>(wxMOD_SHIFT)};
+        const int modifiers = kModifiers[below(kModifiers.size())];
+        did_ = "click in the list at " + std::to_string(point.x) + "," + std::to_string(point.y);
+        moveTo(list(), {point.x, point.y / (1 + static_cast<int>(below(6)))});
+        hold(modifiers, true);
+        below(8) == 0 ? input_.MouseDblClick() : input_.MouseClick();
+        hold(modifiers, false);
+    }
+
+    void hold(int modifiers, bool down) {
+        for (const auto& [flag, key] :
+             {std::pair(wxMOD_CONTROL, WXK_CONTROL), std::pair(wxMOD_SHIFT, WXK_SHIFT)}) {
+            if ((modifiers & flag) == 0) continue;
+            down ? input_.KeyDown(key) : input_.KeyUp(key);
+        }
+    }
+
+    void pressKey() {
+        struct Press {
+            int key;
+            int modifiers;
+        };
+        static constexpr std::array kKeys{
+            Press{WXK_UP, 0},          Press{WXK_DOWN, 0},           Press{WXK_LEFT, 0},
+            Press{WXK_RIGHT, 0},       Press{WXK_HOME, 0},           Press{WXK_END, 0},
+            Press{WXK_PAGEUP, 0},      Press{WXK_PAGEDOWN, 0},       Press{WXK_TAB, 0},
+            Press{WXK_F6, 0},          Press{WXK_RETURN, 0},         Press{WXK_DELETE, 0},
+            Press{'A', wxMOD_CONTROL}, Press{'C', wxMOD_CONTROL},    Press{'X', wxMOD_CONTROL},
+            Press{'V', wxMOD_CONTROL}, Press{WXK_DOWN, wxMOD_SHIFT}, Press{'P', 0}};
+        for (unsigned presses = 1 + below(4); presses > 0; --presses) {
+            const Press press = kKeys[below(kKeys.size())];
+            did_ += "key " + std::to_string(press.key) + "+" + std::to_string(press.modifiers) + " ";
+            input_.Char(press.key, press.modifiers);
+            if (below(2) == 0) settle();
+        }
+    }
+
+    // Branches and items only: dragged units part from their records.
+    void drag() {
+        const wxPoint from = pointInTree();
+        const TreeNode* node = tree_->nodeAt(from);
+        if (node == nullptr || (node->tag() != NodeTag::Item && node->tag() != NodeTag::Branch)) return;
+        did_ = "drag of " + node->key().str();
+        const bool copies = below(2) == 0;
+        if (copies) input_.KeyDown(WXK_CONTROL);
+        moveTo(*tree_, from);
+        input_.MouseDown(wxMOUSE_BTN_RIGHT);
+        settle();
+        for (int moves = 0; moves < 3; ++moves) moveTo(*tree_, pointInTree());
+        if (below(6) == 0) input_.Char(WXK_ESCAPE);
+        watchdog_.StartOnce(150);  // where it was no drag, a menu opens
+        input_.MouseUp(wxMOUSE_BTN_RIGHT);
+        settle();
+        if (copies) input_.KeyUp(WXK_CONTROL);
+        loose_ = true;
+    }
+
+    void openMenu() {
+        did_ = "right click";
+        wxWindow& place = below(2) == 0 ? static_cast<wxWindow&>(*tree_) : list();
+        moveTo(place, pointIn(place));
+        watchdog_.StartOnce(150);
+        input_.MouseClick(wxMOUSE_BTN_RIGHT);
+    }
+
+    void find() {
+        did_ = "find";
+        loose_ = true;
+        if (find_ != nullptr && below(3) == 0) {
+            input_.Char(WXK_F3);
+            return;
+        }
+        window_->perform([this] {
+            editor_.commandChosen("mnuFind");
+            if (find_ == nullptr) find_ = forms_.last;
+            find_->type("txtFind", name().substr(0, 1));
+            find_->press(below(2) == 0 ? "cmdFind" : "cmdNext");
+        });
+    }
+
+    void choose() {
+        constexpr std::array kCommands{"mnuAddMBType", "mnuAddPlc", "mnuAddBranch", "mnuAddItem",  "mnuPaste",
+                                       "mnuIcon",      "mnuList",   "mnuReport",    "mnuPasteName"};
+        const std::string command = kCommands[below(kCommands.size())];
+        if (!commands_.menus[command]) return;
+        did_ = command;
+        loose_ = loose_ || command == "mnuAddBranch";
+        window_->perform([&] { editor_.commandChosen(command); });
+    }
+
+    void reopen() {
+        window_->perform([this] { editor_.openFile(TREVANDIX_SAMPLES + std::string(kSample)); });
+        messages_.take();
+        settle();
+        loose_ = false;
+    }
+
+    // Sorted, as the user may have sorted the list.
+    std::vector<std::string> rowKeys() const {
+        std::vector<std::string> keys;
+        for (const ListRow& row : list_.rows()) keys.push_back(row.key);
+        std::ranges::sort(keys);
+        return keys;
+    }
+
+    static void expect(bool holds, const std::string& what) {
+        if (!holds) throw std::logic_error(what);
+    }
+
+    void compare(const std::vector<std::string>& before) {
+        const StructureTree& tree = configuration_.tree;
+        const TreeNode* selected = tree.selected();
+        expect(tree_->selectedNode() == selected, "the highlight is not the selected node");
+        for (const TreeNode* up = selected->parent(); up != nullptr; up = up->parent())
+            expect(up->expanded(), "the selected node is hidden: " + selected->key().str());
+        for (const TreeNode* node = tree.root(); node != nullptr; node = nextBelow(*node, *tree.root()))
+            expect(node->childCount() == 0 || tree_->showsExpanded(*node) == node->expanded(),
+                   "shown otherwise than expanded: " + node->key().str());
+        compareList(before);
+        // A data type that got another name leaves its node behind.
+        for (const std::string& fault : disagreements(configuration_))
+            expect(fault.starts_with("datatype "), fault);
+    }
+
+    // The rows are those of the selected node, or still the earlier ones where the step may leave them so.
+    void compareList(const std::vector<std::string>& before) {
+        if (configuration_.tree.selected()->tag() == NodeTag::ModBus)
+            return;  // records without nodes are shown too
+        const std::vector<std::string> keys = rowKeys();
+        for (const std::size_t row : list_.selectedRows())
+            expect(row < keys.size(), "a row that is not there is selected");
+        if (keys == wantedKeys(*configuration_.tree.selected())) {
+            loose_ = false;
+            return;
+        }
+        std::string shown;
+        for (const std::string& key : keys) shown += " " + key;
+        expect(loose_ && keys == before, "the list does not show what " +
+                                             configuration_.tree.selected()->key().str() + " holds, but" +
+                                             shown);
+    }
+
+    std::vector<std::string> wantedKeys(const TreeNode& node) const {
+        std::vector<std::string> keys;
+        if (node.tag() == NodeTag::Plc || node.tag() == NodeTag::Item) return {node.key().str()};
+        for (const TreeNode* child = node.firstChild(); child != nullptr; child = child->nextSibling()) {
+            const bool listed = node.tag() == NodeTag::Config   ? child->tag() == NodeTag::Plc
+                                : node.tag() == NodeTag::Branch ? child->tag() == NodeTag::Item
+                                                                : true;
+            if (listed) keys.push_back(child->key().str());
+        }
+        std::ranges::sort(keys);
+        return keys;
+    }
+
+    std::mt19937 random_;
+    Configuration configuration_;
+    ListView list_;
+    WxPointer pointer_;
+    FakeMessages messages_;
+    FakeFileDialog fileDialog_;
+    FakeClipboard clipboard_;
+    FakeRegistry registry_;
+    PugiXmlParser parser_;
+    FakeForms forms_;
+    WxMainFrame* window_ = new WxMainFrame(commandTables(), configuration_.tree, list_, pointer_);
+    Enabled commands_{*window_};
+    Platform platform_{messages_, fileDialog_, clipboard_, registry_, pointer_,
+                       parser_,   forms_,      *window_,   commands_, "."};
+    frmEditing editor_{platform_, configuration_, list_};
+    WxTreeView* tree_ = nullptr;
+    FakeForm* find_ = nullptr;  ///< from the first find on
+    wxUIActionSimulator input_;
+    wxTimer watchdog_;
+    std::string did_;
+    bool loose_ = false;  ///< the list may show something else than the selected node's contents
+};
+
+}  // namespace
+
+class App : public wxApp {
+public:
+    int OnRun() override {
+        const unsigned steps = argc > 1 ? static_cast<unsigned>(wxAtoi(argv[1])) : 300;
+        const unsigned seed = argc > 2 ? static_cast<unsigned>(wxAtoi(argv[2])) : std::random_device()();
+        wxGUIEventLoop loop;
+        const wxEventLoopActivator active(&loop);
+        RandomUser user(seed);
+        for (unsigned step = 1; step <= steps; ++step) {
+            try {
+                user.step();
+            } catch (const std::exception& fault) {
+                std::fprintf(stderr, "seed %u, step %u, %s: %s\n", seed, step, user.did().c_str(),
+                             fault.what());
+                return 1;
+            }
+        }
+        std::printf("%u steps, seed %u: the window agreed with the editor after each\n", steps, seed);
+        return 0;
+    }
+    bool OnInit() override { return true; }
+};
+
+}  // namespace trevandix::testing
+
+wxIMPLEMENT_APP(trevandix::testing::App);
