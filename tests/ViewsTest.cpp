@@ -108,6 +108,72 @@ TEST(Views, RowsOfABranch) {
     }
 }
 
+// What hides or deletes the selected node runs the select-node routine on the one that is selected then. A
+// row whose node has gone only reports the error.
+TEST(Views, ListShowsTheSelectedNode) {
+    PlantedWorkplace place({"P", "P.A/", "P.A.B/", "P.A.B.x", "P.A.y", "P.C/", "P.C.z", "Q"});
+    const auto rows = [&] {
+        std::string keys = place.selectedKey() + ":";
+        for (const ListRow& row : place.list.rows()) keys += " " + row.key;
+        return keys;
+    };
+    place.at("P.A.B.x").editor.treeExpansionChanged(place.node("P.A"), false);
+    EXPECT_EQ(rows(), "P.A: P.A.y");
+    place.editor.treeExpansionChanged(place.node("P.C"), false);
+    EXPECT_EQ(rows(), "P.A: P.A.y");
+    place.window.focus = FocusedView::Tree;
+    place.run("mnuDelete");
+    EXPECT_EQ(rows(), "P.C: P.C.z");
+    place.click("Q");
+    place.run("mnuDelete");
+    EXPECT_EQ(rows(), "P: P");
+
+    place.drag("P.C.z", "P", true);
+    place.click("P.z");
+    EXPECT_EQ(rows(), "P.z: P.z");
+    place.at("P.C", {"z"}).drag("P.C.z", "ModBus");
+    place.messages.take();
+    place.forms.shown.clear();
+    place.editor.ListView1_DblClick();
+    EXPECT_EQ(place.messages.take(), failure("35601  Element not found", "ListView1_DblClick"));
+    EXPECT_EQ(place.forms.shown, Texts{});
+}
+
+// Rows keep their selection when they are sorted, shown otherwise or shown again, and the commands go with
+// it.
+TEST(Views, RowsStaySelected) {
+    Workplace place;
+    startPlant(place);
+    plant(place, {"P", "P.A/", "P.A.a", "P.A.b", "P.A.c", "P.B/", "P.B.d"});
+    place.item("P.A.c").sComment("1");
+    place.item("P.A.a").sComment("2");
+    place.click("P.A");
+    place.selectRows({"c", "b"});
+    place.editor.ListView1_ColumnClick(1);
+    const auto selected = [&] {
+        Texts texts;
+        for (const std::size_t row : place.list.selectedRows()) texts.push_back(place.list.rows()[row].text);
+        return texts;
+    };
+    EXPECT_EQ(selected(), (Texts{"b", "c"}));
+    for (const char* mode : {"mnuIcon", "mnuReport"}) place.run(mode);
+    place.editor.ListView1_DblClick();
+    EXPECT_EQ(selected(), (Texts{"b", "c"}));
+    EXPECT_TRUE(place.window.menus["mnuCopy"]);
+    place.run("mnuDelete");
+    EXPECT_EQ(selected(), Texts{});
+    EXPECT_FALSE(place.window.menus["mnuCopy"]);
+    place.selectRows({"a"});
+    place.forms.scripts.push_back([](FakeForm& form) {
+        fillItem(form, "renamed");
+        form.press("cmdOk");
+    });
+    place.editor.ListView1_DblClick();
+    EXPECT_EQ(selected(), Texts{"renamed"});
+    place.click("P.B");
+    EXPECT_EQ(selected(), Texts{});
+}
+
 TEST(Views, ColumnSortIsAlwaysAscendingAndStays) {
     WaterWorks place;
     place.click("ModBus");

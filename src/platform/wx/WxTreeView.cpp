@@ -366,7 +366,7 @@ void WxTreeView::onLeftDown(wxMouseEvent& event) {
 void WxTreeView::onLeftDoubleClick(wxMouseEvent& event) {
     event.Skip();
     int flags = 0;
-    const wxTreeItemId item = HitTest(event.GetPosition(), flags);
+    [[maybe_unused]] const wxTreeItemId item = HitTest(event.GetPosition(), flags);
 #ifdef __WXMSW__
     const bool reported = (flags & (wxTREE_HITTEST_ONITEM | wxTREE_HITTEST_ONITEMBUTTON)) != 0;
 #else
