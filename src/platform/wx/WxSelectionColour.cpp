@@ -4,8 +4,6 @@
 #include <wx/dc.h>
 #include <wx/renderer.h>
 #include <wx/settings.h>
-
-#include "platform/wx/WxTreeView.h"
 #endif
 
 namespace trevandix {
@@ -29,10 +27,7 @@ public:
     Renderer() : wxDelegateRendererNative(wxRendererNative::GetDefault()) {}
 
     void DrawItemSelectionRect(wxWindow* window, wxDC& dc, const wxRect& rect, int flags) override {
-        // While a node is dragged, only the one that it would be dropped on stands out.
-        const auto* tree = dynamic_cast<const WxTreeView*>(window);
-        const bool active = (flags & wxCONTROL_FOCUSED) != 0 && (tree == nullptr || !tree->showsDropTarget());
-        if (active || (flags & wxCONTROL_SELECTED) == 0)
+        if ((flags & wxCONTROL_FOCUSED) != 0 || (flags & wxCONTROL_SELECTED) == 0)
             return wxDelegateRendererNative::DrawItemSelectionRect(window, dc, rect, flags);
         const wxDCPenChanger pen(dc, *wxTRANSPARENT_PEN);
         const wxDCBrushChanger brush(dc, inactiveColour());

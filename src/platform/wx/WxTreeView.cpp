@@ -1,6 +1,7 @@
 #include "platform/wx/WxTreeView.h"
 
 #include <wx/app.h>
+#include <wx/settings.h>
 #include <wx/wupdlock.h>
 #ifdef __WXMSW__
 #include <wx/msw/wrapwin.h>
@@ -35,6 +36,18 @@ public:
 
 NodeData& dataOf(const TreeNode& node) {
     return *static_cast<NodeData*>(node.viewItem);
+}
+
+// Between the colours of selected lines and of others, so that their text can be read on it.
+wxColour dropColour() {
+    constexpr double kSelectedShare = 0.35;
+    const wxColour selected = wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT);
+    const wxColour other = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX);
+    const auto blend = [](unsigned char top, unsigned char below) {
+        return wxColour::AlphaBlend(top, below, kSelectedShare);
+    };
+    return {blend(selected.Red(), other.Red()), blend(selected.Green(), other.Green()),
+            blend(selected.Blue(), other.Blue())};
 }
 
 }  // namespace
@@ -254,10 +267,11 @@ void WxTreeView::selectionChanged(const TreeNode* node) {
     madeVisible(*node);
 }
 
+// Not the control's own highlight: many systems draw that like the selection, which is often the node
+// dragged.
 void WxTreeView::highlightChanged(const TreeNode* node) {
-    if (highlighted_ != nullptr) SetItemDropHighlight(itemOf(*highlighted_), false);
-    if (node != nullptr) SetItemDropHighlight(itemOf(*node), true);
-    if ((node != nullptr) != (highlighted_ != nullptr)) Refresh();  // the selection changes its colour
+    if (highlighted_ != nullptr) SetItemBackgroundColour(itemOf(*highlighted_), wxNullColour);
+    if (node != nullptr) SetItemBackgroundColour(itemOf(*node), dropColour());
     highlighted_ = node;
 }
 

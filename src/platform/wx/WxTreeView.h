@@ -30,8 +30,6 @@ public:
     void showSelection();
     /// Selects a node as a click of the user does.
     void pick(const TreeNode& node);
-    /// True while a node is dragged over another one.
-    bool showsDropTarget() const { return highlighted_ != nullptr; }
     /// Where a menu opens that the keyboard asks for.
     wxPoint menuPlace() const;
 
