@@ -156,6 +156,7 @@ TEST(ItemRecord, RowOfTheList) {
     EXPECT_EQ(row("coil:anything", 7, 0, 0), "7/BIT00 CO0000700");
     EXPECT_EQ(row("input status:x array", 1, 0, 2), "1/BIT00/LEN2 IS0000100");
     EXPECT_EQ(row("holding register:signed 16 bit", 123456, 0, 0), "123456 HR12345600");
+    EXPECT_EQ(row("holding register:boolean", -7, -5, 0), "-7/BIT-05 HR-00007-05");
     EXPECT_EQ(row("input register:string", 5, 0, 10), "5/LEN10 IR0000500");
     EXPECT_EQ(row("my table:signed 16 bit", 5, 0, 0), "5 0000500");
 }

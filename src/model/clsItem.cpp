@@ -1,7 +1,8 @@
 #include "model/clsItem.h"
 
+#include <algorithm>
 #include <array>
-#include <cstdio>
+#include <cstdlib>
 #include <unordered_map>
 
 #include "model/Numbers.h"
@@ -75,10 +76,10 @@ struct TagFrame {
     }
 };
 
-std::string padded(int value, const char* pattern) {
-    std::array<char, 16> digits;
-    const int length = std::snprintf(digits.data(), digits.size(), pattern, value);
-    return {digits.data(), static_cast<std::size_t>(length)};
+/// At least so many digits, with the sign in front of them.
+std::string padded(std::int64_t value, std::size_t digits) {
+    const std::string number = std::to_string(std::abs(value));
+    return (value < 0 ? "-" : "") + std::string(digits - std::min(digits, number.size()), '0') + number;
 }
 
 }  // namespace
@@ -131,7 +132,7 @@ void clsItem::SetByCopy(const clsItem& source, const Key& container, std::int16_
 
 std::string clsItem::addressText(std::string_view label) const {
     std::string text = std::to_string(nAddress_);
-    if (isBoolean(label)) text += "/BIT" + padded(nBitNumber_, "%02d");
+    if (isBoolean(label)) text += "/BIT" + padded(nBitNumber_, 2);
     if (hasElements(label)) text += "/LEN" + std::to_string(nElements_);
     return text;
 }
@@ -143,7 +144,7 @@ std::string clsItem::indexText(std::string_view table) const {
     for (const auto& [name, code] : kCodes) {
         if (table == name) text = code;
     }
-    return text + padded(nAddress_, "%05d") + padded(nBitNumber_, "%02d");
+    return text + padded(nAddress_, 5) + padded(nBitNumber_, 2);
 }
 
 void clsItem::AddToListView(ListView& list, bool index) const {

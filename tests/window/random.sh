@@ -1,0 +1,8 @@
+#!/usr/bin/env bash
+# A random user at the real main window: after each step highlight, rows and tree agree with the editor.
+. "$(dirname "$0")/lib.sh"
+
+user=("$(dirname "$program")/trevandix-random-user")
+if [ -n "$under_wine" ]; then user=(wine "$window_root/build/windows-obj/trevandix-random-user.exe"); fi
+until_true 10 xdotool get_desktop >/dev/null 2>&1 || fail "no window manager: $(cat "$folder/openbox")"
+for seed in 1 2; do "${user[@]}" 200 "$seed" || fail "the window and the editor do not agree"; done
