@@ -85,6 +85,7 @@ public:
 
     // Each gives the record added last, by a dialog, its node. The record leaves its collection again when
     // the tree refuses the node. Errors: KeyNotUnique; ElementNotFound where there is no ModBus folder.
+    /// Reuses the node of that name when it has lost its record.
     TreeNode& addNodeOfLastDataType();
     TreeNode& addNodeOfLastUnit();
     TreeNode& addNodeOfLastBranch(TreeNode& parent);
