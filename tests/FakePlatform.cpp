@@ -65,7 +65,9 @@ void FakeForm::setText(std::string_view name, std::string_view text) {
     State& control = state(name);
     const bool listed = control.shape->kind != ControlKind::Choice ||
                         std::ranges::find(control.items, text) != control.items.end();
-    control.text = listed ? text : std::string_view();
+    const bool box = control.shape->kind == ControlKind::Text || control.shape->kind == ControlKind::Combo;
+    control.text = listed ? (box ? BoxText::oneLine(text) : std::string(text)) : std::string();
+    control.box.set(listed ? text : std::string_view(), control.text);
 }
 
 void FakeForm::setItems(std::string_view name, const Texts& items) {
@@ -104,7 +106,8 @@ void FakeForm::close() {
 void FakeForm::type(std::string_view name, std::string_view text) {
     State& control = usable(name);
     if (control.shape->kind == ControlKind::Choice) throw std::logic_error("takes no typed text");
-    control.text = filtered(control.shape->filter, text);
+    const std::string kept = entered(control.shape->filter, text);
+    if (!kept.empty() || text.empty()) control.text = kept;
 }
 
 void FakeForm::choose(std::string_view name, std::string_view item) {
@@ -125,6 +128,19 @@ void FakeForm::toggle(std::string_view name) {
 void FakeForm::press(std::string_view name) {
     const Handler handler = usable(name).handler;
     if (handler) handler();
+}
+
+void FakeForm::escape() {
+    const State& cancel = state(shape.cancelButton);
+    const State& around = cancel.shape->frame.empty() ? cancel : state(cancel.shape->frame);
+    if (cancel.enabled && around.enabled) return press(shape.cancelButton);
+    const auto frame = std::ranges::find_if(controls_, [](const auto& control) {
+        const State& each = control.second;
+        return each.shape->kind == ControlKind::Frame && each.visible && each.enabled && each.handler;
+    });
+    if (frame == controls_.end()) return close();
+    const Handler handler = frame->second.handler;
+    handler();
 }
 
 void FakeForm::fill(std::string_view fields) {

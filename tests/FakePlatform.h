@@ -59,7 +59,7 @@ struct FakePointer : MousePointer {
 /// would.
 struct FakeForm : Form {
     explicit FakeForm(const FormSpec& shape);
-    std::string text(std::string_view name) const override { return state(name).text; }
+    std::string text(std::string_view name) const override { return state(name).box.text(state(name).text); }
     void setText(std::string_view name, std::string_view text) override;
     void setItems(std::string_view name, const Texts& items) override;
     Texts items(std::string_view name) const override { return state(name).items; }
@@ -79,13 +79,14 @@ struct FakeForm : Form {
     void close() override;
 
     // What a user does: replaces a text box's contents, through its filter; picks an entry of a list;
-    // switches a check box, or chooses an option; presses a button; types or chooses into each field, told as
-    // "name=text|name=text". Each refuses (throws std::logic_error) what a disabled or hidden control would
-    // not let him.
+    // switches a check box, or chooses an option; presses a button, or Escape; types or chooses into each
+    // field, told as "name=text|name=text". Each refuses (throws std::logic_error) what a disabled or hidden
+    // control would not let him.
     void type(std::string_view name, std::string_view text);
     void choose(std::string_view name, std::string_view item);
     void toggle(std::string_view name);
     void press(std::string_view name);
+    void escape();
     void fill(std::string_view fields);
     /// The same fields, told in the same way, with what they show now.
     std::string shown(std::string_view fields) const;
@@ -101,7 +102,8 @@ struct FakeForm : Form {
 private:
     struct State {
         const ControlSpec* shape = nullptr;
-        std::string text;
+        std::string text;  ///< as shown
+        BoxText box;
         Texts items;
         bool enabled = true;
         bool visible = true;

@@ -23,9 +23,9 @@ TEST(NameRules, TheFirstForbiddenCharacterOfTheListIsNamed) {
 }
 
 TEST(NameRules, NumericBoxesKeepNumbersAndItemNamesKeepWordCharacters) {
-    EXPECT_EQ(filtered(KeyFilter::Numeric, "x1e-2.5 +,7\tA"), "1-2.5 7\t");
-    EXPECT_EQ(filtered(KeyFilter::ItemName, "N\xC3\xA9w Item.3-a_Z\t\n"), "NwItem3-a_Z");
-    EXPECT_EQ(filtered(KeyFilter::None, "a b\xC3\xA9"), "a b\xC3\xA9");
+    EXPECT_EQ(entered(KeyFilter::Numeric, "x1e-2.5 +,7\tA3"), "1-2.5 7");
+    EXPECT_EQ(entered(KeyFilter::ItemName, "N\xC3\xA9w Item.3-a_Z\rb"), "NwItem3-a_Z");
+    EXPECT_EQ(entered(KeyFilter::None, "a b\xC3\xA9\nc"), "a b\xC3\xA9");
     EXPECT_TRUE(keeps(KeyFilter::Numeric, 8) && keeps(KeyFilter::ItemName, 8));
 }
 

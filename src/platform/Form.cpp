@@ -4,6 +4,12 @@
 
 namespace trevandix {
 
+namespace {
+
+constexpr std::string_view kBreaks = "\r\n\t";
+
+}  // namespace
+
 bool keeps(KeyFilter filter, char32_t c) {
     const bool digit = c >= '0' && c <= '9';
     switch (filter) {
@@ -18,13 +24,22 @@ bool keeps(KeyFilter filter, char32_t c) {
     return true;
 }
 
-std::string filtered(KeyFilter filter, std::string_view text) {
+std::string entered(KeyFilter filter, std::string_view text) {
+    text = text.substr(0, text.find_first_of(kBreaks));
     std::string kept;
     for (std::size_t at = 0; at < text.size();) {
         const char32_t c = nextCodePoint(text, at);
         if (keeps(filter, c)) appendUtf8(kept, c);
     }
     return kept;
+}
+
+std::string BoxText::oneLine(std::string_view text) {
+    std::string line(text);
+    for (char& c : line) {
+        if (kBreaks.find(c) != std::string_view::npos) c = ' ';
+    }
+    return line;
 }
 
 }  // namespace trevandix

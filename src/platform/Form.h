@@ -26,8 +26,28 @@ enum class KeyFilter { None, Numeric, ItemName };
 
 /// True when the filter keeps the character.
 bool keeps(KeyFilter filter, char32_t character);
-/// The text without the characters that the filter discards.
-std::string filtered(KeyFilter filter, std::string_view text);
+/// The part of a typed or pasted text that a one-line box accepts: everything before the first line break or
+/// TAB, without the characters that the filter discards.
+std::string entered(KeyFilter filter, std::string_view text);
+
+/// The text behind a one-line box. A stored text may contain what such a box cannot show; it is returned
+/// unchanged until the user edits the box.
+class BoxText {
+public:
+    /// The text with line breaks and TABs as blanks, as the box shows it.
+    static std::string oneLine(std::string_view text);
+    /// `shown` is what the box then holds.
+    void set(std::string_view text, std::string_view shown) {
+        text_ = text;
+        shown_ = shown;
+    }
+    /// `shown` is what the box holds now.
+    const std::string& text(const std::string& shown) const { return shown == shown_ ? text_ : shown; }
+
+private:
+    std::string text_;
+    std::string shown_;
+};
 
 /// Where a control goes, seen from the one before it in the table.
 enum class Place { NextRow, SameRow, ButtonRow, ButtonColumn };
@@ -58,7 +78,7 @@ struct FormSpec {
     /// Pressed by Enter. While it is out of reach, Enter presses the button of the frame that has the
     /// keyboard.
     std::string_view defaultButton;
-    /// Pressed by Escape. Empty, or out of reach, Escape only closes the form.
+    /// Pressed by Escape. Empty, or out of reach, Escape only closes the form, or a frame with a handler.
     std::string_view cancelButton;
     std::string_view initialFocus;  ///< empty for the first control
 };
@@ -90,7 +110,8 @@ public:
     virtual void setFocus(std::string_view name) = 0;
     virtual void setCells(std::string_view name, const std::vector<std::vector<std::string>>& rows) = 0;
 
-    /// A press of a button, check box or option; an entry chosen in a list by the user.
+    /// A press of a button, check box or option; an entry chosen in a list by the user; Escape for a frame
+    /// that is shown while the cancel button is out of reach.
     virtual void on(std::string_view name, Handler handler) = 0;
     /// The form is closed by its title bar or Escape where there is no cancel button, or has been closed by
     /// `close`.

@@ -17,7 +17,6 @@
 #include "platform/wx/WxAccessibleName.h"
 #include "platform/wx/WxGrid.h"
 #include "platform/wx/WxText.h"
-#include "platform/wx/WxTextBox.h"
 
 namespace trevandix {
 
@@ -33,20 +32,11 @@ void setSize(wxControl& field, int columns) {
                             std::max(height, field.GetBestSize().GetHeight())));
 }
 
-wxWindow* makeText(wxWindow& parent, const ControlSpec& shape) {
-    auto* box = new WxTextBox(&parent, shape.filter);
-    setSize(*box, shape.columns);
-    return box;
-}
-
-wxWindow* makeList(wxWindow& parent, const ControlSpec& shape) {
-    wxControl* list = nullptr;
-    if (shape.kind == ControlKind::Choice)
-        list = new wxChoice(&parent, wxID_ANY);
-    else
-        list = new wxComboBox(&parent, wxID_ANY);
-    setSize(*list, shape.columns);
-    return list;
+template <typename Field>
+Field* makeField(wxWindow& parent, const ControlSpec& shape) {
+    auto* field = new Field(&parent, wxID_ANY);
+    setSize(*field, shape.columns);
+    return field;
 }
 
 wxWindow* makeWindow(wxWindow& parent, const ControlSpec& shape, const wxString& caption, bool startsGroup) {
@@ -54,10 +44,11 @@ wxWindow* makeWindow(wxWindow& parent, const ControlSpec& shape, const wxString&
         case ControlKind::Heading:
             return new wxStaticText(&parent, wxID_ANY, caption);
         case ControlKind::Text:
-            return makeText(parent, shape);
+            return makeField<wxTextCtrl>(parent, shape);
         case ControlKind::Choice:
+            return makeField<wxChoice>(parent, shape);
         case ControlKind::Combo:
-            return makeList(parent, shape);
+            return makeField<wxComboBox>(parent, shape);
         case ControlKind::Check:
             return new wxCheckBox(&parent, wxID_ANY, caption);
         case ControlKind::Option:
@@ -91,6 +82,8 @@ WxControl WxControl::make(wxWindow& parent, const ControlSpec& shape, bool start
     }
     control.window = makeWindow(parent, shape, caption, startsGroup);
     control.window->SetName(toWx(shape.name));
+    if (auto* entry = dynamic_cast<wxTextEntry*>(control.window))
+        control.box = std::make_unique<WxTextBox>(*control.window, *entry, shape.filter);
     const bool ownName = !control.isField() && shape.kind != ControlKind::Grid;
     setAccessibleName(*control.window, ownName ? wxString() : toWx(control.caption), toWx(shape.description));
     return control;
@@ -113,49 +106,36 @@ bool WxControl::listIsOpen() const {
 }
 
 std::string WxControl::text() const {
-    if (shape->kind == ControlKind::Text) return fromWx(static_cast<wxTextCtrl*>(window)->GetValue());
-    if (shape->kind == ControlKind::Combo) return fromWx(static_cast<wxComboBox*>(window)->GetValue());
-    if (shape->kind == ControlKind::Choice)
-        return fromWx(static_cast<wxChoice*>(window)->GetStringSelection());
-    return caption;
+    if (box != nullptr) return box->text();
+    if (shape->kind != ControlKind::Choice) return caption;
+    const int chosen = static_cast<wxChoice*>(window)->GetSelection();
+    return chosen == wxNOT_FOUND ? std::string() : entries[static_cast<std::size_t>(chosen)];
 }
 
 void WxControl::setText(std::string_view text, AccessKeys& keys) {
-    const wxString value = toWx(text);
-    switch (shape->kind) {
-        case ControlKind::Text:
-            static_cast<WxTextBox*>(window)->setText(value);
-            return;
-        case ControlKind::Choice: {
-            auto* list = static_cast<wxChoice*>(window);
-            list->SetSelection(list->FindString(value, true));
-            return;
-        }
-        case ControlKind::Combo:
-            static_cast<wxComboBox*>(window)->ChangeValue(value);
-            return;
-        default:
-            caption = fromWx(wxControl::RemoveMnemonics(value));
-            window->SetLabel(takesAccessKey(shape->kind)
-                                 ? toWx(keys.marked(text, AccessKeys::keyOf(fromWx(window->GetLabel()))))
-                                 : value);
+    if (box != nullptr) {
+        box->setText(text);
+    } else if (shape->kind == ControlKind::Choice) {
+        const auto entry = std::ranges::find(entries, text);
+        static_cast<wxChoice*>(window)->SetSelection(
+            entry == entries.end() ? wxNOT_FOUND : static_cast<int>(entry - entries.begin()));
+    } else {
+        const wxString value = toWx(text);
+        caption = fromWx(wxControl::RemoveMnemonics(value));
+        window->SetLabel(takesAccessKey(shape->kind)
+                             ? toWx(keys.marked(text, AccessKeys::keyOf(fromWx(window->GetLabel()))))
+                             : value);
     }
-}
-
-std::vector<std::string> WxControl::items() const {
-    std::vector<std::string> texts;
-    if (!isList()) return texts;
-    for (const wxString& item : static_cast<wxChoice*>(window)->GetStrings()) texts.push_back(fromWx(item));
-    return texts;
 }
 
 void WxControl::setItems(const std::vector<std::string>& items) {
     if (!isList()) return;
+    entries = items;
     auto* list = static_cast<wxChoice*>(window);
     wxArrayString texts;
     int widest = 0;
     for (const std::string& item : items) {
-        texts.push_back(toWx(item));
+        texts.push_back(toWx(BoxText::oneLine(item)));
         widest = std::max(widest, list->GetTextExtent(texts.back()).GetWidth());
     }
     list->Set(texts);

@@ -3,21 +3,25 @@
 #include <wx/stattext.h>
 #include <wx/window.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "platform/AccessKeys.h"
 #include "platform/Form.h"
+#include "platform/wx/WxTextBox.h"
 
 namespace trevandix {
 
 /// One control of a form on the screen, with its label.
 struct WxControl {
     const ControlSpec* shape = nullptr;
-    wxWindow* window = nullptr;     ///< owned by the dialog
-    wxStaticText* label = nullptr;  ///< in front of a field that has a caption
-    std::string caption;            ///< as shown, without access key
-    Form::Handler handler;          ///< what the user's action runs; may be empty
+    wxWindow* window = nullptr;        ///< owned by the dialog
+    wxStaticText* label = nullptr;     ///< in front of a field that has a caption
+    std::string caption;               ///< as shown, without access key
+    Form::Handler handler;             ///< what the user's action runs; may be empty
+    std::unique_ptr<WxTextBox> box;    ///< of a text box and of a list that takes typed text
+    std::vector<std::string> entries;  ///< of a list
 
     /// Makes the control and what stands in front of it as children of `parent`, in this order.
     static WxControl make(wxWindow& parent, const ControlSpec& shape, bool startsGroup, AccessKeys& keys);
@@ -29,7 +33,6 @@ struct WxControl {
     bool listIsOpen() const;
     std::string text() const;
     void setText(std::string_view text, AccessKeys& keys);
-    std::vector<std::string> items() const;
     void setItems(const std::vector<std::string>& items);
     bool checked() const;
     void setChecked(bool checked);

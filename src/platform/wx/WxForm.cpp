@@ -117,7 +117,7 @@ void WxForm::setItems(std::string_view name, const std::vector<std::string>& ite
 }
 
 std::vector<std::string> WxForm::items(std::string_view name) const {
-    return at(name).items();
+    return at(name).entries;
 }
 
 bool WxForm::enabled(std::string_view name) const {

@@ -1,20 +1,38 @@
 #include "platform/wx/WxTextBox.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/wx/WxText.h"
 
 namespace trevandix {
 
-WxTextBox::WxTextBox(wxWindow* parent, KeyFilter filter) : wxTextCtrl(parent, wxID_ANY), filter_(filter) {
-    if (filter == KeyFilter::None) return;
-    Bind(wxEVT_CHAR, &WxTextBox::onChar, this);
-    Bind(wxEVT_TEXT, &WxTextBox::onText, this);
+WxTextBox::WxTextBox(wxWindow& window, wxTextEntry& entry, KeyFilter filter)
+    : window_(window), entry_(entry), filter_(filter) {
+    window.Bind(wxEVT_TEXT, &WxTextBox::onText, this);
+    window.Bind(wxEVT_CHAR, &WxTextBox::onChar, this);
+    window.Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
+        event.Skip();
+        finishKey();
+    });
+#ifdef __WXMSW__
+    // The system itself hides the selection of a text box without the keyboard.
+    if (dynamic_cast<wxTextCtrl*>(&window) != nullptr) return;
+#endif
+    window.Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+        event.Skip();
+        entry_.SelectNone();
+    });
 }
 
-void WxTextBox::setText(const wxString& text) {
-    before_ = text;
-    ChangeValue(text);
+std::string WxTextBox::text() const {
+    return stored_.text(fromWx(entry_.GetValue()));
+}
+
+void WxTextBox::setText(std::string_view text) {
+    entry_.ChangeValue(toWx(BoxText::oneLine(text)));
+    before_ = entry_.GetValue();
+    stored_.set(text, fromWx(before_));
 }
 
 void WxTextBox::onChar(wxKeyEvent& event) {
@@ -22,22 +40,30 @@ void WxTextBox::onChar(wxKeyEvent& event) {
     const bool writes = character >= ' ' && character != WXK_DELETE;
     const int modifiers = event.GetModifiers() & (wxMOD_CONTROL | wxMOD_ALT);
     const bool command = modifiers == wxMOD_CONTROL || modifiers == wxMOD_ALT;  // both together type as AltGr
-    event.Skip(!writes || command || keeps(filter_, static_cast<char32_t>(character)));
+    const bool refused = writes && !command && !keeps(filter_, static_cast<char32_t>(character));
+    event.Skip(!refused);
+    if (!refused) return;
+    refused_ = true;
+    window_.CallAfter([this] { finishKey(); });
+}
+
+// GTK deletes the selection also for a character that is refused.
+void WxTextBox::finishKey() {
+    if (refused_ && erased_) put(*erased_);
+    refused_ = false;
+    erased_.reset();
+}
+
+void WxTextBox::put(const Marked& marked) {
+    before_ = marked.text;
+    entry_.ChangeValue(marked.text);
+    entry_.SetSelection(marked.from, marked.to);
 }
 
 void WxTextBox::onText(wxCommandEvent& event) {
     event.Skip();
-    const wxString after = GetValue();
-    const Outcome outcome = applied(filter_, before_, after);
-    before_ = outcome.text;
-    if (outcome.text == after) return;
-    ChangeValue(outcome.text);
-    SetInsertionPoint(outcome.caret);
-    // The toolkit places the caret once more when a paste is complete.
-    CallAfter([this, caret = outcome.caret] { SetInsertionPoint(caret); });
-}
-
-WxTextBox::Outcome WxTextBox::applied(KeyFilter filter, const wxString& before, const wxString& after) {
+    const wxString before = std::exchange(before_, entry_.GetValue());
+    const wxString& after = before_;
     const std::size_t shorter = std::min(before.length(), after.length());
     std::size_t head = 0;
     while (head < shorter && before[head] == after[head]) ++head;
@@ -45,8 +71,19 @@ WxTextBox::Outcome WxTextBox::applied(KeyFilter filter, const wxString& before, 
     while (tail < shorter - head && before[before.length() - 1 - tail] == after[after.length() - 1 - tail])
         ++tail;
     const wxString inserted = after.Mid(head, after.length() - head - tail);
-    const wxString kept = toWx(filtered(filter, fromWx(inserted)));
-    return {after.Left(head) + kept + after.Right(tail), static_cast<long>(head + kept.length())};
+    if (inserted.empty()) {
+        erased_ = Marked{before, static_cast<long>(head), static_cast<long>(before.length() - tail)};
+        window_.CallAfter([this] { finishKey(); });
+        return;
+    }
+    const wxString kept = toWx(entered(filter_, fromWx(inserted)));
+    if (kept == inserted) return;
+    const long end = static_cast<long>(head + kept.length());
+    Marked result{after.Left(head) + kept + after.Right(tail), end, end};
+    if (kept.empty()) result = {before, static_cast<long>(head), static_cast<long>(before.length() - tail)};
+    put(result);
+    // The toolkit places the caret once more when a paste is complete.
+    window_.CallAfter([this, result] { entry_.SetSelection(result.from, result.to); });
 }
 
 }  // namespace trevandix
