@@ -14,7 +14,7 @@ serial() {
 }
 
 start
-new_configuration Down space
+new_configuration Down # chooses, not merely moves
 keys Down
 add_type 4
 keys Up

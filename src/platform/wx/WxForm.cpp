@@ -47,6 +47,13 @@ WxForm::WxForm(wxWindow& parent, const FormSpec& shape) : spec_(shape) {
         event.Skip();
         if (event.GetActive()) dialog_->CallAfter([this] { run(activated_); });
     });
+    dialog_->Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
+        event.Skip();
+        markDefaultButton();
+#ifdef __WXGTK__
+        dialog_->Refresh();  // GTK leaves a line of the old focus ring
+#endif
+    });
     if (!shape.defaultButton.empty()) static_cast<wxButton*>(at(shape.defaultButton).window)->SetDefault();
 }
 
@@ -178,9 +185,21 @@ void WxForm::fit() {
     dialog_->Layout();
 }
 
+// Centres by client areas: GTK learns the sizes of window frames late or not at all.
+void WxForm::centre() {
+    const wxWindow& parent = *dialog_->GetParent();
+    const wxRect area(parent.ClientToScreen(wxPoint()), parent.GetClientSize());
+    const wxRect screen = wxDisplay(&parent).GetClientArea();
+    const wxSize size = dialog_->GetSize();
+    wxPoint place = wxRect(dialog_->GetClientSize()).CentreIn(area).GetTopLeft();
+    place.x = std::max(screen.GetLeft(), std::min(place.x, screen.GetRight() - size.GetWidth()));
+    place.y = std::max(screen.GetTop(), std::min(place.y, screen.GetBottom() - size.GetHeight()));
+    dialog_->Move(place);
+}
+
 void WxForm::prepare() {
     fit();
-    dialog_->CentreOnParent();
+    centre();
     shown_ = true;
     if (!spec_.initialFocus.empty()) {
         at(spec_.initialFocus).focus();
@@ -263,12 +282,50 @@ bool WxForm::followAccessKey(const wxKeyEvent& event) {
     return false;
 }
 
+// Draws the button that Enter presses as the default. On Windows the toolkit drops the mark when another
+// button loses the focus.
+void WxForm::markDefaultButton() {
+    const bool onButton = dynamic_cast<wxButton*>(wxWindow::FindFocus()) != nullptr;
+    if (onButton || dialog_->IsBeingDeleted()) return;
+    if (const WxControl* button = buttonForEnter()) static_cast<wxButton*>(button->window)->SetDefault();
+}
+
+void WxForm::onEscape() {
+    if (!spec_.cancelButton.empty() && pressFromKeyboard(&at(spec_.cancelButton))) return;
+    const auto frame = std::ranges::find_if(controls_, [](const WxControl& each) {
+        return each.shape->kind == ControlKind::Frame && each.handler && each.window->IsShown() &&
+               each.window->IsEnabled();
+    });
+    frame == controls_.end() ? close() : run(frame->handler);
+}
+
+// On Windows the toolkit treats arrow keys like Tab: they move the focus without choosing an option.
+bool WxForm::chooseByArrow(const wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    const bool forward = key == WXK_DOWN || key == WXK_RIGHT;
+    if (event.GetModifiers() != 0 || (!forward && key != WXK_UP && key != WXK_LEFT)) return false;
+    const auto focused = std::ranges::find(controls_, wxWindow::FindFocus(), &WxControl::window);
+    if (focused == controls_.end() || focused->shape->kind != ControlKind::Option) return false;
+    std::vector<WxControl*> options;
+    for (WxControl& each : controls_) {
+        const bool sameGroup =
+            each.shape->kind == ControlKind::Option && each.shape->frame == focused->shape->frame;
+        if (sameGroup && each.window->IsEnabled() && each.window->IsShown()) options.push_back(&each);
+    }
+    const auto at = static_cast<std::size_t>(std::ranges::find(options, &*focused) - options.begin());
+    WxControl& next = *options[(at + (forward ? 1 : options.size() - 1)) % options.size()];
+    next.setChecked(true);
+    next.focus();
+    run(next.handler);
+    return true;
+}
+
 void WxForm::onKey(wxKeyEvent& event) {
     if (followsManualKey(event)) return;
     const int key = event.GetKeyCode();
     const bool plain = event.GetModifiers() == 0 && std::ranges::none_of(controls_, &WxControl::listIsOpen);
     if (plain && key == WXK_ESCAPE) {
-        if (spec_.cancelButton.empty() || !pressFromKeyboard(&at(spec_.cancelButton))) close();
+        onEscape();
         return;
     }
     if (plain && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER)) {
@@ -276,7 +333,7 @@ void WxForm::onKey(wxKeyEvent& event) {
         const bool onButton = dynamic_cast<wxButton*>(wxWindow::FindFocus()) != nullptr;
         if (!onButton && pressFromKeyboard(buttonForEnter())) return;
     }
-    if (followAccessKey(event)) return;
+    if (chooseByArrow(event) || followAccessKey(event)) return;
     // Beside the main window its function keys count as well.
     wxKeyEvent forMain(event);
     const bool function = key >= WXK_F1 && key <= WXK_F24 && !dialog_->IsModal();

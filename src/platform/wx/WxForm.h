@@ -46,10 +46,14 @@ private:
     WxControl& at(std::string_view name) const;
     static void connect(WxControl& control);
     void onKey(wxKeyEvent& event);
+    void onEscape();
+    bool chooseByArrow(const wxKeyEvent& event);
+    void markDefaultButton();
     bool pressFromKeyboard(const WxControl* button);
     const WxControl* buttonForEnter() const;
     bool followAccessKey(const wxKeyEvent& event);
     void fit();
+    void centre();
     void prepare();
 
     const FormSpec& spec_;
