@@ -1,9 +1,11 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/Configuration.h"
 #include "platform/Form.h"
@@ -19,7 +21,23 @@ struct DialogContext {
     Messages& messages;
     MousePointer& pointer;
     Configuration& configuration;
+    /// Called after each change by a dialog that stays open; may be empty.
+    std::function<void()> changed{};
 };
+
+/// Appends a stored value to a drop-down list that lacks it.
+inline void offerStored(Form& form, std::string_view list, const std::string& value) {
+    std::vector<std::string> entries = form.items(list);
+    if (value.empty() || std::ranges::find(entries, value) != entries.end()) return;
+    entries.push_back(value);
+    form.setItems(list, entries);
+}
+
+/// Does the same and chooses the value, so that Ok keeps what nobody touched.
+inline void chooseStored(Form& form, std::string_view list, const std::string& value) {
+    offerStored(form, list, value);
+    form.setText(list, value);
+}
 
 /// True when there is nothing to say; else shows what is wrong with the fields.
 inline bool passes(const std::string& fault, Messages& messages) {

@@ -78,18 +78,22 @@ void frmModBus::Form_Load() {
     form_->setItems("cmbMBType", names);
     form_->setEnabled("txtSingleCode", false);  // goes with the check box
     if (!edit_) return;
-    form_->setText("cmbMBType", editedName_);
+    chooseStored(*form_, "cmbMBType", editedName_);
+    loadCodes();
+}
+
+void frmModBus::loadCodes() {
     const auto record = context_.configuration.dataTypes.at(editedName_);
     form_->setText("txtReadCode", std::to_string(record->getReadCode()));
-    if (contains(editedName_, "input")) {
-        disableWriting();
-        return;
-    }
+    disableWriting();
+    if (contains(editedName_, "input")) return;
     form_->setText("txtWriteCode", std::to_string(record->getWriteCode()));
     const bool single = record->getSingleWrCode() > 0;
     form_->setChecked("chkSingle", single);
-    form_->setEnabled("txtSingleCode", single);
     if (single) form_->setText("txtSingleCode", std::to_string(record->getSingleWrCode()));
+    form_->setEnabled("txtWriteCode", true);
+    form_->setEnabled("chkSingle", true);
+    form_->setEnabled("txtSingleCode", single);
 }
 
 void frmModBus::disableWriting() {
@@ -104,7 +108,10 @@ void frmModBus::disableWriting() {
 void frmModBus::cmbMBType_Click() {
     disableWriting();
     const auto* preset = std::ranges::find(kPresets, form_->text("cmbMBType"), &Preset::name);
-    if (preset == kPresets.end()) return;
+    if (preset == kPresets.end()) {  // the name of the edited record
+        loadCodes();
+        return;
+    }
     form_->setText("txtReadCode", preset->readCode);
     if (preset->writeCode.empty()) return;
     form_->setText("txtWriteCode", preset->writeCode);

@@ -19,6 +19,7 @@ public:
 private:
     void show();
     void Form_Load();
+    void loadCodes();
     void cmbMBType_Click();
     void chkSingle_Click();
     void cmdOk_Click();

@@ -103,12 +103,12 @@ void frmPLC::loadRecord() {
     if (kind == kTcpIp) form_->setText("txtAddress", edited_->getAddress());
     if (kind != kRtu) return;
     form_->setText("txtPort", edited_->getCom());
-    form_->setText("cmbBaud", std::to_string(edited_->getBaud()));
-    form_->setText("cmbParity", edited_->getParity());
+    chooseStored(*form_, "cmbBaud", std::to_string(edited_->getBaud()));
+    chooseStored(*form_, "cmbParity", edited_->getParity());
     form_->setText("cmbData", std::to_string(edited_->getDataBits()));
     form_->setText("cmbStop", std::to_string(edited_->getStopBits()));
     form_->setText("txtSilent", std::to_string(edited_->getSilent()));
-    form_->setText("cmbFlow", edited_->getFlowCtl());
+    chooseStored(*form_, "cmbFlow", edited_->getFlowCtl());
 }
 
 bool frmPLC::CheckFields() {
