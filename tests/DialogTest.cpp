@@ -1,6 +1,8 @@
 // The four property dialogs: what they propose, check, add and change.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "Plant.h"
 #include "dialogs/ItemAdvance.h"
 
@@ -189,9 +191,155 @@ TEST(Dialogs, CheckItems) {
         form.setText("cmbBit", "");
         expectRefusal(place, form, "", {"Bit number field is empty."});
     });
-    place.item("U.B.Other").sDataType("my table:string");  // one that is gone
-    editDialog(place, "U.B.Other",
-               [&](FakeForm& form) { expectRefusal(place, form, "", {"ModBus Type field is empty."}); });
+}
+
+/// A record with values that its dialog does not offer, or refuses with a message.
+template <typename Record>
+struct Unusual {
+    void (*set)(Record&);
+    std::string message{};
+    void (*derived)(Record&) = nullptr;  ///< what Ok changes all the same; may be nothing
+};
+const std::string kUnusual = " a  \"b\"\r\n<c>\t& ";
+
+/// Opens the record's dialog, presses Ok, and compares what is then stored.
+template <typename Collection, typename Record, typename Print>
+void pressOkOn(DialogPlace& place, Collection& records, const Key key, const Unusual<Record>& row,
+               const Print& print) {
+    Record expected = *records.at(key);
+    if (row.derived != nullptr) row.derived(expected);
+    const Texts nodes = place.below("");
+    editDialog(place, key.str(), confirmed(""));
+    EXPECT_EQ(place.messages.take(), row.message.empty() ? Texts{} : Texts{row.message}) << print(expected);
+    EXPECT_EQ(print(*records.at(key)), print(expected));
+    EXPECT_EQ(place.below(""), nodes);
+}
+
+void pressOkOnUnits(std::string_view kind, const std::vector<Unusual<clsPLC>>& rows) {
+    for (const auto& row : rows) {
+        DialogPlace place(kind);
+        auto unit = std::make_shared<clsPLC>();
+        unit->setName(kUnusual);
+        unit->setAddress("host");
+        unit->setCom("COM7");
+        row.set(*unit);
+        unit->sKey(unit->getName());
+        place.configuration.addUnit(unit, false);
+        pressOkOn(place, place.configuration.units, unit->sKey(), row,
+                  [&](const clsPLC& each) { return each.GetXmlTag(kind); });
+    }
+}
+
+void setType(clsItem& item, std::string_view type, std::int16_t bit, std::int16_t elements) {
+    item.sDataType(type);
+    item.nBitNumber(bit);
+    item.nElements(elements);
+}
+
+TEST(Dialogs, OkKeepsWhatNobodyTouches) {
+    pressOkOnUnits(kTcpIp, {
+                               {[](clsPLC& u) { u.setAddress(kUnusual), u.setTimeout(-5); }},
+                               {[](clsPLC& u) { u.setUI(9); }},  // another unit has it too
+                               {[](clsPLC& u) { u.setUI(255); }, "UI identifier must be between 0 and 254."},
+                               {[](clsPLC& u) { u.setAddress(""); }, "Address field is empty."},
+                           });
+    const std::string noPort = "Invalid Port name. It must begin with \"COM\"";
+    pressOkOnUnits(kRtu, {
+                             {[](clsPLC& u) {
+                                 u.setBaud(1200), u.setParity("None"), u.setStopBits(3), u.setDataBits(9);
+                                 u.setFlowCtl("XON"), u.setSilent(-1), u.setCom("COM 2 ");
+                             }},
+                             {[](clsPLC& u) { u.setParity(kUnusual), u.setFlowCtl("none"), u.setBaud(-1); }},
+                             {[](clsPLC& u) { u.setParity(""), u.setFlowCtl(""), u.setBaud(0); }},
+                             {[](clsPLC& u) { u.setBaud(1200), u.setCom("com3"); }, noPort},
+                             {[](clsPLC& u) { u.setCom(""); }, "Port name field empty."},
+                         });
+
+    const std::string range = "Memory address field is not valid. It must be between 0 and 65535.";
+    const std::vector<Unusual<clsItem>> items{
+        {[](clsItem& i) { i.sComment(kUnusual); }},
+        {[](clsItem& i) { i.sAccessRight("rw"), setType(i, "holding register:64 bit", 0, 0); }},
+        {[](clsItem& i) { setType(i, "holding register:array", 0, 3); }},
+        {[](clsItem& i) { setType(i, "my table:string", 0, 32767); }},
+        {[](clsItem& i) { setType(i, "my table:" + kUnusual, 0, 0); }},
+        {[](clsItem& i) { i.sAccessRight("READWRITE"), setType(i, "input register:boolean array", 99, 0); }},
+        {[](clsItem& i) { setType(i, "holding register:boolean", -5, 0); }},
+        {[](clsItem& i) { setType(i, "holding register:string", 3, 4); }, "",
+         [](clsItem& i) { i.nBitNumber(0); }},
+        {[](clsItem& i) { setType(i, "holding register:64 bit", 3, 4); }, "",
+         [](clsItem& i) { setType(i, "holding register:64 bit", 0, 0); }},
+        {[](clsItem& i) { setType(i, "coil:boolean array", 3, 4); }, "", [](clsItem& i) { i.nBitNumber(0); }},
+        // Coils are booleans, whatever else stands there.
+        {[](clsItem& i) { setType(i, "coil:string", 3, 4); }, "",
+         [](clsItem& i) { setType(i, "coil:boolean", 0, 0); }},
+        {[](clsItem& i) { setType(i, "my table:string", 0, -3); }, "Number of elements field is not valid."},
+        {[](clsItem& i) { i.sComment(kUnusual), i.nAddress(-7); }, range},
+        {[](clsItem& i) { setType(i, "my table:boolean", 99, 9), i.nAddress(70000); }, range},
+        {[](clsItem& i) { i.sDataType("my table"); }, "Data Type field is empty."},
+        {[](clsItem& i) { i.sDataType(":string"); }, "ModBus Type field is empty."},
+        {[](clsItem& i) { i.sAccessRight(""); }, "Access Rights field is empty."},
+    };
+    for (const auto& row : items) {
+        DialogPlace place;
+        clsItem& item = plantItem(place.configuration, place.node("U.B"), kUnusual);
+        row.set(item);
+        pressOkOn(place, place.configuration.items, item.sKey(), row, [](const clsItem& i) {
+            return i.sName() + "|" + i.sComment() + "|" + i.sDataType() + "|" + i.sAccessRight() + "|" +
+                   std::to_string(i.nAddress()) + "/" + std::to_string(i.nBitNumber()) + "/" +
+                   std::to_string(i.nElements());
+        });
+    }
+
+    const std::vector<Unusual<clsModBusType>> types{
+        {[](clsModBusType& t) { t.setName(kUnusual), t.setReadCode(255), t.setWriteCode(255); }},
+        {[](clsModBusType& t) { t.setName("coil"), t.setSingleWrCode(255); }},
+        {[](clsModBusType& t) { t.setName("Coil"); }},
+        {[](clsModBusType& t) { t.setName("my input"), t.setWriteCode(255), t.setSingleWrCode(7); }, "",
+         [](clsModBusType& t) { t.setWriteCode(0), t.setSingleWrCode(0); }},
+    };
+    for (const auto& row : types) {
+        DialogPlace place;
+        auto record = std::make_shared<clsModBusType>();
+        row.set(*record);
+        place.configuration.addDataType(record);
+        pressOkOn(place, place.configuration.dataTypes, record->getName(), row,
+                  [](const clsModBusType& t) { return t.GetXmlTag() + t.getName(); });
+    }
+
+    for (const std::string& name : {kUnusual, std::string()}) {
+        DialogPlace place;
+        const Key key = plantBranch(place.configuration, place.node("U"), name).key();
+        pressOkOn(place, place.configuration.branches, key, Unusual<clsBranch>{nullptr},
+                  [](const clsBranch& branch) { return branch.sKey().str() + "|" + branch.sName(); });
+    }
+}
+
+TEST(Dialogs, UnusualValuesBelongToTheirOwnTable) {
+    DialogPlace place;
+    addItem(place, "U.B", "I");
+    place.item("U.B.I").sDataType("my table:string");
+    place.item("U.B.I").sAccessRight("rw");
+    editDialog(place, "U.B.I", [](FakeForm& form) {
+        for (const auto& [table, types, rights] : std::vector<std::tuple<std::string, Texts, Texts>>{
+                 {"input status", {"boolean", "boolean array"}, {"READ"}},
+                 {"my table",
+                  {"boolean", "boolean array", "string"},
+                  {"READ", "WRITE", "READWRITE", "rw"}}}) {
+            form.choose("cmbModbusType", table);
+            EXPECT_EQ(form.items("cmbDataType"), types);
+            EXPECT_EQ(form.items("cmbAccessRight"), rights);
+            EXPECT_EQ(form.text("cmbDataType") + form.text("cmbAccessRight"), "");
+        }
+    });
+    auto custom = std::make_shared<clsModBusType>();
+    custom->setName("my table");
+    custom->setWriteCode(7);
+    place.configuration.addDataType(custom);
+    editDialog(place, "my table", [](FakeForm& form) {
+        form.choose("cmbMBType", "input status");
+        form.choose("cmbMBType", "my table");
+        EXPECT_EQ(form.text("txtWriteCode") + form.off(), "7txtSingleCode");
+    });
 }
 
 TEST(Dialogs, CheckDataTypes) {
@@ -287,6 +435,11 @@ TEST(Dialogs, ADataTypeOfAnotherNameKeepsItsNode) {
     EXPECT_FALSE(place.configuration.dataTypes.contains("input status"));  // not restored
     editDialog(place, "holding register", [](FakeForm& form) { EXPECT_EQ(form.text("txtReadCode"), ""); });
     EXPECT_EQ(place.messages.take(), failure(kInvalidCall, "Form_Load"));
+    const Texts nodes = place.below("");
+    addDataType(place, "holding register");  // the node without a record gets the new one
+    editDialog(place, "holding register", [](FakeForm& form) { EXPECT_EQ(form.text("txtReadCode"), "3"); });
+    EXPECT_EQ(place.messages.take(), Texts{});
+    EXPECT_EQ(place.below(""), nodes);
 }
 
 TEST(Dialogs, AChosenTablePresetsTheCodes) {
@@ -446,6 +599,9 @@ TEST(ItemDialog, TheGroupPanelTakesNumbersOnly) {
                                                     {"0.5", ""},
                                                     {"2.5", ""}}) {
             if (!form.visible("frmInserimento")) form.press("cmdGroup");
+            form.escape();  // leaves the panel only
+            EXPECT_TRUE(form.open && form.enabled("frmMain") && !form.visible("frmInserimento"));
+            form.press("cmdGroup");
             form.type("txtNumbItems", number);
             form.press("cmdOkNumber");
             EXPECT_EQ(place.messages.take(), message.empty() ? Texts{} : Texts{message}) << number;
@@ -453,6 +609,14 @@ TEST(ItemDialog, TheGroupPanelTakesNumbersOnly) {
         }
     });
     EXPECT_EQ(place.configuration.items.size(), 2U);
+    place.open("U.B", "mnuAddItem", [&](FakeForm& form) {
+        fillItem(form, "Third");
+        form.press("cmdAdd");
+        EXPECT_EQ(form.focused + form.text("txtItemName"), "txtItemNameNew_Item_3");
+        EXPECT_EQ(place.window.status[StatusField::Counts], "1 unit, 1 branch, 3 items");
+        form.escape();
+        EXPECT_FALSE(form.open);
+    });
 }
 
 TEST(ItemDialog, ARecordSharedByADraggedCopyIsEditedUnderTheNodesKey) {

@@ -66,7 +66,8 @@ void frmItems::show(std::shared_ptr<clsItem> edited) {
                        {"cmdGroup", "cmdGroup_Click", &frmItems::cmdGroup_Click},
                        {"cmdOk", "cmdOk_Click", &frmItems::cmdOk_Click},
                        {"cmdCancel", "cmdCancel_Click", &frmItems::cmdCancel_Click},
-                       {"cmdOkNumber", "cmdOkNumber_Click", &frmItems::cmdOkNumber_Click}});
+                       {"cmdOkNumber", "cmdOkNumber_Click", &frmItems::cmdOkNumber_Click},
+                       {kGroup, "frmInserimento_Escape", &frmItems::leaveGroup}});
     reportErrors(context_.messages, "Form_Load", [&] { Form_Load(); });
     form_->showModal();
 }
@@ -91,7 +92,7 @@ void frmItems::loadRecord() {
     form_->setEnabled("cmdGroup", false);
     form_->setText("txtItemName", edited_->sName());
     const auto [table, label] = splitDataType(edited_->sDataType());
-    form_->setText("cmbModbusType", table);
+    chooseStored(*form_, "cmbModbusType", std::string(table));
     cmbModbusType_Click();
     form_->setText("cmbDataType", label);
     form_->setText("txtComment", edited_->sComment());
@@ -105,6 +106,11 @@ void frmItems::cmbModbusType_Click() {
     const std::string table = text("cmbModbusType");
     form_->setItems("cmbDataType", valueTypesOf(table));
     form_->setItems("cmbAccessRight", accessRightsOf(table));
+    if (edited_ == nullptr) return;
+    const ItemType own = splitDataType(edited_->sDataType());
+    if (table != own.table) return;  // unusual values of the record belong to its own table only
+    offerStored(*form_, "cmbDataType", std::string(own.label));
+    offerStored(*form_, "cmbAccessRight", edited_->sAccessRight());
 }
 
 void frmItems::cmbDataType_Click() {
@@ -115,7 +121,7 @@ void frmItems::cmbDataType_Click() {
     if (!hasBit) {
         form_->setText("cmbBit", "0");
     } else if (edited_ != nullptr) {
-        form_->setText("cmbBit", std::to_string(edited_->nBitNumber()));
+        chooseStored(*form_, "cmbBit", std::to_string(edited_->nBitNumber()));
     }
     form_->setEnabled("txtElements", hasElements(label));
     if (!hasElements(label)) form_->setText("txtElements", "0");
@@ -168,6 +174,13 @@ void frmItems::cmdCancel_Click() {
 }
 
 void frmItems::cmdAdd_Click() {
+    addAndPropose();
+    if (!stored_) return;
+    form_->setFocus("txtItemName");
+    if (context_.changed) context_.changed();
+}
+
+void frmItems::addAndPropose() {
     AddItemToColl();
     if (stored_) proposeNextItem();
 }
@@ -199,6 +212,12 @@ void frmItems::cmdOkNumber_Click() {
     const std::int16_t count = toInt16(*number);  // too large a number leaves the panel open for a better one
     form_->setVisible(kGroup, false);
     addGroup(count);
+    leaveGroup();
+    if (context_.changed) context_.changed();
+}
+
+void frmItems::leaveGroup() {
+    form_->setVisible(kGroup, false);
     form_->setEnabled(kMain, true);
     form_->setFocus("txtItemName");
 }
@@ -209,7 +228,7 @@ void frmItems::addGroup(std::int16_t count) {
     const StructureTree::Batch batch(context_.configuration.tree);
     for (std::int16_t added = 0; added < count; ++added) {
         stored_ = false;
-        reportErrors(context_.messages, "cmdAdd_Click", [&] { cmdAdd_Click(); });
+        reportErrors(context_.messages, "cmdAdd_Click", [&] { addAndPropose(); });
         if (!stored_) return;
     }
 }

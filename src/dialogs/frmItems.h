@@ -30,11 +30,13 @@ private:
     void cmdOk_Click();
     void cmdCancel_Click();
     void cmdOkNumber_Click();
+    void leaveGroup();
 
     bool CheckFields();
     void AddItemToColl();
     void addItem(const std::string& name);
     void changeItem(const std::string& name);
+    void addAndPropose();
     void proposeNextItem();
     void addGroup(std::int16_t count);
     std::string text(std::string_view control) const { return form_->text(control); }

@@ -13,7 +13,7 @@ namespace trevandix {
 
 DialogContext ObjectCommands::dialogContext() const {
     Platform& platform = context_.platform;
-    return {platform.forms, platform.messages, platform.pointer, context_.configuration};
+    return {platform.forms, platform.messages, platform.pointer, context_.configuration, dialogChanged_};
 }
 
 TreeNode* ObjectCommands::selectedOf(std::initializer_list<NodeTag> tags) const {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <initializer_list>
+#include <utility>
 
 #include "dialogs/Dialog.h"
 #include "editor/EditorContext.h"
@@ -12,7 +14,9 @@ namespace trevandix {
 /// to date. A command does nothing where the selected node is of no kind that it is for.
 class ObjectCommands {
 public:
-    ObjectCommands(const EditorContext& context, TreeAndList& views) : context_(context), views_(views) {}
+    /// `dialogChanged` is called after each change by a dialog that stays open.
+    ObjectCommands(const EditorContext& context, TreeAndList& views, std::function<void()> dialogChanged)
+        : context_(context), views_(views), dialogChanged_(std::move(dialogChanged)) {}
 
     void mnuAddMBType_Click();
     void mnuAddPlc_Click();
@@ -33,6 +37,7 @@ private:
 
     const EditorContext& context_;
     TreeAndList& views_;
+    std::function<void()> dialogChanged_;
 };
 
 }  // namespace trevandix

@@ -14,7 +14,7 @@ frmEditing::frmEditing(Platform& platform, Configuration& configuration, ListVie
       context_{platform, configuration, list, news_},
       views_(context_),
       file_(context_, views_),
-      objects_(context_, views_),
+      objects_(context_, views_, [this] { news_.update(); }),
       clipboard_(context_, views_),
       bulkPaste_(context_),
       drag_(context_),

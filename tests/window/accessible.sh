@@ -37,6 +37,7 @@ open_dialog i "$item"
 told "$item" "Item Name"
 keys alt+g
 told "$item"
+keys Escape # the panel
 leave_dialog
 keys Home alt+o u
 told "$unit" "Unit Name"

@@ -33,6 +33,11 @@ fill_text() { # ACCESS KEY, TEXT
     replaced "$2"
 }
 
+pasted() { # ACCESS KEY, TEXT in printf's form
+    copied "$2"
+    keys "alt+$1" ctrl+a ctrl+v
+}
+
 add_type() { # ENTRY
     open_dialog a "$types"
     choose "$1"
@@ -70,11 +75,12 @@ add_branch() { # NAME
 # Places of the tables in the list, in the order in which add_type added them.
 declare -A tables=(["input status"]=1 ["coil"]=2 ["input register"]=3 ["holding register"]=4)
 
-# fill_item TABLE NAME COMMENT ADDRESS TYPE RIGHT; type and right by their places in their lists.
+# fill_item TABLE NAME COMMENT ADDRESS TYPE RIGHT; type and right by their places in their lists. An empty name is left
+# as it is.
 fill_item() {
     keys alt+m
     choose "${tables[$1]}"
-    fill_text i "$2"
+    if [ -n "$2" ]; then fill_text i "$2"; fi
     fill_text c "$3"
     fill_text a "$4"
     keys alt+d

@@ -13,11 +13,16 @@ add_unit PLC1 10.0.0.5 7 1500
 
 open_dialog i "$item"
 fill_item coil Run "" 5 1 3
+fill_text a 5
+keys ctrl+a x # not in a number: the address stays
 keys alt+e
-fill_item coil Coils "" 20 2 2
+typed Coils # the name has the keyboard, all of it selected
+fill_item coil "" "" 20 2 2
 fill_elements 16
 keys alt+e
-fill_item "input status" Door "cabinet 1" 3 1 1
+fill_item "input status" Door "" 0 1 1
+pasted c 'cabinet 1\r\ncabinet 2' # one line, one cell
+pasted a '3\t55'
 confirm_dialog
 
 add_branch Area
@@ -30,6 +35,7 @@ fill_bit 14
 keys alt+e alt+e alt+e
 fill_item "input register" Temp probe 200 6 1
 keys alt+g
+keys Escape alt+g # leaves the panel only
 replaced 3
 keys Return # the panel's own button
 fill_item "holding register" Flags "" 300 7 3
