@@ -340,6 +340,7 @@ TEST(Dialogs, UnusualValuesBelongToTheirOwnTable) {
         form.choose("cmbMBType", "my table");
         EXPECT_EQ(form.text("txtWriteCode") + form.off(), "7txtSingleCode");
     });
+    EXPECT_EQ(place.messages.take(), Texts{});
 }
 
 TEST(Dialogs, CheckDataTypes) {
