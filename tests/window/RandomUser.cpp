@@ -56,10 +56,12 @@ public:
 
     void step() {
         using Action = void (RandomUser::*)();
-        constexpr std::array<Action, 12> kActions{
-            &RandomUser::clickTree, &RandomUser::clickTree, &RandomUser::clickTree, &RandomUser::pressKey,
-            &RandomUser::pressKey,  &RandomUser::pressKey,  &RandomUser::clickList, &RandomUser::clickList,
-            &RandomUser::drag,      &RandomUser::find,      &RandomUser::openMenu,  &RandomUser::choose};
+        constexpr std::array<Action, 13> kActions{
+            &RandomUser::clickTriangle, &RandomUser::clickTree, &RandomUser::clickTree,
+            &RandomUser::clickTree,     &RandomUser::pressKey,  &RandomUser::pressKey,
+            &RandomUser::pressKey,      &RandomUser::clickList, &RandomUser::clickList,
+            &RandomUser::drag,          &RandomUser::find,      &RandomUser::openMenu,
+            &RandomUser::choose};
         messages_.answers.assign(4, below(3) == 0 ? Answer::No : Answer::Yes);
         forms_.scripts.assign(1, [this](FakeForm& form) {
             fuzz::fillDialog(
@@ -68,6 +70,7 @@ public:
         clipboard_.contents = name() + "\r\n" + name();
         const std::vector<std::string> before = rowKeys();
         did_.clear();
+        toggled_.reset();
         (this->*kActions[below(kActions.size())])();
         settle();
         for (const std::string& text : messages_.take()) {
@@ -130,6 +133,27 @@ private:
         did_ = "click in the tree at " + std::to_string(point.x) + "," + std::to_string(point.y);
         moveTo(*tree_, point);
         below(8) == 0 ? input_.MouseDblClick() : input_.MouseClick();
+    }
+
+    // Of a node above the selected one, where there is such a triangle in sight.
+    void clickTriangle() {
+        const TreeNode* node = configuration_.tree.selected();
+        for (unsigned levels = 1 + below(4); levels > 0 && node->parent() != nullptr; --levels)
+            node = node->parent();
+        const wxSize size = tree_->GetClientSize();
+        wxPoint point;
+        for (point.y = 0; point.y < size.y; point.y += 4) {
+            for (point.x = 0; point.x < size.x / 2; point.x += 4) {
+                int flags = 0;
+                tree_->HitTest(point, flags);
+                if ((flags & wxTREE_HITTEST_ONITEMBUTTON) == 0 || tree_->nodeAt(point) != node) continue;
+                did_ = "click on the triangle of " + node->key().str();
+                toggled_ = std::pair(node->key(), !node->expanded());
+                moveTo(*tree_, point);
+                input_.MouseClick();
+                return;
+            }
+        }
     }
 
     void clickList() {
@@ -253,6 +277,10 @@ private:
         for (const TreeNode* node = tree.root(); node != nullptr; node = nextBelow(*node, *tree.root()))
             expect(node->childCount() == 0 || tree_->showsExpanded(*node) == node->expanded(),
                    "shown otherwise than expanded: " + node->key().str());
+        const TreeNode* toggled = toggled_ ? tree.find(toggled_->first) : nullptr;
+        if (toggled != nullptr)
+            expect(toggled->expanded() == toggled_->second,
+                   "its triangle does nothing: " + toggled->key().str());
         compareList(before);
         // A data type that got another name leaves its node behind.
         for (const std::string& fault : disagreements(configuration_))
@@ -281,9 +309,8 @@ private:
         std::vector<std::string> keys;
         if (node.tag() == NodeTag::Plc || node.tag() == NodeTag::Item) return {node.key().str()};
         for (const TreeNode* child = node.firstChild(); child != nullptr; child = child->nextSibling()) {
-            const bool listed = node.tag() == NodeTag::Config   ? child->tag() == NodeTag::Plc
-                                : node.tag() == NodeTag::Branch ? child->tag() == NodeTag::Item
-                                                                : true;
+            const bool listed = (node.tag() == NodeTag::Config && child->tag() == NodeTag::Plc) ||
+                                (node.tag() == NodeTag::Branch && child->tag() == NodeTag::Item);
             if (listed) keys.push_back(child->key().str());
         }
         std::ranges::sort(keys);
@@ -310,6 +337,8 @@ private:
     wxUIActionSimulator input_;
     wxTimer watchdog_;
     std::string did_;
+    std::optional<std::pair<Key, bool>>
+        toggled_;         ///< a node whose triangle was clicked, and what it is to be
     bool loose_ = false;  ///< the list may show something else than the selected node's contents
 };
 
