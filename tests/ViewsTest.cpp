@@ -310,6 +310,13 @@ TEST(Views, SavedFollowsTheContent) {
         {"branch", edited("U.C", "txtBranchName=D"), true},
         {"data type as it is", edited("holding register", "txtReadCode=3"), false},
         {"data type", edited("holding register", "txtReadCode=2"), true},
+        {"data type added again",
+         [](PlantedWorkplace& place) {
+             editDialog(place, "holding register", confirmed("cmbMBType=coil"));
+             place.saved();
+             addDataType(place, "holding register");
+         },
+         true},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);

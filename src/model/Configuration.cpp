@@ -82,7 +82,10 @@ TreeNode& Configuration::addItem(std::shared_ptr<clsItem> record, TreeNode& pare
 TreeNode& Configuration::addNodeOfLastDataType() {
     const std::string name = dataTypes.last()->getName();
     TreeNode* orphan = tree.find(name);
-    if (orphan != nullptr && orphan->tag() == NodeTag::DataType) return *orphan;
+    if (orphan != nullptr && orphan->tag() == NodeTag::DataType) {
+        touch();
+        return *orphan;
+    }
     TreeNode* folder = tree.find(Key(kModBusFolder));
     if (folder == nullptr) {  // dragged elsewhere
         dataTypes.remove(name);
