@@ -6,7 +6,9 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
+#include <vector>
 
 #include "FakePlatform.h"
 #include "Plant.h"
@@ -21,18 +23,44 @@ namespace fs = std::filesystem;
 
 // Beside the interface kinds, so that no server notices.
 const std::string kKind = "TrevandixSelfTest";
-const std::wstring kKey = L"Software\\VOSKAutomation\\TrevandixSelfTest";
+const std::wstring kMaker = L"Software\\VOSKAutomation";
+const std::wstring kKey = kMaker + L"\\TrevandixSelfTest";
+constexpr std::array<REGSAM, 2> kViews{KEY_WOW64_64KEY, KEY_WOW64_32KEY};
+
+/// True when the key was not there before. It stays until deleted, or with REG_OPTION_VOLATILE until the
+/// system stops.
+bool makeKey(const std::wstring& path, DWORD option, REGSAM view) {
+    HKEY key = nullptr;
+    DWORD disposition = 0;
+    EXPECT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, option, KEY_ALL_ACCESS | view,
+                              nullptr, &key, &disposition),
+              ERROR_SUCCESS);
+    RegCloseKey(key);
+    return disposition == REG_CREATED_NEW_KEY;
+}
 
 void removePublished() {
-    for (const REGSAM view : {KEY_WOW64_64KEY, KEY_WOW64_32KEY}) {
+    for (const REGSAM view : kViews) {
         RegDeleteKeyExW(HKEY_LOCAL_MACHINE, (kKey + L"\\Kind").c_str(), view, 0);
         RegDeleteKeyExW(HKEY_LOCAL_MACHINE, kKey.c_str(), view, 0);
     }
 }
 
+/// The maker's key, as every published configuration needs it; taken away again where it was not there.
 struct Published : ::testing::Test {
-    Published() { removePublished(); }
-    ~Published() override { removePublished(); }
+    Published() {
+        removePublished();
+        for (const REGSAM view : kViews) {
+            if (makeKey(kMaker, REG_OPTION_NON_VOLATILE, view)) made_.push_back(view);
+        }
+    }
+    ~Published() override {
+        removePublished();
+        for (const REGSAM view : made_) RegDeleteKeyExW(HKEY_LOCAL_MACHINE, kMaker.c_str(), view, 0);
+    }
+
+private:
+    std::vector<REGSAM> made_;
 };
 
 /// A text as tests/server/read.js prints it.
@@ -88,12 +116,8 @@ Texts readByServer(const Workplace& place, const Texts& files) {
 // Below a key that lasts until the system stops, none that stays can be made. No right to write is the same
 // to the program: the call fails.
 TEST_F(Published, SaysWhenItIsRefusedInEitherView) {
-    for (const REGSAM view : {KEY_WOW64_64KEY, KEY_WOW64_32KEY}) {
-        HKEY key = nullptr;
-        ASSERT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, kKey.c_str(), 0, nullptr, REG_OPTION_VOLATILE,
-                                  KEY_ALL_ACCESS | view, nullptr, &key, nullptr),
-                  ERROR_SUCCESS);
-        RegCloseKey(key);
+    for (const REGSAM view : kViews) {
+        ASSERT_TRUE(makeKey(kKey, REG_OPTION_VOLATILE, view));
         EXPECT_FALSE(WindowsRegistry().publish(kKind + "\\Kind", "C:\\plant.xml"));
         removePublished();
         EXPECT_TRUE(WindowsRegistry().publish(kKind + "\\Kind", "C:\\plant.xml"));
