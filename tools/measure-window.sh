@@ -15,7 +15,7 @@ box="Trevandix Configuration Editor"
 
 if [ -z "${WINDOW_TEST_DISPLAY:-}" ] && [[ $program != *.exe ]]; then
     export WINDOW_TEST_DISPLAY=own
-    exec xvfb-run -a -s "-screen 0 1280x900x24 -nolisten tcp" bash "$0" "$@"
+    exec xvfb-run -a -s "-noreset -screen 0 1280x900x24 -nolisten tcp" bash "$0" "$@"
 fi
 
 folder=$(mktemp -d)

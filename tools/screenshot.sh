@@ -2,7 +2,7 @@
 # screenshot.sh PROGRAM FILE PICTURE: shows FILE in PROGRAM on a virtual display and writes a picture of it.
 set -euo pipefail
 program=$1 file=$2 picture=$3
-exec xvfb-run -a -s "-screen 0 1280x900x24" bash -s "$program" "$file" "$picture" <<'INNER'
+exec xvfb-run -a -s "-noreset -screen 0 1280x900x24" bash -s "$program" "$file" "$picture" <<'INNER'
 set -euo pipefail
 openbox &
 manager=$!

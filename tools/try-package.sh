@@ -108,7 +108,7 @@ case ${1:-all} in
     all)
         if [ "$(id -u)" != 0 ]; then exec sudo --preserve-env=TREVANDIX_CACHE,XDG_CACHE_HOME "$0"; fi
         install_packages debootstrap xvfb xauth openbox xdotool imagemagick unzip
-        xvfb-run -a -s "-screen 0 1280x900x24 -nolisten tcp -ac" "$0" debian
+        xvfb-run -a -s "-noreset -screen 0 1280x900x24 -nolisten tcp -ac" "$0" debian
         # shellcheck disable=SC1091
         (. tools/windows.sh && flock -o "$windows_cache/wine.lock" tools/windows.sh display "$root/tools/try-package.sh" zip)
         ;;

@@ -214,28 +214,22 @@ make_wine_folder() {
     env -u DISPLAY wine wineboot --init >/dev/null 2>&1 9>&- && wineserver -w && : >"$WINEPREFIX/stamp"
 }
 
-manages_windows() {
-    for _ in {1..80}; do if xdotool get_desktop >/dev/null 2>&1; then return; else sleep 0.1; fi; done
-    return 1
-}
+manages_windows() { xdotool get_desktop >/dev/null 2>&1; }
 
 # Runs a command in a virtual display of its own, with a window manager, and ends both after it.
 with_display() {
     local number code=0 manager server
     number=$(mktemp)
-    Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp 3>"$number" 2>/dev/null &
+    # Without -noreset the display starts over when its first visitor leaves, and turns away who comes meanwhile.
+    Xvfb -displayfd 3 -noreset -screen 0 1280x900x24 -nolisten tcp 3>"$number" 2>/dev/null &
     server=$!
     for _ in {1..100}; do if [ -s "$number" ]; then break; else sleep 0.1; fi; done
     local -x DISPLAY
     DISPLAY=:$(cat "$number")
     rm -f "$number"
-    # On a busy machine it sometimes does not come up.
-    for _ in 1 2 3; do
-        openbox >/dev/null 2>&1 &
-        manager=$!
-        if manages_windows; then break; fi
-        kill "$manager" 2>/dev/null || true
-    done
+    openbox >/dev/null 2>&1 &
+    manager=$!
+    for _ in {1..300}; do if manages_windows; then break; else sleep 0.1; fi; done
     "$@" || code=$?
     wineserver -k || true
     kill "$manager" "$server" 2>/dev/null || true

@@ -29,7 +29,8 @@ if [ -z "$under_wine" ]; then
     unset WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS
     mkdir -p "$HOME" "$XDG_CONFIG_HOME"
     mkdir -m 700 "$XDG_RUNTIME_DIR"
-    Xvfb -displayfd 3 -screen 0 "${WINDOW_TEST_SCREEN:-1280x900}x24" -nolisten tcp 3>"$folder/display" 2>/dev/null &
+    # Without -noreset the display starts over when its first visitor leaves, and turns away who comes meanwhile.
+    Xvfb -displayfd 3 -noreset -screen 0 "${WINDOW_TEST_SCREEN:-1280x900}x24" -nolisten tcp 3>"$folder/display" 2>/dev/null &
     servers=($!)
     for _ in {1..200}; do if [ -s "$folder/display" ]; then break; else sleep 0.05; fi; done
     DISPLAY=:$(cat "$folder/display")
