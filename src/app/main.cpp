@@ -1,11 +1,15 @@
 #include <wx/app.h>
-#include <wx/cmdline.h>
 #include <wx/filename.h>
+#include <wx/msgdlg.h>
 #include <wx/stdpaths.h>
 
+#include <cstdio>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "Version.h"
+#include "app/CommandLine.h"
 #include "editor/CommandTable.h"
 #include "editor/frmEditing.h"
 #include "model/Configuration.h"
@@ -54,27 +58,38 @@ struct Program {
     frmEditing editor{platform, configuration, list};
 };
 
+void show(const CommandLine& commandLine) {
+#ifdef _WIN32
+    // A program with windows has no console to write to.
+    wxMessageBox(toWx(commandLine.answer), toWx(kProduct), wxOK);
+#else
+    std::fputs(commandLine.answer.c_str(), commandLine.exitCode == 0 ? stdout : stderr);
+#endif
+}
+
 }  // namespace
 
 class App : public wxApp {
 public:
     bool OnInit() override;
+    int OnRun() override;
     int OnExit() override;
-    void OnInitCmdLine(wxCmdLineParser& parser) override;
-    bool OnCmdLineParsed(wxCmdLineParser& parser) override;
 
 private:
     void openFirst();
 
     std::unique_ptr<Program> program_;
-    wxString file_;  // named on the command line
+    CommandLine commandLine_;
 };
 
 bool App::OnInit() {
     SetAppName(toWx(kProgram));
     SetAppDisplayName(toWx(kProduct));
     SetVendorName(toWx(kCompany));
-    if (!wxApp::OnInit()) return false;
+    std::vector<std::string> arguments;
+    for (int at = 1; at < argc; ++at) arguments.push_back(fromWx(argv[at]));
+    commandLine_ = readCommandLine(arguments);
+    if (!commandLine_.answer.empty()) return true;
     program_ = std::make_unique<Program>();
     program_->window->setParserName(pugiVersion());
     program_->editor.Form_Load();
@@ -84,9 +99,18 @@ bool App::OnInit() {
     return true;
 }
 
+int App::OnRun() {
+    if (commandLine_.answer.empty()) return wxApp::OnRun();
+    show(commandLine_);
+    return commandLine_.exitCode;
+}
+
 // What a crash left comes before the file of the command line, which can be opened at any time.
 void App::openFirst() {
-    if (!program_->editor.offerRecovery() && !file_.empty()) program_->editor.openFile(fromWx(file_));
+    if (program_->editor.offerRecovery() || commandLine_.file.empty()) return;
+    wxFileName file(toWx(commandLine_.file));
+    file.MakeAbsolute();
+    program_->editor.openFile(fromWx(file.GetFullPath()));
 }
 
 int App::OnExit() {
@@ -94,20 +118,18 @@ int App::OnExit() {
     return wxApp::OnExit();
 }
 
-void App::OnInitCmdLine(wxCmdLineParser& parser) {
-    wxApp::OnInitCmdLine(parser);
-    parser.AddParam("configuration file", wxCMD_LINE_VAL_STRING, wxCMD_LINE_PARAM_OPTIONAL);
-}
-
-bool App::OnCmdLineParsed(wxCmdLineParser& parser) {
-    if (parser.GetParamCount() > 0) {
-        wxFileName file(parser.GetParam(0));
-        file.MakeAbsolute();
-        file_ = file.GetFullPath();
-    }
-    return wxApp::OnCmdLineParsed(parser);
-}
-
 }  // namespace trevandix
 
+#ifdef _WIN32
 wxIMPLEMENT_APP(trevandix::App);
+#else
+wxIMPLEMENT_APP_NO_MAIN(trevandix::App);
+
+int main(int argc, char** argv) {
+    // Help and version need no display. Only the toolkit knows which other options are its own.
+    const auto asked = trevandix::readCommandLine({argv + 1, argv + argc});
+    if (asked.answer.empty() || asked.exitCode != 0) return wxEntry(argc, argv);
+    trevandix::show(asked);
+    return 0;
+}
+#endif
