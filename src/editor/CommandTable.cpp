@@ -76,6 +76,7 @@ constexpr std::array kButtons{
 };
 
 constexpr std::array kShortcuts{
+    ShortcutSpec{"F2", "openObject"},
     ShortcutSpec{"F3", "cmdNext"},  // Find Next; does nothing unless the find window is open
 };
 

@@ -72,6 +72,7 @@ frmEditing::Handler frmEditing::handlerOf(std::string_view command) {
         Row{"mnuReport", [](frmEditing& f) { f.views_.setMode(ListMode::Report); }},
         Row{"mnuFind", [](frmEditing& f) { f.find_.mnuFind_Click(); }},
         Row{"cmdNext", [](frmEditing& f) { f.find_.findNextByKey(); }},
+        Row{"openObject", [](frmEditing& f) { f.openObject(); }},
         Row{"mnuAbout", [](frmEditing& f) { f.context_.platform.window.showAboutBox(); }},
     };
     const auto* row = std::ranges::find(kHandlers, command, &Row::first);
@@ -80,7 +81,8 @@ frmEditing::Handler frmEditing::handlerOf(std::string_view command) {
 
 void frmEditing::commandChosen(std::string_view command) {
     react([&] {
-        const AgreementCheck check(context_.configuration);
+        const AgreementCheck check(context_.configuration,
+                                   command == "openObject");  // which checks by itself
         if (const Handler handler = handlerOf(command)) handler(*this);
     });
 }
@@ -132,6 +134,13 @@ void frmEditing::ListView1_Click() {
 void frmEditing::ListView1_DblClick() {
     if (file_.reading()) return;
     if (context_.guarded("ListView1_DblClick", [&] { views_.selectNodeOfCurrentRow(); }))
+        TreeView1_DblClick();
+}
+
+void frmEditing::openObject() {
+    if (context_.platform.window.focusedView() == FocusedView::List)
+        ListView1_DblClick();
+    else
         TreeView1_DblClick();
 }
 

@@ -52,6 +52,8 @@ private:
     using Handler = void (*)(frmEditing&);
     /// The handler of a command, or nullptr for an unknown name.
     static Handler handlerOf(std::string_view command);
+    /// The dialog of the selected object, as after a double click in the view that has the keyboard.
+    void openObject();
 
     /// An event of the user, unless a file is being read: then the window is alive, but nothing may change
     /// what is being built.
