@@ -2,12 +2,11 @@
 
 #include <wx/filename.h>
 #include <wx/log.h>
-#include <wx/msgdlg.h>
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
 #include "Version.h"
-#include "platform/wx/WxParent.h"
+#include "platform/wx/WxMessages.h"
 #include "platform/wx/WxText.h"
 
 namespace trevandix {
@@ -30,14 +29,17 @@ wxArrayString places() {
 
 void showManual() {
     wxString looked;
+    wxString found;
     for (const wxString& place : places()) {
-        const wxLogNull oneMessageOnly;
-        if (wxFileName::FileExists(place) && wxLaunchDefaultBrowser(wxFileName::FileNameToURL(place))) return;
         looked += "\n" + place;
+        if (!wxFileName::FileExists(place)) continue;
+        const wxLogNull oneMessageOnly;
+        if (wxLaunchDefaultBrowser(wxFileName::FileNameToURL(place))) return;
+        found += "\n" + place;
     }
-    const FocusKeeper focus;
-    wxMessageBox("The manual could not be opened. It was looked for at:" + looked, toWx(kProduct),
-                 wxOK | wxICON_EXCLAMATION, dialogParent());
+    const wxString text = found.empty() ? "The manual was not found. It was looked for at:" + looked
+                                        : "No program opens the manual. Open this file in a browser:" + found;
+    WxMessages().show(fromWx(text), Buttons::Ok, Icon::None);
 }
 
 bool followsManualKey(const wxKeyEvent& event) {

@@ -4,7 +4,7 @@
 
 namespace trevandix {
 
-/// Opens the manual in the system's browser; where it is not installed, a box says where it was looked for.
+/// Opens the manual in the system's browser; where that fails, a box says why and names the file.
 void showManual();
 
 /// True when the key asks for the manual, which then has been opened.
