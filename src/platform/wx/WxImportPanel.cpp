@@ -3,6 +3,9 @@
 #include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#endif
 
 #include "platform/wx/WxAccessibleName.h"
 
@@ -14,11 +17,20 @@ constexpr int kHighestPercent = 99;
 constexpr int kGaugeWidth = 280;
 constexpr int kMargin = 20;
 
+// Windows lets windows draw over what stands in front of them unless told otherwise, and wx never tells it.
+void keepClear([[maybe_unused]] wxWindow& window) {
+#ifdef __WXMSW__
+    const auto handle = static_cast<HWND>(window.GetHandle());
+    ::SetWindowLongPtr(handle, GWL_STYLE, ::GetWindowLongPtr(handle, GWL_STYLE) | WS_CLIPSIBLINGS);
+#endif
+}
+
 }  // namespace
 
 WxImportPanel::WxImportPanel(wxWindow* parent)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_RAISED, "pnlImpStat") {
     Hide();
+    for (wxWindow* sibling : parent->GetChildren()) keepClear(*sibling);
     auto* label = new wxStaticText(this, wxID_ANY, "Loading File ....", wxDefaultPosition, wxDefaultSize, 0,
                                    "lblLabel");
     percent_ =

@@ -8,6 +8,7 @@ namespace trevandix {
 /// The import status panel `pnlImpStat`: floats in front of the views while a file is read.
 class WxImportPanel : public wxPanel {
 public:
+    /// The windows in front of which it is to float must already be in `parent`.
     explicit WxImportPanel(wxWindow* parent);
 
     /// 0 to 99.
