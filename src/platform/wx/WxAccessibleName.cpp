@@ -1,8 +1,9 @@
 #include "platform/wx/WxAccessibleName.h"
 
 #ifdef __WXGTK__
-#include <dlfcn.h>
 #include <wx/menuitem.h>
+
+#include "platform/wx/WxGtkFunction.h"
 #elif defined(__WXMSW__)
 #include <wx/msw/wrapwin.h>
 // After it: needs its types, and holds the numbers of the properties only when told so.
@@ -17,16 +18,10 @@ namespace trevandix {
 
 namespace {
 
-template <typename Function>
-Function* loaded(const char* name) {
-    return reinterpret_cast<Function*>(dlsym(RTLD_DEFAULT, name));
-}
-
-// The toolkit has no call of its own for this; the libraries below it are in the program anyway.
 void setTexts(void* widget, const wxString& name, const wxString& description) {
-    static auto* const accessibleOf = loaded<void*(void*)>("gtk_widget_get_accessible");
-    static auto* const setName = loaded<void(void*, const char*)>("atk_object_set_name");
-    static auto* const setDescription = loaded<void(void*, const char*)>("atk_object_set_description");
+    static auto* const accessibleOf = gtkFunction<void*(void*)>("gtk_widget_get_accessible");
+    static auto* const setName = gtkFunction<void(void*, const char*)>("atk_object_set_name");
+    static auto* const setDescription = gtkFunction<void(void*, const char*)>("atk_object_set_description");
     if (widget == nullptr || accessibleOf == nullptr || setName == nullptr || setDescription == nullptr)
         return;
     void* accessible = accessibleOf(widget);

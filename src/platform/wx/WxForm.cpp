@@ -19,8 +19,6 @@ namespace trevandix {
 
 namespace {
 
-constexpr int kTitleButtons = 130;  // icon and buttons beside the title, in device-independent pixels
-
 // Runs a copy: the handler may delete the form, and itself with it.
 void run(const Form::Handler& handler) {
     const Form::Handler copy = handler;
@@ -175,9 +173,7 @@ void WxForm::on(std::string_view name, Handler handler) {
 void WxForm::fit() {
     const wxSize screen = wxDisplay(dialog_.get()).GetClientArea().GetSize();
     wxSize size = dialog_->GetSizer()->CalcMin();
-    // Titles are set in a larger font than texts by some window managers.
-    const int title = dialog_->GetTextExtent(dialog_->GetTitle()).GetWidth() * 3 / 2;
-    size.IncTo(wxSize(title + dialog_->FromDIP(kTitleButtons), 0));
+    size.IncTo(wxSize(widthForTitle(*dialog_, dialog_->GetTitle()), 0));
     size.DecTo(dialog_->WindowToClientSize(screen));
     dialog_->SetMinClientSize(wxDefaultSize);
     dialog_->SetClientSize(size);

@@ -7,6 +7,9 @@
 #include <memory>
 
 #include "Version.h"
+#ifdef __WXGTK__
+#include "platform/wx/WxGtkFunction.h"
+#endif
 #include "platform/wx/WxParent.h"
 #include "platform/wx/WxText.h"
 
@@ -42,12 +45,41 @@ wxString breakable(const wxString& text) {
 #endif
 }
 
+#ifdef __WXGTK__
+// The toolkit's boxes are as wide as their texts, which may cut the title. wx makes them only when they are
+// shown, too late to set their width.
+void widenBoxes(int width) {
+    static auto* const newStyle = gtkFunction<void*()>("gtk_css_provider_new");
+    static auto* const setRules =
+        gtkFunction<int(void*, const char*, long, void*)>("gtk_css_provider_load_from_data");
+    static auto* const screen = gtkFunction<void*()>("gdk_screen_get_default");
+    static auto* const addStyle =
+        gtkFunction<void(void*, void*, unsigned)>("gtk_style_context_add_provider_for_screen");
+    if (newStyle == nullptr || setRules == nullptr || screen == nullptr || addStyle == nullptr) return;
+    constexpr unsigned kPriorityOfApplications = 600;
+    void* const style = newStyle();
+    const wxString rules = wxString::Format("messagedialog > box { min-width: %dpx; }", width);
+    setRules(style, rules.utf8_str(), -1, nullptr);
+    addStyle(screen(), style, kPriorityOfApplications);
+}
+#endif
+
 std::unique_ptr<wxMessageDialogBase> makeBox(const wxString& text, long style) {
     const wxString title = toWx(kProduct);
 #ifdef __WXGTK__
+    const int width = widthForTitle(*dialogParent(), title);
     // GTK's own box never draws the icon that it is asked for.
-    if ((style & wxICON_MASK) != wxICON_NONE)
-        return std::make_unique<wxGenericMessageDialog>(dialogParent(), text, title, style);
+    if ((style & wxICON_MASK) != wxICON_NONE) {
+        auto box = std::make_unique<wxGenericMessageDialog>(dialogParent(), text, title, style);
+        box->Bind(wxEVT_INIT_DIALOG, [width, dialog = box.get()](wxInitDialogEvent& event) {
+            event.Skip();
+            wxSize size = dialog->GetClientSize();
+            size.IncTo(wxSize(width, 0));
+            dialog->SetClientSize(size);
+        });
+        return box;
+    }
+    [[maybe_unused]] static const bool once = (widenBoxes(width), true);
 #endif
     return std::make_unique<wxMessageDialog>(dialogParent(), text, title, style);
 }

@@ -6,6 +6,12 @@
 
 namespace trevandix {
 
+namespace {
+
+constexpr int kTitleButtons = 130;  // icon and buttons beside the title, in device-independent pixels
+
+}  // namespace
+
 wxWindow* dialogParent() {
     wxWindow* active = wxGetTopLevelParent(wxGetActiveWindow());
     // The innermost modal dialog is created last; anything behind it must not own a further one.
@@ -15,6 +21,11 @@ wxWindow* dialogParent() {
     }
     if (active != nullptr && active->IsShown()) return active;
     return wxTheApp->GetTopWindow();
+}
+
+// Titles are set in a larger font than texts by some window managers.
+int widthForTitle(const wxWindow& window, const wxString& title) {
+    return window.GetTextExtent(title).GetWidth() * 3 / 2 + window.FromDIP(kTitleButtons);
 }
 
 FocusKeeper::~FocusKeeper() {

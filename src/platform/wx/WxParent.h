@@ -11,6 +11,9 @@ namespace trevandix {
 /// there is one.
 wxWindow* dialogParent();
 
+/// How wide the inside of a window must be for its title not to be cut.
+int widthForTitle(const wxWindow& window, const wxString& title);
+
 /// Gives the keyboard back, at the end of its life, to the control that had it.
 class FocusKeeper {
 public:
