@@ -68,23 +68,28 @@ void WxCommands::buildMenus(std::span<const MenuSpec> menus) {
 }
 
 void WxCommands::buildToolBar(const CommandTables& tables) {
-    toolBar_ = frame_.CreateToolBar(wxTB_FLAT | wxTB_HORIZONTAL, wxID_ANY, "Toolbar1");
-    toolBar_->SetToolBitmapSize(toolBar_->FromDIP(wxSize(kToolbarIconSize, kToolbarIconSize)));
-    int group = tables.buttons.empty() ? 0 : tables.buttons.front().group;
+    bar_ = new WxButtonBar(&frame_);
+    wxToolBar* group = nullptr;
+    int number = -1;
     for (const ToolButtonSpec& shape : tables.buttons) {
-        if (std::exchange(group, shape.group) != shape.group) toolBar_->AddSeparator();
+        if (std::exchange(number, shape.group) != shape.group) {
+            if (group != nullptr) {
+                group->AddSeparator();
+                group->Realize();
+            }
+            group = &bar_->addGroup();
+        }
         const MenuEntrySpec* entry = findEntry(tables, shape.command);
         const wxString name = toWx(entry != nullptr ? entry->caption : shape.key);
         const wxString tip = entry != nullptr ? toolTip(*entry) : name;
         const int id = wxWindow::NewControlId();
-        toolBar_->AddTool(id, wxMenuItem::GetLabelText(name), iconBundle(shape.image, kToolbarIconSize),
-                          fadedIconBundle(shape.image, kToolbarIconSize), wxITEM_NORMAL, tip);
-        if (entry != nullptr) toolBar_->SetToolLongHelp(id, toWx(entry->hint));
+        group->AddTool(id, wxMenuItem::GetLabelText(name), iconBundle(shape.image, kToolbarIconSize),
+                       fadedIconBundle(shape.image, kToolbarIconSize), wxITEM_NORMAL, tip);
+        if (entry != nullptr) group->SetToolLongHelp(id, toWx(entry->hint));
         frame_.Bind(wxEVT_TOOL, &WxCommands::onTool, this, id);
-        buttons_.push_back({shape.key, id});
+        buttons_.push_back({shape.key, group, id});
     }
-    toolBar_->Realize();
-    setAccessibleName(*toolBar_, "Commands", "The commands that are used most");
+    if (group != nullptr) group->Realize();
 }
 
 void WxCommands::enableMenu(std::string_view name, bool enabled) {
@@ -102,7 +107,7 @@ void WxCommands::enableMenu(std::string_view name, bool enabled) {
 void WxCommands::enableButton(std::string_view key, bool enabled) {
     const auto button = std::ranges::find(buttons_, key, &Button::key);
     if (button == buttons_.end() || std::exchange(button->enabled, enabled) == enabled) return;
-    toolBar_->EnableTool(button->id, enabled);
+    button->bar->EnableTool(button->id, enabled);
 }
 
 // The shortcut of an entry goes with the entry, whether or not the menu around it can be opened.

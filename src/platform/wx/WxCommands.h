@@ -2,7 +2,6 @@
 
 #include <wx/frame.h>
 #include <wx/menu.h>
-#include <wx/toolbar.h>
 
 #include <functional>
 #include <memory>
@@ -12,10 +11,11 @@
 
 #include "platform/Commands.h"
 #include "platform/MainWindow.h"
+#include "platform/wx/WxButtonBar.h"
 
 namespace trevandix {
 
-/// Menu bar and toolbar of a frame, made from their tables.
+/// Menu bar and toolbar of a frame, made from their tables. The frame gives the toolbar its place.
 class WxCommands : public CommandBar {
 public:
     using Choose = std::function<void(std::string_view name)>;
@@ -26,6 +26,8 @@ public:
 
     void enableMenu(std::string_view name, bool enabled) override;
     void enableButton(std::string_view key, bool enabled) override;
+
+    wxWindow* toolBar() const { return bar_; }
 
     /// Runs the command of a key that stands behind no menu entry. False when the key is no such one.
     bool followsShortcut(const wxKeyEvent& event) const;
@@ -45,6 +47,7 @@ private:
     };
     struct Button {
         std::string_view key;
+        wxToolBar* bar;
         int id;
         bool enabled = true;
     };
@@ -59,7 +62,7 @@ private:
     std::span<const ShortcutSpec> shortcuts_;
     Choose choose_;
     Choose press_;
-    wxToolBar* toolBar_ = nullptr;
+    WxButtonBar* bar_ = nullptr;
     std::vector<Menu> menus_;
     std::vector<Entry> entries_;
     std::vector<Button> buttons_;

@@ -24,8 +24,8 @@ constexpr double kScreenShare = 0.8;
 constexpr double kTreeShare = 0.4;  // of the width
 constexpr int kFirstTick = 1000;    // ms
 constexpr int kSmallestPane = 120;
-constexpr int kSmallestWidth = 480;
-constexpr int kSmallestHeight = 320;
+constexpr int kSmallestWidth = 320;
+constexpr int kSmallestHeight = 240;
 
 wxString windowCaption() {
     return toWx(kCompany) + " - " + toWx(kProduct);
@@ -81,6 +81,9 @@ void WxMainFrame::buildViews(StructureTree& tree, ListView& list, WxPointer& poi
     tellInactiveSelections();
     const auto workspace = wxSystemSettings::GetColour(wxSYS_COLOUR_APPWORKSPACE);
     body_ = new wxPanel(this);
+    SetSizer(new wxBoxSizer(wxVERTICAL));
+    GetSizer()->Add(commands_->toolBar(), wxSizerFlags().Expand());
+    GetSizer()->Add(body_, wxSizerFlags(1).Expand());
     body_->SetBackgroundColour(workspace);
     splitter_ = new wxSplitterWindow(body_, wxID_ANY, wxDefaultPosition, GetClientSize(),
                                      wxSP_LIVE_UPDATE | wxSP_NOBORDER);
