@@ -1,6 +1,7 @@
 #pragma once
 
 #include <wx/dnd.h>
+#include <wx/toplevel.h>
 
 #include "platform/wx/WxInputGate.h"
 
@@ -9,12 +10,13 @@ namespace trevandix {
 /// Takes files that are dropped from the file manager; the first of several counts.
 class WxFileDrop : public wxFileDropTarget {
 public:
-    /// `gate` must outlive it.
-    explicit WxFileDrop(WxInputGate& gate) : gate_(gate) {}
+    /// `window` comes to the front. Both must outlive it.
+    WxFileDrop(wxTopLevelWindow& window, WxInputGate& gate) : window_(window), gate_(gate) {}
 
     bool OnDropFiles(wxCoord x, wxCoord y, const wxArrayString& files) override;
 
 private:
+    wxTopLevelWindow& window_;
     WxInputGate& gate_;
 };
 

@@ -48,7 +48,7 @@ WxMainFrame::WxMainFrame(const CommandTables& tables, StructureTree& tree, ListV
         });
     status_ = new WxStatusBar(this);
     SetStatusBar(status_);
-    SetDropTarget(new WxFileDrop(gate_));  // counts for all windows in it
+    SetDropTarget(new WxFileDrop(*this, gate_));  // counts for all windows in it
     Centre();
 #ifdef __WXGTK__
     // The toolkit would wait for the window manager and then show the window without size and place first.
