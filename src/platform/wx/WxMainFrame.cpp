@@ -49,12 +49,12 @@ WxMainFrame::WxMainFrame(const CommandTables& tables, StructureTree& tree, ListV
     status_ = new WxStatusBar(this);
     SetStatusBar(status_);
     SetDropTarget(new WxFileDrop(*this, gate_));  // counts for all windows in it
-    Centre();
 #ifdef __WXGTK__
     // The toolkit would wait for the window manager and then show the window without size and place first.
     m_deferShow = false;
 #endif
     buildViews(tree, list, pointer);
+    Bind(wxEVT_SIZE, &WxMainFrame::onSize, this);
     Bind(wxEVT_CLOSE_WINDOW, &WxMainFrame::onClose, this);
     Bind(wxEVT_TIMER, &WxMainFrame::onTimer, this, timer_.GetId());
     timer_.StartOnce(kFirstTick);
@@ -70,11 +70,21 @@ WxMainFrame::~WxMainFrame() {
 }
 
 void WxMainFrame::placeOnScreen() {
-    const wxRect screen = wxDisplay(this).GetClientArea();
+    const wxDisplay display(this);
+    const wxSize screen = display.GetGeometry().GetSize();
     SetMinSize(FromDIP(wxSize(kSmallestWidth, kSmallestHeight)));
-    wxRect place(wxPoint(), wxSize(static_cast<int>(screen.width * kScreenShare),
-                                   static_cast<int>(screen.height * kScreenShare)));
-    SetSize(place.CentreIn(screen));
+    firstPlace_ =
+        wxRect(wxSize(static_cast<int>(screen.x * kScreenShare), static_cast<int>(screen.y * kScreenShare)))
+            .CentreIn(display.GetClientArea());
+    SetSize(firstPlace_);
+}
+
+// Some window managers put title and frame around the window only when it is shown, which makes it larger.
+void WxMainFrame::onSize(wxSizeEvent& event) {
+    event.Skip();
+    if (placed_ || GetSize() == firstPlace_.GetSize() || IsMaximized()) return;
+    placed_ = true;
+    CallAfter([this] { SetSize(firstPlace_); });
 }
 
 void WxMainFrame::buildViews(StructureTree& tree, ListView& list, WxPointer& pointer) {
@@ -151,6 +161,7 @@ void WxMainFrame::close() {
 
 // Past the gate: this never touches what a command or a dialog is working on.
 void WxMainFrame::onTimer(wxTimerEvent&) {
+    placed_ = true;  // what comes later is the user's wish
     MainWindowEvents* events = gate_.attached();
     const auto now = std::chrono::steady_clock::now();
     const auto next =

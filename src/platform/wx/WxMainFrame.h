@@ -53,6 +53,7 @@ private:
     void placeOnScreen();
     void openMenu(wxWindow& window, const wxPoint& point);
     void unload();
+    void onSize(wxSizeEvent& event);
     void onTimer(wxTimerEvent& event);
     void onClose(wxCloseEvent& event);
     void onKey(wxKeyEvent& event);
@@ -74,6 +75,8 @@ private:
     std::unique_ptr<WxTreeDrag> drag_;
     wxString parserName_;
     FocusedView lastFocused_ = FocusedView::None;
+    wxRect firstPlace_;  // on the screen, title and frame included
+    bool placed_ = false;
     bool unloaded_ = false;
 };
 
