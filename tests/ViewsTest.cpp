@@ -335,7 +335,7 @@ TEST(Views, SavedFollowsTheContent) {
     }
 }
 
-// Each is pressed at a node, with an item selected in the list where there are items.
+// Each is pressed at a node, with an item selected in the list where there are items, and so is F2.
 TEST(Commands, EveryButtonRunsItsCommand) {
     struct Case {
         std::string_view button;
@@ -363,8 +363,10 @@ TEST(Commands, EveryButtonRunsItsCommand) {
         {"exit", "U.A", "closed 1"},
         {"pastitem", "U.A", "cell Item name"},
         {"pastcomment", "U.A", "cell Item comment"},
+        {"F2", "U.A", "form frmItems"},
+        {"F2 in the tree", "U.A", "form frmBranch"},
     };
-    EXPECT_EQ(cases.size(), commandTables().buttons.size());
+    EXPECT_EQ(cases.size(), commandTables().buttons.size() + 2);
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.button));
         PlantedWorkplace place({"U", "U.A/", "U.A.x"});
@@ -388,6 +390,8 @@ TEST(Commands, EveryButtonRunsItsCommand) {
             if (!form.cells.empty()) cell = form.cells[0][0];
         });
         EXPECT_EQ(seen().find(c.effect), std::string::npos);
+        if (c.button.ends_with("tree")) place.window.focus = FocusedView::Tree;
+        if (c.button.starts_with("F2")) place.run("openObject");
         place.editor.Toolbar1_ButtonClick(c.button);
         EXPECT_NE(seen().find(c.effect), std::string::npos) << seen();
     }

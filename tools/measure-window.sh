@@ -20,7 +20,7 @@ fi
 
 folder=$(mktemp -d)
 trap 'kill $editor $manager 2>/dev/null || true; rm -rf "$folder"' EXIT
-editor= manager=
+editor="" manager=""
 export HOME=${WINEPREFIX:+$HOME}
 HOME=${HOME:-$folder}
 if [[ $program != *.exe ]]; then

@@ -7,6 +7,15 @@
 plant=$folder/plant.xml
 cp "$window_root/samples/water-works.xml" "$plant"
 
+# Told instead of starting, needs no display.
+if [ -z "$under_wine" ]; then
+    DISPLAY='' "$program" --help | grep '^Usage: ' >/dev/null || fail "--help shows no usage"
+    code=0
+    "$program" "$plant" "$plant" 2>"$folder/told" || code=$?
+    [ "$code" = 2 ] || fail "two files end with code $code"
+    grep 'one file at a time' "$folder/told" >/dev/null || fail "two files: $(cat "$folder/told")"
+fi
+
 open_file() {
     keys ctrl+o
     await "Open as existing configuration"

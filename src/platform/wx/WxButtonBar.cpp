@@ -9,11 +9,13 @@ namespace trevandix {
 WxButtonBar::WxButtonBar(wxWindow* parent)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "Toolbar1") {
     m_container.DisableSelfFocus();
-    // Before the parent's own layout, which then gives the rows the height that they need.
-    parent->Bind(wxEVT_SIZE, [this, parent](wxSizeEvent& event) {
-        event.Skip();
-        SetMinSize(wxSize(-1, arrange(parent->GetClientSize().GetWidth())));
-    });
+    parent->Bind(wxEVT_SIZE, &WxButtonBar::onParentSize, this);
+}
+
+// Comes before the parent's own layout, which then gives the rows the height that they need.
+void WxButtonBar::onParentSize(wxSizeEvent& event) {
+    event.Skip();
+    SetMinSize(wxSize(-1, arrange(GetParent()->GetClientSize().GetWidth())));
 }
 
 wxToolBar& WxButtonBar::addGroup() {
@@ -41,7 +43,7 @@ int WxButtonBar::arrange(int width) {
         bottom = std::max(bottom, top + size.GetHeight());
     }
     // Windows takes along what a moved window showed, even where another one lay in front of it.
-    if (moved) GetParent()->CallAfter([this] { GetParent()->Refresh(); });
+    if (moved) CallAfter([this] { GetParent()->Refresh(); });
     return bottom;
 }
 

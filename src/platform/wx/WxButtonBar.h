@@ -17,6 +17,7 @@ public:
     wxToolBar& addGroup();
 
 private:
+    void onParentSize(wxSizeEvent& event);
     /// Places the groups; returns the height that they need.
     int arrange(int width);
 
