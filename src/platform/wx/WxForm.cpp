@@ -7,6 +7,7 @@
 #endif
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/RuntimeError.h"
 #include "platform/wx/WxFormLayout.h"
@@ -43,7 +44,8 @@ WxForm::WxForm(wxWindow& parent, const FormSpec& shape) : spec_(shape) {
     dialog_->Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { close(); });
     dialog_->Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
         event.Skip();
-        if (event.GetActive()) dialog_->CallAfter([this] { run(activated_); });
+        activationWaits_ = event.GetActive();
+        dialog_->CallAfter([this] { tellActivated(); });
     });
     dialog_->Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
         event.Skip();
@@ -232,6 +234,10 @@ void WxForm::close() {
     run(closed_);
 }
 
+void WxForm::tellActivated() {
+    if (std::exchange(activationWaits_, false)) run(activated_);
+}
+
 bool WxForm::pressFromKeyboard(const WxControl* button) {
     if (button == nullptr || !button->window->IsEnabled() || !button->window->IsShownOnScreen()) return false;
 #ifdef __WXMSW__
@@ -317,6 +323,7 @@ bool WxForm::chooseByArrow(const wxKeyEvent& event) {
 }
 
 void WxForm::onKey(wxKeyEvent& event) {
+    tellActivated();  // or it would come after the key, and select what the key has written
     if (followsManualKey(event)) return;
     const int key = event.GetKeyCode();
     const bool plain = event.GetModifiers() == 0 && std::ranges::none_of(controls_, &WxControl::listIsOpen);

@@ -45,6 +45,7 @@ private:
     Target find(std::string_view name) const;
     WxControl& at(std::string_view name) const;
     static void connect(WxControl& control);
+    void tellActivated();
     void onKey(wxKeyEvent& event);
     void onEscape();
     bool chooseByArrow(const wxKeyEvent& event);
@@ -62,6 +63,7 @@ private:
     mutable std::deque<WxControl> controls_;
     Handler closed_;
     Handler activated_;
+    bool activationWaits_ = false;
     bool shown_ = false;
 };
 
