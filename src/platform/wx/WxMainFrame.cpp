@@ -25,7 +25,7 @@ constexpr double kTreeShare = 0.4;  // of the width
 constexpr int kFirstTick = 1000;    // ms
 constexpr int kSmallestPane = 120;
 constexpr int kSmallestWidth = 320;
-constexpr int kSmallestHeight = 240;
+constexpr int kSmallestHeight = 300;
 
 wxString windowCaption() {
     return toWx(kCompany) + " - " + toWx(kProduct);
