@@ -71,7 +71,7 @@ keys ctrl+n
 answer alt+n
 await "Select ModBus interface"
 shot select
-keys Down space Return
+keys Down Return
 await "$main"
 keys Down
 menu o a
