@@ -1,7 +1,6 @@
 // Unsaved work on the disk: when it is written, what it holds, who is offered it, when it goes away.
 #include <gtest/gtest.h>
 
-
 #include "FakePlatform.h"
 #include "Plant.h"
 #include "xmlfile/ConfigurationWriter.h"
