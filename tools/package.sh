@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # tools/package.sh version: prints the version of the packages.
-# tools/package.sh PROGRAM: makes the Debian package build/package/trevandix-editor_VERSION_ARCHITECTURE.deb with the
-# program, desktop file, icon, file association, man page and manual.
+# tools/package.sh BUILD: makes the Debian package build/package/trevandix-editor_VERSION_ARCHITECTURE.deb from a build folder
+# by cmake --install, with icons in all sizes and the documents that Debian wants.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
@@ -14,7 +14,7 @@ fi
 . tools/packages.sh
 install_packages dpkg-dev librsvg2-bin fakeroot
 
-program=$1
+build=$1
 name=trevandix-editor
 architecture=$(dpkg --print-architecture)
 work=build/package
@@ -28,11 +28,10 @@ put() { # MODE FILE PLACE
 }
 
 put_program() {
-    put 755 "$program" usr/bin/$name
+    tools/manual.sh "$build/manual"
+    DESTDIR=$(realpath "$tree") cmake --install "$build" --prefix /usr --strip >/dev/null
     strip --remove-section=.comment --remove-section=.note "$tree/usr/bin/$name"
-    put 644 resources/linux/$name.desktop usr/share/applications/$name.desktop
-    put 644 resources/linux/$name.xml usr/share/mime/packages/$name.xml
-    put 644 resources/icons/app.svg usr/share/icons/hicolor/scalable/apps/$name.svg
+    gzip -9n "$tree/usr/share/man/man1/$name.1"
     local size
     for size in 16 24 32 48 64 128 256; do
         rsvg-convert -w $size -h $size -o "$work/icon.png" resources/icons/app.svg
@@ -42,16 +41,11 @@ put_program() {
 
 put_documents() {
     local documents=$tree/usr/share/doc/$name date
-    tools/manual.sh "$documents"
     put 644 resources/linux/copyright usr/share/doc/$name/copyright
-    mkdir -p "$documents/examples"
-    cp samples/*.xml "$documents/examples/"
     date=$(git log -1 --format=%cD 2>/dev/null || date -R)
     printf '%s (%s) unstable; urgency=medium\n\n  * See CHANGELOG.md.gz.\n\n -- %s  %s\n' \
         $name "$version" "$maintainer" "$date" | gzip -9n >"$documents/changelog.gz"
     gzip -9nc CHANGELOG.md >"$documents/CHANGELOG.md.gz"
-    mkdir -p "$tree/usr/share/man/man1"
-    sed "s/@VERSION@/$version/" resources/linux/$name.1 | gzip -9n >"$tree/usr/share/man/man1/$name.1.gz"
 }
 
 # The libraries that the program really loads, with the versions that have what it uses.

@@ -1,0 +1,17 @@
+# What `cmake --install` puts in place on Linux; the Debian package is made from it. The manual is there once
+# tools/manual.sh has made it.
+if(NOT UNIX)
+    return()
+endif()
+include(GNUInstallDirs)
+set(linux ${PROJECT_SOURCE_DIR}/resources/linux)
+set(VERSION ${PROJECT_VERSION})
+configure_file(${linux}/trevandix-editor.1 ${CMAKE_BINARY_DIR}/trevandix-editor.1 @ONLY)
+install(TARGETS trevandix-editor)
+install(FILES ${CMAKE_BINARY_DIR}/trevandix-editor.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${linux}/trevandix-editor.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${linux}/trevandix-editor.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
+install(FILES ${PROJECT_SOURCE_DIR}/resources/icons/app.svg RENAME trevandix-editor.svg
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
+install(DIRECTORY ${CMAKE_BINARY_DIR}/manual/ DESTINATION ${CMAKE_INSTALL_DOCDIR} OPTIONAL)
