@@ -1,10 +1,10 @@
 # trevandix_embedded: Icons.h (the drawings, compiled in so that the program is one file) and Version.h (names, version
 # and contact data, the one source of caption, message boxes and About box).
 set(generated ${CMAKE_BINARY_DIR}/generated)
-file(GLOB icon_files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/resources/icons/*.svg)
+file(GLOB icon_files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/resources/icons/*.svg)
 add_custom_command(
     OUTPUT ${generated}/Icons.cpp
-    COMMAND ${CMAKE_COMMAND} -DOUTPUT=${generated}/Icons.cpp -DICONS=${CMAKE_SOURCE_DIR}/resources/icons
+    COMMAND ${CMAKE_COMMAND} -DOUTPUT=${generated}/Icons.cpp -DICONS=${PROJECT_SOURCE_DIR}/resources/icons
             -P ${CMAKE_CURRENT_LIST_DIR}/EmbedIcons.cmake
     DEPENDS ${icon_files} ${CMAKE_CURRENT_LIST_DIR}/EmbedIcons.cmake
     VERBATIM)
@@ -12,20 +12,20 @@ find_package(Git QUIET)
 set(TREVANDIX_COMMIT "unknown")
 set(TREVANDIX_DATE "unknown")
 if(GIT_FOUND)
-    execute_process(COMMAND ${GIT_EXECUTABLE} log -1 --format=%h\ %cs WORKING_DIRECTORY ${CMAKE_SOURCE_DIR}
+    execute_process(COMMAND ${GIT_EXECUTABLE} log -1 --format=%h\ %cs WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
                     OUTPUT_VARIABLE commit_line OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
     if(commit_line MATCHES "^([^ ]+) ([^ ]+)$")
         set(TREVANDIX_COMMIT ${CMAKE_MATCH_1})
         set(TREVANDIX_DATE ${CMAKE_MATCH_2})
         # The record of where HEAD has been: it changes with every commit, and then all this is done again.
         execute_process(COMMAND ${GIT_EXECUTABLE} rev-parse --path-format=absolute --git-path logs/HEAD
-                        WORKING_DIRECTORY ${CMAKE_SOURCE_DIR} OUTPUT_VARIABLE head_log
+                        WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} OUTPUT_VARIABLE head_log
                         OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
         if(EXISTS "${head_log}")
-            set_property(DIRECTORY ${CMAKE_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${head_log})
+            set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${head_log})
         endif()
     endif()
 endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/Version.h.in ${generated}/Version.h @ONLY)
 add_library(trevandix_embedded STATIC ${generated}/Icons.cpp)
-target_include_directories(trevandix_embedded PUBLIC ${generated} ${CMAKE_SOURCE_DIR}/resources)
+target_include_directories(trevandix_embedded PUBLIC ${generated} ${PROJECT_SOURCE_DIR}/resources)

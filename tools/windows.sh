@@ -254,6 +254,7 @@ windows_build() {
     local prefix
     prefix=$(library_prefix)
     cmake -S "$windows_root" -B "$windows_objects" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+        -DCMAKE_COMPILE_WARNING_AS_ERROR=ON \
         -DCMAKE_TOOLCHAIN_FILE="$windows_root/cmake/mingw-w64.cmake" -DTREVANDIX_WINDOWS_PREFIX="$prefix"
     cmake --build "$windows_objects"
     mkdir -p "$windows_output"

@@ -10,7 +10,7 @@ class AgreementCheck {
 public:
 #ifdef NDEBUG
     explicit AgreementCheck(const Configuration&, bool = false) {}
-    ~AgreementCheck() {}  // NOLINT: not trivial, so that nobody calls the check unused
+    ~AgreementCheck() {}  // not trivial, so that nobody calls the check unused
 #else
     explicit AgreementCheck(const Configuration& configuration, bool mayPart = false);
     ~AgreementCheck();

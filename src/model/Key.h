@@ -15,7 +15,7 @@ namespace trevandix {
 class Key {
 public:
     Key() = default;
-    Key(std::string_view text);  // NOLINT: a key is a text wherever one is wanted
+    Key(std::string_view text);  // a key is a text wherever one is wanted
     Key(const std::string& text) : Key(std::string_view(text)) {}
     Key(const char* text) : Key(std::string_view(text)) {}
     /// The key of `name` inside `container`: container, ".", name.
