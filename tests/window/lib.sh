@@ -119,6 +119,7 @@ launch() { # TITLE [FILE]
     until_true 10 xdotool get_desktop >/dev/null 2>&1 || fail "no window manager: $(cat "$folder/openbox")"
     "${command[@]}" >"$folder/output" 2>&1 &
     editor=$!
+    main_id=
     wine_servers=()
     if [ -n "$under_wine" ]; then until_true 10 find_wine_servers || fail "Wine has no server"; fi
     until_true 30 is_active "$title" || fail "the program does not show the window \"$title\""
@@ -261,8 +262,16 @@ type_path() {
     keys Return
 }
 
-# The main window: its id and its size, WINDOW, WIDTH and HEIGHT.
-main_window() { eval "$(xdotool getwindowgeometry --shell "$(xdotool search --onlyvisible --name "^$main\$" | head -n 1)")"; }
+# The main window: its id and its size, WINDOW, WIDTH and HEIGHT. The id is looked for once, because a search fails where
+# another window goes meanwhile.
+main_id=
+main_window() {
+    if [ -z "$main_id" ]; then until_true 10 find_main_window || fail "no main window"; fi
+    eval "$(xdotool getwindowgeometry --shell "$main_id")"
+}
+find_main_window() {
+    main_id=$(xdotool search --onlyvisible --name "^$main\$" 2>/dev/null | head -n 1) && [ -n "$main_id" ]
+}
 
 # click_list PERCENT ROW: the left button on a row of the list, or on its header.
 click_list() {
