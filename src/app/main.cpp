@@ -107,10 +107,13 @@ int App::OnRun() {
 
 // What a crash left comes before the file of the command line, which can be opened at any time.
 void App::openFirst() {
-    if (program_->editor.offerRecovery() || commandLine_.file.empty()) return;
-    wxFileName file(toWx(commandLine_.file));
-    file.MakeAbsolute();
-    program_->editor.openFile(fromWx(file.GetFullPath()));
+    std::string path;
+    if (!commandLine_.file.empty()) {
+        wxFileName file(toWx(commandLine_.file));
+        file.MakeAbsolute();
+        path = fromWx(file.GetFullPath());
+    }
+    program_->editor.start(path);
 }
 
 int App::OnExit() {

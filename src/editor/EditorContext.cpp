@@ -22,6 +22,7 @@ void EditorContext::InitObjects() const {
     list.clear();
     state().copyBuffer.assign(1, nullptr);
     state().pasteCounter = 1;
+    news.update();
 }
 
 }  // namespace trevandix

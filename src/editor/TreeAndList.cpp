@@ -53,7 +53,7 @@ void TreeAndList::showContents(TreeNode& node) {
     const ListView::Update update(context_.list);
     context_.list.begin(node.key());
     context_.tree().keepSorted(node);
-    context_.enable(situationOf(node.tag()));
+    enableFor(node);
     showColumns(node.tag());
     switch (node.tag()) {
         case NodeTag::Config:
@@ -69,6 +69,17 @@ void TreeAndList::showContents(TreeNode& node) {
         case NodeTag::Item:
             return showItem(node);
     }
+}
+
+void TreeAndList::enableForSelected() const {
+    if (const TreeNode* node = context_.tree().selected()) enableFor(*node);
+}
+
+// Of a branch, only the first child decides about the bulk pastes.
+void TreeAndList::enableFor(const TreeNode& node) const {
+    const TreeNode* first = node.firstChild();
+    const bool pastes = node.tag() == NodeTag::Branch && first != nullptr && first->tag() == NodeTag::Item;
+    context_.enable(pastes ? Situation::BranchWithItemFirst : situationOf(node.tag()));
 }
 
 void TreeAndList::showColumns(NodeTag tag) {
@@ -92,8 +103,6 @@ void TreeAndList::showUnit(const TreeNode& node) {
 void TreeAndList::showBranch(const TreeNode& node) {
     const TreeNode* child = node.firstChild();
     if (child == nullptr) return;
-    // Only the first child decides about the bulk pastes, as the server's users know it.
-    if (child->tag() == NodeTag::Item) context_.enable(Situation::BranchWithItemFirst);
     context_.list.reserve(node.childCount());
     for (; child != nullptr; child = child->nextSibling()) {
         if (child->tag() == NodeTag::Item) showRow(*child, true);

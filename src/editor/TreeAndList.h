@@ -15,6 +15,8 @@ public:
     /// and its children are sorted from now on. Where the list showed the same node before, rows keep their
     /// selection and the scroll position.
     void TreeView1_NodeClick(TreeNode& node);
+    /// Switches the commands for the selected node.
+    void enableForSelected() const;
     /// Switches the commands for the list's current row.
     void ListView1_Click();
     /// Selects the tree node of the list's current row, if there is one.
@@ -25,6 +27,7 @@ public:
 
 private:
     void showContents(TreeNode& node);
+    void enableFor(const TreeNode& node) const;
     void showUnits();
     void showDataTypes();
     void showUnit(const TreeNode& node);

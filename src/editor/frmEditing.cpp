@@ -41,6 +41,14 @@ void frmEditing::openFile(const std::string& filePath) {
     react([&] { file_.openFile(filePath); });
 }
 
+void frmEditing::start(const std::string& filePath) {
+    const bool recovered = offerRecovery();
+    if (filePath.empty()) return;
+    if (!recovered) return openFile(filePath);
+    news_.tell("Not opened, as changes were recovered: " + filePath);
+    news_.update();
+}
+
 bool frmEditing::offerRecovery() {
     bool recovered = false;
     react([&] { context_.guarded("offerRecovery", [&] { recovered = recovery_.offer(); }); });
@@ -108,6 +116,10 @@ std::chrono::milliseconds frmEditing::idle(std::chrono::steady_clock::time_point
 
 void frmEditing::TreeView1_NodeClick(TreeNode& node) {
     react([&] { views_.TreeView1_NodeClick(node); });
+}
+
+void frmEditing::TreeView1_GotFocus() {
+    react([&] { views_.enableForSelected(); });
 }
 
 void frmEditing::TreeView1_DblClick() {

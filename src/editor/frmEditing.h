@@ -23,6 +23,9 @@ public:
 
     /// The last step of start-up: the commands of a program without a configuration.
     void Form_Load();
+    /// The first thing that the program does: asks about unsaved work of earlier runs, then opens the file,
+    /// if one was named. Recovered work stays open instead, and the status bar says so.
+    void start(const std::string& filePath);
     /// Opens a file as if it had been chosen in the Open dialog.
     void openFile(const std::string& filePath);
     /// Asks about unsaved work of earlier runs. True when some was taken back and is open now.
@@ -35,6 +38,7 @@ public:
     std::chrono::milliseconds idle(std::chrono::steady_clock::time_point now,
                                    std::chrono::steady_clock::time_point lastInput) override;
     void TreeView1_NodeClick(TreeNode& node) override;
+    void TreeView1_GotFocus() override;
     void TreeView1_DblClick() override;
     void treeExpansionChanged(TreeNode& node, bool expanded) override;
     void ListView1_Click() override;

@@ -21,7 +21,7 @@ void ListView::aboutToChange() {
     kept.place = display_->place();
     for (const std::size_t row : kept.place.selected) kept.selected.insert(rows_.at(row).key);
     if (kept.place.focused) kept.focused = rows_.at(*kept.place.focused).key;
-    if (kept.place.top < rows_.size()) kept.top = rows_[kept.place.top].key;
+    if (kept.place.top && *kept.place.top < rows_.size()) kept.top = rows_[*kept.place.top].key;
     kept_ = std::move(kept);
 }
 
@@ -40,13 +40,13 @@ void ListView::restorePlace() {
     const std::size_t last = rows_.size() - 1;
     ListPlace place;
     if (kept.place.focused) place.focused = std::min(*kept.place.focused, last);
-    place.top = std::min(kept.place.top, last);
+    if (kept.place.top) place.top = std::min(*kept.place.top, last);
     place.left = kept.place.left;
     for (std::size_t row = 0; row < rows_.size(); ++row) {
         const std::string& key = rows_[row].key;
         if (kept.selected.contains(key)) place.selected.push_back(row);
         if (kept.place.focused && key == kept.focused) place.focused = row;
-        if (key == kept.top) place.top = row;
+        if (kept.place.top && key == kept.top) place.top = row;
     }
     display_->restore(place);
 }

@@ -25,13 +25,13 @@ struct ListColumn {
 
 enum class ListMode { Icon = 0, SmallIcon = 1, List = 2, Report = 3 };
 
-/// What the user has made of the rows shown: which are selected, which has the keyboard, and what is scrolled
-/// to. Positions of rows.
+/// What the user has made of the rows shown: which are selected, which has the keyboard, and which is the
+/// topmost. Positions of rows.
 struct ListPlace {
     std::vector<std::size_t> selected;  ///< ascending
     std::optional<std::size_t> focused;
-    std::size_t top = 0;
-    int left = 0;  ///< scrolled sideways, in the display's own unit
+    std::optional<std::size_t> top{};  ///< nothing where rows do not stand in lines
+    int left = 0;                      ///< scrolled sideways, in the display's own unit
 };
 
 /// The control that shows a list; it asks for rows when it draws them, so no row is ever copied into it.

@@ -72,6 +72,8 @@ public:
 
     /// The user picked a node, by mouse or keyboard, the selected one included.
     virtual void TreeView1_NodeClick(TreeNode& node) = 0;
+    /// The keyboard came back to the tree by a key.
+    virtual void TreeView1_GotFocus() = 0;
     /// Double click in the tree, or Enter.
     virtual void TreeView1_DblClick() = 0;
     /// The user opened or closed a node.

@@ -85,7 +85,6 @@ void WxCommands::buildToolBar(const CommandTables& tables) {
         const int id = wxWindow::NewControlId();
         group->AddTool(id, wxMenuItem::GetLabelText(name), iconBundle(shape.image, kToolbarIconSize),
                        fadedIconBundle(shape.image, kToolbarIconSize), wxITEM_NORMAL, tip);
-        if (entry != nullptr) group->SetToolLongHelp(id, toWx(entry->hint));
         frame_.Bind(wxEVT_TOOL, &WxCommands::onTool, this, id);
         buttons_.push_back({shape.key, group, id});
     }

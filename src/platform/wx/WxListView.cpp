@@ -100,11 +100,7 @@ void WxListView::watch(wxListCtrl& control) {
         event.Skip();
         if (beside(event.GetPosition())) doubleClick();
     });
-    // A control of Windows would clear the selection, on which the menu's commands act.
-    rows.Bind(wxEVT_RIGHT_DOWN, [this](wxMouseEvent& event) {
-        event.Skip(!beside(event.GetPosition()));
-        focus();
-    });
+    rows.Bind(wxEVT_RIGHT_DOWN, &WxListView::onRightDown, this);
     control.Bind(wxEVT_CONTEXT_MENU, &WxListView::onContextMenu, this);
 }
 
@@ -177,9 +173,9 @@ void WxListView::restore(const ListPlace& place) {
         shown_->SetItemState(static_cast<long>(row), wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
     if (place.focused) {
         shown_->SetItemState(static_cast<long>(*place.focused), wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
-        if (shown_ != report_) shown_->EnsureVisible(static_cast<long>(*place.focused));
+        if (shown_ != report_ || !place.top) shown_->EnsureVisible(static_cast<long>(*place.focused));
     }
-    if (shown_ == report_) report_->scrollTo(static_cast<long>(place.top), place.left);
+    if (shown_ == report_ && place.top) report_->scrollTo(static_cast<long>(*place.top), place.left);
 }
 
 void WxListView::rowChanged(std::size_t row) {
@@ -233,6 +229,25 @@ void WxListView::onKey(wxKeyEvent& event) {
 }
 
 // The menu acts on the rows that are selected, so a row pointed at outside the selection becomes it.
+void WxListView::onRightDown(wxMouseEvent& event) {
+    focus();
+    int flags = 0;
+    const long row = shown_->HitTest(event.GetPosition(), flags);
+#ifdef __WXMSW__
+    event.Skip(row >= 0);  // beside the rows the control would clear the selection
+#else
+    event.Skip();
+#endif
+    if (row < 0 || shown_->GetItemState(row, wxLIST_STATE_SELECTED) != 0) return;
+    {
+        const WxRaised quiet(quiet_);
+        shown_->SetItemState(-1, 0, wxLIST_STATE_SELECTED);
+        const long both = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
+        shown_->SetItemState(row, both, both);
+    }
+    click();
+}
+
 void WxListView::onContextMenu(wxContextMenuEvent& event) {
     wxWindow& rows = rowArea(*shown_);
     if (event.GetPosition() == wxDefaultPosition) {
@@ -242,19 +257,7 @@ void WxListView::onContextMenu(wxContextMenuEvent& event) {
         openMenu_(*shown_, shows ? line.GetBottomLeft() : wxPoint());
         return;
     }
-    const wxPoint point = rows.ScreenToClient(event.GetPosition());
-    int flags = 0;
-    const long row = shown_->HitTest(point, flags);
-    if (row >= 0 && shown_->GetItemState(row, wxLIST_STATE_SELECTED) == 0) {
-        {
-            const WxRaised quiet(quiet_);
-            shown_->SetItemState(-1, 0, wxLIST_STATE_SELECTED);
-            const long both = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
-            shown_->SetItemState(row, both, both);
-        }
-        click();
-    }
-    openMenu_(rows, point);
+    openMenu_(rows, rows.ScreenToClient(event.GetPosition()));
 }
 
 }  // namespace trevandix

@@ -33,12 +33,18 @@ public:
     /// True when the list is shown, so that it can take the keyboard.
     bool usable() const;
     void focus() { shown_->SetFocus(); }
+    /// Takes the keyboard as a click on the current row does.
+    void takeKeyboard() {
+        focus();
+        click();
+    }
 
 private:
     void watch(wxListCtrl& control);
     void showFitting();
     void click();
     void doubleClick();
+    void onRightDown(wxMouseEvent& event);
     void onContextMenu(wxContextMenuEvent& event);
     void onKey(wxKeyEvent& event);
     bool beside(const wxPoint& point) const;

@@ -72,7 +72,9 @@ WxMainFrame::~WxMainFrame() {
 void WxMainFrame::placeOnScreen() {
     const wxDisplay display(this);
     const wxSize screen = display.GetGeometry().GetSize();
-    SetMinSize(FromDIP(wxSize(kSmallestWidth, kSmallestHeight)));
+    wxSize smallest = FromDIP(wxSize(kSmallestWidth, kSmallestHeight));
+    smallest.DecTo(display.GetClientArea().GetSize() * kScreenShare);
+    SetMinSize(smallest);
     firstPlace_ =
         wxRect(wxSize(static_cast<int>(screen.x * kScreenShare), static_cast<int>(screen.y * kScreenShare)))
             .CentreIn(display.GetClientArea());
@@ -205,9 +207,10 @@ void WxMainFrame::onKey(wxKeyEvent& event) {
     if (!next || !tree_->IsShownOnScreen() || !list_->usable()) {
         event.Skip();
     } else if (tree_->HasFocus()) {
-        list_->focus();
+        list_->takeKeyboard();
     } else {
         tree_->SetFocus();
+        gate_.run([](MainWindowEvents& events) { events.TreeView1_GotFocus(); });
     }
 }
 
