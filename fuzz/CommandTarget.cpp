@@ -55,8 +55,8 @@ private:
         const unsigned choice = next();
         if (choice < 64) return kNames[choice % kNames.size()];
         if (choice < 192) return "N" + std::to_string(choice % 64);
-        std::string text(bytes_.substr(0, choice % 8));
-        bytes_.remove_prefix(text.size());
+        std::string text;  // of what can be typed
+        for (unsigned length = choice % 8; length > 0; --length) text += static_cast<char>(' ' + next() % 95);
         return text;
     }
 

@@ -5,10 +5,10 @@
 
 #include "FakePlatform.h"
 #include "Targets.h"
-#include "xmlfile/AmbiguousTexts.h"
 #include "xmlfile/ConfigurationReader.h"
 #include "xmlfile/ConfigurationWriter.h"
-#include "xmlfile/LineDocument.h"
+#include "xmlfile/Mending.h"
+#include "xmlfile/Unreadable.h"
 
 namespace trevandix::fuzz {
 
@@ -55,13 +55,6 @@ std::size_t records(const Configuration& configuration) {
            configuration.dataTypes.size();
 }
 
-void visit(const XmlElement& element, std::size_t& bytes) {
-    std::string buffer;
-    for (XmlElement child = element.firstChild(); child; child = child.nextSibling()) {
-        bytes += child.name().size() + child.text(buffer).size();
-    }
-}
-
 }  // namespace
 
 void Reader(std::string_view bytes) {
@@ -75,7 +68,7 @@ void Reader(std::string_view bytes) {
         return;
     require(testing::disagreements(archive.configuration).empty(), "tree and collections disagree");
     if (!opened) return;
-    if (!ambiguousTexts(archive.configuration).empty()) return;
+    if (!whatMakesUnreadable(archive.configuration).empty()) return;
     const std::string copy = (folder() / "written.xml").string();
     ConfigurationWriter writer(archive.configuration, archive.messages, archive.pointer);
     require(writer.CreateXML(copy), "what was opened cannot be saved");
@@ -84,20 +77,29 @@ void Reader(std::string_view bytes) {
     require(records(again.configuration) == records(archive.configuration), "saving lost something");
 }
 
-void Fallback(std::string_view bytes) {
-    if (bytes.empty()) return;
-    const auto references = bytes.front() % 2 == 0 ? References::Writer : References::Xml;
+void Mending(std::string_view bytes) {
     try {
-        const LineDocument document(std::string(bytes.substr(1)), references);
-        std::size_t found = 0;
-        visit(document.root(), found);
-        for (XmlElement section = document.root().firstChild(); section; section = section.nextSibling()) {
-            visit(section, found);
-        }
-        require(found < 2 * bytes.size() + 2, "texts from outside the file");
+        const std::string text = mended(bytes);
+        require(text.find('\0') == std::string::npos, "a NUL byte in the mended text");
+        PugiXmlParser().parse(text);
     } catch (const XmlParseError& error) {
-        require(error.line() >= 1, "a failure without a line");
+        const bool byMending = std::string_view(error.what()).find(", expected ") != std::string_view::npos;
+        require(byMending && error.line() >= 1, "mended, and still no XML");
     }
+    // Line ends could be those of the file; references of the writer's kind are read as it means them.
+    if (bytes.find_first_of(std::string_view("\0\n", 2)) != std::string_view::npos ||
+        bytes.find("&#x") != std::string_view::npos)
+        return;
+    const std::string file = testing::fileText(
+        {}, {"\t\t<PLC name=\"P\" address = \"\" id=\"1\" timeout=\"1\">\r\n\t\t\t<tags>\r\n" +
+             testing::tagText(4, "I", "", 1, bytes) + "\r\n\t\t\t</tags>\r\n\t\t</PLC>"});
+    const auto document = PugiXmlParser().parse(mended(file));
+    XmlElement element = document->root();
+    for (const char* name : {"OPC_DA", "PLC", "tags", "tag", "comment"}) element = element.child(name);
+    std::string buffer;
+    std::string latin1;
+    appendLatin1(latin1, element.text(buffer));
+    require(latin1 == bytes, "another comment than was saved");
 }
 
 }  // namespace trevandix::fuzz

@@ -15,8 +15,9 @@ namespace trevandix::fuzz {
 /// The bytes as a configuration file: opened or refused with one message, tree and collections agree, and
 /// what was opened can be saved and opened again.
 void Reader(std::string_view bytes);
-/// The bytes as lines of the writer's shape: never anything but an XmlParseError, every text inside the file.
-void Fallback(std::string_view bytes);
+/// The bytes as a file that is no XML: refused with a line, or mended into what the parser accepts. And as a
+/// comment: it comes back from the mended file.
+void Mending(std::string_view bytes);
 /// The bytes as a type: converting there and back settles after one round.
 void TypeNames(std::string_view bytes);
 /// The bytes as clipboard text: nothing but blanks and line ends is lost.

@@ -7,7 +7,7 @@
 #include "Plant.h"
 #include "Targets.h"
 #include "platform/Text.h"
-#include "xmlfile/AmbiguousTexts.h"
+#include "xmlfile/Unreadable.h"
 
 namespace trevandix::testing {
 
@@ -29,7 +29,6 @@ Texts sortedContents(const Configuration& configuration) {
 /// A file can only give back what it can hold: what is below a unit, under keys that stay apart when branch
 /// names are in capitals.
 bool survivesAFile(const Configuration& configuration) {
-    if (!ambiguousTexts(configuration).empty()) return false;
     Texts places;
     const TreeNode& root = *configuration.tree.root();
     for (const TreeNode* n = nextBelow(root, root); n != nullptr; n = nextBelow(*n, root)) {
@@ -38,6 +37,7 @@ bool survivesAFile(const Configuration& configuration) {
         if (item || n->tag() == NodeTag::Branch) {
             if (above != NodeTag::Plc && above != NodeTag::Branch) return false;
         }
+        if (!item && n->text() == "tag") return false;
         const std::string_view name = item ? configuration.items.at(n->key())->sName() : n->text();
         places.push_back(upperCased(Key(Key(n->key().parent()), name).view()));
     }
@@ -55,11 +55,14 @@ TEST(EditingSequences, TreeCollectionsAndFileAgree) {
         int step = 0;
         const auto compare = [&](Workplace& place) {
             if (++step % 10 != 0 || !survivesAFile(place.configuration)) return;
+            place.run("mnuSaveCfg");
+            const std::string bytes = readFile(place.configuration.state.filePath);
+            // Then a parser takes some of the text for markup.
+            if (!whatMakesUnreadable(place.configuration).empty() && isXml(bytes)) return;
             for (const auto& [key, item] : place.configuration.items) shared += item->sKey() == key ? 0 : 1;
             ++comparedFiles;
-            place.run("mnuSaveCfg");
             Workplace second;
-            second.openText(readFile(place.configuration.state.filePath));
+            second.openText(bytes);
             ASSERT_EQ(sortedContents(second.configuration), sortedContents(place.configuration));
         };
         fuzz::Commands(randomBytes(seed), {.mostSteps = 150, .after = compare});

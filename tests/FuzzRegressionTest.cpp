@@ -29,7 +29,7 @@ TEST(FuzzRegression, EveryKnownInputIsHandled) {
     using Target = void (*)(std::string_view);
     const std::vector<std::pair<std::string, Target>> targets{
         {"Reader", fuzz::Reader},
-        {"Fallback", fuzz::Fallback},
+        {"Mending", fuzz::Mending},
         {"TypeNames", fuzz::TypeNames},
         {"Clipboard", fuzz::Clipboard},
         {"Commands", [](std::string_view bytes) { fuzz::Commands(bytes); }}};

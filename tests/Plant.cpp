@@ -87,6 +87,15 @@ void expectRefusal(Workplace& place, FakeForm& form, const std::string& fields, 
     EXPECT_EQ(place.messages.take(), message);
 }
 
+bool isXml(std::string_view bytes) {
+    try {
+        PugiXmlParser().parse(bytes);
+        return true;
+    } catch (const XmlParseError&) {
+        return false;
+    }
+}
+
 Texts fileContents(const Configuration& configuration) {
     Texts lines{configuration.state.interfaceKind};
     const TreeNode& root = *configuration.tree.root();

@@ -30,6 +30,9 @@ struct PlantedWorkplace : Workplace {
 /// Fills the dialog's fields and presses Ok, which it answers with the message only.
 void expectRefusal(Workplace& place, FakeForm& form, const std::string& fields, const Texts& message);
 
+/// Whether the parser accepts the bytes.
+bool isXml(std::string_view bytes);
+
 /// What a file of the configuration gives back, a line a node, in tree order: its place, branch names in
 /// capitals, and its record.
 Texts fileContents(const Configuration& configuration);

@@ -7,7 +7,6 @@
 #include "Plant.h"
 #include "editor/LoadProgress.h"
 #include "platform/Text.h"
-#include "xmlfile/FileText.h"
 
 namespace trevandix::testing {
 
@@ -23,6 +22,10 @@ std::string unit(const std::string& name, const std::string& tags, const std::st
 
 std::string good() {
     return fileText({kType}, {unit("PLC1", tagText(4, "Run") + "\r\n")});
+}
+
+std::string rtu(const std::string& fields) {
+    return fileText({}, {"<PLC>" + fields + "</PLC>"}, true);
 }
 
 // In UTF-16, little endian, with its byte-order mark.
@@ -70,6 +73,28 @@ TEST(Reader, TakesWhateverCaseOrderAndExtrasFilesHave) {
     EXPECT_TRUE(place.node("P.AREA").expanded() && place.node("P.AREA.SUB-1").expanded());
 }
 
+// Markup inside well-formed files: whatever the parser accepts, it alone reads, escaped text too.
+TEST(Reader, LeavesXmlToTheParser) {
+    const std::string from = "<address>1</address>";
+    for (const std::string by :
+         {"<address><![CDATA[77]]></address>", "<address><!-- was 76 -->77</address>",
+          "<address>7<?x?><b>7</b></address>", "<address>&#55;7</address><address>5</address>"}) {
+        Workplace place;
+        place.openText(replaced(replaced(good(), from, by), "\" address", "\" note=\"x\" address"));
+        EXPECT_EQ(place.messages.take(), Texts{});
+        EXPECT_EQ(place.item("PLC1.Run").nAddress(), 77);
+    }
+    for (const auto& [written, read] : Fields{{"a &lt;b&gt; &#x20AC; &amp;amp;", "a <b> € &amp;"},
+                                              {"a<!-- no --><b>&lt;b&gt;</b>", "a<b>"}}) {
+        Workplace place;
+        place.openText(replaced(good(), "<comment>", "<comment>" + written));
+        EXPECT_EQ(place.item("PLC1.Run").sComment(), read);
+    }
+    Workplace place;
+    place.openText(rtu("<id>7<!-- pump --></id><name>P</name>"));
+    EXPECT_EQ(place.configuration.units.at("P")->getUI(), 7);
+}
+
 // A comment in each encoding that files declare comes back as the same text.
 TEST(Reader, KnowsTheEncodingsOfFiles) {
     const std::string text = "Füllstand 5°";
@@ -102,6 +127,7 @@ TEST(Reader, RefusesBadFilesWithTheirMessage) {
     const auto with = [](std::string_view what, std::string_view by) { return replaced(good(), what, by); };
     const std::string address = "<address>1</address>";
     const std::string missing = " Error n. 91  Object variable not set: ";
+    const std::string nameless = " Error n. 5  Invalid procedure call or argument: ";
     const Fields table{
         {"", " Error n. 1001  The file is not well-formed XML"},
         {"   ", " Error n. 1001"},
@@ -117,7 +143,9 @@ TEST(Reader, RefusesBadFilesWithTheirMessage) {
         {with(address, "<address>3000000000</address>"), " Error n. 6  Overflow in BrowseBranch"},
         {with(address, ""), missing + "<tag> has no element \"address\" in BrowseBranch"},
         {with("timeout=", "time="), missing + "<PLC> has no attribute \"timeout\" in BrowsePlc"},
-        {with("PLC1", ""), " Error n. 5  Invalid procedure call or argument: a name is missing in BrowsePlc"},
+        {with("PLC1", ""), nameless + "<PLC> gives no name: \"\" in BrowsePlc"},
+        {with("HREGISTER\" ", "FOO\" "), nameless + "<DATATYPE> gives no name: \"FOO\" in ImportXML"},
+        {rtu("<id>1</id>"), nameless + "<PLC> gives no name: \"\" in BrowsePlc"},
         {with("PLC1", "ModBus"), failure(kKeyNotUnique, "BrowsePlc")[0]},
         {with("PLC1", "holding register"), " Error n. 35602"},
         {two, failure(kKeyInCollection, "BrowsePlc")[0]},
@@ -193,37 +221,6 @@ TEST(Reader, ShowsProgressAndSurvivesItsUser) {
     LoadProgress progress(window);
     for (int i = 0; i < 250; ++i) progress.itemRead();
     EXPECT_EQ(progress.percent(), 50);
-}
-
-// While a large file is read, the memory of what has been read goes back, whatever the parser made of the
-// text.
-TEST(Reader, KeepsAllOfLargeFiles) {
-    Texts keys;
-    for (int item = 0; item < 26'000; ++item) {
-        const std::string unit = "PLC" + std::to_string(item / 1000);
-        const std::string branch = unit + ".B" + std::to_string(item / 100);
-        if (item % 1000 == 0) keys.push_back(unit);
-        if (item % 100 == 0) keys.insert(keys.end(), {branch + "/", branch + ".IN/"});
-        keys.push_back(branch + ".IN.Signal_" + std::to_string(item));
-    }
-    for (const std::string letter : {"e", "\xC3\xA9"}) {
-        PlantedWorkplace written(keys);
-        addDataType(written, "coil");
-        for (const auto& [key, item] : written.configuration.items) item->sComment("mesur" + letter);
-        const std::string latin1 = written.saved();
-        // The data types behind the units: a section that is asked for after all others.
-        const std::size_t start = latin1.find("\t<MODBUS>");
-        const std::string types = latin1.substr(start, latin1.find("\t<OPC_DA>") - start);
-        const std::string bytes =
-            replaced(replaced(latin1, types, ""), "\t</OPC_DA>\r\n", "\t</OPC_DA>\r\n" + types);
-        for (const std::string& file : {bytes, utf16(utf8FromLatin1(replaced(bytes, "8859-1", "10646")))}) {
-            Workplace place;
-            place.openText(file);
-            EXPECT_EQ(place.messages.take(), Texts{});
-            place.run("mnuSaveCfg");
-            EXPECT_TRUE(readFile(place.path("test.xml")) == latin1);
-        }
-    }
 }
 
 }  // namespace trevandix::testing

@@ -85,9 +85,8 @@ std::string printed(const XmlElement& element, int depth = 0) {
         if (const auto value = element.attribute(name)) line += printed(*value);
     }
     std::string below;
-    for (XmlElement child = element.firstChild(); child; child = child.nextSibling()) {
-        if (child.isElement()) below += printed(child, depth + 1);
-    }
+    for (XmlElement child = element.firstChild(); child; child = child.nextSibling())
+        below += printed(child, depth + 1);
     std::string buffer;
     if (below.empty()) line += printed(element.text(buffer));
     return line + "\r\n" + below;

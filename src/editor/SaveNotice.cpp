@@ -3,24 +3,11 @@
 #include <algorithm>
 
 #include "platform/Text.h"
-#include "xmlfile/AmbiguousTexts.h"
+#include "xmlfile/Unreadable.h"
 
 namespace trevandix {
 
 namespace {
-
-std::string ambiguityText(const Configuration& configuration) {
-    constexpr std::size_t kNamed = 3;
-    const std::vector<std::string> places = ambiguousTexts(configuration);
-    if (places.empty()) return {};
-    std::string text = "May read differently when opened: ";
-    for (std::size_t i = 0; i < places.size() && i < kNamed; ++i) {
-        if (i > 0) text += ", ";
-        text += places[i];
-    }
-    if (places.size() > kNamed) text += " and " + std::to_string(places.size() - kNamed) + " more";
-    return text + ". ";
-}
 
 bool hasSmallLetters(const Configuration& configuration) {
     return std::ranges::any_of(configuration.branches, [](const auto& entry) {
@@ -32,7 +19,8 @@ bool hasSmallLetters(const Configuration& configuration) {
 }  // namespace
 
 std::string saveNotice(const Configuration& configuration, bool published, bool& capitalsTold) {
-    std::string text = ambiguityText(configuration);
+    std::string text = whatMakesUnreadable(configuration);
+    if (!text.empty()) text = "Other programs cannot read this file: " + text + ". ";
     if (!capitalsTold && hasSmallLetters(configuration)) {
         capitalsTold = true;
         text += "Branch names come back in capitals when the file is opened. ";

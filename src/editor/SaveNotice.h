@@ -6,8 +6,8 @@
 
 namespace trevandix {
 
-/// What the status bar says of a file just saved: texts in it that may read differently when it is opened,
-/// and whether the server has been told of it. `capitalsTold`: the note that branch names come back in
+/// What the status bar says of a file just saved: the first text in it that keeps other programs from reading
+/// it, and whether the server has been told of it. `capitalsTold`: the note that branch names come back in
 /// capitals has been given; it is given once, for the first file that it concerns.
 std::string saveNotice(const Configuration& configuration, bool published, bool& capitalsTold);
 

@@ -6,7 +6,7 @@
 namespace trevandix {
 
 void clsBranch::build(const XmlElement& element, const Key& container) {
-    sName_ = upperCased(element.name());
+    sName_ = upperCased(carriedText(element.name()));
     sKey_ = Key(container, sName_);
 }
 

@@ -88,7 +88,10 @@ void clsItem::SetByXml(const XmlElement& element, const Key& container) {
     constexpr std::array<std::string_view, 7> kNames{"name",         "comment", "address", "datatype",
                                                      "accessrights", "databit", "elements"};
     std::array<XmlElement, kNames.size()> children;
-    element.findChildren(kNames, children);
+    for (XmlElement child = element.firstChild(); child; child = child.nextSibling()) {
+        const auto place = static_cast<std::size_t>(std::ranges::find(kNames, child.name()) - kNames.begin());
+        if (place < kNames.size() && !children[place]) children[place] = child;
+    }
     const auto& [name, comment, address, dataType, accessRights, dataBit, elements] = children;
     std::string buffer;
     const auto required = [&](const XmlElement& child, std::string_view childName) {

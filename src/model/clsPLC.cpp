@@ -24,7 +24,6 @@ void clsPLC::readTcpIp(const XmlElement& element) {
 void clsPLC::readRtu(const XmlElement& element) {
     std::string buffer;
     for (XmlElement child = element.firstChild(); child; child = child.nextSibling()) {
-        if (!child.isElement()) continue;
         const auto text = [&] { return child.text(buffer); };
         if (child.isNamed("NAME"))
             sName_ = text();

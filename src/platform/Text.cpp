@@ -18,6 +18,12 @@ constexpr bool within(char32_t c, char32_t first, char32_t last) {
 
 }  // namespace
 
+bool isAscii(std::string_view text) {
+    unsigned char all = 0;
+    for (const char c : text) all |= static_cast<unsigned char>(c);
+    return all < 0x80;
+}
+
 char32_t nextCodePoint(std::string_view text, std::size_t& position) {
     const std::size_t at = position;
     const auto lead = static_cast<unsigned char>(text[at]);

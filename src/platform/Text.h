@@ -5,6 +5,8 @@
 
 namespace trevandix {
 
+bool isAscii(std::string_view text);
+
 /// Decodes one code point at `position` of UTF-8 `text` and moves `position` past it. A byte that starts no
 /// valid sequence is taken as a Latin-1 character, so that no text is ever lost.
 char32_t nextCodePoint(std::string_view text, std::size_t& position);

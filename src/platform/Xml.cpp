@@ -4,13 +4,15 @@
 
 namespace trevandix {
 
+namespace {
+constexpr char32_t kFirstByte = 0xE000;             // the private-use character of byte 0
+constexpr std::string_view kMark = "\xEE\x84\x80";  // U+E100, in front of every name that carries a text
+}  // namespace
+
 XmlParseError::XmlParseError(std::size_t line, std::string_view reason)
     : RuntimeError(ErrorNumber::XmlParse, "line " + std::to_string(line) + ", " + std::string(reason)),
       line_(line) {}
 
-bool XmlElement::isElement() const {
-    return document_->isElement(node_);
-}
 std::string_view XmlElement::name() const {
     return document_->name(node_);
 }
@@ -25,10 +27,6 @@ bool XmlElement::isNamed(std::string_view upper) const {
     return true;
 }
 
-void XmlElement::passed() const {
-    document_->passed(node_);
-}
-
 XmlElement XmlElement::firstChild() const {
     return {document_, document_->firstChild(node_)};
 }
@@ -36,21 +34,32 @@ XmlElement XmlElement::nextSibling() const {
     return {document_, document_->nextSibling(node_)};
 }
 
-void XmlElement::findChildren(std::span<const std::string_view> names, std::span<XmlElement> found) const {
-    document_->findChildren(node_, names, found);
+XmlElement XmlElement::child(std::string_view name) const {
+    XmlElement found = firstChild();
+    while (found && found.name() != name) found = found.nextSibling();
+    return found;
 }
 
 std::optional<std::string_view> XmlElement::attribute(std::string_view name) const {
     return document_->attribute(node_, name);
 }
 
-std::string XmlElement::text() const {
-    std::string buffer;
-    return std::string(text(buffer));
-}
-
 std::string_view XmlElement::text(std::string& buffer) const {
     return document_->text(node_, buffer);
+}
+
+std::string nameCarrying(std::string_view text) {
+    std::string name(kMark);
+    for (const char byte : text) appendUtf8(name, kFirstByte + static_cast<unsigned char>(byte));
+    return name;
+}
+
+std::string carriedText(std::string_view name) {
+    if (!name.starts_with(kMark)) return std::string(name);
+    std::string text;
+    for (std::size_t at = kMark.size(); at < name.size();)
+        text += static_cast<char>(nextCodePoint(name, at) - kFirstByte);
+    return text;
 }
 
 }  // namespace trevandix

@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -12,63 +11,46 @@ namespace trevandix {
 
 class XmlDocument;
 
-/// A light handle on one node of a parsed document; valid while the document lives. Texts are UTF-8.
+/// A light handle on one element of a parsed document; valid while the document lives. Texts are UTF-8.
 class XmlElement {
 public:
     XmlElement() = default;
     XmlElement(const XmlDocument* document, const void* node) : document_(document), node_(node) {}
 
     explicit operator bool() const { return node_ != nullptr; }
-    bool operator==(const XmlElement& other) const { return node_ == other.node_; }
 
-    bool isElement() const;
     /// The name as written in the file.
     std::string_view name() const;
     /// The name compares equal to `upper` (ASCII capitals) when its case is ignored.
     bool isNamed(std::string_view upper) const;
-    /// Children in document order, of every node kind.
+    /// Child elements in document order; an empty handle behind the last.
     XmlElement firstChild() const;
     XmlElement nextSibling() const;
-    /// The first child of each of the names, in one walk; an empty handle stays where there is none. It is
-    /// quickest where the children stand in the order of the names. `found` has as many places as there are
-    /// names.
-    void findChildren(std::span<const std::string_view> names, std::span<XmlElement> found) const;
+    /// The first child element of exactly this name; an empty handle when there is none.
+    XmlElement child(std::string_view name) const;
     /// The attribute's value; nothing when it is missing.
     std::optional<std::string_view> attribute(std::string_view name) const;
-    /// The text below the element; empty when there is none.
-    std::string text() const;
-    /// The same without a copy where the text is one piece; `buffer` holds it where it is not.
+    /// All text below the element, comments left out. `buffer` holds it where it is not in one piece.
     std::string_view text(std::string& buffer) const;
-
-    /// What stands before it in the document, the elements around it included, is not asked for again: its
-    /// memory may go back.
-    void passed() const;
 
 private:
     const XmlDocument* document_ = nullptr;
     const void* node_ = nullptr;
 };
 
-/// A parsed document. Implementations give meaning to the opaque node pointers.
+/// A parsed document. Implementations give meaning to the opaque node pointers, which stand for elements.
 class XmlDocument {
 public:
     virtual ~XmlDocument() = default;
     virtual XmlElement root() const = 0;
-    /// True once something was met that is well-formed but that the writer itself never means: it may be
-    /// markup that stands, not escaped, inside a value, which a parser reads as something else.
-    virtual bool doubtful() const { return false; }
 
 private:
     friend class XmlElement;
-    virtual bool isElement(const void* node) const = 0;
     virtual std::string_view name(const void* node) const = 0;
     virtual const void* firstChild(const void* node) const = 0;
     virtual const void* nextSibling(const void* node) const = 0;
-    virtual void findChildren(const void* node, std::span<const std::string_view> names,
-                              std::span<XmlElement> found) const = 0;
     virtual std::optional<std::string_view> attribute(const void* node, std::string_view name) const = 0;
     virtual std::string_view text(const void* node, std::string& buffer) const = 0;
-    virtual void passed(const void*) const {}
 };
 
 /// A text that cannot be read, with the line (from 1) where it cannot and the reason.
@@ -81,12 +63,19 @@ private:
     std::size_t line_;
 };
 
-/// Loads documents from files.
 class XmlParser {
 public:
     virtual ~XmlParser() = default;
     /// Errors: FileNotFound, PathFileAccess, PermissionDenied, XmlParseError, OutOfMemory (too large).
     virtual std::unique_ptr<XmlDocument> load(const std::string& filePath) = 0;
+    /// The same of a file's bytes, to which the document does not refer. Errors: XmlParseError, OutOfMemory.
+    virtual std::unique_ptr<XmlDocument> parse(std::string_view bytes) = 0;
 };
+
+/// An element name that carries any text, also one that is no XML name: byte by byte in private-use
+/// characters, which no XML document has in its names.
+std::string nameCarrying(std::string_view text);
+/// The text that an element name carries; the name itself where it carries none.
+std::string carriedText(std::string_view name);
 
 }  // namespace trevandix

@@ -1,25 +1,42 @@
 #include "xmlfile/ConfigurationReader.h"
 
+#include <memory>
 #include <vector>
 
 #include "platform/FileAccess.h"
 #include "platform/RuntimeError.h"
 #include "xmlfile/FileBackup.h"
 #include "xmlfile/FormatWords.h"
-#include "xmlfile/LineDocument.h"
+#include "xmlfile/Mending.h"
 
 namespace trevandix {
 
 namespace {
 
-// Below an item or a branch everything before it has been passed, therefore the next one is asked for first.
 template <typename Read>
 void forEachElement(const XmlElement& parent, Read read) {
-    for (XmlElement child = parent.firstChild(); child;) {
-        const XmlElement next = child.nextSibling();
-        if (child.isElement()) read(child);
-        child = next;
+    for (XmlElement child = parent.firstChild(); child; child = child.nextSibling()) read(child);
+}
+
+// Only what the parser refuses is mended. Where both give up, the one that got further knows more.
+std::unique_ptr<XmlDocument> parsedFile(XmlParser& parser, const std::string& filePath) {
+    try {
+        return parser.load(filePath);
+    } catch (const XmlParseError& notXml) {
+        try {
+            return parser.parse(mended(readWholeFile(filePath)));
+        } catch (const XmlParseError& notOurs) {
+            if (notOurs.line() > 1 && notOurs.line() >= notXml.line()) throw;
+        }
+        throw;
     }
+}
+
+// An unknown table has no label, and the record none but that.
+void requireName(const std::string& name, const XmlElement& element) {
+    if (!name.empty()) return;
+    std::string detail = "<" + std::string(element.name()) + "> gives no name: \"";
+    throw RuntimeError(ErrorNumber::InvalidCall, (detail += element.attribute("name").value_or("")) += '"');
 }
 
 }  // namespace
@@ -49,48 +66,8 @@ bool ConfigurationReader::ImportXML(const std::string& filePath) {
 }
 
 bool ConfigurationReader::readFile(const std::string& filePath) {
-    bool parsed = false;
-    bool valid = false;
-    try {
-        const std::unique_ptr<XmlDocument> document = parser_.load(filePath);
-        parsed = true;
-        valid = readDocument(*document);
-        if (!document->doubtful()) return valid;
-    } catch (const XmlParseError& notXml) {
-        try {
-            return readLines(filePath, References::Writer, false);
-        } catch (const XmlParseError& notTheWriters) {
-            if (notTheWriters.line() > 1 && notTheWriters.line() >= notXml.line()) throw;
-        }
-        throw;
-    } catch (const RuntimeError& error) {
-        if (!parsed || error.number() == ErrorNumber::OutOfMemory) throw;
-        try {
-            return readLines(filePath, References::Xml, true);
-        } catch (const XmlParseError&) {  // another program's file: the failure is its own
-        }
-        throw;
-    }
-    try {
-        return readLines(filePath, References::Xml, true);
-    } catch (const XmlParseError&) {
-        return valid;
-    }
-}
-
-bool ConfigurationReader::readLines(const std::string& filePath, References references, bool again) {
-    const LineDocument lines(readWholeFile(filePath), references);
-    if (again) {
-        configuration_.createCollections();
-        configuration_.tree.clear();
-        configuration_.buildRoot();
-        keyBytes_ = 0;
-    }
-    return readDocument(lines);
-}
-
-bool ConfigurationReader::readDocument(const XmlDocument& document) {
-    const XmlElement root = document.root();
+    const std::unique_ptr<XmlDocument> document = parsedFile(parser_, filePath);
+    const XmlElement root = document->root();
     const FileKind* kind = fileKindOfRoot(root);
     if (kind == nullptr) return false;
     configuration_.state.interfaceKind = kind->interfaceKind;
@@ -106,6 +83,7 @@ void ConfigurationReader::readDataTypes(const XmlElement& section) {
         if (!child.isNamed("DATATYPE")) return;
         auto record = std::make_shared<clsModBusType>();
         record->SetByXml(child);
+        requireName(record->getName(), child);
         configuration_.tree.ensureVisible(configuration_.addDataType(std::move(record)));
     });
 }
@@ -119,6 +97,7 @@ void ConfigurationReader::readUnits(const XmlElement& section) {
 void ConfigurationReader::BrowsePlc(const XmlElement& element) {
     auto record = std::make_shared<clsPLC>();
     record->SetByXml(element, configuration_.state.interfaceKind);
+    requireName(record->getName(), element);
     TreeNode& unit = configuration_.addUnit(std::move(record), true);
     configuration_.tree.ensureVisible(unit);
     forEachElement(element, [&](const XmlElement& child) {
@@ -143,8 +122,6 @@ void ConfigurationReader::BrowseBranch(const XmlElement& tags, TreeNode& unit) {
             continue;
         }
         levels.back().next = element.nextSibling();
-        if (!element.isElement()) continue;
-        element.passed();
         if (element.isNamed("TAG")) {
             readItem(element, container);
         } else {

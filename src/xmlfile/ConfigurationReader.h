@@ -7,7 +7,6 @@
 #include "platform/Messages.h"
 #include "platform/Services.h"
 #include "platform/Xml.h"
-#include "xmlfile/FileText.h"
 
 namespace trevandix {
 
@@ -24,11 +23,7 @@ public:
     bool ImportXML(const std::string& filePath);
 
 private:
-    /// As XML first. What is not well-formed, or may mean something else than was saved, is read line by line
-    /// when it has the writer's shape.
     bool readFile(const std::string& filePath);
-    bool readDocument(const XmlDocument& document);
-    bool readLines(const std::string& filePath, References references, bool again);
     void readDataTypes(const XmlElement& section);
     void readUnits(const XmlElement& section);
     void BrowsePlc(const XmlElement& element);

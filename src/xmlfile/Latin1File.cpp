@@ -17,12 +17,6 @@ namespace {
 
 constexpr std::size_t kPiece = std::size_t{1} << 19;
 
-bool isAscii(std::string_view text) {
-    unsigned char all = 0;
-    for (const char c : text) all |= static_cast<unsigned char>(c);
-    return all < 0x80;
-}
-
 }  // namespace
 
 void appendLatin1(std::string& out, std::string_view text) {

@@ -1,0 +1,233 @@
+#include "xmlfile/Mending.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <span>
+#include <vector>
+
+#include "model/clsPLC.h"
+#include "platform/Text.h"
+#include "platform/Xml.h"
+#include "xmlfile/FormatWords.h"
+
+namespace trevandix {
+
+namespace {
+
+using Words = std::span<const std::string_view>;
+constexpr std::array<std::string_view, 5> kDataType{"<DATATYPE name=\"", "\" readcode = \"",
+                                                    "\" writecode=\"", "\" singlewrcode=\"", "\"/>"};
+constexpr std::array<std::string_view, 5> kTcpIpUnit{"<PLC name=\"", "\" address = \"", "\" id=\"",
+                                                     "\" timeout=\"", "\">"};
+constexpr std::array<std::string_view, 10> kRtuUnit{
+    "name", "id", "com", "baudrate", "parity", "stopbits", "databits", "flowcontrol", "timeout", "silent"};
+constexpr std::array<std::string_view, 5> kItem{"name", "comment", "address", "datatype", "accessrights"};
+constexpr std::array<std::string_view, 2> kOptional{"databit", "elements"};
+
+struct Character {
+    char32_t codePoint;
+    std::size_t length;  // in the file
+};
+
+// The writer makes references with capitals and without leading zeros, and only where a single byte does not
+// do. Everything else that looks like one is what somebody typed.
+Character characterAt(std::string_view bytes) {
+    constexpr std::string_view kPrefix = "&#x";
+    const Character byte{static_cast<unsigned char>(bytes.front()), 1};
+    if (!bytes.starts_with(kPrefix)) return byte;
+    const std::size_t stop = bytes.find(';');
+    if (stop == std::string_view::npos) return byte;
+    const std::string_view digits = bytes.substr(kPrefix.size(), stop - kPrefix.size());
+    unsigned value = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
+    const bool own = error == std::errc() && end == digits.data() + digits.size() && digits.front() != '0' &&
+                     std::ranges::none_of(digits, [](char c) { return c >= 'a'; });
+    const bool halfPair = value >= 0xD800 && value <= 0xDFFF;
+    if (!own || value <= 0xFF || value > 0x10FFFF || halfPair) return byte;
+    return {value, stop + 1};
+}
+
+std::string inUtf8(std::string_view bytes) {
+    std::string text;
+    while (!bytes.empty()) {
+        const Character next = characterAt(bytes);
+        appendUtf8(text, next.codePoint);
+        bytes.remove_prefix(next.length);
+    }
+    return text;
+}
+
+std::string escaped(std::string_view bytes) {
+    std::string text;
+    for (const char c : inUtf8(bytes)) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x20 || c == '&' || c == '<' || c == '"')
+            text += "&#" + std::to_string(byte) + ";";
+        else
+            text += c;
+    }
+    return text;
+}
+
+class Mending {
+public:
+    explicit Mending(std::string_view bytes) : bytes_(bytes) {
+        out_.reserve(bytes.size() + bytes.size() / 8);
+    }
+
+    std::string run() {
+        if (const auto nul = bytes_.find('\0'); nul != std::string_view::npos) {
+            at_ = nul;
+            fail("text, not a NUL byte");
+        }
+        beginLine();
+        if (content_ != kProlog) fail(kProlog);
+        nextLine();
+        const bool rtu = content_ == "<" + std::string(fileKindOf(kRtu)->rootTag) + ">";
+        const std::string root((rtu ? fileKindOf(kRtu) : fileKindOf(kTcpIp))->rootTag);
+        line(0, "<" + root + ">");
+        line(1, "<MODBUS>");
+        while (begins(2, kDataType.front())) attributes(kDataType);
+        line(1, "</MODBUS>");
+        line(1, "<OPC_DA>");
+        while (begins(2, "<PLC")) unit(rtu);
+        line(1, "</OPC_DA>");
+        line(0, "</" + root + ">");
+        if (at_ < bytes_.size()) fail("the end of the file");
+        return std::move(out_);
+    }
+
+private:
+    void unit(bool rtu) {
+        if (rtu) {
+            line(2, "<PLC>");
+            for (const std::string_view word : kRtuUnit) value(3, word);
+        } else {
+            attributes(kTcpIpUnit);
+        }
+        line(3, "<tags>");
+        tags();
+        line(3, "</tags>");
+        line(2, "</PLC>");
+    }
+
+    // Numbers hold no quotation marks, so such a line is certain from its right end.
+    void attributes(Words fixed) {
+        std::string_view rest = content_;
+        if (depth_ != 2 || !rest.starts_with(fixed.front())) fail(fixed.front());
+        if (!rest.ends_with(fixed.back()) || rest.find('\r') != std::string_view::npos) fail(fixed.back());
+        rest.remove_suffix(fixed.back().size());
+        std::string mendedLine(fixed.back());
+        for (std::size_t i = fixed.size() - 1; i-- > 0;) {
+            const std::size_t place = i == 0 ? 0 : rest.rfind(fixed[i]);
+            if (place == std::string_view::npos) fail(fixed[i]);
+            mendedLine.insert(0, std::string(fixed[i]) + escaped(rest.substr(place + fixed[i].size())));
+            rest = rest.substr(0, place);
+        }
+        print(mendedLine);
+    }
+
+    // Everything below a unit. Walks without recursion: branches may nest as deeply as they like.
+    void tags() {
+        constexpr std::size_t kDepth = 4;
+        std::vector<std::string_view> branches;  // those that are open
+        for (;;) {
+            const std::size_t depth = kDepth + branches.size();
+            if (depth_ == depth && content_ == "<tag>") {
+                item(depth);
+            } else if (begins(depth, "<")) {
+                if (content_.size() < 2 || !content_.ends_with('>')) fail(">");
+                branches.push_back(content_.substr(1, content_.size() - 2));
+                print("<" + nameCarrying(inUtf8(branches.back())) + ">");
+            } else if (!branches.empty()) {
+                const std::string_view name = branches.back();
+                if (depth_ != depth - 1 || content_ != "</" + std::string(name) + ">")
+                    fail("</" + std::string(name) + ">");
+                print("</" + nameCarrying(inUtf8(name)) + ">");
+                branches.pop_back();
+            } else {
+                return;
+            }
+        }
+    }
+
+    void item(std::size_t depth) {
+        line(depth, "<tag>");
+        for (const std::string_view word : kItem) value(depth + 1, word);
+        for (const std::string_view word : kOptional) {
+            if (begins(depth + 1, "<" + std::string(word) + ">")) value(depth + 1, word);
+        }
+        line(depth, "</tag>");
+    }
+
+    // A value may go on over several lines. It ends where a line ends with its end tag, so that no markup
+    // inside it can be taken for its end; nor is a line that begins like the file's own taken for its rest.
+    void value(std::size_t depth, std::string_view word) {
+        const std::string start = "<" + std::string(word) + ">";
+        const std::string end = "</" + std::string(word) + ">";
+        if (!begins(depth, start)) fail(start);
+        const std::size_t first = at_;
+        const std::size_t from = at_ + depth + start.size();
+        const auto soFar = [&] { return bytes_.substr(from, lineStop() - from); };
+        while (!soFar().ends_with(end)) {
+            nextLine();
+            if (at_ == bytes_.size() || (depth_ >= depth - 1 && content_.starts_with('<'))) {
+                at_ = first;
+                fail(end);
+            }
+        }
+        const std::string_view text = soFar();
+        print(start + escaped(text.substr(0, text.size() - end.size())) + end);
+    }
+
+    void line(std::size_t depth, std::string_view content) {
+        if (depth_ != depth || content_ != content) fail(content);
+        print(content);
+    }
+
+    bool begins(std::size_t depth, std::string_view content) const {
+        return depth_ == depth && content_.starts_with(content);
+    }
+
+    // What becomes of the current line, and on to the next.
+    void print(std::string_view content) {
+        (out_ += content) += '\n';
+        nextLine();
+    }
+
+    void nextLine() {
+        at_ = std::min(bytes_.find('\n', at_), bytes_.size() - 1) + 1;
+        beginLine();
+    }
+    // A copy that was made as a text file on the way has lost the first half of its line ends.
+    std::size_t lineStop() const {
+        const std::size_t end = std::min(bytes_.find('\n', at_), bytes_.size());
+        return end > at_ && bytes_[end - 1] == '\r' ? end - 1 : end;
+    }
+    void beginLine() {
+        const std::string_view all = bytes_.substr(at_, lineStop() - at_);
+        depth_ = std::min(all.find_first_not_of('\t'), all.size());
+        content_ = all.substr(depth_);
+    }
+
+    [[noreturn]] void fail(std::string_view expected) const {
+        const auto here = bytes_.begin() + static_cast<std::ptrdiff_t>(at_);
+        throw XmlParseError(1 + static_cast<std::size_t>(std::count(bytes_.begin(), here, '\n')),
+                            "expected " + std::string(expected));
+    }
+
+    std::string_view bytes_;
+    std::size_t at_ = 0;        // where the current line begins
+    std::size_t depth_ = 0;     // its tabs
+    std::string_view content_;  // behind them, without the line end
+    std::string out_;
+};
+
+}  // namespace
+
+std::string mended(std::string_view bytes) {
+    return Mending(bytes).run();
+}
+
+}  // namespace trevandix
