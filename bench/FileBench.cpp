@@ -39,16 +39,13 @@ std::size_t mostResident() {
 }
 
 struct Loaded {
-    testing::FakeMessages messages;
-    testing::FakePointer pointer;
     PugiXmlParser parser;
     Configuration configuration;
 
     void read(const std::string& path) {
         configuration.state.filePath = path;
         configuration.buildRoot();
-        ConfigurationReader reader(configuration, parser, messages, pointer, [] {});
-        if (!reader.ImportXML(path)) std::abort();
+        if (!ConfigurationReader(configuration, parser).read(path)) std::abort();
     }
 };
 
@@ -199,10 +196,7 @@ void Write(benchmark::State& state) {
     Ratio ratio;
     for (auto _ : state) {
         const double raw = rawWrite(bytes);
-        ConfigurationWriter writer(loaded.configuration, loaded.messages, loaded.pointer);
-        const double own = elapsed([&] {
-            if (!writer.CreateXML(outputFile())) std::abort();
-        });
+        const double own = elapsed([&] { ConfigurationWriter(loaded.configuration).write(outputFile()); });
         ratio.add(own, raw);
         state.SetIterationTime(own);
     }

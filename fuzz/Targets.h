@@ -12,8 +12,8 @@ namespace trevandix::fuzz {
 // Each takes any bytes and throws std::logic_error when the editor does what it must never do. The tests
 // replay the corpus and every input that once found a fault through the same functions.
 
-/// The bytes as a configuration file: opened or refused with one message, tree and collections agree, and
-/// what was opened can be saved and opened again.
+/// The bytes as a configuration file: opened or refused, tree and collections agree, and what was opened can
+/// be saved and opened again.
 void Reader(std::string_view bytes);
 /// The bytes as a file that is no XML: refused with a line, or mended into what the parser accepts. And as a
 /// comment: it comes back from the mended file.

@@ -34,7 +34,7 @@ struct Edited : PlantedWorkplace {
     }
     /// What a file of the configuration as it is now would hold.
     std::string wanted() {
-        ConfigurationWriter(configuration, messages, pointer).CreateXML(path("wanted.xml"));
+        ConfigurationWriter(configuration).write(path("wanted.xml"));
         return readFile(path("wanted.xml"));
     }
 

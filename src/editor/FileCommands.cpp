@@ -5,12 +5,11 @@
 
 #include "editor/LoadProgress.h"
 #include "editor/SaveNotice.h"
+#include "editor/XmlFiles.h"
 #include "editor/frmSelect.h"
 #include "platform/FileAccess.h"
 #include "platform/FileSafety.h"
 #include "platform/RuntimeError.h"
-#include "xmlfile/ConfigurationReader.h"
-#include "xmlfile/ConfigurationWriter.h"
 #include "xmlfile/Latin1File.h"
 
 namespace trevandix {
@@ -141,11 +140,10 @@ bool FileCommands::read(const std::string& source, const std::string& filePath) 
         window.showImportPanel(true);
         context_.enable(Situation::Busy);
         LoadProgress progress(window);
-        ConfigurationReader reader(configuration, context_.platform.xmlParser, context_.platform.messages,
-                                   context_.platform.pointer, [&] { progress.itemRead(); });
+        ConfigurationReader reader(configuration, context_.platform.xmlParser, [&] { progress.itemRead(); });
         window.processEvents();
         reading_ = true;
-        complete = reader.ImportXML(source);
+        complete = ImportXML(reader, source, context_.platform);
         reading_ = false;
     }
     if (complete) {
@@ -191,8 +189,8 @@ void FileCommands::putOldFileBack() {
 bool FileCommands::writeAndPublish() {
     EditingState& state = context_.state();
     putOldFileBack();
-    ConfigurationWriter writer(context_.configuration, context_.platform.messages, context_.platform.pointer);
-    const bool written = writer.CreateXML(state.filePath);
+    ConfigurationWriter writer(context_.configuration);
+    const bool written = CreateXML(writer, state.filePath, context_.platform);
     stamp_ = FileStamp::of(state.filePath);  // also of a partly written file: that one is ours
     if (!written) {
         if (!writer.backup().empty()) unfinished_ = {state.filePath, stamp_, writer.backup()};

@@ -41,33 +41,22 @@ void requireName(const std::string& name, const XmlElement& element) {
 
 }  // namespace
 
-ConfigurationReader::ConfigurationReader(Configuration& configuration, XmlParser& parser, Messages& messages,
-                                         MousePointer& pointer, std::function<void()> itemRead)
-    : configuration_(configuration),
-      parser_(parser),
-      messages_(messages),
-      pointer_(pointer),
-      itemRead_(std::move(itemRead)) {}
+ConfigurationReader::ConfigurationReader(Configuration& configuration, XmlParser& parser,
+                                         std::function<void()> itemRead)
+    : configuration_(configuration), parser_(parser), itemRead_(std::move(itemRead)) {}
 
-bool ConfigurationReader::ImportXML(const std::string& filePath) {
-    const PointerScope hourglass(pointer_, Pointer::Hourglass);
-    bool valid = false;
-    const bool finished = reportErrors(messages_, "ImportXML", [&] {
-        try {
-            valid = readFile(filePath);
-        } catch (const RuntimeError& failure) {
-            const std::string backup = wholeBackupOf(filePath);
-            if (backup.empty()) throw;
-            throw failure.with("a whole copy is " + backup);
-        }
-    });
-    if (finished && !valid) messages_.show("The configuration file is not valid.");
-    return finished && valid;
+bool ConfigurationReader::read(const std::string& filePath) {
+    try {
+        return readDocument(*parsedFile(parser_, filePath));
+    } catch (const RuntimeError& failure) {
+        const std::string backup = wholeBackupOf(filePath);
+        if (backup.empty()) throw;
+        throw failure.with("a whole copy is " + backup);
+    }
 }
 
-bool ConfigurationReader::readFile(const std::string& filePath) {
-    const std::unique_ptr<XmlDocument> document = parsedFile(parser_, filePath);
-    const XmlElement root = document->root();
+bool ConfigurationReader::readDocument(const XmlDocument& document) {
+    const XmlElement root = document.root();
     const FileKind* kind = fileKindOfRoot(root);
     if (kind == nullptr) return false;
     configuration_.state.interfaceKind = kind->interfaceKind;

@@ -4,8 +4,6 @@
 #include <string>
 
 #include "model/Configuration.h"
-#include "platform/Messages.h"
-#include "platform/Services.h"
 #include "platform/Xml.h"
 
 namespace trevandix {
@@ -15,15 +13,17 @@ namespace trevandix {
 class ConfigurationReader {
 public:
     /// `itemRead` is called after every item.
-    ConfigurationReader(Configuration& configuration, XmlParser& parser, Messages& messages,
-                        MousePointer& pointer, std::function<void()> itemRead);
+    explicit ConfigurationReader(
+        Configuration& configuration, XmlParser& parser, std::function<void()> itemRead = [] {});
 
-    /// False when the file is no configuration or reading failed; the user has been told then, and what was
-    /// read up to there stays. Sets the interface kind.
-    bool ImportXML(const std::string& filePath);
+    /// False when the file is no configuration; nothing has been added then. Sets the interface kind. Errors:
+    /// those of the parser, InvalidCall (no name), ObjectNotSet (something is missing), TypeMismatch,
+    /// Overflow, KeyInCollection, KeyNotUnique; the description names a whole backup if one stands beside the
+    /// file. What was read up to there stays.
+    bool read(const std::string& filePath);
 
 private:
-    bool readFile(const std::string& filePath);
+    bool readDocument(const XmlDocument& document);
     void readDataTypes(const XmlElement& section);
     void readUnits(const XmlElement& section);
     void BrowsePlc(const XmlElement& element);
@@ -36,8 +36,6 @@ private:
 
     Configuration& configuration_;
     XmlParser& parser_;
-    Messages& messages_;
-    MousePointer& pointer_;
     std::function<void()> itemRead_;
     std::size_t keyBytes_ = 0;  // of all branches and items read
 };

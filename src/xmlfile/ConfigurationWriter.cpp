@@ -16,16 +16,7 @@ std::string Indentation(int depth) {
     return std::string(static_cast<std::size_t>(depth), '\t');
 }
 
-ConfigurationWriter::ConfigurationWriter(const Configuration& configuration, Messages& messages,
-                                         MousePointer& pointer)
-    : configuration_(configuration), messages_(messages), pointer_(pointer) {}
-
-bool ConfigurationWriter::CreateXML(const std::string& filePath) {
-    const PointerScope hourglass(pointer_, Pointer::Hourglass);
-    return reportErrors(messages_, "CreateXML", [&] { writeFile(filePath); });
-}
-
-void ConfigurationWriter::writeFile(const std::string& filePath) {
+void ConfigurationWriter::write(const std::string& filePath) {
     const std::string path = linkTarget(filePath);  // a link stays one
     FileBackup backup(path);
     try {

@@ -3,30 +3,24 @@
 #include <string>
 
 #include "model/Configuration.h"
-#include "platform/Messages.h"
-#include "platform/Services.h"
 
 namespace trevandix {
 
 /// Writes the configuration as the file that the server reads.
 class ConfigurationWriter {
 public:
-    ConfigurationWriter(const Configuration& configuration, Messages& messages, MousePointer& pointer);
+    explicit ConfigurationWriter(const Configuration& configuration) : configuration_(configuration) {}
 
-    /// Replaces the file at the path. False when it failed; the user has been told then. The path is freed
-    /// before the new file is begun there, and a partly written one stays; the old content is kept beside it
-    /// until the new one is safely on the disk.
-    bool CreateXML(const std::string& filePath);
+    /// Replaces the file at the path, which is freed before the new file is begun there. Errors: those of
+    /// files, and of a configuration that cannot be printed; a partly written file stays then. The old
+    /// content is kept beside the file until the new one is safely on the disk.
+    void write(const std::string& filePath);
 
     /// Where the old content is after a failure; empty when there was none, or it is where it was.
     const std::string& backup() const { return backup_; }
 
 private:
-    void writeFile(const std::string& filePath);
-
     const Configuration& configuration_;
-    Messages& messages_;
-    MousePointer& pointer_;
     std::string backup_;
 };
 

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Platform.h"
+#include "xmlfile/ConfigurationReader.h"
+#include "xmlfile/ConfigurationWriter.h"
+
+namespace trevandix {
+
+// The reader and the writer with what their user sees of them: the hourglass, and a message when they fail.
+
+/// False when the file is no configuration or reading failed; the user has been told then.
+bool ImportXML(ConfigurationReader& reader, const std::string& filePath, const Platform& platform);
+/// False when writing failed; the user has been told then.
+bool CreateXML(ConfigurationWriter& writer, const std::string& filePath, const Platform& platform);
+
+}  // namespace trevandix
