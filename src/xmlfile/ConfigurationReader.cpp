@@ -18,7 +18,8 @@ void forEachElement(const XmlElement& parent, Read read) {
     for (XmlElement child = parent.firstChild(); child; child = child.nextSibling()) read(child);
 }
 
-// Only what the parser refuses is mended. Where both give up, the one that got further knows more.
+// Mends only what the parser refuses. Where the file cannot be mended either, the failure further down in it
+// is told.
 std::unique_ptr<XmlDocument> parsedFile(XmlParser& parser, const std::string& filePath) {
     try {
         return parser.load(filePath);
@@ -32,7 +33,7 @@ std::unique_ptr<XmlDocument> parsedFile(XmlParser& parser, const std::string& fi
     }
 }
 
-// An unknown table has no label, and the record none but that.
+// An unknown table has no label, and the label is the data type's name.
 void requireName(const std::string& name, const XmlElement& element) {
     if (!name.empty()) return;
     std::string detail = "<" + std::string(element.name()) + "> gives no name: \"";

@@ -13,7 +13,7 @@ namespace trevandix {
 class ConfigurationReader {
 public:
     /// `itemRead` is called after every item.
-    explicit ConfigurationReader(
+    ConfigurationReader(
         Configuration& configuration, XmlParser& parser, std::function<void()> itemRead = [] {});
 
     /// False when the file is no configuration; nothing has been added then. Sets the interface kind. Errors:
