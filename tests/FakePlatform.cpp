@@ -263,13 +263,13 @@ void Workplace::selectRows(const Texts& texts) {
     editor.ListView1_Click();
 }
 
-Texts split(std::string_view text) {
+Texts split(std::string_view text, std::string_view separator) {
     Texts parts;
     while (true) {
-        const std::size_t end = text.find('|');
+        const std::size_t end = text.find(separator);
         parts.emplace_back(text.substr(0, end));
         if (end == std::string_view::npos) return parts;
-        text.remove_prefix(end + 1);
+        text.remove_prefix(end + separator.size());
     }
 }
 

@@ -224,8 +224,8 @@ private:
     void checked(std::string_view what, bool mayPart, const std::function<void()>& step);
 };
 
-/// The texts that "|" sets apart.
-Texts split(std::string_view text);
+/// The texts that the separator sets apart.
+Texts split(std::string_view text, std::string_view separator = "|");
 /// Throws std::logic_error when the text does not hold `what`.
 std::string replaced(std::string text, std::string_view what, std::string_view by);
 std::string readFile(const std::filesystem::path& path);

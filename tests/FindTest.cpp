@@ -18,30 +18,25 @@ struct FindWorkplace : PlantedWorkplace {
     std::string search(std::string_view text, std::string_view button) {
         forms.last->type("txtFind", text);
         forms.last->press(button);
-        return configuration.tree.selected()->key().str();
+        return selectedKey();
     }
 };
 
 }  // namespace
 
 TEST(Find, PrefixWithoutRegardToCaseInOrderOfAddition) {
-    const std::vector<std::pair<std::string_view, std::string_view>> cases{
-        {"TANKS", "TANKS"},
-        {"Tank9", "TANKS.tank9"},
-        {"MAINt", "U.Tank.MainTank"},
-        {"mod", "ModBus"},
-        {"tank99", "U.x"},
-        {"", "U.x"},
-        {"\xC3\xA4R", "U.Tank.\xC3\x84rger"},
-        {"ank", "U.x"},
-    };
-    for (const auto& [text, key] : cases) {
+    for (const auto& [text, key] : Fields{{"TANKS", "TANKS"},
+                                          {"Tank9", "TANKS.tank9"},
+                                          {"MAINt", "U.Tank.MainTank"},
+                                          {"mod", "ModBus"},
+                                          {"tank99", "U.x"},
+                                          {"", "U.x"},
+                                          {"\xC3\xA4R", "U.Tank.\xC3\x84rger"},
+                                          {"ank", "U.x"}}) {
         FindWorkplace place;
-        SCOPED_TRACE(std::string(text));
         EXPECT_EQ(place.search(text, "cmdFind"), key);
         EXPECT_EQ(place.window.focus, key == "U.x" ? FocusedView::None : FocusedView::Tree);
-        EXPECT_EQ(place.list.rows().size(), 1U);  // as it was
-        EXPECT_TRUE(place.messages.texts.empty());
+        play(place, {{"", "list " + key + ": x"}});  // the rows are as they were
     }
 }
 
@@ -53,12 +48,11 @@ TEST(Find, NextKeepsItsOwnCount) {
     EXPECT_EQ(place.search("tank", "cmdNext"), "U.Tank");  // the fourth is not there
     place.forms.last->press("cmdCancel");
     place.run("cmdNext");  // the key does nothing with the window closed
-    place.run("mnuFind");
+    play(place, {{"mnuFind", "opens frmFind"}});
     EXPECT_EQ(place.search("tank", "cmdNext"), "TANKS");
-    place.run("mnuFind");  // comes to the front only
-    EXPECT_EQ(place.forms.shown, (std::vector<std::string>{"frmSelect", "frmFind", "frmFind"}));
+    play(place, {{"mnuFind", "opens "}});  // comes to the front only
     place.run("cmdNext");
-    EXPECT_EQ(place.configuration.tree.selected()->key().view(), "TANKS.tank9");
+    EXPECT_EQ(place.selectedKey(), "TANKS.tank9");
     place.search("", "cmdNext");
     place.forms.last->press("cmdCancel");
     place.run("mnuFind");

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "platform/Text.h"
 
 namespace trevandix::testing {
@@ -62,15 +64,105 @@ PlantedWorkplace& PlantedWorkplace::at(std::string_view key, const Texts& rows) 
     return *this;
 }
 
-bool PlantedWorkplace::drag(std::string_view source, std::string_view target, bool control) {
-    const auto nodeOf = [&](std::string_view key) {
-        return key.empty() ? configuration.tree.root() : &node(key);
-    };
-    EXPECT_TRUE(editor.TreeView1_MouseDown(nodeOf(source), {.control = control}));
-    EXPECT_EQ(editor.TreeView1_OLEStartDrag(), control ? DropEffect::Copy : DropEffect::Move);
-    editor.TreeView1_OLEDragOver(nodeOf(target));
-    const bool promised = editor.dropAllowed(nodeOf(target));
-    editor.TreeView1_OLEDragDrop();
+namespace {
+
+TreeNode* nodeOf(Workplace& place, std::string_view key) {
+    return key == "top" ? place.configuration.tree.root() : &place.node(key);
+}
+
+std::string joined(const Texts& texts, std::string_view separator) {
+    std::string all;
+    for (const std::string& text : texts) {
+        if (!text.empty()) (all += all.empty() ? "" : separator) += text;
+    }
+    return all;
+}
+
+std::string outline(const TreeNode& node) {
+    Texts children;
+    for (const TreeNode* child = node.firstChild(); child != nullptr; child = child->nextSibling()) {
+        const bool leaf = child->firstChild() == nullptr;
+        children.push_back(child->text() + (leaf ? "" : "(" + outline(*child) + ")"));
+    }
+    return joined(children, " ");
+}
+
+void act(Workplace& place, const std::string& step) {
+    const std::size_t colon = step.find(':');
+    const std::string what = step.substr(0, colon);
+    const std::string rest = step.substr(std::min(colon, step.size() - 2) + 2);
+    const bool copies = what.starts_with("copy ");
+    if (what == "no") {
+        place.messages.answers.push_back(Answer::No);
+    } else if (what == "clipboard") {
+        place.clipboard.contents = rest;
+    } else if (what.starts_with("mnu") || what.starts_with("edit ")) {
+        place.forms.scripts.assign(colon == std::string::npos ? 0 : 1, [&](FakeForm& form) {
+            if (!rest.empty()) form.fill(rest);
+            form.press(form.shape.defaultButton);
+        });
+        what.starts_with("mnu") ? place.run(what) : place.edit(what.substr(5));
+    } else if (copies || what.starts_with("drag ")) {
+        const std::size_t to = what.find(" to ");
+        drag(place, what.substr(5, to - 5), what.substr(to + 4), copies);
+    } else {
+        place.click(what == "top" ? "" : what);
+        if (!rest.empty()) place.selectRows(split(rest, " "));
+    }
+}
+
+std::string listed(const Workplace& place) {
+    Texts texts{"list " + place.selectedKey() + ":"};
+    const auto selected = place.list.selectedRows();
+    for (std::size_t row = 0; row < place.list.rows().size(); ++row)
+        texts.push_back((std::ranges::count(selected, row) == 0 ? "" : "*") + place.list.rows()[row].text);
+    return joined(texts, " ");
+}
+
+// In the shape of what is wanted.
+std::string seen(Workplace& place, const std::string& wanted) {
+    auto& status = place.window.status;
+    const std::string flag = place.configuration.state.saved ? "saved" : "unsaved";
+    const std::string messages = joined(place.messages.take(), " / ");
+    std::map<std::string, std::string> now{{"list", listed(place)},
+                                           {"said", "said " + messages},
+                                           {"saved", flag},
+                                           {"unsaved", flag},
+                                           {"opens", "opens " + joined(place.forms.shown, " ")},
+                                           {"selection", "selection " + status[StatusField::Selection]},
+                                           {"counts", "counts " + status[StatusField::Counts]},
+                                           {"state", "state " + status[StatusField::Saved]},
+                                           {"notice", "notice " + status[StatusField::Notice]}};
+    Texts found;
+    for (const std::string& part : split(wanted, " | ")) {
+        const std::string what = part.substr(0, part.find(' '));
+        if (what == "tree") {
+            const std::string top = part.substr(5, part.find(':') - 5);
+            now[what] = joined({"tree " + top + ":", outline(*nodeOf(place, top))}, " ");
+        }
+        found.push_back(now[what]);
+    }
+    if (!messages.empty() && wanted.find("said ") == std::string::npos) found.push_back(now["said"]);
+    return joined(found, " | ");
+}
+
+}  // namespace
+
+void play(Workplace& place, const Fields& lines) {
+    for (const auto& [steps, wanted] : lines) {
+        SCOPED_TRACE(steps);
+        place.forms.shown.clear();
+        for (const std::string& step : steps.empty() ? Texts{} : split(steps, "; ")) act(place, step);
+        EXPECT_EQ(seen(place, wanted), wanted);
+    }
+}
+
+bool drag(Workplace& place, std::string_view source, std::string_view target, bool control) {
+    EXPECT_TRUE(place.editor.TreeView1_MouseDown(nodeOf(place, source), {.control = control}));
+    EXPECT_EQ(place.editor.TreeView1_OLEStartDrag(), control ? DropEffect::Copy : DropEffect::Move);
+    place.editor.TreeView1_OLEDragOver(nodeOf(place, target));
+    const bool promised = place.editor.dropAllowed(nodeOf(place, target));
+    place.editor.TreeView1_OLEDragDrop();
     return promised;
 }
 

@@ -13,19 +13,34 @@ clsItem& plantItem(Configuration& configuration, TreeNode& container, const std:
 /// Adds records by their keys, parents first: "U" is a unit, "U.A/" a branch, "U.A.x" an item.
 void plant(Workplace& place, const Texts& keys);
 
+/// Drags with the right button. True where the pointer showed that the drop is allowed.
+bool drag(Workplace& place, std::string_view source, std::string_view target, bool control = false);
+
 /// A saved configuration with these records and an empty message log.
 struct PlantedWorkplace : Workplace {
     explicit PlantedWorkplace(const Texts& keys, const std::filesystem::path& state = {});
 
     /// Clicks the node, and then the list rows with these texts.
     PlantedWorkplace& at(std::string_view key, const Texts& rows = {});
-    /// Drags with the right button; an empty key stands for the first node. True where the pointer showed
-    /// that the drop is allowed.
-    bool drag(std::string_view source, std::string_view target, bool control = false);
     /// Saves under the name in the folder; returns what the file holds then.
     std::string saved(const std::string& name = "test.xml");
     Texts wrong() const { return disagreements(configuration); }
 };
+
+/// What a user does, and what he sees then; the steps of a line, and what is seen, stand one after the other.
+///
+/// Steps, "; " between:            What is seen, " | " between:
+///   U.A      click on the node      tree U: A(x y) B  all nodes below the node
+///   U.A: x   and on rows of it      list U.A: x *y    the selected node, the rows, those that are selected
+///   mnuCopy  the command            said M / M        the messages; where it is missing there may be none
+///   edit U   double click           saved, unsaved    the flag that Close and Exit go by
+///   drag U to V  right button       state, counts, selection, notice   a field of the status bar
+///   copy U to V  and control key    opens F           the dialogs
+///   clipboard: T  T gets onto it
+///   no       to the next question
+///
+/// "top" is the first node. With ": FIELDS" after a command or "edit", these are filled and Enter is pressed.
+void play(Workplace& place, const Fields& lines);
 
 /// Fills the dialog's fields and presses Ok, which it answers with the message only.
 void expectRefusal(Workplace& place, FakeForm& form, const std::string& fields, const Texts& message);

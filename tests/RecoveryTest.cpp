@@ -155,7 +155,7 @@ TEST(Recovery, KeepsWhatWasLeftUnasked) {
         if (way == "mnuOpenCfg") {
             EXPECT_EQ(place.wanted(), before);
             place.click("U");
-            place.drag("U.a", "");
+            drag(place, "U.a", "top");
             place.run("mnuCloseCfg");
             EXPECT_EQ(place.kept().size(), 2U);
             EXPECT_EQ(Next(place, Answer::No, Answer::Yes).messages.take().size(), 2U);
@@ -183,7 +183,7 @@ TEST(Recovery, KeepsWhatWasLeftUnasked) {
 TEST(Recovery, KeepsWhatCanBeKept) {
     Edited place;
     plant(place, {"V", "V.c"});
-    place.drag("U", "V");
+    drag(place, "U", "V");
     plant(place, {"V.d"});
     place.run("mnuSaveCfg");
     EXPECT_TRUE(place.messages.take().back().starts_with(" Error n. 35601"));

@@ -97,81 +97,53 @@ TEST(Views, ListAndCommandsOfEveryKindOfNode) {
 // two nodes share a record, which names the copy; each row still leads to its own node.
 TEST(Views, RowsOfABranch) {
     PlantedWorkplace place({"P", "P.A/", "P.A.AAA/", "P.A.Run", "P.A.alpha", "P.B/"});
-    place.drag("P.A.Run", "P.B", true);
-    for (const auto& [branch, rows] : std::vector<std::pair<std::string, Texts>>{
-             {"P.A", {"P.A.alpha", "P.A.Run"}}, {"P.B", {"P.B.Run"}}}) {
-        place.click(branch);
-        Texts keys;
-        for (const ListRow& row : place.list.rows()) keys.push_back(row.key);
-        EXPECT_EQ(keys, rows);
-        EXPECT_EQ(place.window.menus["mnuPasteName"], branch == "P.B");
-    }
+    play(place, {{"copy P.A.Run to P.B; P.A", "list P.A: alpha Run"}});
+    EXPECT_FALSE(place.window.menus["mnuPasteName"]);
+    EXPECT_EQ(place.list.rows()[1].key, "P.A.Run");
+    play(place, {{"P.B", "list P.B: Run"}});
+    EXPECT_TRUE(place.window.menus["mnuPasteName"]);
+    EXPECT_EQ(place.list.rows()[0].key, "P.B.Run");
 }
 
 // What hides or deletes the selected node runs the select-node routine on the one that is selected then. A
 // row whose node has gone only reports the error.
 TEST(Views, ListShowsTheSelectedNode) {
     PlantedWorkplace place({"P", "P.A/", "P.A.B/", "P.A.B.x", "P.A.y", "P.C/", "P.C.z", "Q"});
-    const auto rows = [&] {
-        std::string keys = place.selectedKey() + ":";
-        for (const ListRow& row : place.list.rows()) keys += " " + row.key;
-        return keys;
-    };
+    const std::string sure = " | said Are you sure you want to delete ";
     place.at("P.A.B.x").editor.treeExpansionChanged(place.node("P.A"), false);
-    EXPECT_EQ(rows(), "P.A: P.A.y");
+    play(place, {{"", "list P.A: y"}});
     place.editor.treeExpansionChanged(place.node("P.C"), false);
-    EXPECT_EQ(rows(), "P.A: P.A.y");
     place.window.focus = FocusedView::Tree;
-    place.run("mnuDelete");
-    EXPECT_EQ(rows(), "P.C: P.C.z");
-    place.click("Q");
-    place.run("mnuDelete");
-    EXPECT_EQ(rows(), "P: P");
-
-    place.drag("P.C.z", "P", true);
-    place.click("P.z");
-    EXPECT_EQ(rows(), "P.z: P.z");
-    place.at("P.C", {"z"}).drag("P.C.z", "ModBus");
-    place.messages.take();
-    place.forms.shown.clear();
+    play(place, {{"", "list P.A: y"},
+                 {"mnuDelete", "list P.C: z" + sure + "A and all its items?"},
+                 {"Q; mnuDelete", "list P: P" + sure + "Q?"},
+                 {"copy P.C.z to P; P.z", "list P.z: z"},
+                 {"P.C: z; drag P.C.z to ModBus", "list P.C: *z"}});
     place.editor.ListView1_DblClick();
-    EXPECT_EQ(place.messages.take(), failure("35601  Element not found", "ListView1_DblClick"));
+    play(place, {{"", "said " + failure("35601  Element not found", "ListView1_DblClick")[0]}});
     EXPECT_EQ(place.forms.shown, Texts{});
 }
 
 // Rows keep their selection when they are sorted, shown otherwise or shown again, and the commands go with
 // it.
 TEST(Views, RowsStaySelected) {
-    Workplace place;
+    PlantedWorkplace place({"P", "P.A/", "P.A.a", "P.A.b", "P.A.c", "P.B/", "P.B.d"});
     startPlant(place);
     plant(place, {"P", "P.A/", "P.A.a", "P.A.b", "P.A.c", "P.B/", "P.B.d"});
     place.item("P.A.c").sComment("1");
     place.item("P.A.a").sComment("2");
-    place.click("P.A");
-    place.selectRows({"c", "b"});
+    play(place, {{"P.A: c b", "list P.A: a *b *c"}});
     place.editor.ListView1_ColumnClick(1);
-    const auto selected = [&] {
-        Texts texts;
-        for (const std::size_t row : place.list.selectedRows()) texts.push_back(place.list.rows()[row].text);
-        return texts;
-    };
-    EXPECT_EQ(selected(), (Texts{"b", "c"}));
-    for (const char* mode : {"mnuIcon", "mnuReport"}) place.run(mode);
+    play(place, {{"mnuIcon; mnuReport", "list P.A: *b *c a"}});
     place.editor.ListView1_DblClick();
-    EXPECT_EQ(selected(), (Texts{"b", "c"}));
+    play(place, {{"", "list P.A: *b *c a"}});
     EXPECT_TRUE(place.window.menus["mnuCopy"]);
-    place.run("mnuDelete");
-    EXPECT_EQ(selected(), Texts{});
+    play(place, {{"mnuDelete", "list P.A: a | said Are you sure you want to delete the selected items ?"}});
     EXPECT_FALSE(place.window.menus["mnuCopy"]);
     place.selectRows({"a"});
-    place.forms.scripts.push_back([](FakeForm& form) {
-        fillItem(form, "renamed");
-        form.press("cmdOk");
-    });
+    place.forms.scripts.push_back(confirmed("txtItemName=renamed"));
     place.editor.ListView1_DblClick();
-    EXPECT_EQ(selected(), Texts{"renamed"});
-    place.click("P.B");
-    EXPECT_EQ(selected(), Texts{});
+    play(place, {{"", "list P.A: *renamed"}, {"P.B", "list P.B: d"}});
 }
 
 TEST(Views, ColumnSortIsAlwaysAscendingAndStays) {
@@ -189,38 +161,28 @@ TEST(Views, ColumnSortIsAlwaysAscendingAndStays) {
 TEST(Views, StatusBarFollowsTheEditor) {
     WaterWorks place;
     auto& status = place.window.status;
-    EXPECT_EQ(status[StatusField::Selection], place.path("test.xml"));
-    EXPECT_EQ(status[StatusField::Counts].find("4 units, "), 0U);
-    EXPECT_EQ(status[StatusField::Saved], "Saved");
-
-    place.click("Intake.PUMPS.PUMP1");
-    EXPECT_EQ(status[StatusField::Selection], "Intake.PUMPS.PUMP1");
-    place.run("mnuFind");
-    place.forms.last->type("txtFind", "PUMP2");
-    place.forms.last->press("cmdFind");
-    EXPECT_EQ(status[StatusField::Selection], "Intake.PUMPS.PUMP2");
-    EXPECT_EQ(status[StatusField::Notice], "");
-    for (const auto& [button, text] : Fields{{"cmdNext", "No further match"}, {"cmdFind", "No match"}}) {
-        place.forms.last->type("txtFind", button == "cmdNext" ? "PUMP2" : "PUMP9");
-        for (int press = 0; press < 20; ++press) place.forms.last->press(button);
-        EXPECT_EQ(status[StatusField::Notice], text);
-    }
+    play(place, {{"", "selection " + place.path("test.xml") + " | state Saved"},
+                 {"Intake.PUMPS.PUMP1", "selection Intake.PUMPS.PUMP1"},
+                 {"mnuFind", "opens frmFind"}});
+    EXPECT_TRUE(status[StatusField::Counts].starts_with("4 units, "));
+    const auto find = [&](const char* text, const char* button, int times, const std::string& seen) {
+        place.forms.last->type("txtFind", text);
+        for (int press = 0; press < times; ++press) place.forms.last->press(button);
+        play(place, {{"", seen}});
+    };
+    find("PUMP2", "cmdFind", 1, "selection Intake.PUMPS.PUMP2 | notice ");
+    find("PUMP2", "cmdNext", 20, "notice No further match");
+    find("PUMP9", "cmdFind", 1, "notice No match");
+    find("Temp_Drive", "cmdFind", 1, "notice ");
     // Found, the item is selected under the commands of the branch.
-    place.forms.last->type("txtFind", "Temp_Drive");
-    place.forms.last->press("cmdFind");
-    place.run("mnuAddItem");
-    EXPECT_EQ(status[StatusField::Notice], "Nothing added: an item is selected, not a unit or a branch");
-    place.click("Intake");
-    EXPECT_EQ(status[StatusField::Selection], "Intake: 192.168.10.11, identifier 1, 2000 ms");
-    EXPECT_EQ(status[StatusField::Notice], "");
+    play(place, {{"mnuAddItem", "notice Nothing added: an item is selected, not a unit or a branch"},
+                 {"Intake", "selection Intake: 192.168.10.11, identifier 1, 2000 ms | notice "}});
     const TreeNode& branch = place.click("Intake.PUMPS.PUMP1.MOTOR.BEARINGS");
     place.selectRows({branch.firstChild()->text(), branch.lastChild()->text()});
-    EXPECT_EQ(status[StatusField::Selection], branch.key().str() + ", 2 rows selected");
-    place.run("mnuCopy");
-    EXPECT_EQ(status[StatusField::Notice], "2 items copied");
+    play(place,
+         {{"mnuCopy", "selection " + branch.key().str() + ", 2 rows selected | notice 2 items copied"}});
     addUnit(place, "Outlet", "9");
-    EXPECT_EQ(status[StatusField::Counts].find("5 units, "), 0U);
-    EXPECT_EQ(status[StatusField::Saved], "Unsaved changes");
+    play(place, {{"", "state Unsaved changes"}});
     for (const bool refuses : {true, false}) {
         place.registry.refuses = refuses;
         place.run("mnuSaveCfg");
@@ -228,15 +190,14 @@ TEST(Views, StatusBarFollowsTheEditor) {
         EXPECT_EQ(status[StatusField::Notice].find("Published to the server: ") != 0, refuses);
     }
     place.editor.fileDropped(place.path("test.xml"));
-    EXPECT_EQ(status[StatusField::Notice], "");
-    EXPECT_EQ(status[StatusField::Counts].find("5 units, "), 0U);
+    EXPECT_TRUE(status[StatusField::Counts].starts_with("5 units, "));
+    place.messages.take();
+    play(place, {{"", "notice "}});
     place.openText(readFile(std::filesystem::path(TREVANDIX_SAMPLES) / "boiler-house-rtu.xml"));
-    place.click("Boiler1");
-    EXPECT_EQ(status[StatusField::Selection], "Boiler1: COM1, 19200, 8E1, identifier 1");
+    play(place, {{"Boiler1", "selection Boiler1: COM1, 19200, 8E1, identifier 1"}});
     place.openText(fileText({}, {}), "small.xml");
     plant(place, {"U", "U.B/", "U.B.x"});
-    place.run("mnuFind");
-    EXPECT_EQ(status[StatusField::Counts], "1 unit, 1 branch, 1 item");
+    play(place, {{"mnuFind", "counts 1 unit, 1 branch, 1 item"}});
     for (const bool capitals : {false, true, false}) {  // said once, where there is reason to
         if (capitals) addBranch(place, "U", "small");
         place.run("mnuSaveCfg");
@@ -248,90 +209,58 @@ TEST(Views, StatusBarFollowsTheEditor) {
         EXPECT_EQ(status[StatusField::Saved], text.ends_with(" saved") ? "Saved" : "Unsaved changes");
     };
     place.run("mnuSaveCfg");
-    place.run("mnuCloseCfg");
-    EXPECT_EQ(status[StatusField::Selection] + status[StatusField::Counts] + status[StatusField::Saved], "");
+    place.messages.take();
+    play(place, {{"mnuCloseCfg", "selection  | counts  | state "}});
 }
 
-TEST(Views, SavedFollowsTheContent) {
-    const auto pasted = [](std::string_view command, std::string_view text) {
-        return [=](PlantedWorkplace& place) {
-            place.clipboard.contents = text;
-            place.forms.scripts.emplace_back([](FakeForm& form) { form.press("Command2"); });
-            place.at("U.A", {"a", "b"}).run(command);
-        };
+TEST(Views, StateFollowsTheContent) {
+    const std::string names = "; U.A: a b; mnuPasteName: ";
+    const std::string comments = "; U.A: a b; mnuPasteComment: ";
+    const Texts unchanged{
+        "U.A: a; mnuCopy",
+        "U.B; mnuPaste",
+        "drag U.A.a to U.A.b",
+        "drag U.A.a to U.C",
+        "clipboard: x y\r\nx z" + names,
+        "clipboard: a\r\nb" + names,
+        "clipboard: " + names,
+        "clipboard: \r\n\r\n" + comments,
+        "clipboard: " + comments,
+        "edit W.i: txtAddress=1",
+        "edit W: txtUI=1",
+        "edit U.C: txtBranchName=C",
+        "edit holding register: txtReadCode=3",
     };
-    const auto edited = [](std::string_view key, std::string fields, std::string button = "cmdOk") {
-        return [=](PlantedWorkplace& place) {
-            place.forms.scripts.emplace_back([=](FakeForm& form) {
-                form.fill(fields);
-                form.press(button);
-            });
-            place.edit(key);
-        };
+    const Texts changing{
+        "U.A: a; mnuDelete",
+        "U.A.a; mnuCopy; U.B; mnuPaste",
+        "drag U.A.a to U.B",
+        "drag U to V",
+        "clipboard: x\r\ny" + names,
+        "clipboard: x\r\ny" + comments,
+        "edit W.i: txtAddress=2",
+        "edit W: txtUI=2",
+        "edit V: txtUI=3",  // moves behind another
+        "edit U.C: txtBranchName=D",
+        "edit holding register: txtReadCode=2",
+        // The node without a record gets the new one.
+        "edit holding register: cmbMBType=coil; mnuSaveCfg; ModBus; mnuAddMBType: cmbMBType=holding register",
     };
-    const auto dragged = [](std::string_view source, std::string_view target) {
-        return [=](PlantedWorkplace& place) { place.drag(source, target); };
-    };
-    struct Case {
-        const char* name;
-        std::function<void(PlantedWorkplace&)> act;
-        bool changes;
-    };
-    const std::vector<Case> cases{
-        {"select", [](PlantedWorkplace& place) { place.at("U.A", {"a"}).run("mnuCopy"); }, false},
-        {"delete", [](PlantedWorkplace& place) { place.at("U.A", {"a"}).run("mnuDelete"); }, true},
-        {"paste",
-         [](PlantedWorkplace& place) { (place.at("U.A.a").run("mnuCopy"), place.at("U.B").run("mnuPaste")); },
-         true},
-        {"paste nothing", [](PlantedWorkplace& place) { place.at("U.B").run("mnuPaste"); }, false},
-        {"failed save",
-         [](PlantedWorkplace& place) {
-             (place.configuration.setFilePath(place.path("no/x.xml")), place.run("mnuSaveCfg"));
-         },
-         true},
-        {"drag an item", dragged("U.A.a", "U.B"), true},
-        {"drag a unit", dragged("U", "V"), true},
-        {"drop on an item", dragged("U.A.a", "U.A.b"), false},
-        {"drop beside a namesake", dragged("U.A.a", "U.C"), false},
-        {"names", pasted("mnuPasteName", "x\r\ny"), true},
-        {"names refused", pasted("mnuPasteName", "x y\r\nx z"), false},
-        {"names as they are", pasted("mnuPasteName", "a\r\nb"), false},
-        {"no names", pasted("mnuPasteName", ""), false},
-        {"comments", pasted("mnuPasteComment", "x\r\ny"), true},
-        {"comments as they are", pasted("mnuPasteComment", "\r\n\r\n"), false},
-        {"no comments", pasted("mnuPasteComment", ""), false},
-        {"item", edited("W.i", "txtAddress=2"), true},
-        {"item as it is", edited("W.i", "txtAddress=1"), false},
-        {"item left by Exit", edited("W.i", "txtAddress=2", "cmdCancel"), false},
-        {"unit", edited("W", "txtUI=2"), true},
-        {"unit as it is", edited("W", "txtUI=1"), false},
-        {"unit that moves behind another", edited("V", "txtUI=3"), true},
-        {"branch as it is", edited("U.C", "txtBranchName=C"), false},
-        {"branch", edited("U.C", "txtBranchName=D"), true},
-        {"data type as it is", edited("holding register", "txtReadCode=3"), false},
-        {"data type", edited("holding register", "txtReadCode=2"), true},
-        {"data type added again",
-         [](PlantedWorkplace& place) {
-             editDialog(place, "holding register", confirmed("cmbMBType=coil"));
-             place.saved();
-             addDataType(place, "holding register");
-         },
-         true},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        PlantedWorkplace place({"U", "U.A/", "U.A.b", "U.A.a", "U.B/", "U.C/", "U.C.a"});
-        addDataType(place, "holding register");
-        addUnit(place, "V", "3");
-        addUnit(place, "W", "1");
-        addItem(place, "W", "i");
-        place.click("");
-        EXPECT_EQ(place.window.status[StatusField::Saved], "Unsaved changes");
-        place.saved();
-        EXPECT_EQ(place.window.status[StatusField::Saved], "Saved");
-        c.act(place);
-        EXPECT_EQ(place.window.status[StatusField::Saved], c.changes ? "Unsaved changes" : "Saved");
-        EXPECT_EQ(place.configuration.changed(), c.changes);
+    for (const auto& [state, cases] :
+         {std::pair("state Saved", unchanged), {"state Unsaved changes", changing}}) {
+        for (const std::string& steps : cases) {
+            PlantedWorkplace place({"U", "U.A/", "U.A.b", "U.A.a", "U.B/", "U.C/", "U.C.a"});
+            addDataType(place, "holding register");
+            addUnit(place, "V", "3");
+            addUnit(place, "W", "1");
+            addItem(place, "W", "i");
+            play(place, {{"top", "state Unsaved changes"}});
+            place.saved();
+            play(place, {{"", "state Saved"}});
+            place.messages.onShow = [&](std::string_view) { place.messages.texts.clear(); };
+            play(place, {{steps, state}});
+            EXPECT_EQ(place.configuration.changed(), cases == changing) << steps;
+        }
     }
 }
 
