@@ -1,7 +1,7 @@
 // The four property dialogs: what they propose, check, add and change.
 #include <gtest/gtest.h>
 
-#include <tuple>
+#include <array>
 
 #include "Plant.h"
 #include "dialogs/ItemAdvance.h"
@@ -10,10 +10,7 @@ namespace trevandix::testing {
 
 namespace {
 
-/// What is entered before Ok is pressed, and what is said then; nothing where it is accepted.
-using Steps = std::vector<std::pair<std::string, std::string>>;
-
-const std::string kSerial = "txtPort|cmbBaud|cmbParity|cmbData|cmbStop|cmbFlow|txtSilent";
+const std::string kSerialOff = "|off=txtPort cmbBaud cmbParity cmbData cmbStop cmbFlow txtSilent";
 
 /// A unit U with a branch B; all data types but coil.
 struct DialogPlace : Workplace {
@@ -25,24 +22,14 @@ struct DialogPlace : Workplace {
         addBranch(*this, "U", "B");
         configuration.state.saved = true;
     }
-    void open(std::string_view key, std::string_view command, FakeForms::Script script) {
-        click(key);
-        runDialog(*this, command, std::move(script));
-    }
-    /// A dialog that closes is opened again for the next step.
-    void check(std::string_view key, std::string_view command, const Steps& steps, bool closes = false) {
-        for (std::size_t step = 0; step < steps.size();) {
-            const std::size_t before = step;
-            open(key, command, [&](FakeForm& form) {
-                while (form.open && step < steps.size()) {
-                    const auto& [fields, message] = steps[step++];
-                    confirmed(fields)(form);
-                    EXPECT_EQ(messages.take(), message.empty() ? Texts{} : Texts{message}) << fields;
-                    EXPECT_EQ(form.open, !closes && !message.empty()) << fields;
-                }
-            });
-            ASSERT_GT(step, before) << "the dialog does not open";
-        }
+    /// What is entered before Ok is pressed, and what is said then, nothing where it is accepted; what the
+    /// dialog shows when it is refused.
+    void check(const std::string& steps, const Fields& rows, const std::string& refused = "open=yes") {
+        Fields lines;
+        for (const auto& [fields, message] : rows)
+            lines.emplace_back(fields.empty() ? "cmdOk" : fields + "|cmdOk",
+                               message.empty() ? "open=no" : refused + " | said " + message);
+        work(*this, steps, lines);
     }
     int counters() const {
         const EditingState& state = configuration.state;
@@ -53,70 +40,54 @@ struct DialogPlace : Workplace {
 TEST(Dialogs, ShowAgainWhatWasEntered) {
     struct Case {
         std::string_view kind;
-        std::string_view parent;
-        std::string_view command;
+        std::string parent;
+        std::string command;
         std::string proposed;
-        std::string off;
         std::string entered;
-        std::string_view selected;  // afterwards
-        std::string_view listed;    // last
-        std::string_view edited;
+        std::string seen;
+        std::string edited;
         std::string shown;
-        std::string offThen;
     };
     const std::vector<Case> cases{
-        {kTcpIp, "", "mnuAddPlc", "txtName=New Plc 1|txtUI=1|txtTimeout=2000|txtAddress=192.168.0.1|txtPort=",
-         kSerial, "txtName=A|txtUI=7|txtTimeout=3.5|txtAddress=host", "A", "A", "A",
-         "txtName=A|txtUI=7|txtTimeout=4|txtAddress=host", kSerial},
-        {kRtu, "", "mnuAddPlc",
+        {kTcpIp, "top", "mnuAddPlc",
+         "txtName=New Plc 1|txtUI=1|txtTimeout=2000|txtAddress=192.168.0.1|txtPort=" + kSerialOff,
+         "txtName=A|txtUI=7|txtTimeout=3.5|txtAddress=host", "list A: A", "A",
+         "txtName=A|txtUI=7|txtTimeout=4|txtAddress=host" + kSerialOff},
+        {kRtu, "top", "mnuAddPlc",
          "txtTimeout=2000|txtAddress=|txtPort=COM1|cmbBaud=9600|cmbParity=NO|cmbData=8|cmbStop=1|"
-         "cmbFlow=NONE|txtSilent=10",
-         "txtAddress",
+         "cmbFlow=NONE|txtSilent=10|off=txtAddress",
          "txtPort=COM3|cmbBaud=19200|cmbParity=ODD|cmbData=7 bits|cmbStop=2|cmbFlow=HARDWARE|txtSilent=2.5",
-         "New Plc 1", "New Plc 1", "New Plc 1",
-         "txtPort=COM3|cmbBaud=19200|cmbParity=ODD|cmbData=7|cmbStop=2|cmbFlow=HARDWARE|txtSilent=2",
-         "txtAddress"},
-        {kTcpIp, "U", "mnuAddBranch", "txtBranchName=NewBranch1", "", "txtBranchName=a b", "U.a b", "U",
-         "U.a b", "txtBranchName=a b", ""},
-        {kTcpIp, kModBusFolder, "mnuAddMBType", "cmbMBType=|txtReadCode=", "txtSingleCode",
-         "cmbMBType=coil|txtReadCode=3.5|txtWriteCode=2.5|txtSingleCode=7", kModBusFolder, "coil", "coil",
-         "cmbMBType=coil|txtReadCode=4|txtWriteCode=2|txtSingleCode=7", ""},
+         "list New Plc 1: New Plc 1", "New Plc 1",
+         "txtPort=COM3|cmbBaud=19200|cmbParity=ODD|cmbData=7|cmbStop=2|cmbFlow=HARDWARE|txtSilent=2|"
+         "off=txtAddress"},
+        {kTcpIp, "U", "mnuAddBranch", "txtBranchName=NewBranch1", "txtBranchName=a b", "list U.a b: U",
+         "U.a b", "txtBranchName=a b"},
+        {kTcpIp, "ModBus", "mnuAddMBType", "cmbMBType=|txtReadCode=|off=txtSingleCode",
+         "cmbMBType=coil|txtReadCode=3.5|txtWriteCode=2.5|txtSingleCode=7",
+         "list ModBus: input status input register holding register coil", "coil",
+         "cmbMBType=coil|txtReadCode=4|txtWriteCode=2|txtSingleCode=7|off="},
         {kTcpIp, "U.B", "mnuAddItem",
-         "txtItemName=New Item 0|cmbModbusType=|txtAddress=|cmbBit=0|txtElements=0", "cmbBit|txtElements",
+         "txtItemName=New Item 0|cmbModbusType=|txtAddress=|cmbBit=0|txtElements=0|off=cmbBit txtElements",
          "txtItemName=I a.b|cmbModbusType=holding register|cmbDataType=boolean array|txtComment=pump|"
          "txtAddress=40|cmbBit=3|txtElements=8|cmbAccessRight=WRITE",
-         "U.B", "Iab", "U.B.Iab",  // what is no word character did not get in
+         "list U.B: Iab", "U.B.Iab",  // what is no word character did not get in
          "cmbModbusType=holding register|cmbDataType=boolean array|txtComment=pump|txtAddress=40|cmbBit=3|"
-         "txtElements=8|cmbAccessRight=WRITE|cmdOk=Confirm Modify",
-         "cmdAdd|cmdGroup"},
+         "txtElements=8|cmbAccessRight=WRITE|cmdOk=Confirm Modify|off=cmdAdd cmdGroup"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.edited);
         DialogPlace place(c.kind);
-        const std::size_t nodes = place.configuration.tree.size();
+        const Texts nodes = place.below("");
         const int counters = place.counters();
-        place.open(c.parent, c.command, [&](FakeForm& form) {
-            EXPECT_EQ(form.shown(c.proposed), c.proposed);
-            EXPECT_EQ(form.off(), c.off);
-            form.fill(c.entered);
-            form.press("cmdCancel");
-        });
-        EXPECT_EQ(place.configuration.tree.size(), nodes);
-        EXPECT_TRUE(place.configuration.state.saved);
-        place.open(c.parent, c.command, confirmed(c.entered));
-        EXPECT_EQ(place.configuration.tree.size(), nodes + 1);
-        EXPECT_EQ(place.selectedKey(), c.selected);
-        EXPECT_EQ(place.list.rows().back().text, c.listed);
+        work(place, c.parent + "; " + c.command, {{"", c.proposed}, {c.entered + "|cmdCancel", "open=no"}});
+        EXPECT_EQ(place.below(""), nodes);
+        play(place, {{"", "saved"}});
+        work(place, c.parent + "; " + c.command, {{c.entered + "|cmdOk", "open=no"}});
+        play(place, {{"", c.seen + " | unsaved"}});
         EXPECT_EQ(place.counters(), counters + 1);
-        EXPECT_FALSE(place.configuration.state.saved);
         place.configuration.state.saved = true;
-        editDialog(place, c.edited, [&](FakeForm& form) {
-            EXPECT_EQ(form.shown(c.shown), c.shown);
-            EXPECT_EQ(form.off(), c.offThen);
-            form.press("cmdCancel");
-        });
-        EXPECT_TRUE(place.configuration.state.saved);
-        EXPECT_EQ(place.messages.take(), Texts{});
+        work(place, "edit " + c.edited, {{"", c.shown}, {"cmdCancel", "open=no"}});
+        play(place, {{"", "saved"}});
     }
 }
 
@@ -125,7 +96,7 @@ TEST(Dialogs, CheckUnits) {
     const std::string number = "Invalid Port name. Missing port number.";
     const std::string differs = "Plc U has the same port but different ";
     DialogPlace tcpIp;
-    tcpIp.check("", "mnuAddPlc",
+    tcpIp.check("top; mnuAddPlc",
                 {{"txtName=|txtUI=abc", "Name field is empty."},
                  {"txtUI=abc|txtTimeout=", "UI identifier is not valid."},
                  {"txtUI=255|txtTimeout=x", range},
@@ -134,17 +105,16 @@ TEST(Dialogs, CheckUnits) {
                  {"txtTimeout=|txtAddress=", "Timeout value is not valid."},
                  {"txtAddress=", "Address field is empty."},
                  {"txtUI=254|txtAddress=999.1", ""}},
-                true);
-    tcpIp.check("", "mnuAddPlc",
-                {{"txtName=U", kNameTaken[0]},
-                 {"txtName=u|txtTimeout=3e9", failure(kOverflow, "cmdOk_Click")[0]},
-                 {"txtTimeout=30", ""}});  // another case is another name
+                "open=no");
+    tcpIp.check("top; mnuAddPlc", {{"txtName=U", kNameTaken[0]},
+                                   {"txtName=u|txtTimeout=3e9", failure(kOverflow, "cmdOk_Click")[0]},
+                                   {"txtTimeout=30", ""}});  // another case is another name
     // The tree has one name space for units, data types and the folder.
     addUnit(tcpIp, "ModBus", "3");
     EXPECT_EQ(tcpIp.messages.take(), failure(kKeyNotUnique, "mnuAddPlc_Click"));
 
     DialogPlace rtu(kRtu);
-    rtu.check("", "mnuAddPlc",
+    rtu.check("top; mnuAddPlc",
               {{"txtPort=|txtSilent=", "Port name field empty."},
                {"txtPort=com3", "Invalid Port name. It must begin with \"COM\""},
                {"txtPort=COM", number},
@@ -158,35 +128,32 @@ TEST(Dialogs, CheckUnits) {
                {"cmbFlow=HARDWARE", differs + "Flow Control"},
                {"cmbData=8.0|txtTimeout=1|txtSilent=99", ""},
                {"txtUI=2|txtPort=COM12|cmbBaud=2400", ""}},
-              true);
+              "open=no");
     // Only a renamed unit is compared with its own old self.
-    editDialog(rtu, "U", confirmed("txtPort=COM4|cmbBaud=19200"));
-    editDialog(rtu, "U", confirmed("cmbBaud=2400"));
-    EXPECT_EQ(rtu.messages.take(), Texts{});
-    editDialog(rtu, "U", confirmed("txtName=V|cmbBaud=9600"));
-    EXPECT_EQ(rtu.messages.take(), Texts{differs + "Baud Rate"});
+    play(rtu, {{"edit U: txtPort=COM4|cmbBaud=19200", ""},
+               {"edit U: cmbBaud=2400", ""},
+               {"edit U: txtName=V|cmbBaud=9600", "said " + differs + "Baud Rate"}});
 }
 
 TEST(Dialogs, CheckItems) {
     const std::string range = "Memory address field is not valid. It must be between 0 and 65535.";
     DialogPlace place;
     addItem(place, "U.B", "Other");
-    place.check("U.B", "mnuAddItem",
-                {{"txtItemName=", "Item name field is empty."},
-                 {"txtItemName=Other", "ModBus Type field is empty."},
-                 {"cmbModbusType=holding register", "Data Type field is empty."},
-                 {"cmbDataType=boolean array", "Memory address field is empty."},
-                 {"txtAddress=65536", range},
-                 {"txtAddress=-1", range},
-                 {"txtAddress=65535.2", range},
-                 {"txtAddress=65535|txtElements=", "Number of elements field is empty."},
-                 {"txtElements=-1", "Number of elements field is not valid."},
-                 {"txtElements=0", "Access Rights field is empty."},
-                 {"cmbAccessRight=WRITE|txtElements=40000", kNameTaken[0]},
-                 {"txtItemName=I", failure(kOverflow, "cmdOk_Click")[0]},
-                 {"txtElements=0", ""}});
-    EXPECT_EQ(place.list.rows().size(), 2U);  // the list shows it once the dialog is closed
-    place.open("U.B", "mnuAddItem", [&](FakeForm& form) {
+    place.check("U.B; mnuAddItem", {{"txtItemName=", "Item name field is empty."},
+                                    {"txtItemName=Other", "ModBus Type field is empty."},
+                                    {"cmbModbusType=holding register", "Data Type field is empty."},
+                                    {"cmbDataType=boolean array", "Memory address field is empty."},
+                                    {"txtAddress=65536", range},
+                                    {"txtAddress=-1", range},
+                                    {"txtAddress=65535.2", range},
+                                    {"txtAddress=65535|txtElements=", "Number of elements field is empty."},
+                                    {"txtElements=-1", "Number of elements field is not valid."},
+                                    {"txtElements=0", "Access Rights field is empty."},
+                                    {"cmbAccessRight=WRITE|txtElements=40000", kNameTaken[0]},
+                                    {"txtItemName=I", failure(kOverflow, "cmdOk_Click")[0]},
+                                    {"txtElements=0", ""}});
+    play(place, {{"", "list U.B: I Other"}});  // the list shows it once the dialog is closed
+    runDialog(place, "mnuAddItem", [&](FakeForm& form) {
         fillItem(form, "Bit", "holding register", "boolean");
         form.setText("cmbBit", "");
         expectRefusal(place, form, "", {"Bit number field is empty."});
@@ -209,8 +176,7 @@ void pressOkOn(DialogPlace& place, Collection& records, const Key key, const Unu
     Record expected = *records.at(key);
     if (row.derived != nullptr) row.derived(expected);
     const Texts nodes = place.below("");
-    editDialog(place, key.str(), confirmed(""));
-    EXPECT_EQ(place.messages.take(), row.message.empty() ? Texts{} : Texts{row.message}) << print(expected);
+    play(place, {{"edit " + key.str() + ": ", row.message.empty() ? "" : "said " + row.message}});
     EXPECT_EQ(print(*records.at(key)), print(expected));
     EXPECT_EQ(place.below(""), nodes);
 }
@@ -319,33 +285,22 @@ TEST(Dialogs, UnusualValuesBelongToTheirOwnTable) {
     addItem(place, "U.B", "I");
     place.item("U.B.I").sDataType("my table:string");
     place.item("U.B.I").sAccessRight("rw");
-    editDialog(place, "U.B.I", [](FakeForm& form) {
-        for (const auto& [table, types, rights] : std::vector<std::tuple<std::string, Texts, Texts>>{
-                 {"input status", {"boolean", "boolean array"}, {"READ"}},
-                 {"my table",
-                  {"boolean", "boolean array", "string"},
-                  {"READ", "WRITE", "READWRITE", "rw"}}}) {
-            form.choose("cmbModbusType", table);
-            EXPECT_EQ(form.items("cmbDataType"), types);
-            EXPECT_EQ(form.items("cmbAccessRight"), rights);
-            EXPECT_EQ(form.text("cmbDataType") + form.text("cmbAccessRight"), "");
-        }
-    });
+    const std::string chosen = "cmbDataType=|cmbAccessRight=|cmbDataType.count=";
+    work(place, "edit U.B.I",
+         {{"cmbModbusType=input status", chosen + "2|cmbAccessRight.count=1"},
+          {"cmbModbusType=my table", chosen + "3|cmbAccessRight.count=4"},
+          {"cmbDataType=string|cmbAccessRight=rw", "open=yes"}});
     auto custom = std::make_shared<clsModBusType>();
     custom->setName("my table");
     custom->setWriteCode(7);
     place.configuration.addDataType(custom);
-    editDialog(place, "my table", [](FakeForm& form) {
-        form.choose("cmbMBType", "input status");
-        form.choose("cmbMBType", "my table");
-        EXPECT_EQ(form.text("txtWriteCode") + form.off(), "7txtSingleCode");
-    });
-    EXPECT_EQ(place.messages.take(), Texts{});
+    work(place, "edit my table",
+         {{"cmbMBType=input status|cmbMBType=my table", "txtWriteCode=7|off=txtSingleCode"}});
 }
 
 TEST(Dialogs, CheckDataTypes) {
     DialogPlace place;
-    place.check(kModBusFolder, "mnuAddMBType",
+    place.check("ModBus; mnuAddMBType",
                 {{"", "Check Read Function code"},
                  // Codes without a name: no node could stand for it.
                  {"txtReadCode=1|txtWriteCode=1", failure(kInvalidCall, "cmdOk_Click")[0]},
@@ -361,131 +316,84 @@ TEST(Dialogs, CheckDataTypes) {
 TEST(Dialogs, CheckBranches) {
     DialogPlace place;
     for (const char* name : {"", "a.b"}) addBranch(place, "U", name);
-    place.check("U", "mnuAddBranch",
-                {{"txtBranchName=a.b", kNameTaken[0]}, {"txtBranchName=", kNameTaken[0]}});
-    // A sibling item has the key: the check lets the name pass, the tree does not.
+    place.check("U; mnuAddBranch", {{"txtBranchName=a.b", kNameTaken[0]}, {"txtBranchName=", kNameTaken[0]}});
+    const std::string notUnique = "said " + failure(kKeyNotUnique, "mnuAddBranch_Click")[0];
     addItem(place, "U", "Run");
-    addBranch(place, "U", "Run");
-    EXPECT_EQ(place.messages.take(), failure(kKeyNotUnique, "mnuAddBranch_Click"));
-    // Under U.a, "b" has the key of "a.b" under U.
-    addBranch(place, "U", "a");
-    addBranch(place, "U.a", "b");
-    EXPECT_EQ(place.messages.take(), failure(kKeyInCollection, "cmdOk_Click"));
+    play(place,
+         {// A sibling item has the key: the check lets the name pass, the tree does not.
+          {"U; mnuAddBranch: txtBranchName=Run", notUnique},
+          // Under U.a, "b" has the key of "a.b" under U.
+          {"U; mnuAddBranch: txtBranchName=a", ""},
+          {"U.a; mnuAddBranch: txtBranchName=b", "said " + failure(kKeyInCollection, "cmdOk_Click")[0]}});
     place.configuration.state.branchCounter = 32767;
-    addBranch(place, "U", "last");
-    EXPECT_EQ(place.messages.take(), failure(kOverflow, "mnuAddBranch_Click"));
-    EXPECT_EQ(place.selectedKey(), "U.last");
+    play(place, {{"U; mnuAddBranch: txtBranchName=last",
+                  "list U.last: U | said " + failure(kOverflow, "mnuAddBranch_Click")[0]}});
 }
 
 TEST(Dialogs, RenameARecordWithAllBelowIt) {
-    struct Case {
-        std::string_view key;
-        std::string field;
-        Texts below;  // unit V afterwards
-        std::string_view selected;
-        Texts rows;
-    };
-    const std::vector<Case> cases{
-        {"V", "txtName", {"New.A", "New.A.x", "New.B", "New.I", "New.J"}, "New", {"New"}},
-        {"V.A", "txtBranchName", {"V.B", "V.I", "V.J", "V.New", "V.New.x"}, "V.New", {"x"}},
-        {"V.A.x", "txtItemName", {"V.A", "V.A.New", "V.B", "V.I", "V.J"}, "V.A", {"New"}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.key);
+    for (const auto& [key, field, seen] : std::vector<std::array<std::string, 3>>{
+             {"V", "txtName", "tree New: A(x) B I J | list New: New"},
+             {"V.A", "txtBranchName", "tree V: B I J New(x) | list V.New: x"},
+             {"V.A.x", "txtItemName", "tree V: A(New) B I J | list V.A: New"}}) {
         DialogPlace place;
         plant(place, {"V", "V.A/", "V.B/", "V.J", "V.I", "V.A.x", "W"});  // V and W have one identifier
         place.item("V.A.x").sDataType("holding register:string");
-        place.click("V");
-        editDialog(place, c.key, confirmed(""));  // keeping the name is no duplicate
-        editDialog(place, c.key, confirmed(c.field + "=New"));
-        EXPECT_EQ(place.messages.take(), Texts{});
-        EXPECT_EQ(place.below(c.key == "V" ? "New" : "V"), c.below);
-        EXPECT_EQ(place.selectedKey(), c.selected);
-        Texts rows;
-        for (const ListRow& row : place.list.rows()) rows.push_back(row.text);
-        EXPECT_EQ(rows, c.rows);
-        EXPECT_FALSE(place.configuration.state.saved);
+        play(place, {{"V; edit " + key + ": ", ""},  // keeping the name is no duplicate
+                     {"edit " + key + ": " + field + "=New", seen + " | unsaved"}});
     }
     DialogPlace place;
     plant(place, {"V", "U.C/", "U.i", "U.j"});
     for (const auto& [key, taken] :
          Fields{{"U", "txtName=V"}, {"U.C", "txtBranchName=B"}, {"U.j", "txtItemName=i"}})
-        editDialog(place, key, [&](FakeForm& form) { expectRefusal(place, form, taken, kNameTaken); });
+        place.check("edit " + key, {{taken, kNameTaken[0]}});
 }
 
 TEST(Dialogs, ADataTypeOfAnotherNameKeepsItsNode) {
     DialogPlace place;
-    place.configuration.dataTypes.at("holding register")->setSingleWrCode(0);
-    editDialog(place, "input status", [](FakeForm& form) {
-        EXPECT_EQ(form.text("txtReadCode") + form.off(), "2txtWriteCode|chkSingle|txtSingleCode");
-    });
-    editDialog(place, "holding register", [](FakeForm& form) {
-        EXPECT_EQ(form.text("txtSingleCode") + form.off(), "txtSingleCode");
-        form.toggle("chkSingle");
-        confirmed("txtSingleCode=9")(form);
-    });
-    EXPECT_EQ(place.configuration.dataTypes.at("holding register")->getSingleWrCode(), 9);
-    EXPECT_TRUE(place.configuration.state.saved);
-    editDialog(place, "holding register", confirmed("cmbMBType=coil"));
-    EXPECT_EQ(place.node("holding register").text(), "holding register");
-    EXPECT_TRUE(place.configuration.dataTypes.contains("coil"));
-    EXPECT_EQ(place.messages.take(), Texts{});
-    editDialog(place, "input status", [&](FakeForm& form) {
-        expectRefusal(place, form, "cmbMBType=coil", failure(kKeyInCollection, "cmdOk_Click"));
-    });
-    EXPECT_FALSE(place.configuration.dataTypes.contains("input status"));  // not restored
-    editDialog(place, "holding register", [](FakeForm& form) { EXPECT_EQ(form.text("txtReadCode"), ""); });
-    EXPECT_EQ(place.messages.take(), failure(kInvalidCall, "Form_Load"));
-    const Texts nodes = place.below("");
-    addDataType(place, "holding register");  // the node without a record gets the new one
-    editDialog(place, "holding register", [](FakeForm& form) { EXPECT_EQ(form.text("txtReadCode"), "3"); });
-    EXPECT_EQ(place.messages.take(), Texts{});
-    EXPECT_EQ(place.below(""), nodes);
+    const auto& types = place.configuration.dataTypes;
+    types.at("holding register")->setSingleWrCode(0);
+    work(place, "edit input status", {{"", "txtReadCode=2|off=txtWriteCode chkSingle txtSingleCode"}});
+    work(place, "edit holding register",
+         {{"", "txtSingleCode=|off=txtSingleCode"}, {"chkSingle|txtSingleCode=9|cmdOk", "open=no"}});
+    EXPECT_EQ(types.at("holding register")->getSingleWrCode(), 9);
+    play(place, {{"", "saved"},
+                 {"edit holding register: cmbMBType=coil",
+                  "tree ModBus: holding register input register input status"}});
+    EXPECT_TRUE(types.contains("coil"));
+    place.check("edit input status", {{"cmbMBType=coil", failure(kKeyInCollection, "cmdOk_Click")[0]}});
+    EXPECT_FALSE(types.contains("input status"));  // not restored
+    work(place, "edit holding register",
+         {{"", "txtReadCode= | said " + failure(kInvalidCall, "Form_Load")[0]}});
+    // The node without a record gets the new one.
+    play(place, {{"ModBus; mnuAddMBType: cmbMBType=holding register",
+                  "tree ModBus: holding register input register input status"}});
+    work(place, "edit holding register", {{"", "txtReadCode=3"}});
 }
 
 TEST(Dialogs, AChosenTablePresetsTheCodes) {
     DialogPlace place;
-    place.open(kModBusFolder, "mnuAddMBType", [](FakeForm& form) {
-        const std::string noWriting = "txtWriteCode|chkSingle|txtSingleCode";
-        for (const auto& [name, shown, off] : std::vector<std::array<std::string, 3>>{
-                 {"input status", "txtReadCode=2|txtWriteCode=|txtSingleCode=", noWriting},
-                 {"coil", "txtReadCode=1|txtWriteCode=15|txtSingleCode=5", ""},
-                 {"input register", "txtReadCode=4|txtWriteCode=|txtSingleCode=", noWriting},
-                 {"holding register", "txtReadCode=3|txtWriteCode=16|txtSingleCode=6", ""}}) {
-            form.choose("cmbMBType", name);
-            EXPECT_EQ(form.shown(shown), shown);
-            EXPECT_EQ(form.off(), off);
-            EXPECT_EQ(form.checked("chkSingle"), off.empty());
-        }
-        form.toggle("chkSingle");
-        EXPECT_EQ(form.text("txtSingleCode") + form.off(), "txtSingleCode");
-        form.toggle("chkSingle");
-        EXPECT_EQ(form.off(), "");
-    });
+    const std::string noWriting =
+        "txtWriteCode=|txtSingleCode=|chkSingle=off|off=txtWriteCode chkSingle txtSingleCode|txtReadCode=";
+    work(place, "ModBus; mnuAddMBType",
+         {{"cmbMBType=input status", noWriting + "2"},
+          {"cmbMBType=coil", "txtReadCode=1|txtWriteCode=15|txtSingleCode=5|chkSingle=on|off="},
+          {"cmbMBType=input register", noWriting + "4"},
+          {"cmbMBType=holding register", "txtReadCode=3|txtWriteCode=16|txtSingleCode=6|chkSingle=on|off="},
+          {"chkSingle", "txtSingleCode=|off=txtSingleCode"},
+          {"chkSingle", "off="}});
 }
 
 // Also from a branch that lists items.
 TEST(Dialogs, OnlyTheNodesThatTheyAddToOpenThem) {
     DialogPlace place;
     addItem(place, "U.B", "I");
-    const std::vector<std::pair<std::string_view, Texts>> cases{
-        {"", {"mnuAddPlc"}},
-        {"ModBus", {"mnuAddMBType"}},
-        {"holding register", {}},
-        {"U", {"mnuAddBranch", "mnuAddItem"}},
-        {"U.B", {"mnuAddMBType", "mnuAddBranch", "mnuAddItem"}},
-        {"U.B.I", {}},
-    };
-    for (const auto& [key, expected] : cases) {
-        Texts opened;
-        for (const char* command : {"mnuAddPlc", "mnuAddMBType", "mnuAddBranch", "mnuAddItem"}) {
-            place.forms.shown.clear();
-            place.click(key);
-            place.run(command);
-            if (!place.forms.shown.empty()) opened.emplace_back(command);
-        }
-        EXPECT_EQ(opened, expected) << key;
-    }
+    for (const auto& [key, opened] : Fields{{"top", "frmPLC"},
+                                            {"ModBus", "frmModBus"},
+                                            {"holding register", ""},
+                                            {"U", "frmBranch frmItems"},
+                                            {"U.B", "frmModBus frmBranch frmItems"},
+                                            {"U.B.I", ""}})
+        play(place, {{key + "; mnuAddPlc; mnuAddMBType; mnuAddBranch; mnuAddItem", "opens " + opened}});
 }
 
 TEST(ItemDialog, TheTableDecidesTypesAndRightsAndTheTypeDecidesBitAndElements) {
@@ -497,63 +405,56 @@ TEST(ItemDialog, TheTableDecidesTypesAndRightsAndTheTypeDecidesBitAndElements) {
     struct Case {
         std::string table;
         std::string label;
-        std::size_t types;
-        std::size_t rights;
+        int types;
+        int rights;
         std::string off;
     };
-    const std::vector<Case> cases{
-        {"holding register", "boolean", 15, 3, "txtElements"},
-        {"holding register", "string", 15, 3, "cmbBit"},
-        {"input register", "boolean array", 15, 1, ""},
-        {"input register", "32 bit float", 15, 1, "cmbBit|txtElements"},
-        {"coil", "boolean", 2, 3, "cmbBit|txtElements"},
-        {"input status", "boolean array", 2, 1, "cmbBit"},
-        {"my register", "boolean", 2, 3, "txtElements"},
-    };
-    place.open("U.B", "mnuAddItem", [&](FakeForm& form) {
-        for (const Case& c : cases) {
-            SCOPED_TRACE(c.table + ":" + c.label);
-            form.choose("cmbModbusType", c.table);
-            EXPECT_EQ(form.text("cmbDataType") + form.text("cmbAccessRight"), "");
-            EXPECT_EQ(form.items("cmbDataType").size(), c.types);
-            EXPECT_EQ(form.items("cmbAccessRight").size(), c.rights);
-            form.choose("cmbDataType", c.label);
-            EXPECT_EQ(form.off(), c.off);
-            const bool elements = form.enabled("txtElements");
-            if (elements) form.type("txtElements", "9");
-            EXPECT_EQ(form.text("txtElements"), elements ? "9" : "0");
-        }
-    });
+    Fields lines;
+    for (const Case& c : std::vector<Case>{{"holding register", "boolean", 15, 3, "txtElements"},
+                                           {"holding register", "string", 15, 3, "cmbBit"},
+                                           {"input register", "boolean array", 15, 1, ""},
+                                           {"input register", "32 bit float", 15, 1, "cmbBit txtElements"},
+                                           {"coil", "boolean", 2, 3, "cmbBit txtElements"},
+                                           {"input status", "boolean array", 2, 1, "cmbBit"},
+                                           {"my register", "boolean", 2, 3, "txtElements"}}) {
+        lines.emplace_back("cmbModbusType=" + c.table,
+                           "cmbDataType=|cmbAccessRight=|cmbDataType.count=" + std::to_string(c.types) +
+                               "|cmbAccessRight.count=" + std::to_string(c.rights));
+        const bool elements = c.off.find("txtElements") == std::string::npos;
+        lines.emplace_back("cmbDataType=" + c.label, "off=" + c.off);
+        lines.emplace_back(elements ? "txtElements=9" : "", elements ? "txtElements=9" : "txtElements=0");
+    }
+    work(place, "U.B; mnuAddItem", lines);
 }
 
 TEST(ItemDialog, EveryValueTypeMovesByItsSize) {
     struct Case {
         std::string table;
-        Texts labels;
+        std::string labels;
         ItemPlace from;
         int elements;
         ItemPlace to;
     };
     const std::string hr = "holding register";
     const std::vector<Case> cases{
-        {hr, {"boolean"}, {10, 3}, 0, {10, 4}},
-        {hr, {"boolean"}, {10, 15}, 0, {11, 0}},
-        {"my register", {"boolean"}, {10, 15}, 0, {11, 0}},
-        {"coil", {"boolean"}, {10, 0}, 0, {11, 0}},
-        {hr, {"unsigned 16 bit", "signed 16 bit"}, {10, 0}, 0, {11, 0}},
-        {hr, {"unsigned 32 bit", "signed 32 bit", "32 bit float"}, {10, 0}, 0, {12, 0}},
-        {hr, {"boolean array"}, {100, 10}, 20, {101, 14}},
-        {hr, {"boolean array"}, {100, 0}, 32, {102, 0}},
-        {"input status", {"boolean array"}, {100, 0}, 20, {120, 0}},
-        {hr, {"unsigned 8 bit array", "signed 8 bit array", "string"}, {10, 0}, 2, {12, 0}},
-        {hr, {"string"}, {10, 0}, 3, {13, 0}},
-        {hr, {"string"}, {10, 0}, 5, {13, 0}},
-        {hr, {"unsigned 16 bit array", "signed 16 bit array"}, {10, 0}, 7, {17, 0}},
-        {hr, {"unsigned 32 bit array", "signed 32 bit array", "32 bit float array"}, {10, 0}, 7, {24, 0}},
-        {hr, {"anything else"}, {10, 2}, 7, {10, 2}},
+        {hr, "boolean", {10, 3}, 0, {10, 4}},
+        {hr, "boolean", {10, 15}, 0, {11, 0}},
+        {"my register", "boolean", {10, 15}, 0, {11, 0}},
+        {"coil", "boolean", {10, 0}, 0, {11, 0}},
+        {hr, "unsigned 16 bit|signed 16 bit", {10, 0}, 0, {11, 0}},
+        {hr, "unsigned 32 bit|signed 32 bit|32 bit float", {10, 0}, 0, {12, 0}},
+        {hr, "boolean array", {100, 10}, 20, {101, 14}},
+        {hr, "boolean array", {100, 0}, 32, {102, 0}},
+        {"input status", "boolean array", {100, 0}, 20, {120, 0}},
+        {hr, "unsigned 8 bit array|signed 8 bit array|string", {10, 0}, 2, {12, 0}},
+        {hr, "string", {10, 0}, 3, {13, 0}},
+        {hr, "string", {10, 0}, 5, {13, 0}},
+        {hr, "unsigned 16 bit array|signed 16 bit array", {10, 0}, 7, {17, 0}},
+        {hr, "unsigned 32 bit array|signed 32 bit array|32 bit float array", {10, 0}, 7, {24, 0}},
+        {hr, "anything else", {10, 2}, 7, {10, 2}},
     };
     for (const Case& c : cases) {
-        for (const std::string& label : c.labels)
+        for (const std::string& label : split(c.labels))
             EXPECT_EQ(advanced(c.from, c.table, label, c.elements), c.to) << c.table << ':' << label;
     }
 }
@@ -562,59 +463,46 @@ TEST(ItemDialog, EveryValueTypeMovesByItsSize) {
 TEST(ItemDialog, AGroupStopsAtTheFirstRefusal) {
     DialogPlace place;
     plant(place, {"U.B.New_Item_2", "U.C/", "U.C.New_Item_3/"});
-    for (const auto& [branch, message] : std::vector<std::pair<std::string, Texts>>{
-             {"U.B", kNameTaken}, {"U.C", failure(kKeyNotUnique, "cmdAdd_Click")}}) {
-        place.pointer.shapes.clear();
-        place.open(branch, "mnuAddItem", [&](FakeForm& form) {
-            fillItem(form, "First", "holding register", "boolean array", "10");
-            form.fill("txtComment=pump|cmbBit=10|txtElements=20");
-            form.press("cmdGroup");
-            EXPECT_FALSE(form.enabled("frmMain"));
-            EXPECT_EQ(form.text("txtNumbItems") + form.focused, "1txtNumbItems");
-            form.type("txtNumbItems", "5");
-            form.press("cmdOkNumber");
-            EXPECT_TRUE(form.open && form.enabled("frmMain"));
-            EXPECT_FALSE(form.visible("frmInserimento"));
-            EXPECT_EQ(form.focused, "txtItemName");
-            EXPECT_EQ(place.pointer.shapes.front(), Pointer::Hourglass);
-        });
-        EXPECT_EQ(place.messages.take(), message);
+    for (const auto& [branch, message] :
+         Fields{{"U.B", kNameTaken[0]}, {"U.C", failure(kKeyNotUnique, "cmdAdd_Click")[0]}}) {
+        work(place, branch + "; mnuAddItem",
+             {{"txtItemName=First|cmbModbusType=holding register|cmbDataType=boolean array|txtAddress=10|"
+               "cmbAccessRight=READ|txtComment=pump|cmbBit=10|txtElements=20|cmdGroup",
+               "txtNumbItems=1|focus=txtNumbItems|off=frmMain|hidden="},
+              {"txtNumbItems=5|cmdOkNumber",
+               "focus=txtItemName|off=|hidden=frmInserimento|open=yes | said " + message}});
     }
-    EXPECT_EQ(place.below("U"), (Texts{"U.B", "U.B.First", "U.B.New_Item_1", "U.B.New_Item_2", "U.C",
-                                       "U.C.First", "U.C.New_Item_3"}));
+    play(place, {{"", "tree U: B(First New_Item_1 New_Item_2) C(First New_Item_3)"}});
     const clsItem& next = place.item("U.B.New_Item_1");
-    EXPECT_EQ((std::vector<int>{next.nAddress(), next.nBitNumber(), next.nElements()}),
-              (std::vector{11, 14, 20}));
     EXPECT_EQ(next.sComment(), "");
+    work(place, "edit U.B.New_Item_1", {{"", "txtAddress=11|cmbBit=14|txtElements=20|txtComment="}});
 }
 
 TEST(ItemDialog, TheGroupPanelTakesNumbersOnly) {
-    const std::string invalid = "Number of items is not valid.";
+    const std::string again = "hidden=|off=frmMain | said ";  // for another try
+    const std::string invalid = again + "Number of items is not valid.";
+    const std::string item =
+        "txtItemName=First|cmbModbusType=input register|cmbDataType=boolean "
+        "array|txtAddress=1|cmbAccessRight=READ";
     DialogPlace place;
-    place.open("U.B", "mnuAddItem", [&](FakeForm& form) {
-        fillItem(form, "First");
-        for (const auto& [number, message] : Fields{{"", invalid},
-                                                    {"1-2", invalid},
-                                                    {".", invalid},
-                                                    {"32768", failure(kOverflow, "cmdOkNumber_Click")[0]},
-                                                    {"0.5", ""},
-                                                    {"2.5", ""}}) {
-            if (!form.visible("frmInserimento")) form.press("cmdGroup");
-            form.escape();  // leaves the panel only
-            EXPECT_TRUE(form.open && form.enabled("frmMain") && !form.visible("frmInserimento"));
-            form.press("cmdGroup");
-            form.type("txtNumbItems", number);
-            form.press("cmdOkNumber");
-            EXPECT_EQ(place.messages.take(), message.empty() ? Texts{} : Texts{message}) << number;
-            EXPECT_EQ(form.visible("frmInserimento"), !message.empty());  // for another try
-        }
-    });
-    EXPECT_EQ(place.configuration.items.size(), 2U);
-    place.open("U.B", "mnuAddItem", [&](FakeForm& form) {
-        fillItem(form, "Third");
-        form.press("cmdAdd");
-        EXPECT_EQ(form.focused + form.text("txtItemName"), "txtItemNameNew_Item_3");
-        EXPECT_EQ(place.window.status[StatusField::Counts], "1 unit, 1 branch, 3 items");
+    work(place, "U.B; mnuAddItem",
+         {{item + "|cmdGroup|txtNumbItems=|cmdOkNumber", invalid},
+          {"txtNumbItems=1-2|cmdOkNumber", invalid},
+          {"txtNumbItems=.|cmdOkNumber", invalid},
+          {"txtNumbItems=32768|cmdOkNumber", again + failure(kOverflow, "cmdOkNumber_Click")[0]},
+          {"txtNumbItems=0.5|cmdOkNumber", "hidden=frmInserimento|off="},
+          {"cmdGroup|txtNumbItems=2.5|cmdOkNumber", "hidden=frmInserimento|off=|txtItemName=New_Item_2"},
+          {"cmdAdd", "focus=txtItemName|txtItemName=New_Item_3"}});
+    EXPECT_EQ(place.window.status[StatusField::Counts], "1 unit, 1 branch, 3 items");
+    runDialog(place, "mnuAddItem", [&](FakeForm& form) {
+        form.press("cmdGroup");
+        place.pointer.shapes.clear();
+        form.press("cmdOkNumber");
+        EXPECT_EQ(place.pointer.shapes.front(), Pointer::Hourglass);
+        form.press("cmdGroup");
+        form.escape();  // leaves the panel only
+        EXPECT_EQ(form.shown("open=yes|off=|hidden=frmInserimento"),
+                  "open=yes|off=cmbBit txtElements|hidden=frmInserimento");
         form.escape();
         EXPECT_FALSE(form.open);
     });
@@ -623,11 +511,7 @@ TEST(ItemDialog, TheGroupPanelTakesNumbersOnly) {
 TEST(ItemDialog, ARecordSharedByADraggedCopyIsEditedUnderTheNodesKey) {
     DialogPlace place;
     plant(place, {"U.B.Run", "U.C/"});
-    const auto record = place.configuration.items.at("U.B.Run");
-    record->sKey("U.C.Run");
-    place.configuration.addItem(record, place.node("U.C"));
-    editDialog(place, "U.B.Run", confirmed("txtAddress=77"));
-    EXPECT_EQ(place.messages.take(), Texts{});
+    play(place, {{"copy U.B.Run to U.C; edit U.B.Run: txtAddress=77", ""}});
     EXPECT_EQ(place.item("U.B.Run").nAddress(), 77);
     EXPECT_EQ(place.item("U.C.Run").nAddress(), 0);
 }

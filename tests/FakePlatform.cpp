@@ -147,24 +147,37 @@ void FakeForm::fill(std::string_view fields) {
     for (const std::string& field : split(fields)) {
         const std::size_t end = field.find('=');
         const std::string name = field.substr(0, end);
-        const std::string text = field.substr(end + 1);
-        state(name).shape->kind == ControlKind::Choice ? choose(name, text) : type(name, text);
+        const ControlKind kind = state(name).shape->kind;
+        if (end != std::string::npos) {
+            kind == ControlKind::Choice ? choose(name, field.substr(end + 1))
+                                        : type(name, field.substr(end + 1));
+        } else {
+            kind == ControlKind::Check || kind == ControlKind::Option ? toggle(name) : press(name);
+        }
     }
 }
 
 std::string FakeForm::shown(std::string_view fields) const {
+    const auto which = [&](auto applies) {
+        std::string names;
+        for (const ControlSpec& control : shape.controls) {
+            if (applies(state(control.name))) names += (names.empty() ? "" : " ") + std::string(control.name);
+        }
+        return names;
+    };
+    const auto value = [&](const std::string& name) -> std::string {
+        if (name == "off") return which([](const State& control) { return !control.enabled; });
+        if (name == "hidden") return which([](const State& control) { return !control.visible; });
+        if (name == "focus") return focused;
+        if (name == "open") return open ? "yes" : "no";
+        if (name.ends_with(".count")) return std::to_string(state(split(name, ".")[0]).items.size());
+        const State& control = state(name);
+        return control.shape->kind == ControlKind::Check ? control.checked ? "on" : "off" : text(name);
+    };
     std::string found;
     for (const std::string& field : split(fields)) {
         const std::string name = field.substr(0, field.find('='));
-        found += (found.empty() ? "" : "|") + name + "=" + text(name);
-    }
-    return found;
-}
-
-std::string FakeForm::off() const {
-    std::string found;
-    for (const ControlSpec& control : shape.controls) {
-        if (!enabled(control.name)) found += (found.empty() ? "" : "|") + std::string(control.name);
+        found += (found.empty() ? "" : "|") + name + "=" + value(name);
     }
     return found;
 }

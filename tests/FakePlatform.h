@@ -79,19 +79,18 @@ struct FakeForm : Form {
     void close() override;
 
     // What a user does: replaces a text box's contents, through its filter; picks an entry of a list;
-    // switches a check box, or chooses an option; presses a button, or Escape; types or chooses into each
-    // field, told as "name=text|name=text". Each refuses (throws std::logic_error) what a disabled or hidden
-    // control would not let him.
+    // switches a check box, or chooses an option; presses a button, or Escape; does all of that in turn, told
+    // as "field=text|button|box". Each refuses (throws std::logic_error) what a disabled or hidden control
+    // would not let him.
     void type(std::string_view name, std::string_view text);
     void choose(std::string_view name, std::string_view item);
     void toggle(std::string_view name);
     void press(std::string_view name);
     void escape();
     void fill(std::string_view fields);
-    /// The same fields, told in the same way, with what they show now.
+    /// The same fields, told in the same way, with what they show now. Besides: "FIELD.count" for the length
+    /// of a list, "off" and "hidden" for the controls that are out of use or sight, "focus", "open".
     std::string shown(std::string_view fields) const;
-    /// The controls that are out of use, with "|" between them.
-    std::string off() const;
 
     const FormSpec& shape;
     bool open = false;

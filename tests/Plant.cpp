@@ -97,10 +97,12 @@ void act(Workplace& place, const std::string& step) {
     } else if (what == "clipboard") {
         place.clipboard.contents = rest;
     } else if (what.starts_with("mnu") || what.starts_with("edit ")) {
-        place.forms.scripts.assign(colon == std::string::npos ? 0 : 1, [&](FakeForm& form) {
-            if (!rest.empty()) form.fill(rest);
-            form.press(form.shape.defaultButton);
-        });
+        if (colon != std::string::npos) {
+            place.forms.scripts.emplace_back([rest](FakeForm& form) {
+                if (!rest.empty()) form.fill(rest);
+                form.press(form.shape.defaultButton);
+            });
+        }
         what.starts_with("mnu") ? place.run(what) : place.edit(what.substr(5));
     } else if (copies || what.starts_with("drag ")) {
         const std::size_t to = what.find(" to ");
@@ -148,11 +150,29 @@ std::string seen(Workplace& place, const std::string& wanted) {
 
 }  // namespace
 
+void work(Workplace& place, const std::string& steps, const Fields& lines) {
+    for (auto line = lines.begin(); line != lines.end();) {
+        const auto before = line;
+        place.forms.scripts.assign(1, [&](FakeForm& form) {
+            for (; form.open && line != lines.end(); ++line) {
+                const auto& [entries, wanted] = *line;
+                if (!entries.empty()) form.fill(entries);
+                const std::string said = joined(place.messages.take(), " / ");
+                const std::string fields = wanted.substr(0, wanted.find(" | said "));
+                EXPECT_EQ(form.shown(fields) + (said.empty() ? "" : " | said " + said), wanted) << entries;
+            }
+        });
+        play(place, {{steps, ""}});
+        ASSERT_NE(line, before) << "the dialog does not open";
+    }
+}
+
 void play(Workplace& place, const Fields& lines) {
     for (const auto& [steps, wanted] : lines) {
         SCOPED_TRACE(steps);
         place.forms.shown.clear();
         for (const std::string& step : steps.empty() ? Texts{} : split(steps, "; ")) act(place, step);
+        place.forms.scripts.clear();
         EXPECT_EQ(seen(place, wanted), wanted);
     }
 }

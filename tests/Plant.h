@@ -42,6 +42,10 @@ struct PlantedWorkplace : Workplace {
 /// "top" is the first node. With ": FIELDS" after a command or "edit", these are filled and Enter is pressed.
 void play(Workplace& place, const Fields& lines);
 
+/// Works in the dialog that the steps open, and open again where it has closed: what is entered, and what it
+/// shows then, both as a form tells it, with " | said M / M" for messages.
+void work(Workplace& place, const std::string& steps, const Fields& lines);
+
 /// Fills the dialog's fields and presses Ok, which it answers with the message only.
 void expectRefusal(Workplace& place, FakeForm& form, const std::string& fields, const Texts& message);
 
