@@ -1,7 +1,7 @@
 // New, Open, Save, Save As, Close, Exit and publication, as the user meets them; the writer by its bytes.
 #include <gtest/gtest.h>
 
-#include "DialogSteps.h"
+#include "Plant.h"
 #include "platform/FileAccess.h"
 
 namespace trevandix::testing {
@@ -25,6 +25,7 @@ const std::string kRtuFile = fileText(
 struct Changed : Workplace {
     Changed() {
         openText(kRtuFile);
+        fileDialog.choice = std::nullopt;
         configuration.state.saved = false;
     }
 };
@@ -49,12 +50,10 @@ TEST(FileCommands, NewStartsEmptyBesideTheProgram) {
     EXPECT_FALSE(place.window.treeVisible);
     place.newConfiguration(kRtu);
     const std::string file = toUtf8(place.folder / "TrevandixRTU.xml");
-    EXPECT_EQ(place.configuration.state.filePath, file);
-    EXPECT_TRUE(place.window.treeVisible && place.list.visible());
+    EXPECT_TRUE(place.window.treeVisible && place.list.visible() && !place.list.sorted());
     EXPECT_EQ(place.configuration.tree.root()->text(), file);
     EXPECT_EQ(place.configuration.tree.selected(), place.configuration.tree.root());
-    place.run("mnuSaveCfg");
-    EXPECT_EQ(place.messages.take(), Texts{file + " saved"});
+    play(place, {{"mnuSaveCfg", "said " + file + " saved"}});
     EXPECT_EQ(place.registry.published, (Fields{{"TrevandixRTU", file}}));
     EXPECT_EQ(readFile(file), fileText({}, {}, true));
     // A dialog closed by its title bar leaves the kind as it was.
@@ -66,51 +65,37 @@ TEST(FileCommands, NewStartsEmptyBesideTheProgram) {
 
 TEST(FileCommands, SaveAsksBeforeItOverwrites) {
     Changed place;
-    const std::string path = place.path("test.xml");
-    const Texts question{"File " + path + " already existing. Overwrite?"};
-    // Cancel; No, which leads to Save As, cancelled in silence; No, and another file.
-    for (const Answer answer : {Answer::Cancel, Answer::No}) {
-        place.messages.answers = {answer};
-        place.fileDialog.choice = std::nullopt;
-        place.run("mnuSaveCfg");
-        EXPECT_EQ(place.messages.take(), question);
-        EXPECT_EQ(place.messages.buttons, Buttons::YesNoCancel);
-        EXPECT_FALSE(place.configuration.state.saved);
-        EXPECT_TRUE(place.registry.published.empty());
-    }
+    const std::string question = "said File " + place.path("test.xml") + " already existing. Overwrite?";
+    place.messages.answers = {Answer::Cancel};
+    play(place, {{"mnuSaveCfg", question + " | unsaved"},
+                 {"no; mnuSaveCfg", question + " | unsaved"}});  // leads to Save As, cancelled in silence
+    EXPECT_EQ(place.messages.buttons, Buttons::YesNoCancel);
     EXPECT_EQ(place.fileDialog.calls.back(),
               "Save configuration|configuration files |*.xml|TrevandixRTU.xml");
+    EXPECT_TRUE(place.registry.published.empty());
     const std::string other = place.path("other.xml");
-    place.messages.answers = {Answer::No};
     place.fileDialog.choice = other;
-    place.run("mnuSaveCfg");
-    EXPECT_EQ(place.messages.take(), question);
+    play(place, {{"no; mnuSaveCfg", question + " | saved"}});
     EXPECT_EQ(readFile(other), kRtuFile);
     EXPECT_EQ(place.configuration.tree.root()->text(), other);
-    EXPECT_TRUE(place.configuration.state.saved);
-
     place.registry.refuses = true;  // silent
-    place.run("mnuSaveCfg");
-    EXPECT_EQ(place.messages.take().back(), other + " saved");
-    EXPECT_TRUE(place.configuration.state.saved);
+    play(place, {{"mnuSaveCfg",
+                  "saved | said File " + other + " already existing. Overwrite? / " + other + " saved"}});
 }
 
 // A save that fails is told once; nothing is published and the configuration stays unsaved.
 TEST(FileCommands, FailedSaves) {
     Changed place;
     std::filesystem::create_directory(place.folder / "folder.xml");
-    const Fields table{
-        {place.path("missing/x.xml"), " Error n. 53  File not found in CreateXML"},
-        {place.path("folder.xml"), " Error n. 75  Path/File access error in CreateXML"},
+    for (const auto& [path, error] : Fields{{place.path("missing/x.xml"), "53  File not found"},
+                                            {place.path("folder.xml"), "75  Path/File access error"},
 #ifdef __linux__
-        {"/proc/version", " Error n. 70  Permission denied in CreateXML"},
+                                            {"/proc/version", "70  Permission denied"}
 #endif
-    };
-    for (const auto& [path, message] : table) {
+         }) {
         place.fileDialog.choice = path;
-        place.run("mnuSaveAs");
-        EXPECT_EQ(place.messages.take(), Texts{message});
-        EXPECT_FALSE(place.configuration.state.saved);
+        play(place,
+             {{"mnuSaveAs", "unsaved | state Unsaved changes | said " + failure(error, "CreateXML")[0]}});
         EXPECT_TRUE(place.registry.published.empty());
     }
 }
@@ -118,27 +103,22 @@ TEST(FileCommands, FailedSaves) {
 // New, Open and Close ask when there are changes; what each answer leads to.
 TEST(FileCommands, SaveQuestions) {
     for (const std::string command : {"mnuNewCfg", "mnuOpenCfg", "mnuCloseCfg"}) {
-        const std::string question = command == "mnuCloseCfg" ? "Do you want to save this configuration?"
-                                                              : "Do you want to save active configuration?";
+        const std::string question = command == "mnuCloseCfg"
+                                         ? "said Do you want to save this configuration?"
+                                         : "said Do you want to save active configuration?";
         Changed stays;
         stays.messages.answers = {Answer::Yes, Answer::Cancel};  // wants to save, then declines to overwrite
-        stays.run(command);
-        EXPECT_EQ(stays.messages.take()[0], question);
+        play(stays, {{command, "opens  | tree top: ModBus B\xC3\xBCro(ZONE(EMPTY) Bits) | " + question +
+                                   " / File " + stays.path("test.xml") + " already existing. Overwrite?"}});
         EXPECT_TRUE(stays.configuration.state.configurationOpen);
-        EXPECT_EQ(stays.configuration.units.size(), 1U);
-        EXPECT_TRUE(stays.forms.shown.empty());
 
         Changed goes;
-        goes.messages.answers = {Answer::No};
-        goes.fileDialog.choice = std::nullopt;
-        goes.run(command);
-        EXPECT_EQ(goes.messages.take(), Texts{question});
+        play(goes, {{"no; " + command, question}});
         EXPECT_EQ(goes.configuration.units.empty(), command != "mnuOpenCfg");  // Open's dialog was cancelled
 
         Changed unchanged;
         unchanged.configuration.state.saved = true;
-        unchanged.run(command);
-        EXPECT_EQ(unchanged.messages.take(), Texts{});
+        play(unchanged, {{command, ""}});
     }
 }
 

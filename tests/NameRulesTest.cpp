@@ -52,18 +52,14 @@ TEST(NameRules, DuplicatesAreSiblingsOfTheSameKindWithExactlyTheName) {
 
 class Rekeying : public ::testing::Test {
 protected:
-    Texts rename(std::string_view key, const std::string& name) {
-        const std::string field = place.node(key).tag() == NodeTag::Plc ? "txtName" : "txtBranchName";
-        editDialog(place, key, confirmed(field + "=" + name));
-        return place.messages.take();
-    }
+    const std::string inCollection_ = "said " + failure(kKeyInCollection, "cmdOk_Click")[0];
+    const std::string notUnique_ = "said " + failure(kKeyNotUnique, "cmdOk_Click")[0];
     PlantedWorkplace place{
         {"PLC1", "PLC1.Area/", "PLC1.Area.Tank1/", "PLC1.Area.Tank1.Level", "PLC1.Area.Run", "PLC1.Stop"}};
 };
 
 TEST_F(Rekeying, ANewKeyMayBeOneThatAnotherNodeIsJustLeaving) {
-    addBranch(place, "PLC1", "B.Area");
-    EXPECT_EQ(rename("PLC1", "PLC1.B"), Texts{});
+    play(place, {{"PLC1; mnuAddBranch: txtBranchName=B.Area", ""}, {"edit PLC1: txtName=PLC1.B", ""}});
     EXPECT_EQ(place.node("PLC1.B.Area").text(), "Area");
     EXPECT_EQ(place.node("PLC1.B.B.Area").text(), "B.Area");
     EXPECT_EQ(place.configuration.branches.at("PLC1.B.Area")->sName(), "Area");
@@ -71,18 +67,19 @@ TEST_F(Rekeying, ANewKeyMayBeOneThatAnotherNodeIsJustLeaving) {
 
 TEST_F(Rekeying, ARefusedNameChangesNothing) {
     addUnit(place, "P", "2");
-    addBranch(place, "P", "Q.Stop");  // in the way of PLC1.Stop, were PLC1 called P.Q
-    addBranch(place, "PLC1", "Area.Tank2");
-    place.click("PLC1.Area");  // sorts, as a later edit will
+    // In the way of PLC1.Stop, were PLC1 called P.Q; a click sorts, as a later edit will.
+    play(place,
+         {{"P; mnuAddBranch: txtBranchName=Q.Stop; PLC1; mnuAddBranch: txtBranchName=Area.Tank2; PLC1.Area",
+           ""}});
     const Texts before = fileContents(place.configuration);
     const Texts keys = place.below("");
     const auto unit = place.configuration.units.at("PLC1");
-    EXPECT_EQ(rename("PLC1", "P.Q"), failure(kKeyNotUnique, "cmdOk_Click"));
-    EXPECT_EQ(rename("PLC1", "ModBus"), failure(kKeyNotUnique, "cmdOk_Click"));
-    EXPECT_EQ(rename("PLC1.Area.Tank1", "Tank2"), failure(kKeyInCollection, "cmdOk_Click"));
-    EXPECT_EQ(rename("PLC1.Area.Tank1", "Run"), failure(kKeyNotUnique, "cmdOk_Click"));  // an item's key
+    play(place, {{"edit PLC1: txtName=P.Q", notUnique_},
+                 {"edit PLC1: txtName=ModBus", notUnique_},
+                 {"edit PLC1.Area.Tank1: txtBranchName=Tank2", inCollection_},
+                 {"edit PLC1.Area.Tank1: txtBranchName=Run", notUnique_}});  // an item's key
     EXPECT_EQ(place.configuration.units.at("PLC1"), unit);
-    EXPECT_EQ(place.configuration.items.at("PLC1.Stop")->sKey().str(), "PLC1.Stop");
+    EXPECT_EQ(place.item("PLC1.Stop").sKey().str(), "PLC1.Stop");
     EXPECT_EQ(fileContents(place.configuration), before);
     EXPECT_EQ(place.below(""), keys);
 }
@@ -92,8 +89,7 @@ TEST_F(Rekeying, TwoNodesThatWouldGetOneKeyAreRefused) {
     twin->sName("Stop");
     twin->sKey("elsewhere");  // a key that does not follow from its place
     place.configuration.addItem(twin, place.node("PLC1"));
-    EXPECT_EQ(rename("PLC1", "PLC2"), failure(kKeyInCollection, "cmdOk_Click"));
-    EXPECT_EQ(place.node("PLC1").text(), "PLC1");
+    play(place, {{"edit PLC1: txtName=PLC2", inCollection_ + " | list PLC1: PLC1"}});
     EXPECT_EQ(place.wrong(), Texts{"key of another place: elsewhere"});
 }
 

@@ -193,12 +193,6 @@ std::string PlantedWorkplace::saved(const std::string& name) {
     return readFile(path(name));
 }
 
-void expectRefusal(Workplace& place, FakeForm& form, const std::string& fields, const Texts& message) {
-    confirmed(fields)(form);
-    EXPECT_TRUE(form.open);
-    EXPECT_EQ(place.messages.take(), message);
-}
-
 bool isXml(std::string_view bytes) {
     try {
         PugiXmlParser().parse(bytes);

@@ -46,9 +46,6 @@ void play(Workplace& place, const Fields& lines);
 /// shows then, both as a form tells it, with " | said M / M" for messages.
 void work(Workplace& place, const std::string& steps, const Fields& lines);
 
-/// Fills the dialog's fields and presses Ok, which it answers with the message only.
-void expectRefusal(Workplace& place, FakeForm& form, const std::string& fields, const Texts& message);
-
 /// Whether the parser accepts the bytes.
 bool isXml(std::string_view bytes);
 

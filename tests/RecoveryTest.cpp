@@ -78,17 +78,15 @@ TEST(Recovery, KeepsChangedWorkWhenTheUserPauses) {
 }
 
 TEST(Recovery, GoesAwayWithTheReason) {
-    for (const std::string way : {"save", "close", "new", "exit"}) {
+    for (const std::string way : {"mnuSaveCfg", "no; mnuCloseCfg", "no; mnuNewCfg", "no; mnuExit"}) {
         Edited place;
         plant(place, {"U.b"});
         place.configuration.state.saved = false;
         place.tick(3, 3);
         ASSERT_EQ(place.files().size(), 3U);
-        place.messages.answers = {way == "save" ? Answer::Yes : Answer::No};
-        if (way == "save") place.run("mnuSaveCfg");
-        if (way == "close") place.run("mnuCloseCfg");
-        if (way == "new") place.newConfiguration(kRtu);
-        if (way == "exit") place.editor.Form_Unload();
+        place.messages.onShow = [&](std::string_view) { place.messages.texts.clear(); };
+        play(place, {{way, ""}});
+        if (way.ends_with("Exit")) place.editor.Form_Unload();
         place.tick(100, 100);
         EXPECT_TRUE(place.files().empty()) << way;
     }
@@ -101,7 +99,6 @@ TEST(Recovery, StaysWhenTheLastSaveFailed) {
     const std::string wanted = place.wanted();
     place.configuration.setFilePath(place.path("missing/test.xml"));
     place.configuration.state.saved = false;
-    place.messages.answers = {Answer::Yes};
     place.editor.Form_Unload();
     EXPECT_EQ(place.kept(), Texts{wanted});
 }
@@ -125,10 +122,10 @@ TEST(Recovery, AfterACrash) {
     Next third(next, Answer::Yes);  // the second run died before it had kept anything of its own
     third.tick(3, 3);
     EXPECT_EQ(third.files().size(), 3U);  // its own in the place of the others
-    third.messages.take();
+    third.messages.texts.clear();
     third.messages.answers = {Answer::No};
     third.run("mnuSaveCfg");
-    EXPECT_NE(third.messages.take()[0].find("was changed by another program"), std::string::npos);
+    EXPECT_NE(third.messages.texts[0].find("was changed by another program"), std::string::npos);
 
     Next declines(place, Answer::No);
     EXPECT_TRUE(declines.files().empty());
@@ -144,8 +141,7 @@ TEST(Recovery, KeepsWhatWasLeftUnasked) {
         const std::string path = place.path("test.xml");
         const std::string before = place.wanted();
         place.fileDialog.choice = path;
-        place.click("U.a");
-        place.run("mnuDelete");
+        place.at("U.a").run("mnuDelete");
         const std::string wanted = place.wanted();
         place.messages.take();
         way.empty() ? place.editor.Form_Unload() : place.run(way);
@@ -154,9 +150,7 @@ TEST(Recovery, KeepsWhatWasLeftUnasked) {
         EXPECT_EQ(place.kept(), Texts{wanted});
         if (way == "mnuOpenCfg") {
             EXPECT_EQ(place.wanted(), before);
-            place.click("U");
-            drag(place, "U.a", "top");
-            place.run("mnuCloseCfg");
+            play(place, {{"U; drag U.a to top; mnuCloseCfg", ""}});
             EXPECT_EQ(place.kept().size(), 2U);
             EXPECT_EQ(Next(place, Answer::No, Answer::Yes).messages.take().size(), 2U);
         }
@@ -170,11 +164,9 @@ TEST(Recovery, KeepsWhatWasLeftUnasked) {
     // Where it cannot be kept, the user is told, and the configuration closes all the same.
     Edited full;
     writeFile(full.folder / "state", "no folder");
-    full.click("U.a");
-    full.run("mnuDelete");
+    full.at("U.a").run("mnuDelete");
     full.messages.take();
-    full.run("mnuCloseCfg");
-    EXPECT_EQ(full.messages.take(), failure("70  Permission denied", "keepForNextStart"));
+    play(full, {{"mnuCloseCfg", "said " + failure("70  Permission denied", "keepForNextStart")[0]}});
     EXPECT_FALSE(full.window.treeVisible);
 }
 
@@ -192,52 +184,43 @@ TEST(Recovery, KeepsWhatCanBeKept) {
     EXPECT_TRUE(next.has("V.c") && next.has("V.d"));
 }
 
-TEST(Recovery, RemainsWithoutAWholeContentAreNotOffered) {
-    Edited place;
-    fs::create_directory(place.folder / "state");
-    const std::string note = "[recovery]\npath=" + place.path("test.xml") + "\ncontent=";
-    const auto leave = [&](const char* file, std::string_view text) {
-        writeFile(place.folder / "state" / file, text);
-    };
-    for (const char* file : {"1-1.lock", "2-2.lock", "3-3.lock", "3-3-1.xml"}) leave(file, "");
-    leave("1-1-1.xml", "half");
-    leave("2-2.ini", note + "2-2-1.xml");
-    leave("3-3.ini", note + "../test.xml");
-    EXPECT_FALSE(place.editor.offerRecovery());
-    EXPECT_TRUE(place.messages.take().empty());
-    EXPECT_TRUE(place.files().empty());
-    EXPECT_TRUE(fs::exists(place.path("test.xml")));
-}
-
-// What cannot be read is named once, kept, and in the way of nothing.
+// What has no whole content is not offered; what cannot be read is named once, kept, and in the way of
+// nothing.
 TEST(Recovery, UnreadableWorkIsPutAside) {
     Edited place;
     const fs::path state = place.folder / "state";
-    fs::create_directories(state / "1-1.ini");  // a note that cannot be opened
-    const std::string note = "[recovery]\ncontent=3-3-1.xml\npath=" + place.path("test.xml");
-    for (const auto& [file, text] : Fields{{"1-1.lock", ""},
-                                           {"1-1-7.xml", "work"},
-                                           {"2-2.lock", ""},
-                                           {"2-2.ini", "nonsense"},
-                                           {"2-2-1.xml", "work"},
-                                           {"3-3.lock", ""},
-                                           {"3-3.ini", note},
-                                           {"3-3-1.xml", "work"}})
+    const std::string path = place.path("test.xml");
+    fs::create_directories(state / "4-4.ini");  // a note that cannot be opened
+    const auto note = [&](const std::string& content) {
+        return "[recovery]\ncontent=" + content + "\npath=" + path;
+    };
+    for (const auto& [file, text] : Fields{{"1-1-1.xml", "half"},
+                                           {"2-2.ini", note("2-2-1.xml")},
+                                           {"3-3.ini", note("../test.xml")},
+                                           {"3-3-1.xml", ""},
+                                           {"4-4-7.xml", "work"},
+                                           {"5-5.ini", "nonsense"},
+                                           {"5-5-1.xml", "work"},
+                                           {"6-6.ini", note("6-6-1.xml")},
+                                           {"6-6-1.xml", "work"}}) {
         writeFile(state / file, text);
+        writeFile(state / (file.substr(0, 3) + ".lock"), "");
+    }
     EXPECT_FALSE(place.editor.offerRecovery());
     const Texts told = place.messages.take();
     ASSERT_EQ(told.size(), 5U);
     for (const auto& [message, file] : std::vector<std::pair<std::size_t, const char*>>{
-             {0, "1-1-7.xml"}, {1, "2-2-1.xml"}, {4, "3-3-1.xml"}}) {
-        const std::string path = (state / file).string();
-        const std::string whose = message == 4 ? "to " + place.path("test.xml") : "of an earlier run";
+             {0, "4-4-7.xml"}, {1, "5-5-1.xml"}, {4, "6-6-1.xml"}}) {
+        const std::string kept = (state / file).string();
+        const std::string whose = message == 4 ? "to " + path : "of an earlier run";
         EXPECT_EQ(told[message],
-                  "Unsaved changes " + whose + " cannot be read. They are kept as " + path + ".");
-        EXPECT_EQ(readFile(path), "work");
+                  "Unsaved changes " + whose + " cannot be read. They are kept as " + kept + ".");
+        EXPECT_EQ(readFile(kept), "work");
     }
-    EXPECT_FALSE(place.window.panelVisible);
-    EXPECT_FALSE(place.editor.offerRecovery());
+    EXPECT_FALSE(place.window.panelVisible || place.editor.offerRecovery());
     EXPECT_EQ(place.messages.take(), Texts{});
+    EXPECT_EQ(place.files().size(), 4U);  // those and the folder
+    EXPECT_TRUE(fs::exists(path));
 }
 
 TEST(Recovery, EditorsThatLiveKeepTheirFiles) {
