@@ -210,7 +210,11 @@ public:
     clsItem& item(std::string_view key) { return *configuration.items.at(Key(key)); }
     /// The keys of all nodes below the node with the key, in tree order.
     Texts below(std::string_view key);
-    std::string selectedKey() const { return configuration.tree.selected()->key().str(); }
+    /// Empty for the first node, and for none.
+    std::string selectedKey() const {
+        const TreeNode* node = configuration.tree.selected();
+        return node != nullptr ? node->key().str() : "";
+    }
     /// Selects list rows by their text, as by the mouse, with the focus in the list.
     void selectRows(const Texts& texts);
 

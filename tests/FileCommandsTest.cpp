@@ -108,7 +108,7 @@ TEST(FileCommands, SaveQuestions) {
                                          : "said Do you want to save active configuration?";
         Changed stays;
         stays.messages.answers = {Answer::Yes, Answer::Cancel};  // wants to save, then declines to overwrite
-        play(stays, {{command, "opens  | tree top: ModBus B\xC3\xBCro(ZONE(EMPTY) Bits) | " + question +
+        play(stays, {{command, "opens  | tree top: B\xC3\xBCro(ZONE(EMPTY) Bits) ModBus | " + question +
                                    " / File " + stays.path("test.xml") + " already existing. Overwrite?"}});
         EXPECT_TRUE(stays.configuration.state.configurationOpen);
 

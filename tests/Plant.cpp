@@ -96,14 +96,19 @@ void act(Workplace& place, const std::string& step) {
         place.messages.answers.push_back(Answer::No);
     } else if (what == "clipboard") {
         place.clipboard.contents = rest;
-    } else if (what.starts_with("mnu") || what.starts_with("edit ")) {
+    } else if (what == "find" || what == "next") {
+        place.forms.last->type("txtFind", rest);
+        place.forms.last->press(what == "find" ? "cmdFind" : "cmdNext");
+    } else if (what == "sort") {
+        place.editor.ListView1_ColumnClick(std::stoul(rest));
+    } else if (what.starts_with("mnu") || what.starts_with("edit ") || what == "openObject") {
         if (colon != std::string::npos) {
             place.forms.scripts.emplace_back([rest](FakeForm& form) {
                 if (!rest.empty()) form.fill(rest);
                 form.press(form.shape.defaultButton);
             });
         }
-        what.starts_with("mnu") ? place.run(what) : place.edit(what.substr(5));
+        what.starts_with("edit ") ? place.edit(what.substr(5)) : place.run(what);
     } else if (copies || what.starts_with("drag ")) {
         const std::size_t to = what.find(" to ");
         drag(place, what.substr(5, to - 5), what.substr(to + 4), copies);

@@ -36,6 +36,8 @@ struct PlantedWorkplace : Workplace {
 ///   edit U   double click           saved, unsaved    the flag that Close and Exit go by
 ///   drag U to V  right button       state, counts, selection, notice   a field of the status bar
 ///   copy U to V  and control key    opens F           the dialogs
+///   find: T, next: T  in the find window
+///   sort: 1  a click on a header
 ///   clipboard: T  T gets onto it
 ///   no       to the next question
 ///

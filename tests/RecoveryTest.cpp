@@ -219,7 +219,7 @@ TEST(Recovery, UnreadableWorkIsPutAside) {
     }
     EXPECT_FALSE(place.window.panelVisible || place.editor.offerRecovery());
     EXPECT_EQ(place.messages.take(), Texts{});
-    EXPECT_EQ(place.files().size(), 4U);  // those and the folder
+    EXPECT_EQ(place.files().size(), 3U);  // those, without notes and locks
     EXPECT_TRUE(fs::exists(path));
 }
 

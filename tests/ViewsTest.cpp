@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <set>
 
@@ -113,47 +114,32 @@ TEST(Views, ListShowsTheSelectedNode) {
     place.at("P.A.B.x").editor.treeExpansionChanged(place.node("P.A"), false);
     play(place, {{"", "list P.A: y"}});
     place.editor.treeExpansionChanged(place.node("P.C"), false);
-    place.window.focus = FocusedView::Tree;
-    play(place, {{"", "list P.A: y"},
-                 {"mnuDelete", "list P.C: z" + sure + "A and all its items?"},
-                 {"Q; mnuDelete", "list P: P" + sure + "Q?"},
-                 {"copy P.C.z to P; P.z", "list P.z: z"},
-                 {"P.C: z; drag P.C.z to ModBus", "list P.C: *z"}});
-    place.editor.ListView1_DblClick();
-    play(place, {{"", "said " + failure("35601  Element not found", "ListView1_DblClick")[0]}});
-    EXPECT_EQ(place.forms.shown, Texts{});
+    play(place,
+         {{"", "list P.A: y"},
+          {"mnuDelete", "list P.C: z" + sure + "A and all its items?"},
+          {"Q; mnuDelete", "list P: P" + sure + "Q?"},
+          {"copy P.C.z to P; P.z", "list P.z: z"},
+          {"P.C: z; drag P.C.z to ModBus; openObject",
+           "list P.C: *z | opens  | said " + failure("35601  Element not found", "ListView1_DblClick")[0]}});
 }
 
-// Rows keep their selection when they are sorted, shown otherwise or shown again, and the commands go with
-// it.
+// Rows keep their selection when they are sorted, which is always ascending, shown otherwise or shown again,
+// and the commands go with it.
 TEST(Views, RowsStaySelected) {
-    PlantedWorkplace place({"P", "P.A/", "P.A.a", "P.A.b", "P.A.c", "P.B/", "P.B.d"});
+    Workplace place;
     startPlant(place);
     plant(place, {"P", "P.A/", "P.A.a", "P.A.b", "P.A.c", "P.B/", "P.B.d"});
     place.item("P.A.c").sComment("1");
     place.item("P.A.a").sComment("2");
-    play(place, {{"P.A: c b", "list P.A: a *b *c"}});
-    place.editor.ListView1_ColumnClick(1);
-    play(place, {{"mnuIcon; mnuReport", "list P.A: *b *c a"}});
-    place.editor.ListView1_DblClick();
-    play(place, {{"", "list P.A: *b *c a"}});
+    const std::string sure = " | said Are you sure you want to delete the selected items ?";
+    play(place, {{"P.A: c b", "list P.A: a *b *c"},
+                 {"sort: 1", "list P.A: *b *c a"},
+                 {"sort: 1; mnuIcon; mnuReport", "list P.A: *b *c a"},
+                 {"openObject: txtComment=3", "list P.A: *b a *c"}});
     EXPECT_TRUE(place.window.menus["mnuCopy"]);
-    play(place, {{"mnuDelete", "list P.A: a | said Are you sure you want to delete the selected items ?"}});
+    play(place, {{"mnuDelete", "list P.A: a" + sure}});
     EXPECT_FALSE(place.window.menus["mnuCopy"]);
-    place.selectRows({"a"});
-    place.forms.scripts.push_back(confirmed("txtItemName=renamed"));
-    place.editor.ListView1_DblClick();
-    play(place, {{"", "list P.A: *renamed"}, {"P.B", "list P.B: d"}});
-}
-
-TEST(Views, ColumnSortIsAlwaysAscendingAndStays) {
-    WaterWorks place;
-    place.click("ModBus");
-    for (int press = 0; press < 2; ++press) {
-        place.editor.ListView1_ColumnClick(1);
-        EXPECT_EQ(std::string(place.list.cell(0, 1)) + "-" + std::string(place.list.cell(3, 1)), "1-4");
-    }
-    place.click("");
+    play(place, {{"P.A: a; openObject: txtItemName=renamed", "list P.A: *renamed"}, {"P.B", "list P.B: d"}});
     EXPECT_TRUE(place.list.sorted() && place.list.sortKey() == 1U);
 }
 
@@ -165,17 +151,12 @@ TEST(Views, StatusBarFollowsTheEditor) {
                  {"Intake.PUMPS.PUMP1", "selection Intake.PUMPS.PUMP1"},
                  {"mnuFind", "opens frmFind"}});
     EXPECT_TRUE(status[StatusField::Counts].starts_with("4 units, "));
-    const auto find = [&](const char* text, const char* button, int times, const std::string& seen) {
-        place.forms.last->type("txtFind", text);
-        for (int press = 0; press < times; ++press) place.forms.last->press(button);
-        play(place, {{"", seen}});
-    };
-    find("PUMP2", "cmdFind", 1, "selection Intake.PUMPS.PUMP2 | notice ");
-    find("PUMP2", "cmdNext", 20, "notice No further match");
-    find("PUMP9", "cmdFind", 1, "notice No match");
-    find("Temp_Drive", "cmdFind", 1, "notice ");
-    // Found, the item is selected under the commands of the branch.
-    play(place, {{"mnuAddItem", "notice Nothing added: an item is selected, not a unit or a branch"},
+    play(place, {{"find: PUMP2", "selection Intake.PUMPS.PUMP2 | notice "},
+                 {"next: PUMP2; next: PUMP2; next: PUMP2; next: PUMP2", "notice No further match"},
+                 {"find: PUMP9", "notice No match"},
+                 // Found, the item is selected under the commands of the branch.
+                 {"find: Temp_Drive; mnuAddItem",
+                  "notice Nothing added: an item is selected, not a unit or a branch"},
                  {"Intake", "selection Intake: 192.168.10.11, identifier 1, 2000 ms | notice "}});
     const TreeNode& branch = place.click("Intake.PUMPS.PUMP1.MOTOR.BEARINGS");
     place.selectRows({branch.firstChild()->text(), branch.lastChild()->text()});
@@ -266,12 +247,7 @@ TEST(Views, StateFollowsTheContent) {
 
 // Each is pressed at a node, with an item selected in the list where there are items, and so is F2.
 TEST(Commands, EveryButtonRunsItsCommand) {
-    struct Case {
-        std::string_view button;
-        std::string_view node;
-        std::string_view effect;
-    };
-    const std::vector<Case> cases{
+    const std::vector<std::array<std::string_view, 3>> cases{
         {"new", "U.A", "form frmSelect"},
         {"open", "U.A", "file Open"},
         {"save", "U.A", "news Published"},
@@ -296,8 +272,8 @@ TEST(Commands, EveryButtonRunsItsCommand) {
         {"F2 in the tree", "U.A", "form frmBranch"},
     };
     EXPECT_EQ(cases.size(), commandTables().buttons.size() + 2);
-    for (const Case& c : cases) {
-        SCOPED_TRACE(std::string(c.button));
+    for (const auto& [button, node, effect] : cases) {
+        SCOPED_TRACE(std::string(button));
         PlantedWorkplace place({"U", "U.A/", "U.A.x"});
         std::string cell;
         const auto seen = [&] {
@@ -309,20 +285,20 @@ TEST(Commands, EveryButtonRunsItsCommand) {
                    std::to_string(place.window.treeVisible) + " closed " +
                    std::to_string(place.window.closed) + " cell " + cell;
         };
-        if (c.button == "paste") place.at("U.A.x").run("mnuCopy");
-        place.at(c.node, {"x"});
+        if (button == "paste") place.at("U.A.x").run("mnuCopy");
+        place.at(node, {"x"});
         place.clipboard.contents = "y";
         place.forms.shown.emplace_back();
-        place.list.setMode(c.button == "icon" ? ListMode::Report : ListMode::Icon);
+        place.list.setMode(button == "icon" ? ListMode::Report : ListMode::Icon);
         place.display.selected = {0};
         place.forms.scripts.emplace_back([&](FakeForm& form) {
             if (!form.cells.empty()) cell = form.cells[0][0];
         });
-        EXPECT_EQ(seen().find(c.effect), std::string::npos);
-        if (c.button.ends_with("tree")) place.window.focus = FocusedView::Tree;
-        if (c.button.starts_with("F2")) place.run("openObject");
-        place.editor.Toolbar1_ButtonClick(c.button);
-        EXPECT_NE(seen().find(c.effect), std::string::npos) << seen();
+        EXPECT_EQ(seen().find(effect), std::string::npos);
+        if (button.ends_with("tree")) place.window.focus = FocusedView::Tree;
+        if (button.starts_with("F2")) place.run("openObject");
+        place.editor.Toolbar1_ButtonClick(button);
+        EXPECT_NE(seen().find(effect), std::string::npos) << seen();
     }
 }
 
