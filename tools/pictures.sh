@@ -28,7 +28,6 @@ mkdir "$plant"
 trap 'finish; rm -r "$plant"' EXIT
 cp "$window_root"/samples/*.xml "$plant"
 start "$plant/water-works.xml"
-until_loaded
 
 go 2 # a branch
 shot main-window

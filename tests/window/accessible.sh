@@ -23,7 +23,6 @@ asked() { /usr/bin/python3 "$window_root/tests/window/accessible.py" "$@" 2>"$fo
 plant=$folder/plant.xml
 cp "$window_root/samples/water-works.xml" "$plant"
 start "$plant"
-until_loaded
 go 2 # a branch
 told "$main" "Configuration: ANALYSERS"
 keys Tab Down

@@ -16,7 +16,6 @@ mkdir "$plants"
 cp "$window_root/samples/water-works.xml" "$plant"
 
 start "$plant"
-until_loaded
 go 2 # a branch
 add_branch Unsaved
 until_true 10 eval "grep -qs '<Unsaved>' '$state'/*.xml" || fail "the work is not kept: $(ls "$state" 2>&1)"
@@ -41,11 +40,9 @@ published TrevandixTcpIp "$plant"
 go 2
 go 3 Delete # an item
 answer alt+y "$main"
-menu f x
-await_end
+leave_program
 recover_and_save
 if grep -q '<name>Chlorine_Free</name>' "$plant"; then fail "the item is back"; fi
 grep -q '<name>Conductivity</name>' "$plant" || fail "more than the item is gone"
-menu f x
-await_end
+leave_program
 [ -z "$(ls "$state")" ] || fail "left behind: $(ls "$state")"

@@ -28,6 +28,30 @@ leave_dialog() {
     await "$main"
 }
 
+find_item() { # TEXT KEY
+    keys ctrl+f
+    await "Find Item"
+    replaced "$1"
+    keys "$2"
+    await_tree
+}
+
+# The tree gets the keyboard. Wine tells its programs so, but not the window manager.
+await_tree() {
+    if [ -n "$under_wine" ]; then sleep 0.2 && settle; else await "$main"; fi
+}
+
+leave_find() {
+    keys ctrl+f
+    await "Find Item"
+    leave_dialog
+}
+
+leave_program() {
+    menu f x
+    await_end
+}
+
 fill_text() { # ACCESS KEY, TEXT
     keys "alt+$1"
     replaced "$2"
@@ -60,12 +84,6 @@ leave_combo() {
     if [ -z "$under_wine" ]; then keys Tab; fi
 }
 
-add_unit() { # as fill_unit
-    open_dialog u "$unit"
-    fill_unit "$@"
-    confirm_dialog
-}
-
 add_branch() { # NAME
     open_dialog b "$branch"
     replaced "$1"
@@ -94,4 +112,3 @@ fill_bit() {
     choose $(($1 + 1))
 }
 
-fill_elements() { fill_text n "$1"; }

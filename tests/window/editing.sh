@@ -7,7 +7,6 @@
 plant=$folder/plant.xml
 cp "$window_root/tests/window/expected/editing-start.xml" "$plant"
 start "$plant"
-until_loaded
 # 0 file, 1 ModBus, 2 PLC1, 3 AREA (Level, Mode, Speed), 7 POOL (8 NEST (Valve), Run), 11 SPARE
 
 go 3 Tab ctrl+a ctrl+c Tab # from the list
@@ -57,35 +56,17 @@ confirm_dialog
 steps Tab
 go 3 # sorts the new names
 
-# The tree gets the keyboard. Wine tells its programs so, but not the window manager.
-await_found() {
-    if [ -n "$under_wine" ]; then sleep 0.2 && settle; else await "$main"; fi
-}
-
 # Find Next passes the first match, SPARE; F3 does the same as the button.
-keys ctrl+f
-await "Find Item"
-typed S
-keys F3
-await_found
-keys Return
-await "$item"
-holds Second
-keys Escape
-await_found
-keys ctrl+f
-await "Find Item"
-replaced FOU
-keys Return
-await_found
-keys Return
-await "$item"
-holds Fourth
-keys Escape
-await_found
-keys ctrl+f
-await "Find Item"
-leave_dialog
+while read -r text key name; do
+    find_item "$text" "$key"
+    keys Return
+    await "$item"
+    holds "$name"
+    keys Escape
+    await_tree
+done <<<'S F3 Second
+FOU Return Fourth'
+leave_find
 
 go 12 Menu
 menu_entry b "$branch"
@@ -98,5 +79,4 @@ leave_dialog
 
 save_as "$folder/editing.xml"
 same_bytes "$window_root/tests/window/expected/editing.xml" "$folder/editing.xml"
-menu f x
-await_end
+leave_program

@@ -108,8 +108,12 @@ native() {
     if [ -n "$under_wine" ]; then printf 'Z:%s' "${1//\//\\}"; else printf '%s' "$1"; fi
 }
 
-# start [FILE]: starts the program and waits for its window, start_asked for a question of its own.
-start() { launch "$main" "$@"; }
+# start [FILE]: starts the program and waits for its window, and until the file is open; start_asked for a question of its
+# own.
+start() {
+    launch "$main" "$@"
+    if [ $# -gt 0 ]; then until_loaded; fi
+}
 start_asked() { launch "$box" "$@"; }
 launch() { # TITLE [FILE]
     local title=$1 command=("$program")

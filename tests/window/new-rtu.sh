@@ -55,12 +55,11 @@ keys alt+e
 leave_dialog
 open_dialog i "$item"
 fill_item "holding register" Low "" 40 15 2
-fill_elements 12
+fill_text n 12
 confirm_dialog
 
 save_as "$folder/new-rtu.xml" ctrl+shift+s
 same_bytes "$window_root/tests/window/expected/new-rtu.xml" "$folder/new-rtu.xml"
 published TrevandixRTU "$folder/new-rtu.xml"
 menu f c
-menu f x
-await_end
+leave_program

@@ -9,7 +9,9 @@ new_configuration
 keys Down # the ModBus folder
 for entry in 1 2 3 4; do add_type "$entry"; done
 keys Up
-add_unit PLC1 10.0.0.5 7 1500
+open_dialog u "$unit"
+fill_unit PLC1 10.0.0.5 7 1500
+confirm_dialog
 
 open_dialog i "$item"
 fill_item coil Run "" 5 1 3
@@ -18,7 +20,7 @@ keys ctrl+a x # not in a number: the address stays
 keys alt+e
 typed Coils # the name has the keyboard, all of it selected
 fill_item coil "" "" 20 2 2
-fill_elements 16
+fill_text n 16
 keys alt+e
 fill_item "input status" Door "" 0 1 1
 pasted c 'cabinet 1\r\ncabinet 2' # one line, one cell
@@ -40,7 +42,7 @@ replaced 3
 keys Return # the panel's own button
 fill_item "holding register" Flags "" 300 7 3
 fill_bit 10
-fill_elements 20
+fill_text n 20
 confirm_dialog
 
 add_branch Types
@@ -49,8 +51,8 @@ for type in {1..15}; do
     fill_item "holding register" "V$type" "" "$((500 + 10 * type))" "$type" 3
     case $type in
         1) fill_bit 3 ;;
-        7) fill_bit 4 && fill_elements 5 ;;
-        8 | 9 | 1?) fill_elements 2 ;;
+        7) fill_bit 4 && fill_text n 5 ;;
+        8 | 9 | 1?) fill_text n 2 ;;
     esac
     keys alt+e
 done
@@ -75,5 +77,4 @@ rm "$folder/new-tcp.xml"
 keys ctrl+s # nothing there: no question
 answer Return "$main"
 same_bytes "$window_root/tests/window/expected/new-tcp.xml" "$folder/new-tcp.xml"
-menu f x
-await_end
+leave_program

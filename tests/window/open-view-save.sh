@@ -23,7 +23,6 @@ open_file() {
 }
 
 start "$plant"
-until_loaded
 
 # The tree begins with its root, so the third row is a branch, which a double click opens.
 move_to 2

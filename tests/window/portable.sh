@@ -22,12 +22,10 @@ wine reg add "$classes\\shown\\shell\\open\\command" /ve /f >/dev/null \
 
 sample=$unpacked/trevandix-editor/samples/boiler-house-rtu.xml
 start "$sample"
-until_loaded
 keys F1
 until_true 20 cmp -s "$unpacked/trevandix-editor/manual/manual.html" "$folder/shown.html" || fail "F1 shows nothing"
 keys ctrl+s
 answer alt+y
 answer Return "$main"
 published TrevandixRTU "$sample"
-menu f x
-await_end
+leave_program
