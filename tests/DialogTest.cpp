@@ -403,29 +403,23 @@ TEST(ItemDialog, TheTableDecidesTypesAndRightsAndTheTypeDecidesBitAndElements) {
     auto custom = std::make_shared<clsModBusType>();
     custom->setName("my register");
     place.configuration.addDataType(custom);
-    struct Case {
-        std::string table;
-        std::string label;
-        int types;
-        int rights;
-        std::string off;
+    const auto offers = [](const char* types, const char* rights) {
+        return std::string("cmbDataType=|cmbAccessRight=|txtElements=0|cmbDataType.count=") + types +
+               "|cmbAccessRight.count=" + rights;
     };
-    Fields lines;
-    for (const Case& c : std::vector<Case>{{"holding register", "boolean", 15, 3, "txtElements"},
-                                           {"holding register", "string", 15, 3, "cmbBit"},
-                                           {"input register", "boolean array", 15, 1, ""},
-                                           {"input register", "32 bit float", 15, 1, "cmbBit txtElements"},
-                                           {"coil", "boolean", 2, 3, "cmbBit txtElements"},
-                                           {"input status", "boolean array", 2, 1, "cmbBit"},
-                                           {"my register", "boolean", 2, 3, "txtElements"}}) {
-        lines.emplace_back("cmbModbusType=" + c.table,
-                           "cmbDataType=|cmbAccessRight=|cmbDataType.count=" + std::to_string(c.types) +
-                               "|cmbAccessRight.count=" + std::to_string(c.rights));
-        const bool elements = c.off.find("txtElements") == std::string::npos;
-        lines.emplace_back("cmbDataType=" + c.label, "off=" + c.off);
-        lines.emplace_back(elements ? "txtElements=9" : "", elements ? "txtElements=9" : "txtElements=0");
-    }
-    work(place, "U.B; mnuAddItem", lines);
+    work(place, "U.B; mnuAddItem",
+         {{"cmbModbusType=holding register", offers("15", "3")},
+          {"cmbDataType=string|txtElements=9", "txtElements=9|off=cmbBit"},
+          {"cmbDataType=boolean", "txtElements=0|off=txtElements"},
+          {"cmbModbusType=input register", offers("15", "1")},
+          {"cmbDataType=boolean array|txtElements=9", "off="},
+          {"cmbDataType=32 bit float", "txtElements=0|off=cmbBit txtElements"},
+          {"cmbModbusType=coil", offers("2", "3")},
+          {"cmbDataType=boolean", "off=cmbBit txtElements"},
+          {"cmbModbusType=input status", offers("2", "1")},
+          {"cmbDataType=boolean array", "off=cmbBit"},
+          {"cmbModbusType=my register", offers("2", "3")},
+          {"cmbDataType=boolean", "off=txtElements"}});
 }
 
 TEST(ItemDialog, EveryValueTypeMovesByItsSize) {

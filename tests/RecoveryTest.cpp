@@ -156,8 +156,9 @@ TEST(Recovery, KeepsWhatWasLeftUnasked) {
         }
         Next next(place, Answer::Yes);
         const std::string question = next.messages.take().at(0);
-        EXPECT_TRUE(question.starts_with("Changes to " + path + " were not saved on 2")) << question;
-        EXPECT_TRUE(question.ends_with(". Recover them?")) << question;
+        EXPECT_TRUE(question.starts_with("Changes to " + path + " were not saved on 2") &&
+                    question.ends_with(". Recover them?"))
+            << question;
         EXPECT_EQ(next.wanted(), wanted);
         EXPECT_FALSE(next.configuration.state.saved);
     }
