@@ -50,10 +50,10 @@ void renameUnit(benchmark::State& state) {
     }
     int name = 0;
     for (auto _ : state) {
-        editDialog(place, "Unit" + std::to_string(name), [&](FakeForm& form) {
-            form.type("txtName", "Unit" + std::to_string(++name));
-            form.press("cmdOk");
-        });
+        const std::string key = "Unit" + std::to_string(name);
+        const std::string fields = "txtName=Unit" + std::to_string(++name) + "|cmdOk";
+        place.forms.scripts.emplace_back([&](FakeForm& form) { form.fill(fields); });
+        place.edit(key);
     }
     if (place.configuration.items.last()->getParentKey().find(std::to_string(name)) ==
         std::string_view::npos) {

@@ -26,33 +26,24 @@ inline void runDialog(Workplace& place, std::string_view command, FakeForms::Scr
     place.run(command);
 }
 
-/// Double-clicks the node with the key; its dialog gets `script`.
-inline void editDialog(Workplace& place, std::string_view key, FakeForms::Script script) {
-    place.forms.scripts.push_back(std::move(script));
-    place.edit(key);
-}
-
-/// Fills the fields, if there are any, and presses Ok.
-inline FakeForms::Script confirmed(std::string fields) {
-    return [fields = std::move(fields)](FakeForm& form) {
-        if (!fields.empty()) form.fill(fields);
-        form.press("cmdOk");
-    };
+/// Runs a command; its dialog gets the fields and Ok.
+inline void confirmDialog(Workplace& place, std::string_view command, const std::string& fields) {
+    runDialog(place, command, [&](FakeForm& form) { form.fill(fields + "|cmdOk"); });
 }
 
 inline void addUnit(Workplace& place, const std::string& name, const std::string& identifier) {
     place.click("");
-    runDialog(place, "mnuAddPlc", confirmed("txtName=" + name + "|txtUI=" + identifier));
+    confirmDialog(place, "mnuAddPlc", "txtName=" + name + "|txtUI=" + identifier);
 }
 
 inline void addBranch(Workplace& place, std::string_view container, const std::string& name) {
     place.click(container);
-    runDialog(place, "mnuAddBranch", confirmed("txtBranchName=" + name));
+    confirmDialog(place, "mnuAddBranch", "txtBranchName=" + name);
 }
 
 inline void addDataType(Workplace& place, const std::string& name) {
     place.click(kModBusFolder);
-    runDialog(place, "mnuAddMBType", confirmed("cmbMBType=" + name));
+    confirmDialog(place, "mnuAddMBType", "cmbMBType=" + name);
 }
 
 /// Fills all fields that an item needs.
