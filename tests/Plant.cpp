@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "platform/Text.h"
 
@@ -67,7 +68,9 @@ PlantedWorkplace& PlantedWorkplace::at(std::string_view key, const Texts& rows) 
 namespace {
 
 TreeNode* nodeOf(Workplace& place, std::string_view key) {
-    return key == "top" ? place.configuration.tree.root() : &place.node(key);
+    if (key != "top") return &place.node(key);
+    if (place.configuration.tree.root() == nullptr) throw std::logic_error("the tree is empty");
+    return place.configuration.tree.root();
 }
 
 std::string joined(const Texts& texts, std::string_view separator) {

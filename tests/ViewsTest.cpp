@@ -92,10 +92,10 @@ TEST(Views, RowsOfABranch) {
     PlantedWorkplace place({"P", "P.A/", "P.A.AAA/", "P.A.Run", "P.A.alpha", "P.B/"});
     play(place, {{"copy P.A.Run to P.B; P.A", "list P.A: alpha Run"}});
     EXPECT_FALSE(place.window.menus["mnuPasteName"]);
-    EXPECT_EQ(place.list.rows()[1].key, "P.A.Run");
+    EXPECT_EQ(place.list.rows().at(1).key, "P.A.Run");
     play(place, {{"P.B", "list P.B: Run"}});
     EXPECT_TRUE(place.window.menus["mnuPasteName"]);
-    EXPECT_EQ(place.list.rows()[0].key, "P.B.Run");
+    EXPECT_EQ(place.list.rows().at(0).key, "P.B.Run");
 }
 
 // What hides or deletes the selected node runs the select-node routine on the one that is selected then. A
