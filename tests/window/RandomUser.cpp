@@ -51,7 +51,7 @@ public:
     }
     ~RandomUser() {
         window_->attach(nullptr);
-        window_->Destroy();
+        delete window_;  // now, while what it shows still lives
     }
 
     void step() {
