@@ -240,7 +240,7 @@ published() {
 
 # Commands are refused while a file is read; this one changes nothing.
 until_loaded() {
-    until_true 15 find_opens || fail "the file is not open"
+    until_true 60 find_opens || fail "the file is not open"
     keys Escape
     await "$main"
 }
