@@ -131,7 +131,10 @@ TEST(Views, RowsStaySelected) {
     EXPECT_TRUE(place.window.menus["mnuCopy"]);
     play(place, {{"mnuDelete", "list P.A: a" + sure}});
     EXPECT_FALSE(place.window.menus["mnuCopy"]);
-    play(place, {{"P.A: a; openObject: txtItemName=renamed", "list P.A: *renamed"}, {"P.B", "list P.B: d"}});
+    // Another node's rows begin afresh, also where the same item is among them.
+    play(place, {{"P.A: a; openObject: txtItemName=renamed", "list P.A: *renamed"},
+                 {"P.B: d", "list P.B: *d"},
+                 {"P.B.d", "list P.B.d: d"}});
     EXPECT_TRUE(place.list.sorted() && place.list.sortKey() == 1U);
 }
 
