@@ -1,0 +1,95 @@
+#include "wx/WxAboutBox.h"
+
+#include <wx/button.h>
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
+#include <wx/hyperlink.h>
+#include <wx/platinfo.h>
+#include <wx/sizer.h>
+#include <wx/statbmp.h>
+#include <wx/stattext.h>
+#include <wx/utils.h>
+
+#include "Version.h"
+#include "wx/WxAccessibleName.h"
+#include "wx/WxIcons.h"
+#include "wx/WxManual.h"
+#include "wx/WxText.h"
+
+namespace trevandix {
+
+namespace {
+
+constexpr int kIconSize = 64;
+constexpr int kGap = 8;
+
+wxString facts(const wxString& parserName) {
+    const wxPlatformInfo& platform = wxPlatformInfo::Get();
+    wxString text = "Version " + toWx(kVersion) + "\n";
+    if (!kCommit.empty()) text += "Built from " + toWx(kCommit) + ", " + toWx(kDate) + "\n";
+    text += wxString(wxVERSION_STRING) + ", " + platform.GetPortIdName() + " " +
+            wxString::Format("%d.%d", platform.GetToolkitMajorVersion(), platform.GetToolkitMinorVersion());
+    return text + "\n" + parserName + "\n" + wxGetOsDescription();
+}
+
+void addLink(wxWindow* parent, wxSizer& column, const wxString& text, const wxString& address,
+             const wxString& description) {
+    if (text.empty()) return;
+    auto* link = new wxHyperlinkCtrl(parent, wxID_ANY, text, address);
+    setAccessibleName(*link, {}, description);
+    column.Add(link, wxSizerFlags());
+}
+
+}  // namespace
+
+WxAboutBox::WxAboutBox(wxWindow* parent, const wxString& parserName)
+    : wxDialog(parent, wxID_ANY, "About " + toWx(kProduct)), facts_(facts(parserName)) {
+    SetIcons(programIcons());
+    const int gap = FromDIP(kGap);
+    auto* texts = new wxBoxSizer(wxVERTICAL);
+    auto* title = new wxStaticText(this, wxID_ANY, toWx(kProduct));
+    title->SetFont(title->GetFont().Bold().Larger());
+    texts->Add(title, wxSizerFlags().Border(wxBOTTOM, gap));
+    texts->Add(new wxStaticText(this, wxID_ANY, facts_), wxSizerFlags().Border(wxBOTTOM, gap));
+    texts->Add(new wxStaticText(this, wxID_ANY, toWx(kCompany)), wxSizerFlags());
+    addLink(this, *texts, toWx(kContactUrl), toWx(kContactUrl), "Opens the maker's pages");
+    addLink(this, *texts, toWx(kContactMail), "mailto:" + toWx(kContactMail), "Begins a mail to the maker");
+    auto* manual = new wxHyperlinkCtrl(this, wxID_ANY, "Manual (F1)", "manual");
+    manual->Bind(wxEVT_HYPERLINK, [](wxHyperlinkEvent&) { showManual(); });
+    setAccessibleName(*manual, {}, "Opens the manual");
+    texts->Add(manual, wxSizerFlags());
+
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    auto* icon = new wxStaticBitmap(this, wxID_ANY, iconBundle("app", kIconSize));
+    setAccessibleName(*icon, "Icon", "The program's icon");
+    row->Add(icon, wxSizerFlags().Top());
+    row->Add(texts, wxSizerFlags(1).Border(wxLEFT, 2 * gap));
+    auto* copyButton = new wxButton(this, wxID_ANY, "&Copy");
+    copyButton->SetToolTip("Copies all of this, for a mail to the maker");
+    copyButton->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { copy(); });
+    auto* ok = new wxButton(this, wxID_OK, "&Ok");
+    setAccessibleName(*ok, {}, "Closes the window");
+    ok->SetDefault();
+    SetEscapeId(wxID_OK);
+    auto* buttons = new wxBoxSizer(wxHORIZONTAL);
+    buttons->Add(copyButton, wxSizerFlags().Border(wxRIGHT, gap));
+    buttons->Add(ok);
+    auto* column = new wxBoxSizer(wxVERTICAL);
+    column->Add(row, wxSizerFlags(1).Expand().Border(wxALL, 2 * gap));
+    column->Add(buttons, wxSizerFlags().Right().Border(wxALL, 2 * gap));
+    SetSizerAndFit(column);
+    CentreOnParent();
+    Bind(wxEVT_CHAR_HOOK, [](wxKeyEvent& event) { event.Skip(!followsManualKey(event)); });
+    ok->SetFocus();
+}
+
+void WxAboutBox::copy() const {
+    const wxClipboardLocker locker;
+    if (!locker) return;
+    const wxString text = toWx(kProduct) + "\n" + facts_ + "\n" + toWx(kCompany) + "\n" + toWx(kContactUrl) +
+                          "\n" + toWx(kContactMail) + "\n";
+    wxTheClipboard->SetData(new wxTextDataObject(text));
+    wxTheClipboard->Flush();  // stays when the program ends
+}
+
+}  // namespace trevandix

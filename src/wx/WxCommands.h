@@ -1,0 +1,71 @@
+#pragma once
+
+#include <wx/frame.h>
+#include <wx/menu.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Commands.h"
+#include "platform/MainWindow.h"
+#include "wx/WxButtonBar.h"
+
+namespace trevandix {
+
+/// Menu bar and toolbar of a frame, made from their tables. The frame gives the toolbar its place.
+class WxCommands : public CommandBar {
+public:
+    using Choose = std::function<void(std::string_view name)>;
+
+    /// `tables` must outlive it. `choose` gets the name of every enabled command that the user picks, `press`
+    /// the key of every enabled button.
+    WxCommands(wxFrame& frame, const CommandTables& tables, Choose choose, Choose press);
+
+    void enableMenu(std::string_view name, bool enabled) override;
+    void enableButton(std::string_view key, bool enabled) override;
+
+    wxWindow* toolBar() const { return bar_; }
+
+    /// Runs the command of a key that stands behind no menu entry. False when the key is no such one.
+    bool followsShortcut(const wxKeyEvent& event) const;
+
+    /// Opens the entries of some menus at a point of `window` and runs what is picked.
+    void popUp(wxWindow& window, const wxPoint& point, std::initializer_list<std::string_view> menus);
+
+private:
+    struct Entry {
+        std::string_view name;
+        wxMenuItem* item;
+        bool enabled = true;
+    };
+    struct Menu {
+        std::string_view name;
+        bool enabled = true;
+    };
+    struct Button {
+        std::string_view key;
+        wxToolBar* bar;
+        int id;
+        bool enabled = true;
+    };
+
+    void buildMenus(std::span<const MenuSpec> menus);
+    void buildToolBar(const CommandTables& tables);
+    void appendEntries(wxMenu& popup, std::string_view menu);
+    void onMenu(wxCommandEvent& event);
+    void onTool(wxCommandEvent& event);
+
+    wxFrame& frame_;
+    std::span<const ShortcutSpec> shortcuts_;
+    Choose choose_;
+    Choose press_;
+    WxButtonBar* bar_ = nullptr;
+    std::vector<Menu> menus_;
+    std::vector<Entry> entries_;
+    std::vector<Button> buttons_;
+};
+
+}  // namespace trevandix

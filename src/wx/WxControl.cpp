@@ -1,0 +1,167 @@
+#include "wx/WxControl.h"
+
+#include <wx/button.h>
+#include <wx/checkbox.h>
+#include <wx/choice.h>
+#include <wx/combobox.h>
+#include <wx/grid.h>
+#include <wx/radiobut.h>
+#include <wx/statbox.h>
+#include <wx/textctrl.h>
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#endif
+
+#include <algorithm>
+
+#include "wx/WxAccessibleName.h"
+#include "wx/WxGrid.h"
+#include "wx/WxText.h"
+
+namespace trevandix {
+
+namespace {
+
+constexpr int kFieldPadding = 10;  // above and below a field's text together
+
+// Not every toolkit makes its fields high enough for a larger font.
+void setSize(wxControl& field, int columns) {
+    const int text = field.GetCharWidth() * columns;
+    const int height = field.GetCharHeight() + field.FromDIP(kFieldPadding);
+    field.SetMinSize(wxSize(field.GetSizeFromTextSize(text).GetWidth(),
+                            std::max(height, field.GetBestSize().GetHeight())));
+}
+
+template <typename Field>
+Field* makeField(wxWindow& parent, const ControlSpec& shape) {
+    auto* field = new Field(&parent, wxID_ANY);
+    setSize(*field, shape.columns);
+    return field;
+}
+
+wxWindow* makeWindow(wxWindow& parent, const ControlSpec& shape, const wxString& caption, bool startsGroup) {
+    switch (shape.kind) {
+        case ControlKind::Heading:
+            return new wxStaticText(&parent, wxID_ANY, caption);
+        case ControlKind::Text:
+            return makeField<wxTextCtrl>(parent, shape);
+        case ControlKind::Choice:
+            return makeField<wxChoice>(parent, shape);
+        case ControlKind::Combo:
+            return makeField<wxComboBox>(parent, shape);
+        case ControlKind::Check:
+            return new wxCheckBox(&parent, wxID_ANY, caption);
+        case ControlKind::Option:
+            return new wxRadioButton(&parent, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize,
+                                     startsGroup ? wxRB_GROUP : 0);
+        case ControlKind::Button:
+            return new wxButton(&parent, wxID_ANY, caption);
+        case ControlKind::Frame:
+            return new wxStaticBox(&parent, wxID_ANY, caption);
+        case ControlKind::Grid:
+            return new WxGrid(&parent);
+    }
+    return nullptr;
+}
+
+bool takesAccessKey(ControlKind kind) {
+    return kind != ControlKind::Heading && kind != ControlKind::Frame && kind != ControlKind::Grid;
+}
+
+}  // namespace
+
+WxControl WxControl::make(wxWindow& parent, const ControlSpec& shape, bool startsGroup, AccessKeys& keys) {
+    WxControl control;
+    control.shape = &shape;
+    wxString caption = toWx(shape.caption);
+    control.caption = fromWx(wxControl::RemoveMnemonics(caption));
+    if (takesAccessKey(shape.kind)) caption = toWx(keys.marked(shape.caption));
+    if (control.isField() && !caption.empty()) {
+        control.label = new wxStaticText(&parent, wxID_ANY, caption);
+        if (!shape.labelName.empty()) control.label->SetName(toWx(shape.labelName));
+    }
+    control.window = makeWindow(parent, shape, caption, startsGroup);
+    control.window->SetName(toWx(shape.name));
+    if (auto* entry = dynamic_cast<wxTextEntry*>(control.window))
+        control.box = std::make_unique<WxTextBox>(*control.window, *entry, shape.filter);
+    const bool ownName = !control.isField() && shape.kind != ControlKind::Grid;
+    setAccessibleName(*control.window, ownName ? wxString() : toWx(control.caption), toWx(shape.description));
+    return control;
+}
+
+bool WxControl::isList() const {
+    return shape->kind == ControlKind::Choice || shape->kind == ControlKind::Combo;
+}
+
+bool WxControl::isField() const {
+    return shape->kind == ControlKind::Text || isList();
+}
+
+bool WxControl::listIsOpen() const {
+#ifdef __WXMSW__
+    return isList() && ::SendMessage(static_cast<HWND>(window->GetHandle()), CB_GETDROPPEDSTATE, 0, 0) != 0;
+#else
+    return false;  // an open list takes the keys itself
+#endif
+}
+
+std::string WxControl::text() const {
+    if (box != nullptr) return box->text();
+    if (shape->kind != ControlKind::Choice) return caption;
+    const int chosen = static_cast<wxChoice*>(window)->GetSelection();
+    return chosen == wxNOT_FOUND ? std::string() : entries[static_cast<std::size_t>(chosen)];
+}
+
+void WxControl::setText(std::string_view text, AccessKeys& keys) {
+    if (box != nullptr) {
+        box->setText(text);
+    } else if (shape->kind == ControlKind::Choice) {
+        const auto entry = std::ranges::find(entries, text);
+        static_cast<wxChoice*>(window)->SetSelection(
+            entry == entries.end() ? wxNOT_FOUND : static_cast<int>(entry - entries.begin()));
+    } else {
+        const wxString value = toWx(text);
+        caption = fromWx(wxControl::RemoveMnemonics(value));
+        window->SetLabel(takesAccessKey(shape->kind)
+                             ? toWx(keys.marked(text, AccessKeys::keyOf(fromWx(window->GetLabel()))))
+                             : value);
+    }
+}
+
+void WxControl::setItems(const std::vector<std::string>& items) {
+    if (!isList()) return;
+    entries = items;
+    auto* list = static_cast<wxChoice*>(window);
+    wxArrayString texts;
+    int widest = 0;
+    for (const std::string& item : items) {
+        texts.push_back(toWx(BoxText::oneLine(item)));
+        widest = std::max(widest, list->GetTextExtent(texts.back()).GetWidth());
+    }
+    list->Set(texts);
+    list->SetSelection(wxNOT_FOUND);
+    const int needed = list->GetSizeFromTextSize(widest).GetWidth();
+    const wxSize least = list->GetMinSize();
+    if (needed > least.GetWidth()) list->SetMinSize(wxSize(needed, least.GetHeight()));
+}
+
+bool WxControl::checked() const {
+    if (shape->kind == ControlKind::Check) return static_cast<wxCheckBox*>(window)->GetValue();
+    return shape->kind == ControlKind::Option && static_cast<wxRadioButton*>(window)->GetValue();
+}
+
+void WxControl::setChecked(bool checked) {
+    if (shape->kind == ControlKind::Check) static_cast<wxCheckBox*>(window)->SetValue(checked);
+    if (shape->kind == ControlKind::Option) static_cast<wxRadioButton*>(window)->SetValue(checked);
+}
+
+void WxControl::setCells(const std::vector<std::vector<std::string>>& rows) {
+    if (shape->kind == ControlKind::Grid) static_cast<WxGrid*>(window)->setCells(rows);
+}
+
+void WxControl::focus() {
+    window->SetFocus();
+    if (shape->kind == ControlKind::Text) static_cast<wxTextCtrl*>(window)->SelectAll();
+}
+
+}  // namespace trevandix

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <wx/stattext.h>
+#include <wx/window.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/AccessKeys.h"
+#include "platform/Form.h"
+#include "wx/WxTextBox.h"
+
+namespace trevandix {
+
+/// One control of a form on the screen, with its label.
+struct WxControl {
+    const ControlSpec* shape = nullptr;
+    wxWindow* window = nullptr;        ///< owned by the dialog
+    wxStaticText* label = nullptr;     ///< in front of a field that has a caption
+    std::string caption;               ///< as shown, without access key
+    Form::Handler handler;             ///< what the user's action runs; may be empty
+    std::unique_ptr<WxTextBox> box;    ///< of a text box and of a list that takes typed text
+    std::vector<std::string> entries;  ///< of a list
+
+    /// Makes the control and what stands in front of it as children of `parent`, in this order.
+    static WxControl make(wxWindow& parent, const ControlSpec& shape, bool startsGroup, AccessKeys& keys);
+
+    bool isList() const;
+    /// A text box or a list.
+    bool isField() const;
+    /// The list hangs open, so that Enter and Escape belong to it.
+    bool listIsOpen() const;
+    std::string text() const;
+    void setText(std::string_view text, AccessKeys& keys);
+    void setItems(const std::vector<std::string>& items);
+    bool checked() const;
+    void setChecked(bool checked);
+    void setCells(const std::vector<std::vector<std::string>>& rows);
+    void focus();
+};
+
+}  // namespace trevandix

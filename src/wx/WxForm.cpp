@@ -1,0 +1,346 @@
+#include "wx/WxForm.h"
+
+#include <wx/button.h>
+#include <wx/display.h>
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#endif
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/RuntimeError.h"
+#include "wx/WxFormLayout.h"
+#include "wx/WxIcons.h"
+#include "wx/WxManual.h"
+#include "wx/WxParent.h"
+#include "wx/WxText.h"
+
+namespace trevandix {
+
+namespace {
+
+// Runs a copy: the handler may delete the form, and itself with it.
+void run(const Form::Handler& handler) {
+    const Form::Handler copy = handler;
+    if (copy) copy();
+}
+
+bool hasGrid(const FormSpec& shape) {
+    return std::ranges::find(shape.controls, ControlKind::Grid, &ControlSpec::kind) != shape.controls.end();
+}
+
+}  // namespace
+
+WxForm::WxForm(wxWindow& parent, const FormSpec& shape) : spec_(shape) {
+    const long style = wxDEFAULT_DIALOG_STYLE | (hasGrid(shape) ? wxRESIZE_BORDER : 0);
+    dialog_ = new wxDialog(&parent, wxID_ANY, toWx(shape.caption), wxDefaultPosition, wxDefaultSize, style,
+                           toWx(shape.name));
+    dialog_->SetIcons(programIcons());
+    WxFormLayout(shape, controls_, keys_).build(*dialog_);
+    for (WxControl& control : controls_) connect(control);
+    dialog_->SetEscapeId(wxID_NONE);
+    dialog_->Bind(wxEVT_CHAR_HOOK, &WxForm::onKey, this);
+    dialog_->Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { close(); });
+    dialog_->Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
+        event.Skip();
+        activationWaits_ = event.GetActive();
+        dialog_->CallAfter([this] { tellActivated(); });
+    });
+    dialog_->Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
+        event.Skip();
+        markDefaultButton();
+#ifdef __WXGTK__
+        dialog_->Refresh();  // GTK leaves a line of the old focus ring
+#endif
+    });
+    if (!shape.defaultButton.empty()) static_cast<wxButton*>(at(shape.defaultButton).window)->SetDefault();
+}
+
+WxForm::~WxForm() {
+    if (!dialog_) return;
+    dialog_->Hide();
+    // A handler of the dialog may be what deletes the form, so the dialog lives on until it has returned;
+    // nothing of it reaches here any more.
+    dialog_->SetEvtHandlerEnabled(false);
+    for (WxControl& control : controls_) control.window->SetEvtHandlerEnabled(false);
+    dialog_->Destroy();
+}
+
+WxForm::Target WxForm::find(std::string_view name) const {
+    for (WxControl& control : controls_) {
+        if (control.shape->name == name) return {&control, false};
+        if (!control.shape->labelName.empty() && control.shape->labelName == name) return {&control, true};
+    }
+    throw RuntimeError(ErrorNumber::ElementNotFound, name);
+}
+
+WxControl& WxForm::at(std::string_view name) const {
+    return *find(name).control;
+}
+
+void WxForm::connect(WxControl& control) {
+    const auto act = [&control](wxCommandEvent&) { run(control.handler); };
+    switch (control.shape->kind) {
+        case ControlKind::Button:
+            control.window->Bind(wxEVT_BUTTON, act);
+            break;
+        case ControlKind::Check:
+            control.window->Bind(wxEVT_CHECKBOX, act);
+            break;
+        case ControlKind::Option:
+            control.window->Bind(wxEVT_RADIOBUTTON, act);
+            break;
+        case ControlKind::Choice:
+            control.window->Bind(wxEVT_CHOICE, act);
+            break;
+        case ControlKind::Combo:
+            control.window->Bind(wxEVT_COMBOBOX, act);
+            break;
+        default:
+            break;
+    }
+}
+
+std::string WxForm::text(std::string_view name) const {
+    const auto [control, labelOnly] = find(name);
+    return labelOnly ? control->caption : control->text();
+}
+
+void WxForm::setText(std::string_view name, std::string_view text) {
+    const auto [control, labelOnly] = find(name);
+    if (labelOnly) {
+        control->caption = text;
+        const char previous = AccessKeys::keyOf(fromWx(control->label->GetLabel()));
+        control->label->SetLabel(toWx(keys_.marked(text, previous)));
+    } else {
+        control->setText(text, keys_);
+    }
+    if (shown_ && !control->isField()) fit();
+}
+
+void WxForm::setItems(std::string_view name, const std::vector<std::string>& items) {
+    at(name).setItems(items);
+}
+
+std::vector<std::string> WxForm::items(std::string_view name) const {
+    return at(name).entries;
+}
+
+bool WxForm::enabled(std::string_view name) const {
+    const auto [control, labelOnly] = find(name);
+    return labelOnly ? control->label->IsThisEnabled() : control->window->IsThisEnabled();
+}
+
+void WxForm::setEnabled(std::string_view name, bool enabled) {
+    const auto [control, labelOnly] = find(name);
+    if (control->label != nullptr) control->label->Enable(enabled);
+    if (!labelOnly) control->window->Enable(enabled);
+}
+
+bool WxForm::visible(std::string_view name) const {
+    const auto [control, labelOnly] = find(name);
+    return labelOnly ? control->label->IsShown() : control->window->IsShown();
+}
+
+void WxForm::setVisible(std::string_view name, bool visible) {
+    const auto [control, labelOnly] = find(name);
+    if (control->label != nullptr) control->label->Show(visible);
+    if (!labelOnly) control->window->Show(visible);
+    if (shown_) fit();
+}
+
+bool WxForm::checked(std::string_view name) const {
+    return at(name).checked();
+}
+
+void WxForm::setChecked(std::string_view name, bool checked) {
+    at(name).setChecked(checked);
+}
+
+void WxForm::setFocus(std::string_view name) {
+    at(name).focus();
+}
+
+void WxForm::setCells(std::string_view name, const std::vector<std::vector<std::string>>& rows) {
+    at(name).setCells(rows);
+    if (shown_) fit();
+}
+
+void WxForm::on(std::string_view name, Handler handler) {
+    at(name).handler = std::move(handler);
+}
+
+// The smallest size is the one in which no text is cut, the title included, as far as the screen has room.
+void WxForm::fit() {
+    const wxSize screen = wxDisplay(dialog_.get()).GetClientArea().GetSize();
+    wxSize size = dialog_->GetSizer()->CalcMin();
+    size.IncTo(wxSize(widthForTitle(*dialog_, dialog_->GetTitle()), 0));
+    size.DecTo(dialog_->WindowToClientSize(screen));
+    dialog_->SetMinClientSize(wxDefaultSize);
+    dialog_->SetClientSize(size);
+    dialog_->SetMinClientSize(size);
+    dialog_->Layout();
+}
+
+// Centres by client areas: GTK learns the sizes of window frames late or not at all.
+void WxForm::centre() {
+    const wxWindow& parent = *dialog_->GetParent();
+    const wxRect area(parent.ClientToScreen(wxPoint()), parent.GetClientSize());
+    const wxRect screen = wxDisplay(&parent).GetClientArea();
+    const wxSize size = dialog_->GetSize();
+    wxPoint place = wxRect(dialog_->GetClientSize()).CentreIn(area).GetTopLeft();
+    place.x = std::max(screen.GetLeft(), std::min(place.x, screen.GetRight() - size.GetWidth()));
+    place.y = std::max(screen.GetTop(), std::min(place.y, screen.GetBottom() - size.GetHeight()));
+    dialog_->Move(place);
+}
+
+void WxForm::prepare() {
+    fit();
+    centre();
+    shown_ = true;
+    if (!spec_.initialFocus.empty()) {
+        at(spec_.initialFocus).focus();
+        return;
+    }
+    const auto first = std::ranges::find_if(controls_, [](const WxControl& each) {
+        return each.window->CanAcceptFocus() && each.window->IsEnabled();
+    });
+    if (first != controls_.end()) first->focus();
+}
+
+void WxForm::showModal() {
+    if (!dialog_) return;
+    const FocusKeeper focus;
+    prepare();
+    dialog_->ShowModal();
+}
+
+void WxForm::showModeless() {
+    if (!dialog_) return;
+    if (!dialog_->IsShown()) prepare();
+    dialog_->Show();
+    dialog_->Raise();
+}
+
+void WxForm::close() {
+    if (!dialog_ || !shown_) return;
+    shown_ = false;
+    if (dialog_->IsModal()) {
+        dialog_->EndModal(wxID_CANCEL);
+    } else {
+        dialog_->Hide();
+    }
+    run(closed_);
+}
+
+void WxForm::tellActivated() {
+    if (std::exchange(activationWaits_, false)) run(activated_);
+}
+
+bool WxForm::pressFromKeyboard(const WxControl* button) {
+    if (button == nullptr || !button->window->IsEnabled() || !button->window->IsShownOnScreen()) return false;
+#ifdef __WXMSW__
+    // The key is still in the queue: a message box that the button shows would take it for its answer. A
+    // posted message comes after this key and before the next one.
+    const auto handle = reinterpret_cast<LPARAM>(button->window->GetHandle());
+    ::PostMessage(static_cast<HWND>(button->window->GetParent()->GetHandle()), WM_COMMAND,
+                  MAKEWPARAM(button->window->GetId(), BN_CLICKED), handle);
+#else
+    run(button->handler);
+#endif
+    return true;
+}
+
+// The default button; where it is out of use, the one that belongs to the focused control.
+const WxControl* WxForm::buttonForEnter() const {
+    const auto usable = [](const WxControl& each) {
+        return each.shape->kind == ControlKind::Button && each.window->IsEnabled() &&
+               each.window->IsShownOnScreen();
+    };
+    if (!spec_.defaultButton.empty() && usable(at(spec_.defaultButton))) return &at(spec_.defaultButton);
+    const wxWindow* focused = wxWindow::FindFocus();
+    const auto button = std::ranges::find_if(controls_, [&](const WxControl& each) {
+        return usable(each) && focused != nullptr && each.window->GetParent() == focused->GetParent();
+    });
+    return button == controls_.end() ? nullptr : &*button;
+}
+
+// Access keys of labels: the toolkit gives them to buttons only, everywhere but on Windows. A button is
+// pressed at once: GTK would show it pressed for a quarter of a second and lose what is typed meanwhile.
+bool WxForm::followAccessKey(const wxKeyEvent& event) {
+    if (event.GetModifiers() != wxMOD_ALT) return false;
+    const wxChar typed = static_cast<wxChar>(wxToupper(event.GetUnicodeKey()));
+    if (typed == 0) return false;
+    for (WxControl& control : controls_) {
+        const bool button = control.shape->kind == ControlKind::Button;
+        const wxWindow* captioned = button ? control.window : control.label;
+        if (captioned == nullptr || AccessKeys::keyOf(fromWx(captioned->GetLabel())) != typed) continue;
+        if (button) return pressFromKeyboard(&control);
+        if (!control.window->IsEnabled() || !control.window->IsShownOnScreen()) continue;
+        control.focus();
+        return true;
+    }
+    return false;
+}
+
+// Draws the button that Enter presses as the default. On Windows the toolkit drops the mark when another
+// button loses the focus.
+void WxForm::markDefaultButton() {
+    const bool onButton = dynamic_cast<wxButton*>(wxWindow::FindFocus()) != nullptr;
+    if (onButton || dialog_->IsBeingDeleted()) return;
+    if (const WxControl* button = buttonForEnter()) static_cast<wxButton*>(button->window)->SetDefault();
+}
+
+void WxForm::onEscape() {
+    if (!spec_.cancelButton.empty() && pressFromKeyboard(&at(spec_.cancelButton))) return;
+    const auto frame = std::ranges::find_if(controls_, [](const WxControl& each) {
+        return each.shape->kind == ControlKind::Frame && each.handler && each.window->IsShown() &&
+               each.window->IsEnabled();
+    });
+    frame == controls_.end() ? close() : run(frame->handler);
+}
+
+// On Windows the toolkit treats arrow keys like Tab: they move the focus without choosing an option.
+bool WxForm::chooseByArrow(const wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    const bool forward = key == WXK_DOWN || key == WXK_RIGHT;
+    if (event.GetModifiers() != 0 || (!forward && key != WXK_UP && key != WXK_LEFT)) return false;
+    const auto focused = std::ranges::find(controls_, wxWindow::FindFocus(), &WxControl::window);
+    if (focused == controls_.end() || focused->shape->kind != ControlKind::Option) return false;
+    std::vector<WxControl*> options;
+    for (WxControl& each : controls_) {
+        const bool sameGroup =
+            each.shape->kind == ControlKind::Option && each.shape->frame == focused->shape->frame;
+        if (sameGroup && each.window->IsEnabled() && each.window->IsShown()) options.push_back(&each);
+    }
+    const auto at = static_cast<std::size_t>(std::ranges::find(options, &*focused) - options.begin());
+    WxControl& next = *options[(at + (forward ? 1 : options.size() - 1)) % options.size()];
+    next.setChecked(true);
+    next.focus();
+    run(next.handler);
+    return true;
+}
+
+void WxForm::onKey(wxKeyEvent& event) {
+    tellActivated();  // or it would come after the key, and select what the key has written
+    if (followsManualKey(event)) return;
+    const int key = event.GetKeyCode();
+    const bool plain = event.GetModifiers() == 0 && std::ranges::none_of(controls_, &WxControl::listIsOpen);
+    if (plain && key == WXK_ESCAPE) {
+        onEscape();
+        return;
+    }
+    if (plain && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER)) {
+        // A button that has the keyboard is pressed itself.
+        const bool onButton = dynamic_cast<wxButton*>(wxWindow::FindFocus()) != nullptr;
+        if (!onButton && pressFromKeyboard(buttonForEnter())) return;
+    }
+    if (chooseByArrow(event) || followAccessKey(event)) return;
+    // Beside the main window its function keys count as well.
+    wxKeyEvent forMain(event);
+    const bool function = key >= WXK_F1 && key <= WXK_F24 && !dialog_->IsModal();
+    if (!function || !dialog_->GetParent()->GetEventHandler()->ProcessEvent(forMain)) event.Skip();
+}
+
+}  // namespace trevandix

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <wx/dialog.h>
+#include <wx/weakref.h>
+
+#include <deque>
+
+#include "wx/WxControl.h"
+
+namespace trevandix {
+
+/// A form as a dialog of the main window.
+class WxForm : public Form {
+public:
+    /// `shape` must outlive the form; `parent` may go first.
+    WxForm(wxWindow& parent, const FormSpec& shape);
+    ~WxForm() override;
+
+    std::string text(std::string_view name) const override;
+    void setText(std::string_view name, std::string_view text) override;
+    void setItems(std::string_view name, const std::vector<std::string>& items) override;
+    std::vector<std::string> items(std::string_view name) const override;
+    /// A control's own switch, also while the frame around it is off.
+    bool enabled(std::string_view name) const override;
+    void setEnabled(std::string_view name, bool enabled) override;
+    bool visible(std::string_view name) const override;
+    void setVisible(std::string_view name, bool visible) override;
+    bool checked(std::string_view name) const override;
+    void setChecked(std::string_view name, bool checked) override;
+    void setFocus(std::string_view name) override;
+    void setCells(std::string_view name, const std::vector<std::vector<std::string>>& rows) override;
+    void on(std::string_view name, Handler handler) override;
+    void onClosed(Handler handler) override { closed_ = std::move(handler); }
+    void onActivated(Handler handler) override { activated_ = std::move(handler); }
+    void showModal() override;
+    void showModeless() override;
+    void close() override;
+
+private:
+    /// What a name stands for: a control with its label, or a label alone.
+    struct Target {
+        WxControl* control;
+        bool labelOnly;
+    };
+    Target find(std::string_view name) const;
+    WxControl& at(std::string_view name) const;
+    static void connect(WxControl& control);
+    void tellActivated();
+    void onKey(wxKeyEvent& event);
+    void onEscape();
+    bool chooseByArrow(const wxKeyEvent& event);
+    void markDefaultButton();
+    bool pressFromKeyboard(const WxControl* button);
+    const WxControl* buttonForEnter() const;
+    bool followAccessKey(const wxKeyEvent& event);
+    void fit();
+    void centre();
+    void prepare();
+
+    const FormSpec& spec_;
+    wxWeakRef<wxDialog> dialog_;  // the main window takes it along when it goes
+    AccessKeys keys_;
+    mutable std::deque<WxControl> controls_;
+    Handler closed_;
+    Handler activated_;
+    bool activationWaits_ = false;
+    bool shown_ = false;
+};
+
+}  // namespace trevandix

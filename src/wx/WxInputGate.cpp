@@ -1,0 +1,90 @@
+#include "wx/WxInputGate.h"
+
+#include <wx/evtloop.h>
+
+#include <algorithm>
+
+#include "wx/WxRaised.h"
+
+namespace trevandix {
+
+namespace {
+
+// The toolkit counts some notices about windows as input, because they travel up like it.
+bool isInput(const wxEvent& event) {
+    const wxEventType type = event.GetEventType();
+    if (type == wxEVT_CHILD_FOCUS || type == wxEVT_CREATE || type == wxEVT_DESTROY) return false;
+    return event.GetEventCategory() == wxEVT_CATEGORY_USER_INPUT;
+}
+
+// Of keyboard and mouse themselves: other notices also come when nobody is there.
+bool isFromUser(const wxEvent& event) {
+    return event.IsKindOf(wxCLASSINFO(wxKeyEvent)) || event.IsKindOf(wxCLASSINFO(wxMouseEvent));
+}
+
+}  // namespace
+
+WxInputGate::WxInputGate(wxWindow& window) : window_(window) {
+    wxEvtHandler::AddFilter(this);
+}
+
+WxInputGate::~WxInputGate() {
+    wxEvtHandler::RemoveFilter(this);
+}
+
+void WxInputGate::run(const Call& call) {
+    if (busy() || events_ == nullptr) return;
+    flush();
+    perform(call);
+}
+
+void WxInputGate::post(Kind kind, Call call) {
+    if (kind != Kind::Single)
+        std::erase_if(waiting_, [kind](const auto& entry) { return entry.first == kind; });
+    waiting_.emplace_back(kind, std::move(call));
+    window_.CallAfter([this] { flush(); });
+}
+
+void WxInputGate::flush() {
+    while (!busy() && !waiting_.empty()) {
+        const Call call = std::move(waiting_.front().second);
+        waiting_.pop_front();
+        perform(call);
+    }
+}
+
+void WxInputGate::perform(const Call& call) {
+    if (events_ == nullptr) return;
+    {
+        const WxRaised depth(depth_);
+        call(*events_);
+    }
+    if (depth_ > 0) return;
+    if (closeAsked_) {
+        closeAsked_ = false;
+        window_.CallAfter([this] { window_.Close(); });
+    } else if (!waiting_.empty()) {
+        window_.CallAfter([this] { flush(); });
+    }
+}
+
+void WxInputGate::pump() {
+    wxEventLoopBase* loop = wxEventLoopBase::GetActive();
+    if (loop == nullptr || loop->IsYielding()) return;
+    pumping_ = true;
+    loop->YieldFor(wxEVT_CATEGORY_ALL);
+    pumping_ = false;
+}
+
+int WxInputGate::FilterEvent(wxEvent& event) {
+    if (isFromUser(event)) lastInput_ = std::chrono::steady_clock::now();
+    if (!pumping_) return Event_Skip;
+    if (event.GetEventType() == wxEVT_CLOSE_WINDOW) {
+        if (event.GetEventObject() == &window_) closeAsked_ = true;
+        static_cast<wxCloseEvent&>(event).Veto();
+        return Event_Processed;
+    }
+    return isInput(event) ? Event_Processed : Event_Skip;
+}
+
+}  // namespace trevandix

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <wx/panel.h>
+
+#include <functional>
+
+#include "platform/ListView.h"
+#include "wx/WxIconList.h"
+#include "wx/WxInputGate.h"
+#include "wx/WxReportList.h"
+
+namespace trevandix {
+
+/// The list on the screen, `ListView1`: one control with columns and one for the other view modes, of which
+/// the wanted one shows.
+class WxListView : public wxPanel, public ListDisplay {
+public:
+    using OpenMenu = std::function<void(wxWindow&, const wxPoint&)>;
+
+    /// `list` and `gate` must outlive the view.
+    WxListView(wxWindow* parent, ListView& list, WxInputGate& gate, OpenMenu openMenu);
+    ~WxListView() override;
+
+    void contentsChanged(bool columns) override;
+    ListPlace place() const override;
+    void restore(const ListPlace& place) override;
+    void rowChanged(std::size_t row) override;
+    void setVisible(bool visible) override;
+    std::vector<std::size_t> selectedRows() const override;
+    std::optional<std::size_t> currentRow() const override;
+    void selectAll() override;
+
+    /// True when the list is shown, so that it can take the keyboard.
+    bool usable() const;
+    void focus() { shown_->SetFocus(); }
+    /// Takes the keyboard as a click on the current row does.
+    void takeKeyboard() {
+        focus();
+        click();
+    }
+
+private:
+    void watch(wxListCtrl& control);
+    void showFitting();
+    void click();
+    void doubleClick();
+    void onRightDown(wxMouseEvent& event);
+    void onContextMenu(wxContextMenuEvent& event);
+    void onKey(wxKeyEvent& event);
+    bool beside(const wxPoint& point) const;
+
+    ListView& list_;
+    WxInputGate& gate_;
+    OpenMenu openMenu_;
+    WxReportList* report_;
+    WxIconList* icons_ = nullptr;  // made when a mode needs it
+    wxListCtrl* shown_;
+    int quiet_ = 0;
+};
+
+}  // namespace trevandix

@@ -1,0 +1,35 @@
+#include "wx/WxParent.h"
+
+#include <wx/app.h>
+#include <wx/dialog.h>
+#include <wx/toplevel.h>
+
+namespace trevandix {
+
+namespace {
+
+constexpr int kTitleButtons = 130;  // icon and buttons beside the title, in device-independent pixels
+
+}  // namespace
+
+wxWindow* dialogParent() {
+    wxWindow* active = wxGetTopLevelParent(wxGetActiveWindow());
+    // The innermost modal dialog is created last; anything behind it must not own a further one.
+    for (auto node = wxTopLevelWindows.GetLast(); node != nullptr; node = node->GetPrevious()) {
+        auto* window = dynamic_cast<wxDialog*>(node->GetData());
+        if (window != nullptr && window->IsModal() && window->IsShown()) return window;
+    }
+    if (active != nullptr && active->IsShown()) return active;
+    return wxTheApp->GetTopWindow();
+}
+
+// Titles are set in a larger font than texts by some window managers.
+int widthForTitle(const wxWindow& window, const wxString& title) {
+    return window.GetTextExtent(title).GetWidth() * 3 / 2 + window.FromDIP(kTitleButtons);
+}
+
+FocusKeeper::~FocusKeeper() {
+    if (focused_ && focused_->IsShownOnScreen() && focused_->IsEnabled()) focused_->SetFocus();
+}
+
+}  // namespace trevandix

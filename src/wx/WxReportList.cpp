@@ -1,0 +1,141 @@
+#include "wx/WxReportList.h"
+
+#include <wx/wupdlock.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "wx/WxText.h"
+
+namespace trevandix {
+
+namespace {
+
+constexpr int kDefaultColumnWidth = 96;  // device-independent pixels
+constexpr int kHeaderMargin = 24;
+
+}  // namespace
+
+WxReportList::WxReportList(wxWindow* parent, const ListView& list)
+    : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                 wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_SIMPLE, wxDefaultValidator, "ListView1"),
+      list_(list),
+      scaling_(*this, {[this] { return widths(); }, [this](const auto& wanted) { setWidths(wanted); },
+                       [this] { return least_; }}) {
+    // Not before the control itself has taken over the width that its user chose.
+    Bind(wxEVT_LIST_COL_END_DRAG, [this](wxListEvent& event) {
+        event.Skip();
+        CallAfter(&WxReportList::takeOverWidths);
+    });
+    // Columns that were made before the list had a width are made again.
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        if (widthless_ && GetClientSize().GetWidth() > 0) buildColumns();
+    });
+}
+
+void WxReportList::refill(bool columns) {
+    const wxWindowUpdateLocker frozen(this);
+    const long rows = static_cast<long>(list_.rows().size());
+    empty();
+    if (columns) buildColumns();
+    showSortArrow();
+    loadImages();
+    SetItemCount(rows);
+    if (rows == 0) return;
+    scrollTo(0, 0);
+    SetItemState(0, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
+}
+
+// Rows that come later would be selected where all of these were.
+void WxReportList::empty() {
+    if (GetItemCount() > 0) SetItemState(-1, 0, wxLIST_STATE_SELECTED);
+    SetItemCount(0);
+}
+
+#ifdef __WXMSW__
+int WxReportList::left() const {
+    return GetScrollPos(wxHORIZONTAL);
+}
+#else
+int WxReportList::left() const {
+    return GetViewStart().x;
+}
+#endif
+
+void WxReportList::scrollTo(long row, int left) {
+    EnsureVisible(std::min<long>(row + GetCountPerPage(), GetItemCount()) - 1);
+    EnsureVisible(row);
+#ifdef __WXMSW__
+    if (left != this->left()) ScrollList(left - this->left(), 0);
+#else
+    Scroll(left, wxDefaultCoord);
+    Refresh();  // the header as well
+#endif
+}
+
+void WxReportList::showSortArrow() {
+    if (list_.sorted() && static_cast<int>(list_.sortKey()) < GetColumnCount()) {
+        ShowSortIndicator(static_cast<int>(list_.sortKey()), true);
+    } else {
+        RemoveSortIndicator();
+    }
+}
+
+void WxReportList::buildColumns() {
+    DeleteAllColumns();
+    const int width = GetClientSize().GetWidth();
+    widthless_ = width <= 0;
+    least_.clear();
+    std::vector<int> wanted;
+    for (const ListColumn& column : list_.columns()) {
+        least_.push_back(GetTextExtent(toWx(column.header)).GetWidth() + FromDIP(kHeaderMargin));
+        wanted.push_back(column.width > 0 ? static_cast<int>(std::lround(width * column.width))
+                                          : FromDIP(kDefaultColumnWidth));
+    }
+    if (!widthless_) scaling_.keep(wanted, GetSize().GetWidth());
+    wanted = widened(std::move(wanted), least_, width);
+    for (std::size_t i = 0; i < wanted.size(); ++i)
+        AppendColumn(toWx(list_.columns()[i].header), wxLIST_FORMAT_LEFT, wanted[i]);
+}
+
+// Whoever makes a column narrower than its header wants it so.
+void WxReportList::takeOverWidths() {
+    const std::vector<int> chosen = widths();
+    for (std::size_t i = 0; i < std::min(chosen.size(), least_.size()); ++i)
+        least_[i] = std::min(least_[i], chosen[i]);
+    scaling_.keep(chosen, GetSize().GetWidth());
+}
+
+std::vector<int> WxReportList::widths() const {
+    std::vector<int> result;
+    for (int column = 0; column < GetColumnCount(); ++column) result.push_back(GetColumnWidth(column));
+    return result;
+}
+
+void WxReportList::setWidths(const std::vector<int>& widths) {
+    for (std::size_t column = 0; column < widths.size(); ++column)
+        SetColumnWidth(static_cast<int>(column), widths[column]);
+}
+
+// All images are drawn before the first row is: they cannot be changed while the control draws.
+void WxReportList::loadImages() {
+    const std::size_t before = images_.bundles().size();
+    std::string_view last;
+    for (const ListRow& row : list_.rows()) {
+        if (row.smallIcon != last) images_.indexOf(last = row.smallIcon);
+    }
+    if (images_.bundles().size() != before) SetSmallImages(images_.bundles());
+}
+
+wxString WxReportList::OnGetItemText(long row, long column) const {
+    if (row < 0 || static_cast<std::size_t>(row) >= list_.rows().size()) return {};
+    return toWx(list_.cell(static_cast<std::size_t>(row), static_cast<std::size_t>(column)));
+}
+
+int WxReportList::OnGetItemImage(long row) const {
+    if (row < 0 || static_cast<std::size_t>(row) >= list_.rows().size()) return -1;
+    return images_.indexOf(list_.rows()[static_cast<std::size_t>(row)].smallIcon);
+}
+
+}  // namespace trevandix

@@ -1,0 +1,392 @@
+#include "wx/WxTreeView.h"
+
+#include <wx/app.h>
+#include <wx/settings.h>
+#include <wx/wupdlock.h>
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#endif
+
+#include <chrono>
+#include <utility>
+#include <vector>
+
+#include "wx/WxAccessibleName.h"
+#include "wx/WxRaised.h"
+#include "wx/WxText.h"
+
+namespace trevandix {
+
+wxIMPLEMENT_CLASS(WxTreeView, wxTreeCtrl);
+
+namespace {
+
+constexpr char kSpokenName[] = "Configuration";
+
+// The control may take tens of microseconds for each line that goes (Wine's does); the window answers in
+// between.
+constexpr std::chrono::milliseconds kRemovingAtATime{20};
+constexpr std::chrono::milliseconds kBetweenDrawings{400};
+
+class NodeData : public wxTreeItemData {
+public:
+    explicit NodeData(const TreeNode& shown) : node(const_cast<TreeNode*>(&shown)) {}
+    TreeNode* node;  // nullptr for a line that is to go
+};
+
+NodeData& dataOf(const TreeNode& node) {
+    return *static_cast<NodeData*>(node.viewItem);
+}
+
+// Between the colours of selected lines and of others, so that their text can be read on it.
+wxColour dropColour() {
+    constexpr double kSelectedShare = 0.35;
+    const wxColour selected = wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT);
+    const wxColour other = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX);
+    const auto blend = [](unsigned char top, unsigned char below) {
+        return wxColour::AlphaBlend(top, below, kSelectedShare);
+    };
+    return {blend(selected.Red(), other.Red()), blend(selected.Green(), other.Green()),
+            blend(selected.Blue(), other.Blue())};
+}
+
+}  // namespace
+
+WxTreeView::WxTreeView(wxWindow* parent, StructureTree& tree, WxInputGate& gate)
+    : wxTreeCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                 wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_SINGLE, wxDefaultValidator, "TreeView1"),
+      tree_(tree),
+      gate_(gate) {
+    for (const Image image : {Image::Config, Image::Main, Image::Item, Image::Plc, Image::Branch}) {
+        images_.indexOf(imageName(image));
+    }
+    SetImages(images_.bundles());
+    setAccessibleName(*this, kSpokenName, "Units, branches and items as a tree");
+    Bind(wxEVT_TREE_SEL_CHANGING, &WxTreeView::onSelecting, this);
+    Bind(wxEVT_TREE_SEL_CHANGED, &WxTreeView::onSelected, this);
+    Bind(wxEVT_TREE_ITEM_ACTIVATED, &WxTreeView::onActivated, this);
+    Bind(wxEVT_TREE_ITEM_EXPANDED, [this](wxTreeEvent& event) { onExpansion(event, true); });
+    Bind(wxEVT_TREE_ITEM_COLLAPSED, [this](wxTreeEvent& event) { onExpansion(event, false); });
+    Bind(wxEVT_LEFT_DOWN, &WxTreeView::onLeftDown, this);
+    Bind(wxEVT_LEFT_DCLICK, &WxTreeView::onLeftDoubleClick, this);
+    if (tree_.root() != nullptr) {
+        const WxRaised quiet(quiet_);
+        insertSubtree(*tree_.root());
+    }
+    tree_.setObserver(this);
+}
+
+WxTreeView::~WxTreeView() {
+    tree_.setObserver(nullptr);
+    ++quiet_;
+    DeleteAllItems();
+}
+
+TreeNode* WxTreeView::nodeOf(const wxTreeItemId& item) const {
+    return item.IsOk() ? static_cast<NodeData*>(GetItemData(item))->node : nullptr;
+}
+
+wxTreeItemId WxTreeView::itemOf(const TreeNode& node) {
+    return dataOf(node).GetId();
+}
+
+TreeNode* WxTreeView::nodeAt(const wxPoint& point) const {
+    int flags = 0;
+    return nodeOf(HitTest(point, flags));
+}
+
+TreeNode* WxTreeView::selectedNode() const {
+    return nodeOf(GetSelection());
+}
+
+wxPoint WxTreeView::menuPlace() const {
+    wxRect line;
+    const wxTreeItemId item = GetSelection();
+    if (item.IsOk() && GetBoundingRect(item, line, true) && GetClientRect().Intersects(line))
+        return line.GetBottomLeft();
+    return {};
+}
+
+// Opening the nodes one by one has scrolled the control of Windows to the last.
+void WxTreeView::showSelection() {
+    if (const TreeNode* node = selectedNode()) madeVisible(*node);
+}
+
+void WxTreeView::pick(const TreeNode& node) {
+    if (selectedNode() == &node) return;
+    SelectItem(itemOf(node));
+}
+
+void WxTreeView::insert(const TreeNode& node, Where where) {
+    const wxString text = toWx(node.text());
+    const int image = images_.indexOf(imageName(node.look().image));
+    const int selected = images_.indexOf(imageName(node.look().selectedImage));
+    auto* data = new NodeData(node);
+    wxTreeItemId item;
+    if (node.parent() == nullptr) {
+        item = AddRoot(text, image, selected, data);
+    } else if (const wxTreeItemId parent = itemOf(*node.parent());
+               where == Where::AtTheEnd || node.nextSibling() == nullptr) {
+        item = AppendItem(parent, text, image, selected, data);
+    } else if (node.previousSibling() == nullptr) {
+        item = PrependItem(parent, text, image, selected, data);
+    } else {
+        item = InsertItem(parent, itemOf(*node.previousSibling()), text, image, selected, data);
+    }
+    node.viewItem = data;
+    // The control forgets the expansion of an item without children, so the first child brings it back.
+    const TreeNode* parent = node.previousSibling() == nullptr ? node.parent() : nullptr;
+    if (parent != nullptr && parent->expanded() && !IsExpanded(itemOf(*parent))) Expand(itemOf(*parent));
+}
+
+void WxTreeView::insertSubtree(const TreeNode& top) {
+    insert(top, Where::AtItsPlace);
+    for (const TreeNode* node = nextBelow(top, top); node != nullptr; node = nextBelow(*node, top)) {
+        insert(*node, Where::AtTheEnd);
+    }
+}
+
+// Frozen, as some controls would ask for each line below the new one to be drawn, one by one.
+void WxTreeView::nodeAdded(const TreeNode& node) {
+    const WxRaised quiet(quiet_);
+    const wxWindowUpdateLocker frozen(this);
+    insert(node, Where::AtItsPlace);
+}
+
+void WxTreeView::forget(const TreeNode& node) {
+    if (liesIn(clicked_, node)) clicked_ = nullptr;
+    if (liesIn(highlighted_, node)) highlighted_ = nullptr;
+    if (liesIn(visibleLater_, node)) visibleLater_ = nullptr;
+}
+
+void WxTreeView::nodeRemoved(const TreeNode& node) {
+    forget(node);
+    letGo(node);
+    if (batches_ == 0) removeSome();
+}
+
+// From here on nothing leads to the nodes. A control of Windows takes its time for each line below the top,
+// that of wx for the top only.
+void WxTreeView::letGo(const TreeNode& top) {
+    std::vector<wxTreeItemId> items;
+    for (const TreeNode* node = &top; node != nullptr; node = nextBelow(*node, top)) {
+        NodeData& data = dataOf(*node);
+        data.node = nullptr;
+#ifndef __WXMSW__
+        if (node != &top) continue;
+#endif
+        items.push_back(data.GetId());
+    }
+    leaving_.insert(leaving_.end(), items.rbegin(), items.rend());
+}
+
+void WxTreeView::removeSome() {
+    const WxRaised quiet(quiet_);
+    const auto begin = std::chrono::steady_clock::now();
+    while (!leaving_.empty() && std::chrono::steady_clock::now() - begin < kRemovingAtATime) {
+        Delete(leaving_.front());
+        leaving_.pop_front();
+    }
+    const bool more = !leaving_.empty();
+    if (more) wxWakeUpIdle();
+    if (more != held_) {
+        // A batch until the last has gone: to draw each time would take longer than to remove.
+        held_ = more;
+        drawn_ = begin;
+        more ? batchBegins() : batchEnds();
+    } else if (more && begin - drawn_ > kBetweenDrawings) {
+        Thaw();
+        Update();
+        Freeze();
+        drawn_ = begin;
+    }
+}
+
+void WxTreeView::textChanged(const TreeNode& node) {
+    SetItemText(itemOf(node), toWx(node.text()));
+}
+
+void WxTreeView::nodeMoved(const TreeNode& node) {
+    const WxRaised quiet(quiet_);
+    const wxWindowUpdateLocker frozen(this);
+    letGo(node);
+    insertSubtree(node);
+    if (batches_ == 0) removeSome();
+    if (tree_.selected() != nullptr && liesIn(tree_.selected(), node)) SelectItem(itemOf(*tree_.selected()));
+}
+
+void WxTreeView::childrenSorted(const TreeNode& parent) {
+    const WxRaised quiet(quiet_);
+    const wxWindowUpdateLocker frozen(this);
+    places_.reserve(parent.childCount());
+    for (const TreeNode* child = parent.firstChild(); child != nullptr; child = child->nextSibling())
+        places_.emplace(itemOf(*child).GetID(), static_cast<int>(places_.size()));
+    SortChildren(itemOf(parent));
+    places_.clear();
+}
+
+int WxTreeView::OnCompareItems(const wxTreeItemId& first, const wxTreeItemId& second) {
+    const auto place = [this](const wxTreeItemId& item) {
+        const auto found = places_.find(item.GetID());
+        return found == places_.end() ? -1 : found->second;  // leaving
+    };
+    return place(first) - place(second);
+}
+
+void WxTreeView::expansionChanged(const TreeNode& node) {
+    const WxRaised quiet(quiet_);
+    const wxTreeItemId item = itemOf(node);
+    if (!node.expanded()) {
+        Collapse(item);
+    } else if (node.childCount() > 0 && !IsExpanded(item)) {
+        Expand(item);
+    }
+}
+
+void WxTreeView::madeVisible(const TreeNode& node) {
+    if (batches_ > 0) {
+        visibleLater_ = &node;
+        return;
+    }
+    // Before it is shown, the control has no size yet and would scroll sideways.
+    if (!IsShownOnScreen()) return;
+    const WxRaised quiet(quiet_);
+    EnsureVisible(itemOf(node));
+}
+
+void WxTreeView::selectionChanged(const TreeNode* node) {
+    const WxRaised quiet(quiet_);
+    clicked_ = nullptr;
+    if (node == nullptr) {
+        UnselectAll();
+        return;
+    }
+    const wxTreeItemId item = itemOf(*node);
+    if (GetSelection() == item && IsVisible(item)) return;  // as after a click
+    SelectItem(item);
+    madeVisible(*node);
+}
+
+// Not the control's own highlight: many systems draw that like the selection, which is often the node
+// dragged.
+void WxTreeView::highlightChanged(const TreeNode* node) {
+    if (highlighted_ != nullptr) SetItemBackgroundColour(itemOf(*highlighted_), wxNullColour);
+    if (node != nullptr) SetItemBackgroundColour(itemOf(*node), dropColour());
+    highlighted_ = node;
+}
+
+void WxTreeView::cleared() {
+    const WxRaised quiet(quiet_);
+    clicked_ = nullptr;
+    highlighted_ = visibleLater_ = nullptr;
+    leaving_.clear();
+    removeSome();
+    DeleteAllItems();
+}
+
+void WxTreeView::batchBegins() {
+    if (batches_++ > 0) return;
+    Freeze();
+    setHiddenRedraw(false);
+}
+
+// The control of Windows places all its lines anew at every change, also while it is hidden, when Freeze has
+// no effect.
+void WxTreeView::setHiddenRedraw([[maybe_unused]] bool redraw) {
+#ifdef __WXMSW__
+    if (IsShown()) return;
+    ::SendMessage(GetHandle(), WM_SETREDRAW, redraw, 0);
+    ::ShowWindow(GetHandle(), SW_HIDE);  // switching it on may show the window
+#endif
+}
+
+void WxTreeView::batchEnds() {
+    if (batches_ == 1 && !held_) removeSome();
+    if (--batches_ > 0) return;
+    Thaw();
+    setHiddenRedraw(true);
+    if (visibleLater_ != nullptr) madeVisible(*std::exchange(visibleLater_, nullptr));
+}
+
+// The control selects its root here when nothing is selected, and a node whose children it hides; neither is
+// a click of the user.
+void WxTreeView::OnInternalIdle() {
+    {
+        const WxRaised quiet(quiet_);
+        if (!leaving_.empty()) removeSome();
+        wxTreeCtrl::OnInternalIdle();
+    }
+    agree();
+}
+
+// The one place that keeps the highlight on the selected node, whatever the control did by itself. A click
+// that waits to be reported will move the selected node.
+void WxTreeView::agree() {
+    if (quiet_ > 0 || batches_ > 0 || clicked_ != nullptr || selectedNode() == tree_.selected()) return;
+    selectionChanged(tree_.selected());
+}
+
+void WxTreeView::click(TreeNode& node) {
+    clicked_ = &node;
+    gate_.post(WxInputGate::Kind::TreeClick, [this](MainWindowEvents& events) {
+        if (TreeNode* clicked = std::exchange(clicked_, nullptr)) events.TreeView1_NodeClick(*clicked);
+    });
+}
+
+void WxTreeView::onSelecting(wxTreeEvent& event) {
+    if (event.GetItem().IsOk() && nodeOf(event.GetItem()) == nullptr) event.Veto();
+}
+
+void WxTreeView::onSelected(wxTreeEvent& event) {
+#ifdef __WXGTK__
+    // A control that wx draws itself shows screen readers no rows, so it says the selected one as its name.
+    if (event.GetItem().IsOk()) setAccessibleName(*this, kSpokenName + (": " + GetItemText(event.GetItem())));
+#endif
+    if (quiet_ > 0) return;
+    if (TreeNode* node = nodeOf(event.GetItem())) click(*node);
+}
+
+// Not passed on: the control would open or close the node.
+void WxTreeView::onActivated(wxTreeEvent& event) {
+    if (nodeOf(event.GetItem()) == nullptr) return;
+    doubleClick();
+}
+
+void WxTreeView::doubleClick() {
+    gate_.post(WxInputGate::Kind::Single, [](MainWindowEvents& events) { events.TreeView1_DblClick(); });
+}
+
+void WxTreeView::onExpansion(wxTreeEvent& event, bool expanded) {
+    TreeNode* node = nodeOf(event.GetItem());
+    if (node == nullptr || node->expanded() == expanded) return;
+    if (quiet_ > 0) {
+        tree_.setExpanded(*node, expanded);
+    } else {
+        gate_.run(
+            [node, expanded](MainWindowEvents& events) { events.treeExpansionChanged(*node, expanded); });
+    }
+}
+
+void WxTreeView::onLeftDown(wxMouseEvent& event) {
+    event.Skip();
+    int flags = 0;
+    const wxTreeItemId item = HitTest(event.GetPosition(), flags);
+    const bool onItem = (flags & (wxTREE_HITTEST_ONITEMICON | wxTREE_HITTEST_ONITEMLABEL)) != 0;
+    if (!onItem || item != GetSelection()) return;
+    if (TreeNode* node = nodeOf(item)) click(*node);
+}
+
+// Beside the nodes a double click acts on the selected one. The control reports only those on nodes.
+void WxTreeView::onLeftDoubleClick(wxMouseEvent& event) {
+    event.Skip();
+    int flags = 0;
+    [[maybe_unused]] const wxTreeItemId item = HitTest(event.GetPosition(), flags);
+#ifdef __WXMSW__
+    const bool reported = (flags & (wxTREE_HITTEST_ONITEM | wxTREE_HITTEST_ONITEMBUTTON)) != 0;
+#else
+    const bool reported = item.IsOk();
+#endif
+    if (!reported) doubleClick();
+}
+
+}  // namespace trevandix

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <wx/treectrl.h>
+
+#include <chrono>
+#include <deque>
+#include <unordered_map>
+
+#include "model/StructureTree.h"
+#include "wx/WxIcons.h"
+#include "wx/WxImageNames.h"
+#include "wx/WxInputGate.h"
+
+namespace trevandix {
+
+/// The structure tree on the screen, `TreeView1`. Follows the tree; reports only what its user does.
+class WxTreeView : public wxTreeCtrl, public TreeObserver {
+    wxDECLARE_CLASS(WxTreeView);
+
+public:
+    /// `tree` and `gate` must outlive the view.
+    WxTreeView(wxWindow* parent, StructureTree& tree, WxInputGate& gate);
+    ~WxTreeView() override;
+
+    /// The node in whose line a point of the window lies; nullptr for none.
+    TreeNode* nodeAt(const wxPoint& point) const;
+    TreeNode* selectedNode() const;
+    bool showsExpanded(const TreeNode& node) const { return IsExpanded(itemOf(node)); }
+    /// Scrolls to it.
+    void showSelection();
+    /// Selects a node as a click of the user does.
+    void pick(const TreeNode& node);
+    /// Where a menu opens that the keyboard asks for.
+    wxPoint menuPlace() const;
+
+    void nodeAdded(const TreeNode& node) override;
+    void nodeRemoved(const TreeNode& node) override;
+    void textChanged(const TreeNode& node) override;
+    void nodeMoved(const TreeNode& node) override;
+    void childrenSorted(const TreeNode& parent) override;
+    void expansionChanged(const TreeNode& node) override;
+    void madeVisible(const TreeNode& node) override;
+    void selectionChanged(const TreeNode* node) override;
+    void highlightChanged(const TreeNode* node) override;
+    void cleared() override;
+    void batchBegins() override;
+    void batchEnds() override;
+
+protected:
+    int OnCompareItems(const wxTreeItemId& first, const wxTreeItemId& second) override;
+    void OnInternalIdle() override;
+
+private:
+    enum class Where { AtItsPlace, AtTheEnd };
+
+    void insert(const TreeNode& node, Where where);
+    void insertSubtree(const TreeNode& top);
+    void forget(const TreeNode& node);
+    void letGo(const TreeNode& top);
+    void removeSome();
+    void onSelecting(wxTreeEvent& event);
+    void setHiddenRedraw(bool redraw);
+    void click(TreeNode& node);
+    void onSelected(wxTreeEvent& event);
+    void onActivated(wxTreeEvent& event);
+    void onExpansion(wxTreeEvent& event, bool expanded);
+    void onLeftDown(wxMouseEvent& event);
+    void onLeftDoubleClick(wxMouseEvent& event);
+    void doubleClick();
+    void agree();
+    TreeNode* nodeOf(const wxTreeItemId& item) const;
+    static wxTreeItemId itemOf(const TreeNode& node);
+
+    StructureTree& tree_;
+    WxInputGate& gate_;
+    WxImageNames images_{kTreeIconSize};
+    TreeNode* clicked_ = nullptr;  // waits to be reported
+    const TreeNode* highlighted_ = nullptr;
+    std::unordered_map<void*, int> places_;   // of items among their siblings, while they are sorted
+    std::deque<wxTreeItemId> leaving_;        // items without a node, still in the control; children first
+    const TreeNode* visibleLater_ = nullptr;  // scrolled to when the batch ends
+    int quiet_ = 0;  // while it is not, what the control reports is not its user's doing
+    int batches_ = 0;
+    bool held_ = false;                            // in a batch, as items are leaving
+    std::chrono::steady_clock::time_point drawn_;  // last, while it is held
+};
+
+}  // namespace trevandix
