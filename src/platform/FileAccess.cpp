@@ -1,5 +1,6 @@
 #include "platform/FileAccess.h"
 
+#include <array>
 #include <cerrno>
 #include <memory>
 
@@ -49,21 +50,15 @@ std::string readWholeFile(const std::string& filePath) {
     const std::unique_ptr<std::FILE, Closer> file(openFile(filePath, "rb"));
     const auto size = std::filesystem::file_size(fromUtf8(filePath), error);
     if (!error && size > kLargestFile) throwTooLarge();
-    // One more than there is to read: the end of the file then shows itself without the text growing.
-    std::string bytes(error ? 0 : static_cast<std::size_t>(size) + 1, '\0');
-    std::size_t length = std::fread(bytes.data(), 1, bytes.size(), file.get());
-    // What the size did not tell (a pipe, a file that grows) is read piece by piece.
-    constexpr std::size_t kPiece = std::size_t{1} << 16;
-    for (std::size_t got = length; got == bytes.size() && std::ferror(file.get()) == 0;) {
-        if (length > kLargestFile) throwTooLarge();
-        bytes.resize(length + kPiece);
-        const std::size_t more = std::fread(bytes.data() + length, 1, kPiece, file.get());
-        length += more;
-        if (more < kPiece) break;
-        got = bytes.size();
+    std::string bytes;
+    if (!error) bytes.reserve(static_cast<std::size_t>(size));
+    // Through a small buffer: a text made large enough at once would be written twice.
+    std::array<char, std::size_t{1} << 16> piece{};
+    while (const std::size_t length = std::fread(piece.data(), 1, piece.size(), file.get())) {
+        if (bytes.size() > kLargestFile) throwTooLarge();
+        bytes.append(piece.data(), length);
     }
     if (std::ferror(file.get()) != 0) throwFileError(errno);
-    bytes.resize(length);
     return bytes;
 }
 
