@@ -1,17 +1,17 @@
 #include "editor/Recovery.h"
 
 #include <exception>
+#include <limits>
 
 #include "platform/RuntimeError.h"
+#include "xmlfile/ConfigurationPrinter.h"
+#include "xmlfile/Latin1File.h"
 
 namespace trevandix {
 
 namespace {
 
 using namespace std::chrono_literals;
-constexpr auto kTick = 1000ms;
-constexpr auto kBetweenSlices = 10ms;
-constexpr auto kSlice = 15ms;
 constexpr auto kPause = 3s;           // without input: the user thinks, or is away
 constexpr auto kBetweenWrites = 20s;  // at least
 constexpr auto kLongest = 40s;        // that work waits for a pause
@@ -60,40 +60,31 @@ bool Recovery::due(Time now, Time lastInput) {
     return now - lastInput >= kPause && (!nextWrite_ || now >= *nextWrite_);
 }
 
-std::chrono::milliseconds Recovery::idle(Time now, Time lastInput) {
-    if (!files_.usable() || file_.reading()) return kTick;
-    if (!context_.state().configurationOpen || !context_.configuration.changed()) {
-        forget();
-        return kTick;
-    }
-    if (!writer_ && !due(now, lastInput)) return kTick;
-    try {
-        if (!writer_) writer_.emplace(context_.configuration, files_.nextContent());
-        if (writeSlice()) return kBetweenSlices;
-    } catch (const std::exception&) {
-        writer_.reset();  // a full disk, or a command in the middle of its work: another try later
-    }
+void Recovery::idle(Time now, Time lastInput) {
+    if (!files_.usable() || file_.reading()) return;
+    if (!context_.state().configurationOpen || !context_.configuration.changed()) return forget();
+    if (!due(now, lastInput)) return;
     nextWrite_ = now + kBetweenWrites;
     unkeptSince_.reset();
-    return kTick;
+    try {
+        write({});
+    } catch (const std::exception&) {
+        // A full disk, or a command in the middle of its work: another try later.
+    }
 }
 
-// True when there is more to write.
-bool Recovery::writeSlice() {
-    const RecoveryWriter::Outcome outcome = writer_->step(kSlice);
-    if (outcome == RecoveryWriter::Outcome::More) return true;
-    if (outcome == RecoveryWriter::Outcome::Done) commit(*writer_, {});
-    writer_.reset();
-    return outcome == RecoveryWriter::Outcome::Outdated;
-}
-
-void Recovery::commit(const RecoveryWriter& writer, const std::string& leftOn) {
-    files_.commit({writer.filePath(), context_.state().filePath, file_.stamp(), leftOn});
-    kept_ = writer.revision();
+// In one go: a hundred thousand items take less time than a user notices.
+void Recovery::write(const std::string& leftOn) {
+    const std::string content = files_.nextContent();
+    Latin1File file(content);
+    ConfigurationPrinter printer(context_.configuration, ConfigurationPrinter::Gaps::Skip);
+    printer.printSome(file, std::numeric_limits<std::size_t>::max());
+    file.close();  // not synced: it is there for a crash of the program, not of the machine
+    files_.commit({content, context_.state().filePath, file_.stamp(), leftOn});
+    kept_ = context_.configuration.revision();
 }
 
 void Recovery::forget() {
-    writer_.reset();
     kept_.reset();
     unkeptSince_.reset();
     files_.discard();
@@ -101,12 +92,8 @@ void Recovery::forget() {
 
 void Recovery::keepForNextStart() {
     if (!files_.usable()) return;
-    writer_.reset();
     reportErrors(context_.platform.messages, "keepForNextStart", [&] {
-        RecoveryWriter writer(context_.configuration, files_.nextContent());
-        while (writer.step(1h) == RecoveryWriter::Outcome::More) {
-        }
-        commit(writer, FileStamp{0, std::chrono::file_clock::now()}.localTime());
+        write(FileStamp{0, std::chrono::file_clock::now()}.localTime());
     });
     files_.leave();  // what a failure has kept from before stays the best there is
     forget();

@@ -5,7 +5,6 @@
 
 #include "editor/FileCommands.h"
 #include "editor/RecoveryFiles.h"
-#include "editor/RecoveryWriter.h"
 
 namespace trevandix {
 
@@ -22,8 +21,8 @@ public:
     /// behind it wait for the next start. What cannot be read stays on the disk, is named, and is not
     /// offered again.
     bool offer();
-    /// To be called now and then. Writes a slice when it is time to. Returns when to call again.
-    std::chrono::milliseconds idle(Time now, Time lastInput);
+    /// To be called every second. Writes when it is time to.
+    void idle(Time now, Time lastInput);
     /// The configuration is about to be left: writes its unsaved work now, for the next start. The user is
     /// told when that fails.
     void keepForNextStart();
@@ -32,15 +31,13 @@ public:
 
 private:
     bool due(Time now, Time lastInput);
-    bool writeSlice();
-    void commit(const RecoveryWriter& writer, const std::string& leftOn);
+    void write(const std::string& leftOn);
     void forget();
     void putAside(RecoveryFiles::Abandoned work);
 
     const EditorContext& context_;
     FileCommands& file_;
     RecoveryFiles files_;
-    std::optional<RecoveryWriter> writer_;
     std::optional<std::uint64_t> kept_;  ///< `Configuration::revision` of the work on the disk
     std::optional<Time> unkeptSince_;    ///< when work that is not on the disk was first seen
     std::optional<Time> nextWrite_;

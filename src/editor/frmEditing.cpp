@@ -109,9 +109,9 @@ void frmEditing::Form_Unload() {
     recovery_.end();
 }
 
-std::chrono::milliseconds frmEditing::idle(std::chrono::steady_clock::time_point now,
-                                           std::chrono::steady_clock::time_point lastInput) {
-    return recovery_.idle(now, lastInput);
+void frmEditing::idle(std::chrono::steady_clock::time_point now,
+                      std::chrono::steady_clock::time_point lastInput) {
+    recovery_.idle(now, lastInput);
 }
 
 void frmEditing::TreeView1_NodeClick(TreeNode& node) {

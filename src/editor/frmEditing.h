@@ -35,8 +35,8 @@ public:
     void Toolbar1_ButtonClick(std::string_view key) override;
     bool loading() const override { return loading_; }
     void Form_Unload() override;
-    std::chrono::milliseconds idle(std::chrono::steady_clock::time_point now,
-                                   std::chrono::steady_clock::time_point lastInput) override;
+    void idle(std::chrono::steady_clock::time_point now,
+              std::chrono::steady_clock::time_point lastInput) override;
     void TreeView1_NodeClick(TreeNode& node) override;
     void TreeView1_GotFocus() override;
     void TreeView1_DblClick() override;

@@ -61,10 +61,9 @@ public:
     /// A menu entry or shortcut; `command` is the menu entry's name.
     virtual void commandChosen(std::string_view command) = 0;
     virtual void Toolbar1_ButtonClick(std::string_view key) = 0;
-    /// Asked now and then, also while a dialog is open; `lastInput` is when the user last did anything.
-    /// Returns when to ask again.
-    virtual std::chrono::milliseconds idle(std::chrono::steady_clock::time_point now,
-                                           std::chrono::steady_clock::time_point lastInput) = 0;
+    /// Every second, also while a dialog is open; `lastInput` is when the user last did anything.
+    virtual void idle(std::chrono::steady_clock::time_point now,
+                      std::chrono::steady_clock::time_point lastInput) = 0;
     /// False until the window's initial layout stands; the window scales nothing before.
     virtual bool loading() const = 0;
     /// The window is closing, by whatever means.

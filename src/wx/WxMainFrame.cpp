@@ -22,7 +22,7 @@ namespace {
 
 constexpr double kScreenShare = 0.8;
 constexpr double kTreeShare = 0.4;  // of the width
-constexpr int kFirstTick = 1000;    // ms
+constexpr int kTick = 1000;         // ms
 constexpr int kSmallestPane = 120;
 constexpr int kSmallestWidth = 320;
 constexpr int kSmallestHeight = 300;
@@ -57,7 +57,7 @@ WxMainFrame::WxMainFrame(const CommandTables& tables, StructureTree& tree, ListV
     Bind(wxEVT_SIZE, &WxMainFrame::onSize, this);
     Bind(wxEVT_CLOSE_WINDOW, &WxMainFrame::onClose, this);
     Bind(wxEVT_TIMER, &WxMainFrame::onTimer, this, timer_.GetId());
-    timer_.StartOnce(kFirstTick);
+    timer_.Start(kTick);
     Bind(wxEVT_CHAR_HOOK, &WxMainFrame::onKey, this);
     Bind(wxEVT_CHILD_FOCUS, &WxMainFrame::onChildFocus, this);
     Bind(wxEVT_ACTIVATE, &WxMainFrame::onActivate, this);
@@ -164,11 +164,8 @@ void WxMainFrame::close() {
 // Past the gate: this never touches what a command or a dialog is working on.
 void WxMainFrame::onTimer(wxTimerEvent&) {
     placed_ = true;  // what comes later is the user's wish
-    MainWindowEvents* events = gate_.attached();
-    const auto now = std::chrono::steady_clock::now();
-    const auto next =
-        events == nullptr ? std::chrono::milliseconds(kFirstTick) : events->idle(now, gate_.lastInput());
-    timer_.StartOnce(static_cast<int>(next.count()));
+    if (MainWindowEvents* events = gate_.attached())
+        events->idle(std::chrono::steady_clock::now(), gate_.lastInput());
 }
 
 void WxMainFrame::onClose(wxCloseEvent& event) {

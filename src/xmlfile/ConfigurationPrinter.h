@@ -8,8 +8,8 @@ namespace trevandix {
 
 class Latin1File;
 
-/// Prints a configuration line by line, all at once or a piece at a time. Whoever prints in pieces gives up
-/// when the configuration changes in between (`Configuration::changes`).
+/// Prints a configuration line by line, all at once or a piece at a time. The configuration stays as it is
+/// in between.
 class ConfigurationPrinter {
 public:
     /// What to do where a unit has no node or an item's node no record, as some drags leave them.
