@@ -252,6 +252,11 @@ void Workplace::edit(std::string_view key) {
     checked("a double click", mayPart, [&] { editor.TreeView1_DblClick(); });
 }
 
+void Workplace::drop(const TreeNode& source) {
+    const bool ownRecord = source.tag() == NodeTag::Item || source.tag() == NodeTag::Branch;
+    checked("a drop", !ownRecord, [&] { editor.TreeView1_OLEDragDrop(); });
+}
+
 Texts Workplace::below(std::string_view key) {
     const TreeNode& top = key.empty() ? *configuration.tree.root() : node(key);
     Texts keys;

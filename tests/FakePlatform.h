@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "Invariants.h"
 #include "editor/frmEditing.h"
-#include "model/Invariants.h"
 #include "platform/pugi/PugiXml.h"
 
 namespace trevandix::testing {
@@ -218,10 +218,11 @@ public:
     /// Selects list rows by their text, as by the mouse, with the focus in the list.
     void selectRows(const Texts& texts);
 
-    // A command, and a double click on the node. Each throws when tree and collections, agreeing before, do
-    // not agree afterwards.
+    // A command, a double click on the node, and the drop of a node that is being dragged. Each throws when
+    // tree and collections, agreeing before, do not agree afterwards.
     void run(std::string_view command);
     void edit(std::string_view key);
+    void drop(const TreeNode& source);
 
 private:
     void checked(std::string_view what, bool mayPart, const std::function<void()>& step);

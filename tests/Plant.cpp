@@ -190,7 +190,7 @@ bool drag(Workplace& place, std::string_view source, std::string_view target, bo
     EXPECT_EQ(place.editor.TreeView1_OLEStartDrag(), control ? DropEffect::Copy : DropEffect::Move);
     place.editor.TreeView1_OLEDragOver(nodeOf(place, target));
     const bool promised = place.editor.dropAllowed(nodeOf(place, target));
-    place.editor.TreeView1_OLEDragDrop();
+    place.drop(*nodeOf(place, source));
     return promised;
 }
 

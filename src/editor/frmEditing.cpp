@@ -4,7 +4,6 @@
 #include <array>
 #include <utility>
 
-#include "editor/AgreementCheck.h"
 #include "editor/CommandTable.h"
 
 namespace trevandix {
@@ -89,8 +88,6 @@ frmEditing::Handler frmEditing::handlerOf(std::string_view command) {
 
 void frmEditing::commandChosen(std::string_view command) {
     react([&] {
-        const AgreementCheck check(context_.configuration,
-                                   command == "openObject");  // which checks by itself
         if (const Handler handler = handlerOf(command)) handler(*this);
     });
 }
@@ -123,13 +120,7 @@ void frmEditing::TreeView1_GotFocus() {
 }
 
 void frmEditing::TreeView1_DblClick() {
-    react([&] {
-        const TreeNode* node = context_.tree().selected();
-        const bool dataType =
-            node != nullptr && node->tag() == NodeTag::DataType;  // keeps its node when renamed
-        const AgreementCheck check(context_.configuration, dataType);
-        objects_.TreeView1_DblClick();
-    });
+    react([&] { objects_.TreeView1_DblClick(); });
 }
 
 void frmEditing::treeExpansionChanged(TreeNode& node, bool expanded) {
@@ -182,10 +173,7 @@ void frmEditing::fileDropped(const std::string& filePath) {
 }
 
 void frmEditing::TreeView1_OLEDragDrop() {
-    react([&] {
-        const AgreementCheck check(context_.configuration, true);
-        drag_.TreeView1_OLEDragDrop();
-    });
+    react([&] { drag_.TreeView1_OLEDragDrop(); });
 }
 
 }  // namespace trevandix

@@ -1,4 +1,4 @@
-#include "model/Invariants.h"
+#include "Invariants.h"
 
 namespace trevandix {
 
