@@ -1,7 +1,13 @@
-// Random commands: tree, collections and file agree, and nothing crashes.
+// Random commands: tree, collections and file agree, nothing crashes, and nothing leaks. And the check of
+// that agreement, which every test of the editor relies on, finds what it is there for.
 #include <gtest/gtest.h>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 #include <algorithm>
+#include <functional>
 #include <random>
 
 #include "Plant.h"
@@ -75,5 +81,43 @@ TEST(EditingSequences, NothingCrashesACarelessUser) {
     for (unsigned seed = 1; seed <= 80; ++seed)
         EXPECT_NO_THROW(fuzz::Commands(randomBytes(seed), {.mostSteps = 80, .careless = true})) << seed;
 }
+
+TEST(EditingSequences, EveryDisagreementIsNamed) {
+    const Key item("U.B.x");
+    const std::vector<std::pair<std::function<void(Configuration&)>, Texts>> rows{
+        {[](Configuration&) {}, {}},
+        {[&](Configuration& c) { c.items.remove(item); }, {"item node without record: U.B.x"}},
+        {[&](Configuration& c) { c.tree.remove(c.tree.at(item)); }, {"item record without node: U.B.x"}},
+        {[&](Configuration& c) { c.tree.setText(c.tree.at(item), "y"); }, {"key of another place: U.B.x"}},
+        {[&](Configuration& c) { c.tree.setKey(c.tree.at(item), Key("U.B.y")); },
+         {"item node without record: U.B.y", "key of another place: U.B.y",
+          "item record without node: U.B.x"}},
+        {[&](Configuration& c) { c.branches.add(nullptr, item); },
+         {"key without record: U.B.x", "branch record without node: U.B.x"}}};
+    for (const auto& [fault, named] : rows) {
+        PlantedWorkplace place({"U", "U.B/", "U.B.x"});
+        fault(place.configuration);
+        EXPECT_EQ(place.wrong(), named);
+    }
+}
+
+#if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__)
+TEST(EditingSequences, AThousandRoundsOfOpenAndCloseKeepNoMemory) {
+    Workplace place;
+    const std::string text = readFile(std::filesystem::path(TREVANDIX_SAMPLES) / "water-works.xml");
+    const auto afterRounds = [&](int rounds) {
+        for (int i = 0; i < rounds; ++i) {
+            place.openText(text);
+            place.run("mnuCloseCfg");
+            place.window.percents.clear();
+            place.pointer.shapes.clear();
+            place.fileDialog.calls.clear();
+        }
+        return mallinfo2().uordblks;
+    };
+    const std::size_t before = afterRounds(10);
+    EXPECT_LT(afterRounds(1000), before + 4096);
+}
+#endif
 
 }  // namespace trevandix::testing
