@@ -4,11 +4,6 @@
 
 namespace trevandix {
 
-std::uint64_t Configuration::changes() const {
-    return recordEdits_ + tree.changes() + units.changes() + items.changes() + branches.changes() +
-           dataTypes.changes();
-}
-
 void Configuration::createCollections() {
     units.clear();
     items.clear();

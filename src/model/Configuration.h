@@ -53,9 +53,6 @@ public:
     std::uint64_t revision() const { return tree.edits() + recordEdits_; }
     /// Raises the revision, for a change that shows in no node.
     void touch() { ++recordEdits_; }
-    /// Another number after every change at all, keys and order included. Iterators and nodes stay valid
-    /// while it stays the same.
-    std::uint64_t changes() const;
 
     /// A configuration was begun or closed: nothing can be lost, and no file holds it.
     void markNew() { setBase(false); }

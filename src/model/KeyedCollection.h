@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <iterator>
 #include <list>
 #include <memory>
@@ -67,7 +66,6 @@ public:
         added.emplace_back(std::move(record), key);
         if (!index_.insert(added.begin())) throw RuntimeError(ErrorNumber::KeyInCollection);
         entries_.splice(entries_.end(), added);
-        ++changes_;
     }
 
     /// Errors: InvalidCall when no record has the key.
@@ -75,7 +73,6 @@ public:
         const Handle place = handle(key);
         index_.erase(key);
         entries_.erase(place);
-        ++changes_;
     }
 
     /// The record under the key, or nullptr.
@@ -105,12 +102,9 @@ public:
 
     std::size_t size() const { return entries_.size(); }
     bool empty() const { return entries_.empty(); }
-    /// Another number after every addition and removal.
-    std::uint64_t changes() const { return changes_; }
     void clear() {
         index_ = {};
         entries_.clear();
-        ++changes_;
     }
 
     Iterator begin() const { return Iterator(entries_.begin()); }
@@ -125,7 +119,6 @@ private:
 
     KeyIndex<Handle> index_;
     Entries entries_;
-    std::uint64_t changes_ = 0;
 };
 
 }  // namespace trevandix

@@ -61,7 +61,6 @@ void StructureTree::destroy(TreeNode* node) {
 }
 
 TreeNode& StructureTree::addRoot(std::string_view text, const NodeLook& look) {
-    ++changes_;
     if (root_ != nullptr) throw RuntimeError(ErrorNumber::InvalidCall);
     root_ = create({}, text, look);
     if (observer_ != nullptr) observer_->nodeAdded(*root_);
@@ -70,7 +69,6 @@ TreeNode& StructureTree::addRoot(std::string_view text, const NodeLook& look) {
 
 TreeNode& StructureTree::addChild(TreeNode& parent, const Key& key, std::string_view text,
                                   const NodeLook& look) {
-    ++changes_;
     TreeNode* node = create(key, text, look);
     linkBefore(parent, *node, sortedPlace(parent, *node));
     ++edits_;
@@ -110,7 +108,6 @@ void StructureTree::forgetInSortedOrder(TreeNode& node) {
 }
 
 void StructureTree::remove(TreeNode& node) {
-    ++changes_;
     ++edits_;
     if (observer_ != nullptr) observer_->nodeRemoved(node);
     const bool selectionGoes = liesIn(selected_, node);
@@ -144,7 +141,6 @@ void StructureTree::destroySubtree(TreeNode& top) {
 
 void StructureTree::clear() {
     if (root_ == nullptr) return;
-    ++changes_;
     ++edits_;
     selected_ = highlight_ = nullptr;
     for (TreeNode* node = firstAdded_; node != nullptr;) {
@@ -186,7 +182,6 @@ const TreeNode* StructureTree::childNamed(const TreeNode& parent, NodeTag tag, s
 
 void StructureTree::setText(TreeNode& node, std::string_view text) {
     if (node.text_ == text) return;
-    ++changes_;
     if (&node != root_) ++edits_;
     const bool sorted = node.parent_ != nullptr && node.parent_->sorted_ != nullptr;
     if (sorted) forgetInSortedOrder(node);
@@ -202,7 +197,6 @@ void StructureTree::setText(TreeNode& node, std::string_view text) {
 
 void StructureTree::setKey(TreeNode& node, const Key& key) {
     if (node.key_ == key) return;
-    ++changes_;
     if (index_.find(key) != nullptr) throw RuntimeError(ErrorNumber::KeyNotUnique);
     if (!node.key_.empty()) index_.erase(node.key_);
     node.key_ = key;
@@ -211,7 +205,6 @@ void StructureTree::setKey(TreeNode& node, const Key& key) {
 
 void StructureTree::keepSorted(TreeNode& node) {
     if (node.sorted_ != nullptr) return;
-    ++changes_;
     node.sorted_ = std::make_unique<TreeNode::SortedChildren>();
     if (node.childCount_ < 2) {
         if (node.firstChild_ != nullptr) node.sorted_->insert(node.firstChild_);

@@ -124,8 +124,6 @@ public:
     /// Errors: ElementNotFound.
     TreeNode& at(const Key& key) const;
     std::size_t size() const { return size_; }
-    /// Another number after every change of nodes, keys, texts or order.
-    std::uint64_t changes() const { return changes_; }
     /// Another number after every change that a file would show: a node added, removed or renamed. The first
     /// node's text and the order of siblings do not count.
     std::uint64_t edits() const { return edits_; }
@@ -182,7 +180,6 @@ private:
     TreeNode* firstAdded_ = nullptr;
     TreeNode* lastAdded_ = nullptr;
     std::size_t size_ = 0;
-    std::uint64_t changes_ = 0;
     std::uint64_t edits_ = 0;
 };
 
