@@ -5,7 +5,7 @@
 #include <set>
 
 #include "FakePlatform.h"
-#include "dialogs/ItemFields.h"
+#include "model/ItemChoices.h"
 #include "model/Numbers.h"
 #include "model/TypeNames.h"
 #include "platform/Text.h"
