@@ -3,9 +3,11 @@
 
 #include <algorithm>
 #include <set>
+#include <tuple>
 
 #include "FakePlatform.h"
 #include "model/ItemChoices.h"
+#include "model/ItemFields.h"
 #include "model/Numbers.h"
 #include "model/TypeNames.h"
 #include "platform/Text.h"
@@ -135,6 +137,24 @@ TEST(TypeNames, BothWaysForEveryTableAndValueType) {
     EXPECT_EQ(splitDataType("x:input status array").label, "boolean array");
     EXPECT_EQ(splitDataType("coil").table, "coil");
     EXPECT_EQ(splitDataType("my:string:b").label, "string:b");
+}
+
+TEST(Refusals, NameTheFieldsOfAnItemInTheirOrder) {
+    ItemFields item;
+    const auto refused = [&] { return refusal(item) ? refusal(item)->field : "none"; };
+    for (const auto& [field, member, text] :
+         std::vector<std::tuple<std::string, std::string ItemFields::*, std::string>>{
+             {"name", &ItemFields::name, "a"},
+             {"table", &ItemFields::table, "input register"},
+             {"type", &ItemFields::type, "boolean array"},
+             {"address", &ItemFields::address, "65535"},
+             {"bit", &ItemFields::bit, "0"},
+             {"elements", &ItemFields::elements, "0"},
+             {"accessRight", &ItemFields::accessRight, "READ"}}) {
+        EXPECT_EQ(refused(), field);
+        item.*member = text;
+    }
+    EXPECT_EQ(refused(), "none");
 }
 
 TEST(Texts, CapitalsOfTheAlphabetsInUse) {
