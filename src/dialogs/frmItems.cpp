@@ -127,8 +127,14 @@ void frmItems::cmbDataType_Click() {
 }
 
 ItemFields frmItems::fields() const {
-    return {text("txtItemName"), text("txtComment"), text("cmbModbusType"), text("cmbDataType"),
-            text("txtAddress"),  text("cmbBit"),     text("txtElements"),   text("cmbAccessRight")};
+    return {.name = text("txtItemName"),
+            .comment = text("txtComment"),
+            .table = text("cmbModbusType"),
+            .type = text("cmbDataType"),
+            .address = text("txtAddress"),
+            .bit = text("cmbBit"),
+            .elements = text("txtElements"),
+            .accessRight = text("cmbAccessRight")};
 }
 
 bool frmItems::CheckFields(const ItemFields& item) {

@@ -114,8 +114,11 @@ void frmModBus::chkSingle_Click() {
 }
 
 DataTypeFields frmModBus::fields() const {
-    return {form_->text("cmbMBType"), form_->text("txtReadCode"), form_->text("txtWriteCode"),
-            form_->checked("chkSingle"), form_->text("txtSingleCode")};
+    return {.name = form_->text("cmbMBType"),
+            .readCode = form_->text("txtReadCode"),
+            .writeCode = form_->text("txtWriteCode"),
+            .single = form_->checked("chkSingle"),
+            .singleCode = form_->text("txtSingleCode")};
 }
 
 bool frmModBus::CheckFields(const DataTypeFields& type) {
