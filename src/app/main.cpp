@@ -24,6 +24,13 @@
 #include "wx/WxMessages.h"
 #include "wx/WxPointer.h"
 #include "wx/WxText.h"
+#ifdef _WIN32
+#include "platform/windows/WindowsRegistry.h"
+using SystemRegistry = trevandix::WindowsRegistry;
+#else
+#include "platform/posix/FileRegistry.h"
+using SystemRegistry = trevandix::FileRegistry;
+#endif
 
 namespace trevandix {
 
@@ -42,11 +49,11 @@ struct Program {
     WxMessages messages;
     WxFileDialog fileDialog;
     WxClipboard clipboard;
-    std::unique_ptr<Registry> registry = systemRegistry();
+    SystemRegistry registry;
     PugiXmlParser xmlParser;
     WxMainFrame* window = new WxMainFrame(commandTables(), configuration.tree, list, pointer);
     WxForms forms{*window};
-    Platform platform{messages, fileDialog, clipboard, *registry,       pointer,          xmlParser,
+    Platform platform{messages, fileDialog, clipboard, registry,        pointer,          xmlParser,
                       forms,    *window,    *window,   programFolder(), userStateFolder()};
     frmEditing editor{platform, configuration, list};
 };

@@ -7,8 +7,6 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/KeyFilter.h"
-
 namespace trevandix {
 
 enum class ControlKind {
@@ -22,6 +20,15 @@ enum class ControlKind {
     Frame,  ///< box that holds the controls naming it
     Grid,   ///< read-only cells, the first row being the header
 };
+
+/// Which typed or pasted characters a text box keeps.
+enum class KeyFilter { None, Numeric, ItemName };
+
+/// True when the filter keeps the character.
+bool keeps(KeyFilter filter, char32_t character);
+/// The part of a typed or pasted text that a one-line box accepts: everything before the first line break or
+/// TAB, without the characters that the filter discards.
+std::string entered(KeyFilter filter, std::string_view text);
 
 /// The text behind a one-line box. A stored text may contain what such a box cannot show; it is returned
 /// unchanged until the user edits the box.

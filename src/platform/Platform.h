@@ -5,7 +5,6 @@
 #include "platform/Form.h"
 #include "platform/MainWindow.h"
 #include "platform/Messages.h"
-#include "platform/Registry.h"
 #include "platform/Services.h"
 #include "platform/Xml.h"
 

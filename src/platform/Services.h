@@ -23,6 +23,14 @@ public:
     virtual std::string text() = 0;
 };
 
+/// Where the OPC server looks for its configuration.
+class Registry {
+public:
+    virtual ~Registry() = default;
+    /// Publishes `filePath` as value "ConfigFile" for the interface kind. False when the system refuses.
+    virtual bool publish(std::string_view interfaceKind, std::string_view filePath) = 0;
+};
+
 enum class Pointer { Default, Hourglass, Icon };
 
 /// The screen's mouse pointer.

@@ -48,8 +48,4 @@ bool FileRegistry::publish(std::string_view interfaceKind, std::string_view file
     return false;
 }
 
-std::unique_ptr<Registry> systemRegistry() {
-    return std::make_unique<FileRegistry>();
-}
-
 }  // namespace trevandix

@@ -62,8 +62,4 @@ bool WindowsRegistry::publish(std::string_view interfaceKind, std::string_view f
     return in64 && in32;
 }
 
-std::unique_ptr<Registry> systemRegistry() {
-    return std::make_unique<WindowsRegistry>();
-}
-
 }  // namespace trevandix
