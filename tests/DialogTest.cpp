@@ -4,7 +4,7 @@
 #include <array>
 
 #include "Plant.h"
-#include "dialogs/ItemAdvance.h"
+#include "model/ItemAdvance.h"
 
 namespace trevandix::testing {
 

@@ -5,7 +5,8 @@
 #include <set>
 
 #include "FakePlatform.h"
-#include "dialogs/ItemFields.h"
+#include "model/ItemChoices.h"
+#include "model/ItemFields.h"
 #include "model/Numbers.h"
 #include "model/TypeNames.h"
 #include "platform/Text.h"
@@ -135,6 +136,18 @@ TEST(TypeNames, BothWaysForEveryTableAndValueType) {
     EXPECT_EQ(splitDataType("x:input status array").label, "boolean array");
     EXPECT_EQ(splitDataType("coil").table, "coil");
     EXPECT_EQ(splitDataType("my:string:b").label, "string:b");
+}
+
+TEST(Refusals, NameTheFieldsOfAnItemInTheirOrder) {
+    ItemFields item;
+    std::string fields;
+    for (std::string* field :
+         {&item.name, &item.table, &item.type, &item.address, &item.bit, &item.elements, &item.accessRight}) {
+        fields += std::string(refusal(item)->field) + " ";
+        *field = "boolean array";
+    }
+    EXPECT_EQ(fields, "name table type address bit elements accessRight ");
+    EXPECT_FALSE(refusal(item));
 }
 
 TEST(Texts, CapitalsOfTheAlphabetsInUse) {

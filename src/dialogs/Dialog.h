@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <functional>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "model/Configuration.h"
+#include "model/Refusal.h"
 #include "platform/Form.h"
 #include "platform/Messages.h"
 #include "platform/RuntimeError.h"
@@ -39,11 +41,17 @@ inline void chooseStored(Form& form, std::string_view list, const std::string& v
     form.setText(list, value);
 }
 
-/// True when there is nothing to say; else shows what is wrong with the fields.
-inline bool passes(const std::string& fault, Messages& messages) {
-    if (!fault.empty()) messages.show(fault);
-    return fault.empty();
+/// True when nothing is refused; else says why.
+inline bool passes(const std::optional<Refusal>& refused, Messages& messages) {
+    if (refused) messages.show(refused->message);
+    return !refused;
 }
+
+/// True when no sibling of the kind has the name; else says so. The siblings are the selected node's
+/// children, or, while that node is being edited, those beside it. A failure is shown and counts as a
+/// refusal.
+bool CheckDuplNames(NodeTag tag, std::string_view name, const StructureTree& tree, bool edit,
+                    Messages& messages);
 
 /// One event of a dialog. `procedure` is the name that its error messages give.
 template <typename Dialog>

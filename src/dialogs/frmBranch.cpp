@@ -2,8 +2,6 @@
 
 #include <array>
 
-#include "xmlfile/Generale.h"
-
 namespace trevandix {
 
 namespace {

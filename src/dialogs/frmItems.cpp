@@ -4,11 +4,10 @@
 #include <utility>
 #include <vector>
 
-#include "dialogs/ItemAdvance.h"
-#include "dialogs/ItemFields.h"
+#include "model/ItemAdvance.h"
+#include "model/ItemChoices.h"
 #include "model/Numbers.h"
 #include "model/TypeNames.h"
-#include "xmlfile/Generale.h"
 
 namespace trevandix {
 
@@ -116,7 +115,7 @@ void frmItems::cmbModbusType_Click() {
 void frmItems::cmbDataType_Click() {
     const std::string table = text("cmbModbusType");
     const std::string label = text("cmbDataType");
-    const bool hasBit = isBoolean(label) && !contains(table, "coil") && !contains(table, "input status");
+    const bool hasBit = hasBitNumber(table, label);
     form_->setEnabled("cmbBit", hasBit);
     if (!hasBit) {
         form_->setText("cmbBit", "0");
@@ -127,37 +126,49 @@ void frmItems::cmbDataType_Click() {
     if (!hasElements(label)) form_->setText("txtElements", "0");
 }
 
-bool frmItems::CheckFields() {
-    return passes(itemFieldError(*form_), context_.messages);
+ItemFields frmItems::fields() const {
+    return {.name = text("txtItemName"),
+            .comment = text("txtComment"),
+            .table = text("cmbModbusType"),
+            .type = text("cmbDataType"),
+            .address = text("txtAddress"),
+            .bit = text("cmbBit"),
+            .elements = text("txtElements"),
+            .accessRight = text("cmbAccessRight")};
+}
+
+bool frmItems::CheckFields(const ItemFields& item) {
+    return passes(refusal(item), context_.messages);
 }
 
 void frmItems::AddItemToColl() {
     stored_ = false;
-    if (!CheckFields()) return;
-    const std::string name = text("txtItemName");
-    edited_ != nullptr ? changeItem(name) : addItem(name);
+    const ItemFields item = fields();
+    if (!CheckFields(item)) return;
+    edited_ != nullptr ? changeItem(item) : addItem(item);
 }
 
-void frmItems::changeItem(const std::string& name) {
+void frmItems::changeItem(const ItemFields& item) {
     Configuration& configuration = context_.configuration;
-    const bool nameFits = name == edited_->sName() ||
-                          CheckDuplNames(NodeTag::Item, name, configuration.tree, true, context_.messages);
+    const bool nameFits =
+        item.name == edited_->sName() ||
+        CheckDuplNames(NodeTag::Item, item.name, configuration.tree, true, context_.messages);
     if (!nameFits) return;
     TreeNode& node = *configuration.tree.selected();
     auto record = std::make_shared<clsItem>();
-    record->SetByForm(*form_, node.parent()->key());
+    record->SetByForm(item, node.parent()->key());
     configuration.replaceItem(node, std::move(record));
     configuration.tree.select(&node);
     configuration.state.saved = false;
     stored_ = true;
 }
 
-void frmItems::addItem(const std::string& name) {
+void frmItems::addItem(const ItemFields& item) {
     Configuration& configuration = context_.configuration;
-    if (!CheckDuplNames(NodeTag::Item, name, configuration.tree, false, context_.messages)) return;
+    if (!CheckDuplNames(NodeTag::Item, item.name, configuration.tree, false, context_.messages)) return;
     TreeNode& container = *configuration.tree.selected();
     auto record = std::make_shared<clsItem>();
-    record->SetByForm(*form_, container.key());
+    record->SetByForm(item, container.key());
     configuration.tree.ensureVisible(configuration.addItem(std::move(record), container));
     configuration.state.saved = false;
     ++configuration.state.itemCounter;

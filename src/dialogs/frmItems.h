@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "dialogs/Dialog.h"
+#include "model/ItemFields.h"
 
 namespace trevandix {
 
@@ -32,10 +33,11 @@ private:
     void cmdOkNumber_Click();
     void leaveGroup();
 
-    bool CheckFields();
+    ItemFields fields() const;
+    bool CheckFields(const ItemFields& item);
     void AddItemToColl();
-    void addItem(const std::string& name);
-    void changeItem(const std::string& name);
+    void addItem(const ItemFields& item);
+    void changeItem(const ItemFields& item);
     void addAndPropose();
     void proposeNextItem();
     void addGroup(std::int16_t count);

@@ -4,7 +4,6 @@
 #include <array>
 #include <vector>
 
-#include "model/Numbers.h"
 #include "model/TypeNames.h"
 
 namespace trevandix {
@@ -31,20 +30,6 @@ constexpr std::array kControls{
 };
 constexpr FormSpec kForm{"frmModBus", "ModBus Data Type Properties", kControls, "cmdOk", "cmdCancel",
                          "cmbMBType"};
-
-/// Function codes of a standard table; an empty code is one that the table does not have.
-struct Preset {
-    std::string_view name;
-    std::string_view readCode;
-    std::string_view writeCode;
-    std::string_view singleCode;
-};
-constexpr std::array kPresets{
-    Preset{"input status", "2", "", ""},
-    Preset{"coil", "1", "15", "5"},
-    Preset{"input register", "4", "", ""},
-    Preset{"holding register", "3", "16", "6"},
-};
 
 }  // namespace
 
@@ -74,7 +59,7 @@ void frmModBus::show() {
 
 void frmModBus::Form_Load() {
     std::vector<std::string> names;
-    for (const Preset& preset : kPresets) names.emplace_back(preset.name);
+    for (const DataTypePreset& preset : kDataTypePresets) names.emplace_back(preset.name);
     form_->setItems("cmbMBType", names);
     form_->setEnabled("txtSingleCode", false);  // goes with the check box
     if (!edit_) return;
@@ -107,8 +92,8 @@ void frmModBus::disableWriting() {
 
 void frmModBus::cmbMBType_Click() {
     disableWriting();
-    const auto* preset = std::ranges::find(kPresets, form_->text("cmbMBType"), &Preset::name);
-    if (preset == kPresets.end()) {  // the name of the edited record
+    const auto* preset = std::ranges::find(kDataTypePresets, form_->text("cmbMBType"), &DataTypePreset::name);
+    if (preset == kDataTypePresets.end()) {  // the name of the edited record
         loadCodes();
         return;
     }
@@ -128,29 +113,24 @@ void frmModBus::chkSingle_Click() {
     if (!single) form_->setText("txtSingleCode", "");
 }
 
-std::string frmModBus::fieldError() const {
-    const std::string name = form_->text("cmbMBType");
-    const auto numeric = [&](std::string_view control) { return isNumeric(form_->text(control)); };
-    if (!edit_) {
-        for (const auto& [key, type] : context_.configuration.dataTypes) {
-            if (type->getName() == name) return "ModBus type already existing";
-        }
-    }
-    if (!numeric("txtReadCode")) return "Check Read Function code";
-    if (!contains(name, "input") && !numeric("txtWriteCode")) return "Check Write Function code";
-    if (form_->checked("chkSingle") && !numeric("txtSingleCode")) return "Check Single Write Function code";
-    return {};
+DataTypeFields frmModBus::fields() const {
+    return {.name = form_->text("cmbMBType"),
+            .readCode = form_->text("txtReadCode"),
+            .writeCode = form_->text("txtWriteCode"),
+            .single = form_->checked("chkSingle"),
+            .singleCode = form_->text("txtSingleCode")};
 }
 
-bool frmModBus::CheckFields() {
-    return passes(fieldError(), context_.messages);
+bool frmModBus::CheckFields(const DataTypeFields& type) {
+    return passes(refusal(type, context_.configuration, edit_), context_.messages);
 }
 
 void frmModBus::cmdOk_Click() {
-    if (!CheckFields()) return;
+    const DataTypeFields type = fields();
+    if (!CheckFields(type)) return;
     Configuration& configuration = context_.configuration;
     auto record = std::make_shared<clsModBusType>();
-    record->SetByForm(*form_);
+    record->SetByForm(type);
     const std::string name = record->getName();
     if (name.empty()) throw RuntimeError(ErrorNumber::InvalidCall);  // it could have no node
     if (edit_) {

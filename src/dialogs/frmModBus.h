@@ -4,6 +4,7 @@
 #include <string>
 
 #include "dialogs/Dialog.h"
+#include "model/DataTypeFields.h"
 
 namespace trevandix {
 
@@ -24,8 +25,8 @@ private:
     void chkSingle_Click();
     void cmdOk_Click();
     void cmdCancel_Click();
-    bool CheckFields();
-    std::string fieldError() const;
+    DataTypeFields fields() const;
+    bool CheckFields(const DataTypeFields& type);
     void disableWriting();
 
     DialogContext context_;

@@ -1,9 +1,8 @@
 #include "dialogs/frmPLC.h"
 
 #include <array>
-
-#include "dialogs/UnitChecks.h"
-#include "xmlfile/Generale.h"
+#include <span>
+#include <vector>
 
 namespace trevandix {
 
@@ -66,11 +65,14 @@ void frmPLC::Form_Load() {
 }
 
 void frmPLC::fillLists() {
-    form_->setItems("cmbBaud", {"2400", "9600", "19200", "38400", "57600", "115200"});
-    form_->setItems("cmbParity", {"NO", "EVEN", "ODD"});
-    form_->setItems("cmbData", {"8", "7", "6", "5"});
-    form_->setItems("cmbStop", {"1", "2"});
-    form_->setItems("cmbFlow", {"NONE", "HARDWARE"});
+    const auto fill = [&](std::string_view list, std::span<const std::string_view> choices) {
+        form_->setItems(list, std::vector<std::string>(choices.begin(), choices.end()));
+    };
+    fill("cmbBaud", kBaudRates);
+    fill("cmbParity", kParities);
+    fill("cmbData", kDataBits);
+    fill("cmbStop", kStopBits);
+    fill("cmbFlow", kFlowControls);
 }
 
 void frmPLC::enableFields() {
@@ -111,21 +113,36 @@ void frmPLC::loadRecord() {
     chooseStored(*form_, "cmbFlow", edited_->getFlowCtl());
 }
 
-bool frmPLC::CheckFields() {
-    return passes(unitFieldError(*form_, context_.configuration, edited_.get()), context_.messages);
+UnitFields frmPLC::fields() const {
+    const auto text = [&](std::string_view control) { return form_->text(control); };
+    return {.name = text("txtName"),
+            .identifier = text("txtUI"),
+            .timeout = text("txtTimeout"),
+            .address = text("txtAddress"),
+            .port = text("txtPort"),
+            .baud = text("cmbBaud"),
+            .parity = text("cmbParity"),
+            .dataBits = text("cmbData"),
+            .stopBits = text("cmbStop"),
+            .flowControl = text("cmbFlow"),
+            .silent = text("txtSilent")};
+}
+
+bool frmPLC::CheckFields(const UnitFields& unit) {
+    return passes(refusal(unit, context_.configuration, edited_.get()), context_.messages);
 }
 
 void frmPLC::cmdOk_Click() {
-    if (!CheckFields()) {
+    const UnitFields unit = fields();
+    if (!CheckFields(unit)) {
         form_->close();  // unlike the other dialogs: kept, users know it so
         return;
     }
     Configuration& configuration = context_.configuration;
-    const std::string name = form_->text("txtName");
-    if (!CheckDuplNames(NodeTag::Plc, name, configuration.tree, edited_ != nullptr, context_.messages))
+    if (!CheckDuplNames(NodeTag::Plc, unit.name, configuration.tree, edited_ != nullptr, context_.messages))
         return;
     auto record = std::make_shared<clsPLC>();
-    record->SetByForm(*form_, configuration.state.interfaceKind);
+    record->SetByForm(unit, configuration.state.interfaceKind);
     if (edited_ != nullptr) {
         changeUnit(std::move(record));
     } else {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "dialogs/Dialog.h"
+#include "model/UnitFields.h"
 
 namespace trevandix {
 
@@ -27,7 +28,8 @@ private:
     void loadRecord();
     void cmdOk_Click();
     void cmdCancel_Click();
-    bool CheckFields();
+    UnitFields fields() const;
+    bool CheckFields(const UnitFields& unit);
     void changeUnit(std::shared_ptr<clsPLC> record);
 
     DialogContext context_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "dialogs/Dialog.h"
 #include "editor/frmReplace.h"
 #include "model/ItemRenaming.h"
 #include "platform/Text.h"
@@ -85,7 +86,7 @@ void BulkPaste::applyNames(const Lines& lines, const Rows& rows) {
     std::vector<ItemRenaming> renamings;
     Rows renamed;
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (!checkForbiddenCharacters(lines[i], context_.platform.messages)) continue;
+        if (!passes(forbiddenCharacter(lines[i]), context_.platform.messages)) continue;
         renamings.push_back({context_.list.rows().at(rows[i]).key, lines[i]});
         renamed.push_back(rows[i]);
     }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "editor/LoadProgress.h"
 #include "editor/SaveNotice.h"
 #include "editor/XmlFiles.h"
 #include "editor/frmSelect.h"
@@ -139,11 +138,9 @@ bool FileCommands::read(const std::string& source, const std::string& filePath) 
         MainWindow& window = context_.platform.window;
         window.showImportPanel(true);
         context_.enable(Situation::Busy);
-        LoadProgress progress(window);
-        ConfigurationReader reader(configuration, context_.platform.xmlParser, [&] { progress.itemRead(); });
         window.processEvents();
         reading_ = true;
-        complete = ImportXML(reader, source, context_.platform);
+        complete = ImportXML(configuration, source, context_.platform);
         reading_ = false;
     }
     if (complete) {

@@ -1,13 +1,17 @@
 #include "editor/XmlFiles.h"
 
+#include "editor/LoadProgress.h"
+
 namespace trevandix {
 
-bool ImportXML(ConfigurationReader& reader, const std::string& filePath, const Platform& platform) {
+bool ImportXML(Configuration& configuration, const std::string& filePath, const Platform& platform) {
     const PointerScope hourglass(platform.pointer, Pointer::Hourglass);
+    LoadProgress progress(platform.window);
+    ConfigurationReader reader(configuration, platform.xmlParser, [&] { progress.itemRead(); });
     bool valid = false;
     const bool finished =
         reportErrors(platform.messages, "ImportXML", [&] { valid = reader.read(filePath); });
-    if (finished && !valid) platform.messages.show("The configuration file is not valid.");
+    if (finished && !valid) platform.messages.show(kNoConfiguration);
     return valid;
 }
 

@@ -8,10 +8,12 @@
 
 namespace trevandix {
 
-// The reader and the writer with what their user sees of them: the hourglass, and a message when they fail.
+// The reader and the writer with what their user sees of them: the hourglass, the progress of a load, and a
+// message when they fail.
 
-/// False when the file is no configuration or reading failed; the user has been told then.
-bool ImportXML(ConfigurationReader& reader, const std::string& filePath, const Platform& platform);
+/// Reads the file into the configuration, as `ConfigurationReader` does. False when the file is no
+/// configuration or reading failed; the user has been told then.
+bool ImportXML(Configuration& configuration, const std::string& filePath, const Platform& platform);
 /// False when writing failed; the user has been told then.
 bool CreateXML(ConfigurationWriter& writer, const std::string& filePath, const Platform& platform);
 

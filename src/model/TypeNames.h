@@ -27,6 +27,10 @@ inline bool contains(std::string_view text, std::string_view part) {
 inline bool isBoolean(std::string_view label) {
     return contains(label, "boolean");
 }
+/// Value types that have a bit number in this table: booleans inside a register.
+inline bool hasBitNumber(std::string_view table, std::string_view label) {
+    return isBoolean(label) && !contains(table, "coil") && !contains(table, "input status");
+}
 /// Value types that have a number of elements.
 inline bool hasElements(std::string_view label) {
     return contains(label, "array") || label == "string";

@@ -5,10 +5,10 @@
 #include <cstdlib>
 #include <unordered_map>
 
+#include "model/ItemFields.h"
 #include "model/Numbers.h"
 #include "model/TypeNames.h"
 #include "model/XmlFields.h"
-#include "platform/Form.h"
 #include "platform/ListView.h"
 #include "platform/Xml.h"
 
@@ -108,15 +108,14 @@ void clsItem::SetByXml(const XmlElement& element, const Key& container) {
     sKey_ = Key(container, sName_);
 }
 
-void clsItem::SetByForm(const Form& dialog, const Key& container) {
-    sName_ = dialog.text("txtItemName");
-    sComment_ = dialog.text("txtComment");
-    const std::string label = dialog.text("cmbDataType");
-    if (hasElements(label)) nElements_ = toInt16(leadingNumber(dialog.text("txtElements")));
-    nAddress_ = toInt32(leadingNumber(dialog.text("txtAddress")));
-    nBitNumber_ = isBoolean(label) ? toInt16(leadingNumber(dialog.text("cmbBit"))) : std::int16_t{0};
-    sDataType(dialog.text("cmbModbusType") + ":" + label);
-    sAccessRight(dialog.text("cmbAccessRight"));
+void clsItem::SetByForm(const ItemFields& fields, const Key& container) {
+    sName_ = fields.name;
+    sComment_ = fields.comment;
+    if (hasElements(fields.type)) nElements_ = toInt16(leadingNumber(fields.elements));
+    nAddress_ = toInt32(leadingNumber(fields.address));
+    nBitNumber_ = isBoolean(fields.type) ? toInt16(leadingNumber(fields.bit)) : std::int16_t{0};
+    sDataType(fields.table + ":" + fields.type);
+    sAccessRight(fields.accessRight);
     sKey_ = Key(container, sName_);
 }
 

@@ -9,9 +9,9 @@
 
 namespace trevandix {
 
-class Form;
 class ListView;
 class XmlElement;
+struct ItemFields;
 
 /// An OPC tag: a named value at a Modbus address of one unit. Members stand in the order of the record's
 /// interface.
@@ -42,9 +42,9 @@ public:
     /// From a tag element; `container` is the key of the unit or branch around it.
     /// Errors: ObjectNotSet for a missing element, Overflow.
     void SetByXml(const XmlElement& element, const Key& container);
-    /// From the item dialog's controls; `container` is the key of the node that holds the item. Errors:
+    /// From the texts of the item dialog; `container` is the key of the node that holds the item. Errors:
     /// Overflow.
-    void SetByForm(const Form& dialog, const Key& container);
+    void SetByForm(const ItemFields& fields, const Key& container);
     /// Copies `source` for `container`; beside the item it was copied from, the name gets "_" and the
     /// counter.
     void SetByCopy(const clsItem& source, const Key& container, std::int16_t copyCounter);

@@ -1,9 +1,9 @@
 #include "model/clsModBusType.h"
 
+#include "model/DataTypeFields.h"
 #include "model/Numbers.h"
 #include "model/TypeNames.h"
 #include "model/XmlFields.h"
-#include "platform/Form.h"
 #include "platform/ListView.h"
 
 namespace trevandix {
@@ -15,11 +15,11 @@ void clsModBusType::SetByXml(const XmlElement& element) {
     nSingleWrCode_ = byteValue(requiredAttribute(element, "singlewrcode"));
 }
 
-void clsModBusType::SetByForm(const Form& dialog) {
-    sName_ = dialog.text("cmbMBType");
-    nReadCode_ = byteValue(dialog.text("txtReadCode"));
-    nWriteCode_ = contains(sName_, "input") ? std::uint8_t{0} : byteValue(dialog.text("txtWriteCode"));
-    nSingleWrCode_ = dialog.checked("chkSingle") ? byteValue(dialog.text("txtSingleCode")) : std::uint8_t{0};
+void clsModBusType::SetByForm(const DataTypeFields& fields) {
+    sName_ = fields.name;
+    nReadCode_ = byteValue(fields.readCode);
+    nWriteCode_ = contains(sName_, "input") ? std::uint8_t{0} : byteValue(fields.writeCode);
+    nSingleWrCode_ = fields.single ? byteValue(fields.singleCode) : std::uint8_t{0};
 }
 
 std::string clsModBusType::GetXmlTag() const {

@@ -6,9 +6,9 @@
 
 namespace trevandix {
 
-class Form;
 class ListView;
 class XmlElement;
+struct DataTypeFields;
 
 /// A Modbus table and the function codes with which the server accesses it. Codes are Modbus function codes,
 /// 0 meaning that the type has none.
@@ -26,8 +26,8 @@ public:
     /// From a DATATYPE element. Errors: ObjectNotSet for a missing attribute, TypeMismatch and Overflow for a
     /// code.
     void SetByXml(const XmlElement& element);
-    /// From the data type dialog's controls. Errors: TypeMismatch and Overflow for a code.
-    void SetByForm(const Form& dialog);
+    /// From the texts of the data type dialog. Errors: TypeMismatch and Overflow for a code.
+    void SetByForm(const DataTypeFields& fields);
     /// The element's line, without a line end.
     std::string GetXmlTag() const;
     void AddToListView(ListView& list) const;

@@ -1,8 +1,8 @@
 #include "model/clsPLC.h"
 
 #include "model/Numbers.h"
+#include "model/UnitFields.h"
 #include "model/XmlFields.h"
-#include "platform/Form.h"
 #include "platform/ListView.h"
 #include "platform/Xml.h"
 
@@ -52,20 +52,20 @@ void clsPLC::AddToListView(ListView& list) const {
     list.addRow({sName_, sName_, "plc", "plc", {std::to_string(nUI_)}});
 }
 
-void clsPLC::SetByForm(const Form& dialog, std::string_view interfaceKind) {
-    sName_ = dialog.text("txtName");
-    nUI_ = byteValue(dialog.text("txtUI"));
-    nTimeout_ = int32Value(dialog.text("txtTimeout"));
+void clsPLC::SetByForm(const UnitFields& fields, std::string_view interfaceKind) {
+    sName_ = fields.name;
+    nUI_ = byteValue(fields.identifier);
+    nTimeout_ = int32Value(fields.timeout);
     sKey_ = sName_;
-    if (interfaceKind == kTcpIp) sAddress_ = dialog.text("txtAddress");
+    if (interfaceKind == kTcpIp) sAddress_ = fields.address;
     if (interfaceKind == kRtu) {
-        nBaud_ = toInt32(leadingNumber(dialog.text("cmbBaud")));
-        sCom_ = dialog.text("txtPort");
-        nDataBits_ = toByte(leadingNumber(dialog.text("cmbData")));
-        nStopBits_ = toByte(leadingNumber(dialog.text("cmbStop")));
-        sFlowCtl_ = dialog.text("cmbFlow");
-        sParity_ = dialog.text("cmbParity");
-        nSilent_ = toInt32(leadingNumber(dialog.text("txtSilent")));
+        nBaud_ = toInt32(leadingNumber(fields.baud));
+        sCom_ = fields.port;
+        nDataBits_ = toByte(leadingNumber(fields.dataBits));
+        nStopBits_ = toByte(leadingNumber(fields.stopBits));
+        sFlowCtl_ = fields.flowControl;
+        sParity_ = fields.parity;
+        nSilent_ = toInt32(leadingNumber(fields.silent));
     }
 }
 

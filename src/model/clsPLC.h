@@ -8,9 +8,9 @@
 
 namespace trevandix {
 
-class Form;
 class ListView;
 class XmlElement;
+struct UnitFields;
 
 inline constexpr std::string_view kTcpIp = "TrevandixTcpIp";
 inline constexpr std::string_view kRtu = "TrevandixRTU";
@@ -51,8 +51,8 @@ public:
     /// From a PLC element of a file of `interfaceKind`. Errors: ObjectNotSet, TypeMismatch, Overflow.
     void SetByXml(const XmlElement& element, std::string_view interfaceKind);
     void AddToListView(ListView& list) const;
-    /// From the unit dialog's controls. Errors: TypeMismatch, Overflow.
-    void SetByForm(const Form& dialog, std::string_view interfaceKind);
+    /// From the texts of the unit dialog. Errors: TypeMismatch, Overflow.
+    void SetByForm(const UnitFields& fields, std::string_view interfaceKind);
     /// The unit's start element at depth 2, for serial RTU with its field elements; lines joined by CR LF.
     std::string GetXmlTag(std::string_view interfaceKind) const;
 

@@ -2,11 +2,15 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "model/Configuration.h"
 #include "platform/Xml.h"
 
 namespace trevandix {
+
+/// What the user is told of a file that is no configuration.
+inline constexpr std::string_view kNoConfiguration = "The configuration file is not valid.";
 
 /// Loads a configuration file into the collections and the tree, which already has its first node and the
 /// ModBus folder.

@@ -2,8 +2,6 @@
 
 #include <string>
 
-#include "platform/RuntimeError.h"
-
 namespace trevandix {
 
 namespace {
@@ -11,28 +9,20 @@ namespace {
 constexpr std::string_view kForbidden = " .,:;\\/|";
 }  // namespace
 
-bool checkForbiddenCharacters(std::string_view name, Messages& messages) {
+std::optional<Refusal> forbiddenCharacter(std::string_view name) {
     for (const char character : kForbidden) {
         if (name.find(character) == std::string_view::npos) continue;
         std::string text("Character (");
         ((text += character) += ") not acceptable in string ") += name;
-        messages.show(text);
-        return false;
+        return Refusal{"name", text};
     }
-    return true;
+    return std::nullopt;
 }
 
-bool CheckDuplNames(NodeTag tag, std::string_view name, const StructureTree& tree, bool edit,
-                    Messages& messages) {
-    bool unused = false;
-    reportErrors(messages, "CheckDuplNames", [&] {
-        const TreeNode* selected = tree.selected();
-        const TreeNode* container = edit && selected != nullptr ? selected->parent() : selected;
-        if (container == nullptr) throw RuntimeError(ErrorNumber::ObjectNotSet);
-        unused = StructureTree::childNamed(*container, tag, name, selected) == nullptr;
-        if (!unused) messages.show("Name already existing. Please use a different name");
-    });
-    return unused;
+std::optional<Refusal> duplicateName(const TreeNode& container, NodeTag tag, std::string_view name,
+                                     const TreeNode* edited) {
+    if (StructureTree::childNamed(container, tag, name, edited) == nullptr) return std::nullopt;
+    return Refusal{"name", "Name already existing. Please use a different name"};
 }
 
 }  // namespace trevandix

@@ -1,20 +1,19 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
+#include "model/Refusal.h"
 #include "model/StructureTree.h"
-#include "platform/Messages.h"
 
 namespace trevandix {
 
-/// True when the name has none of the characters that would break keys and files; else tells which one it
-/// has.
-bool checkForbiddenCharacters(std::string_view name, Messages& messages);
+/// Refuses a name with one of the characters that would break keys and files.
+std::optional<Refusal> forbiddenCharacter(std::string_view name);
 
-/// True when no sibling of the kind has the name; else says so. The siblings are the selected node's
-/// children, or, while that node is being edited, those beside it. A failure is shown and counts as a
-/// refusal.
-bool CheckDuplNames(NodeTag tag, std::string_view name, const StructureTree& tree, bool edit,
-                    Messages& messages);
+/// Refuses the name that another child of `container` with the tag has. `edited` is the node being edited, or
+/// nullptr.
+std::optional<Refusal> duplicateName(const TreeNode& container, NodeTag tag, std::string_view name,
+                                     const TreeNode* edited);
 
 }  // namespace trevandix

@@ -1,4 +1,4 @@
-#include "dialogs/ItemAdvance.h"
+#include "model/ItemAdvance.h"
 
 #include <algorithm>
 #include <array>
