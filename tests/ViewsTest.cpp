@@ -266,7 +266,9 @@ TEST(Commands, EveryButtonRunsItsCommand) {
         {"F2", "U.A", "form frmItems"},
         {"F2 in the tree", "U.A", "form frmBranch"},
     };
-    EXPECT_EQ(cases.size(), commandTables().buttons.size() + 2);
+    const auto buttons = std::ranges::count_if(
+        commandRows(), [](const CommandRow& command) { return !command.button.key.empty(); });
+    EXPECT_EQ(cases.size(), buttons + 2U);
     for (const auto& [button, node, effect] : cases) {
         SCOPED_TRACE(std::string(button));
         PlantedWorkplace place({"U", "U.A/", "U.A.x"});
@@ -297,34 +299,31 @@ TEST(Commands, EveryButtonRunsItsCommand) {
     }
 }
 
-// Every menu entry and button that a flag names exists, a button goes with its own command's entry, no name,
-// shortcut or key is there twice.
+// No name, shortcut, button, place or access key of a menu is there twice, and every command stands in a menu
+// or has a key.
 TEST(Commands, TablesFitTogether) {
-    std::set<std::string_view> entries;
-    std::set<std::string_view> shortcuts;
+    std::set<std::string> taken;
+    const auto take = [&](std::string kind, std::string_view text) {
+        if (!text.empty()) EXPECT_TRUE(taken.insert(kind.append(": ").append(text)).second) << kind;
+    };
+    const auto takeAccessKey = [&](std::string_view menu, std::string_view caption) {
+        const auto at = caption.find('&');
+        if (at == std::string_view::npos) return;
+        take("access key in " + std::string(menu), std::string(1, std::tolower(caption[at + 1])));
+    };
     for (const MenuSpec& menu : commandTables().menus) {
-        EXPECT_TRUE(entries.insert(menu.name).second) << menu.name;
-        std::set<int> accessKeys;
-        for (const MenuEntrySpec& entry : menu.entries) {
-            if (entry.name.empty()) continue;
-            EXPECT_TRUE(entries.insert(entry.name).second) << entry.name;
-            EXPECT_TRUE(entry.shortcut.empty() || shortcuts.insert(entry.shortcut).second) << entry.name;
-            const auto at = entry.caption.find('&');
-            if (at == std::string_view::npos) continue;
-            EXPECT_TRUE(accessKeys.insert(std::tolower(entry.caption[at + 1])).second) << entry.name;
-        }
+        take("menu", menu.name);
+        takeAccessKey("the menu bar", menu.caption);
     }
-    std::map<std::string_view, std::string_view> buttons;
-    for (const ToolButtonSpec& button : commandTables().buttons) {
-        EXPECT_TRUE(buttons.emplace(button.key, button.command).second) << button.key;
-        EXPECT_TRUE(entries.contains(button.command)) << button.key;
-    }
-    EXPECT_EQ(buttons.size(), 20U);
-    for (std::size_t flag = 0; flag < kFlagCount; ++flag) {
-        const FlagTargets& targets = targetsOf(static_cast<EnablingFlag>(flag));
-        for (const auto& menu : targets.menus) EXPECT_TRUE(entries.contains(menu)) << menu;
-        for (const auto& button : targets.buttons)
-            EXPECT_NE(std::ranges::find(targets.menus, buttons.at(button)), targets.menus.end()) << button;
+    for (const CommandSpec& command : commandTables().commands) {
+        take("name", command.name);
+        take("shortcut", command.shortcut);
+        take("button", command.button.key);
+        if (!command.button.key.empty()) take("place", std::to_string(command.button.place));
+        takeAccessKey(command.menu, command.caption);
+        EXPECT_TRUE(taken.contains("menu: " + std::string(command.menu)) ||
+                    (command.menu.empty() && !command.shortcut.empty()))
+            << command.name;
     }
 }
 

@@ -1,5 +1,7 @@
 #include "editor/Enabling.h"
 
+#include "editor/CommandTable.h"
+
 namespace trevandix {
 
 namespace {
@@ -19,41 +21,6 @@ constexpr std::array<EnablingRow, 10> kRows{{
     {T, T, T, T, T, o, o, o, T, T, T, T, T, T},  // BranchWithItemFirst
     {T, T, o, o, o, o, T, T, o, T, T, T, T, T},  // Item
     {o, o, o, o, o, o, o, o, o, o, o, o, o, o},  // Busy
-}};
-
-using Names = std::string_view;
-constexpr std::array<Names, 3> kFileO{"mnuFile", "mnuNewCfg", "mnuOpenCfg"};
-constexpr std::array<Names, 2> kFileOButtons{"new", "open"};
-constexpr std::array<Names, 3> kFileS{"mnuSaveCfg", "mnuSaveAs", "mnuCloseCfg"};
-constexpr std::array<Names, 2> kFileSButtons{"save", "close"};
-constexpr std::array<Names, 5> kView{"mnuView", "mnuIcon", "mnuSmallIcon", "mnuList", "mnuReport"};
-constexpr std::array<Names, 4> kViewButtons{"icon", "smallicon", "list", "report"};
-constexpr std::array<Names, 2> kTools{"mnuTools", "mnuFind"};
-constexpr std::array<Names, 10> kEntries{"mnuAddMBType", "mnuAddBranch",   "mnuAddItem", "mnuAddPlc",
-                                         "mnuCopy",      "mnuCut",         "mnuPaste",   "mnuDelete",
-                                         "mnuPasteName", "mnuPasteComment"};
-constexpr std::array<Names, 11> kButtons{"modbus", "branch", "item",     "plc",         "copy", "cut",
-                                         "paste",  "delete", "pastitem", "pastcomment", "find"};
-
-constexpr std::span<const Names> one(const Names& name) {
-    return {&name, 1};
-}
-
-constexpr std::array<FlagTargets, kFlagCount> kTargets{{
-    {kFileO, kFileOButtons},
-    {kFileS, kFileSButtons},
-    {one(kEntries[0]), one(kButtons[0])},
-    {one(kEntries[1]), one(kButtons[1])},
-    {one(kEntries[2]), one(kButtons[2])},
-    {one(kEntries[3]), one(kButtons[3])},
-    {one(kEntries[4]), one(kButtons[4])},
-    {one(kEntries[5]), one(kButtons[5])},
-    {one(kEntries[6]), one(kButtons[6])},
-    {one(kEntries[7]), one(kButtons[7])},
-    {kView, kViewButtons},
-    {kTools, one(kButtons[10])},
-    {one(kEntries[8]), one(kButtons[8])},
-    {one(kEntries[9]), one(kButtons[9])},
 }};
 
 }  // namespace
@@ -80,18 +47,18 @@ Situation situationOf(NodeTag tag) {
     return Situation::Start;
 }
 
-const FlagTargets& targetsOf(EnablingFlag flag) {
-    return kTargets[flag];
-}
-
 void EnMenuButt(CommandBar& commands, const EnablingRow& row) {
-    for (std::size_t flag = 0; flag < kFlagCount; ++flag) {
-        for (const auto& menu : kTargets[flag].menus) commands.enableMenu(menu, row[flag]);
-        for (const auto& button : kTargets[flag].buttons) commands.enableButton(button, row[flag]);
+    for (const CommandRow& command : commandRows()) {
+        if (command.flag == kAlways) continue;
+        commands.enableMenu(command.name, row[command.flag]);
+        if (!command.button.key.empty()) commands.enableButton(command.button.key, row[command.flag]);
     }
+    commands.enableMenu("mnuFile", row[fileO]);
     // Delete counts for the Objects menu and not for Edit, where it stands: kept, users know it so.
     commands.enableMenu("mnuObjects", row[ambO] || row[abrO] || row[aitO] || row[aplO] || row[dltO]);
     commands.enableMenu("mnuEdit", row[cpyO] || row[cutO] || row[pstO]);
+    commands.enableMenu("mnuView", row[vewO]);
+    commands.enableMenu("mnuTools", row[tolO]);
 }
 
 }  // namespace trevandix

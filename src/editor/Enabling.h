@@ -2,8 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <span>
-#include <string_view>
 
 #include "model/StructureTree.h"
 #include "platform/MainWindow.h"
@@ -28,6 +26,8 @@ enum EnablingFlag : std::size_t {
     pCo,
     kFlagCount
 };
+/// Of a command that no switch turns off.
+inline constexpr EnablingFlag kAlways = kFlagCount;
 
 /// Which commands are usable: one row of switches.
 using EnablingRow = std::array<bool, kFlagCount>;
@@ -49,14 +49,7 @@ enum class Situation {
 const EnablingRow& enablingRow(Situation situation);
 Situation situationOf(NodeTag tag);
 
-/// What one switch turns on and off.
-struct FlagTargets {
-    std::span<const std::string_view> menus;
-    std::span<const std::string_view> buttons;
-};
-const FlagTargets& targetsOf(EnablingFlag flag);
-
-/// Sets every menu entry and toolbar button to its switch.
+/// Sets every menu, entry and toolbar button to its switch.
 void EnMenuButt(CommandBar& commands, const EnablingRow& row);
 
 }  // namespace trevandix

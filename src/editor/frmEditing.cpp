@@ -1,9 +1,5 @@
 #include "editor/frmEditing.h"
 
-#include <algorithm>
-#include <array>
-#include <utility>
-
 #include "editor/CommandTable.h"
 
 namespace trevandix {
@@ -54,49 +50,15 @@ bool frmEditing::offerRecovery() {
     return recovered;
 }
 
-frmEditing::Handler frmEditing::handlerOf(std::string_view command) {
-    using Row = std::pair<std::string_view, Handler>;
-    static constexpr std::array kHandlers{
-        Row{"mnuNewCfg", [](frmEditing& f) { f.file_.mnuNewCfg_Click(); }},
-        Row{"mnuOpenCfg", [](frmEditing& f) { f.file_.mnuOpenCfg_Click(); }},
-        Row{"mnuSaveCfg", [](frmEditing& f) { f.file_.mnuSaveCfg_Click(); }},
-        Row{"mnuSaveAs", [](frmEditing& f) { f.file_.mnuSaveAs_Click(); }},
-        Row{"mnuCloseCfg", [](frmEditing& f) { f.file_.mnuCloseCfg_Click(); }},
-        Row{"mnuExit", [](frmEditing& f) { f.file_.mnuExit_Click(); }},
-        Row{"mnuAddMBType", [](frmEditing& f) { f.objects_.mnuAddMBType_Click(); }},
-        Row{"mnuAddPlc", [](frmEditing& f) { f.objects_.mnuAddPlc_Click(); }},
-        Row{"mnuAddBranch", [](frmEditing& f) { f.objects_.mnuAddBranch_Click(); }},
-        Row{"mnuAddItem", [](frmEditing& f) { f.objects_.mnuAddItem_Click(); }},
-        Row{"mnuCopy", [](frmEditing& f) { f.clipboard_.mnuCopy_Click(); }},
-        Row{"mnuCut", [](frmEditing& f) { f.clipboard_.mnuCut_Click(); }},
-        Row{"mnuPaste", [](frmEditing& f) { f.clipboard_.mnuPaste_Click(); }},
-        Row{"mnuDelete", [](frmEditing& f) { f.clipboard_.mnuDelete_Click(); }},
-        Row{"mnuPasteName", [](frmEditing& f) { f.bulkPaste_.mnuPasteName_Click(); }},
-        Row{"mnuPasteComment", [](frmEditing& f) { f.bulkPaste_.mnuPasteComment_Click(); }},
-        Row{"mnuIcon", [](frmEditing& f) { f.views_.setMode(ListMode::Icon); }},
-        Row{"mnuSmallIcon", [](frmEditing& f) { f.views_.setMode(ListMode::SmallIcon); }},
-        Row{"mnuList", [](frmEditing& f) { f.views_.setMode(ListMode::List); }},
-        Row{"mnuReport", [](frmEditing& f) { f.views_.setMode(ListMode::Report); }},
-        Row{"mnuFind", [](frmEditing& f) { f.find_.mnuFind_Click(); }},
-        Row{"cmdNext", [](frmEditing& f) { f.find_.findNextByKey(); }},
-        Row{"openObject", [](frmEditing& f) { f.openObject(); }},
-        Row{"mnuAbout", [](frmEditing& f) { f.context_.platform.window.showAboutBox(); }},
-    };
-    const auto* row = std::ranges::find(kHandlers, command, &Row::first);
-    return row == kHandlers.end() ? nullptr : row->second;
-}
-
 void frmEditing::commandChosen(std::string_view command) {
     react([&] {
-        if (const Handler handler = handlerOf(command)) handler(*this);
+        if (const CommandRow* row = commandNamed(command)) row->run(*this);
     });
 }
 
 void frmEditing::Toolbar1_ButtonClick(std::string_view key) {
     context_.guarded("Toolbar1_ButtonClick", [&] {
-        const auto buttons = commandTables().buttons;
-        const auto button = std::ranges::find(buttons, key, &ToolButtonSpec::key);
-        if (button != buttons.end()) commandChosen(button->command);
+        if (const CommandRow* row = commandOfButton(key)) commandChosen(row->name);
     });
 }
 

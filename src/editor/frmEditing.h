@@ -4,6 +4,7 @@
 
 #include "editor/BulkPaste.h"
 #include "editor/ClipboardEditing.h"
+#include "editor/CommandTable.h"
 #include "editor/DragAndDrop.h"
 #include "editor/EditorContext.h"
 #include "editor/FileCommands.h"
@@ -53,9 +54,7 @@ public:
     void fileDropped(const std::string& filePath) override;
 
 private:
-    using Handler = void (*)(frmEditing&);
-    /// The handler of a command, or nullptr for an unknown name.
-    static Handler handlerOf(std::string_view command);
+    friend std::span<const CommandRow> commandRows();  // whose handlers call the families
     /// The dialog of the selected object, as after a double click in the view that has the keyboard.
     void openObject();
 

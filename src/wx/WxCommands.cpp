@@ -12,79 +12,80 @@ namespace trevandix {
 
 namespace {
 
-wxString label(const MenuEntrySpec& entry) {
-    wxString text = toWx(entry.caption);
-    if (!entry.shortcut.empty()) text += "\t" + toWx(entry.shortcut);
+wxString label(const CommandSpec& command) {
+    wxString text = toWx(command.caption);
+    // A menu bar holds menus only, so a command of its own stands in one.
+    if (command.menu == command.name) text += " " + toWx(kProduct) + "...";
+    if (!command.shortcut.empty()) text += "\t" + toWx(command.shortcut);
     return text;
 }
 
-const MenuEntrySpec* findEntry(const CommandTables& tables, std::string_view name) {
-    for (const MenuSpec& menu : tables.menus) {
-        const auto entry = std::ranges::find(menu.entries, name, &MenuEntrySpec::name);
-        if (entry != menu.entries.end()) return &*entry;
+wxString toolTip(const CommandSpec& command) {
+    wxString text = wxMenuItem::GetLabelText(toWx(command.caption));
+    if (!command.shortcut.empty()) text += " (" + toWx(command.shortcut) + ")";
+    return text;
+}
+
+/// The commands with a button, in the order of the buttons.
+std::vector<const CommandSpec*> withButton(std::span<const CommandSpec> commands) {
+    std::vector<const CommandSpec*> shown;
+    for (const CommandSpec& command : commands) {
+        if (!command.button.key.empty()) shown.push_back(&command);
     }
-    return nullptr;
-}
-
-wxString toolTip(const MenuEntrySpec& entry) {
-    wxString text = wxMenuItem::GetLabelText(toWx(entry.caption));
-    if (!entry.shortcut.empty()) text += " (" + toWx(entry.shortcut) + ")";
-    return text;
+    std::ranges::sort(shown, {}, [](const CommandSpec* command) { return command->button.place; });
+    return shown;
 }
 
 }  // namespace
 
 WxCommands::WxCommands(wxFrame& frame, const CommandTables& tables, Choose choose, Choose press)
-    : frame_(frame), shortcuts_(tables.shortcuts), choose_(std::move(choose)), press_(std::move(press)) {
+    : frame_(frame), commands_(tables.commands), choose_(std::move(choose)), press_(std::move(press)) {
     buildMenus(tables.menus);
-    buildToolBar(tables);
+    buildToolBar();
 }
 
 void WxCommands::buildMenus(std::span<const MenuSpec> menus) {
     auto* bar = new wxMenuBar;
-    const auto add = [this](wxMenu& menu, std::string_view name, const wxString& text,
-                            std::string_view hint) {
-        const wxWindowIDRef id = wxWindow::NewControlId();
-        entries_.push_back({name, menu.Append(id, text, toWx(hint))});
-        setAccessibleDescription(*entries_.back().item);
-        frame_.Bind(wxEVT_MENU, &WxCommands::onMenu, this, id);
-    };
     for (const MenuSpec& shape : menus) {
         auto* menu = new wxMenu;
-        for (const MenuEntrySpec& entry : shape.entries) {
-            if (entry.name.empty()) {
-                menu->AppendSeparator();
-            } else {
-                add(*menu, entry.name, label(entry), entry.hint);
-            }
+        for (const CommandSpec& command : commands_) {
+            if (command.menu == shape.name) appendCommand(*menu, command);
         }
-        // A menu bar holds menus only, so a command of its own stands in one.
-        if (shape.entries.empty())
-            add(*menu, shape.name, toWx(shape.caption) + " " + toWx(kProduct) + "...", "Version and maker");
         menus_.push_back({shape.name});
         bar->Append(menu, toWx(shape.caption));
     }
     frame_.SetMenuBar(bar);
 }
 
-void WxCommands::buildToolBar(const CommandTables& tables) {
+void WxCommands::appendCommand(wxMenu& menu, const CommandSpec& command) {
+    if (command.name.empty()) {
+        menu.AppendSeparator();
+        return;
+    }
+    const wxWindowIDRef id = wxWindow::NewControlId();
+    entries_.push_back({command.name, menu.Append(id, label(command), toWx(command.hint))});
+    setAccessibleDescription(*entries_.back().item);
+    frame_.Bind(wxEVT_MENU, &WxCommands::onMenu, this, id);
+}
+
+void WxCommands::buildToolBar() {
     bar_ = new WxButtonBar(&frame_);
     wxToolBar* group = nullptr;
     int number = -1;
-    for (const ToolButtonSpec& shape : tables.buttons) {
-        if (std::exchange(number, shape.group) != shape.group) {
+    for (const CommandSpec* command : withButton(commands_)) {
+        const ToolButtonSpec& shape = command->button;
+        if (const int tens = shape.place / 10; std::exchange(number, tens) != tens) {
             if (group != nullptr) {
                 group->AddSeparator();
                 group->Realize();
             }
             group = &bar_->addGroup();
         }
-        const MenuEntrySpec* entry = findEntry(tables, shape.command);
-        const wxString name = toWx(entry != nullptr ? entry->caption : shape.key);
-        const wxString tip = entry != nullptr ? toolTip(*entry) : name;
+        const std::string_view image = shape.image.empty() ? shape.key : shape.image;
         const int id = wxWindow::NewControlId();
-        group->AddTool(id, wxMenuItem::GetLabelText(name), iconBundle(shape.image, kToolbarIconSize),
-                       fadedIconBundle(shape.image, kToolbarIconSize), wxITEM_NORMAL, tip);
+        group->AddTool(id, wxMenuItem::GetLabelText(toWx(command->caption)),
+                       iconBundle(image, kToolbarIconSize), fadedIconBundle(image, kToolbarIconSize),
+                       wxITEM_NORMAL, toolTip(*command));
         frame_.Bind(wxEVT_TOOL, &WxCommands::onTool, this, id);
         buttons_.push_back({shape.key, group, id});
     }
@@ -122,11 +123,11 @@ void WxCommands::onTool(wxCommandEvent& event) {
 }
 
 bool WxCommands::followsShortcut(const wxKeyEvent& event) const {
-    for (const ShortcutSpec& shape : shortcuts_) {
+    for (const CommandSpec& command : commands_) {
         wxAcceleratorEntry key;
-        if (!key.FromString(toWx(shape.shortcut))) continue;
+        if (!command.menu.empty() || !key.FromString(toWx(command.shortcut))) continue;
         if (key.GetKeyCode() != event.GetKeyCode() || key.GetFlags() != event.GetModifiers()) continue;
-        choose_(shape.command);
+        choose_(command.name);
         return true;
     }
     return false;

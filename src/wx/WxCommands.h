@@ -20,8 +20,8 @@ class WxCommands : public CommandBar {
 public:
     using Choose = std::function<void(std::string_view name)>;
 
-    /// `tables` must outlive it. `choose` gets the name of every enabled command that the user picks, `press`
-    /// the key of every enabled button.
+    /// What `tables` refers to must outlive it. `choose` gets the name of every enabled command that the user
+    /// picks, `press` the key of every enabled button.
     WxCommands(wxFrame& frame, const CommandTables& tables, Choose choose, Choose press);
 
     void enableMenu(std::string_view name, bool enabled) override;
@@ -53,13 +53,14 @@ private:
     };
 
     void buildMenus(std::span<const MenuSpec> menus);
-    void buildToolBar(const CommandTables& tables);
+    void appendCommand(wxMenu& menu, const CommandSpec& command);
+    void buildToolBar();
     void appendEntries(wxMenu& popup, std::string_view menu);
     void onMenu(wxCommandEvent& event);
     void onTool(wxCommandEvent& event);
 
     wxFrame& frame_;
-    std::span<const ShortcutSpec> shortcuts_;
+    std::span<const CommandSpec> commands_;
     Choose choose_;
     Choose press_;
     WxButtonBar* bar_ = nullptr;
