@@ -8,6 +8,7 @@
 #include "model/ItemChoices.h"
 #include "model/Numbers.h"
 #include "model/TypeNames.h"
+#include "model/ValueTypes.h"
 
 namespace trevandix {
 

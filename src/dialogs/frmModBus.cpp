@@ -1,10 +1,9 @@
 #include "dialogs/frmModBus.h"
 
-#include <algorithm>
 #include <array>
 #include <vector>
 
-#include "model/TypeNames.h"
+#include "model/ValueTypes.h"
 
 namespace trevandix {
 
@@ -59,7 +58,7 @@ void frmModBus::show() {
 
 void frmModBus::Form_Load() {
     std::vector<std::string> names;
-    for (const DataTypePreset& preset : kDataTypePresets) names.emplace_back(preset.name);
+    for (const ModbusTable& table : modbusTables()) names.emplace_back(table.label);
     form_->setItems("cmbMBType", names);
     form_->setEnabled("txtSingleCode", false);  // goes with the check box
     if (!edit_) return;
@@ -71,7 +70,7 @@ void frmModBus::loadCodes() {
     const auto record = context_.configuration.dataTypes.at(editedName_);
     form_->setText("txtReadCode", std::to_string(record->getReadCode()));
     disableWriting();
-    if (contains(editedName_, "input")) return;
+    if (isReadOnly(editedName_)) return;
     form_->setText("txtWriteCode", std::to_string(record->getWriteCode()));
     const bool single = record->getSingleWrCode() > 0;
     form_->setChecked("chkSingle", single);
@@ -92,15 +91,15 @@ void frmModBus::disableWriting() {
 
 void frmModBus::cmbMBType_Click() {
     disableWriting();
-    const auto* preset = std::ranges::find(kDataTypePresets, form_->text("cmbMBType"), &DataTypePreset::name);
-    if (preset == kDataTypePresets.end()) {  // the name of the edited record
+    const ModbusTable* table = tableOf(form_->text("cmbMBType"));
+    if (table == nullptr) {  // the name of the edited record
         loadCodes();
         return;
     }
-    form_->setText("txtReadCode", preset->readCode);
-    if (preset->writeCode.empty()) return;
-    form_->setText("txtWriteCode", preset->writeCode);
-    form_->setText("txtSingleCode", preset->singleCode);
+    form_->setText("txtReadCode", std::to_string(table->readCode));
+    if (!table->writable()) return;
+    form_->setText("txtWriteCode", std::to_string(table->writeCode));
+    form_->setText("txtSingleCode", std::to_string(table->singleWrCode));
     form_->setChecked("chkSingle", true);
     for (const std::string_view control : {"txtWriteCode", "txtSingleCode", "chkSingle"}) {
         form_->setEnabled(control, true);

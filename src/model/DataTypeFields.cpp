@@ -1,7 +1,7 @@
 #include "model/DataTypeFields.h"
 
 #include "model/Numbers.h"
-#include "model/TypeNames.h"
+#include "model/ValueTypes.h"
 
 namespace trevandix {
 
@@ -12,7 +12,7 @@ std::optional<Refusal> refusal(const DataTypeFields& type, const Configuration& 
         }
     }
     if (!isNumeric(type.readCode)) return Refusal{"readCode", "Check Read Function code"};
-    if (!contains(type.name, "input") && !isNumeric(type.writeCode))
+    if (!isReadOnly(type.name) && !isNumeric(type.writeCode))
         return Refusal{"writeCode", "Check Write Function code"};
     if (type.single && !isNumeric(type.singleCode))
         return Refusal{"singleCode", "Check Single Write Function code"};

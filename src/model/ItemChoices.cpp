@@ -1,28 +1,21 @@
 #include "model/ItemChoices.h"
 
+#include "model/ValueTypes.h"
+
 namespace trevandix {
 
 std::vector<std::string> valueTypesOf(std::string_view table) {
-    if (table != "holding register" && table != "input register") return {"boolean", "boolean array"};
-    return {"boolean",
-            "unsigned 16 bit",
-            "unsigned 32 bit",
-            "signed 16 bit",
-            "signed 32 bit",
-            "32 bit float",
-            "boolean array",
-            "unsigned 8 bit array",
-            "unsigned 16 bit array",
-            "unsigned 32 bit array",
-            "signed 8 bit array",
-            "signed 16 bit array",
-            "signed 32 bit array",
-            "32 bit float array",
-            "string"};
+    const ModbusTable* known = tableOf(table);
+    std::vector<std::string> labels;
+    for (const ValueType& type : valueTypes()) {
+        if (type.bitwise() || (known != nullptr && known->registers)) labels.emplace_back(type.label);
+    }
+    return labels;
 }
 
 std::vector<std::string> accessRightsOf(std::string_view table) {
-    if (table == "input status" || table == "input register") return {"READ"};
+    const ModbusTable* known = tableOf(table);
+    if (known != nullptr && !known->writable()) return {"READ"};
     return {"READ", "WRITE", "READWRITE"};
 }
 

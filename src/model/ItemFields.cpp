@@ -1,7 +1,7 @@
 #include "model/ItemFields.h"
 
 #include "model/Numbers.h"
-#include "model/TypeNames.h"
+#include "model/ValueTypes.h"
 
 namespace trevandix {
 

@@ -5,6 +5,8 @@
 
 namespace trevandix {
 
+struct ValueType;
+
 /// Both directions work on whole types: table and value type in one text.
 /// Display: table label, ":", value type label ("holding register:signed 16 bit"); a data type has the table
 /// alone. File: table name, one blank, value type name ("HREGISTER VT_I2"). Unknown value types yield the
@@ -21,19 +23,7 @@ struct ItemType {
 /// there.
 ItemType splitDataType(std::string_view dataType);
 
-inline bool contains(std::string_view text, std::string_view part) {
-    return text.find(part) != std::string_view::npos;
-}
-inline bool isBoolean(std::string_view label) {
-    return contains(label, "boolean");
-}
-/// Value types that have a bit number in this table: booleans inside a register.
-inline bool hasBitNumber(std::string_view table, std::string_view label) {
-    return isBoolean(label) && !contains(table, "coil") && !contains(table, "input status");
-}
-/// Value types that have a number of elements.
-inline bool hasElements(std::string_view label) {
-    return contains(label, "array") || label == "string";
-}
+/// The value type behind the separator of `dataType`; nullptr when it has none that is known.
+const ValueType* valueTypeIn(std::string_view dataType);
 
 }  // namespace trevandix

@@ -8,6 +8,7 @@
 #include "model/ItemFields.h"
 #include "model/Numbers.h"
 #include "model/TypeNames.h"
+#include "model/ValueTypes.h"
 #include "model/XmlFields.h"
 #include "platform/ListView.h"
 #include "platform/Xml.h"
@@ -45,8 +46,9 @@ const FileType& fileTypeOf(const InternedText& label) {
     if (isNew) {
         FileType& type = place->second;
         type.name = fileTypeName(label.str());
-        type.bit = contains(type.name, "VT_BOOL");
-        type.elements = contains(type.name, "ARRAY") || contains(type.name, "VT_BSTR");
+        const ValueType* valueType = valueTypeIn(label.str());
+        type.bit = valueType != nullptr && valueType->bitwise();
+        type.elements = valueType != nullptr && valueType->elements;
     }
     return place->second;
 }
@@ -140,12 +142,8 @@ std::string clsItem::addressText(std::string_view label) const {
 }
 
 std::string clsItem::indexText(std::string_view table) const {
-    constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kCodes{
-        {{"input status", "IS"}, {"coil", "CO"}, {"holding register", "HR"}, {"input register", "IR"}}};
-    std::string text;
-    for (const auto& [name, code] : kCodes) {
-        if (table == name) text = code;
-    }
+    const ModbusTable* known = tableOf(table);
+    const std::string text(known != nullptr ? known->sortCode : std::string_view());
     return text + padded(nAddress_, 5) + padded(nBitNumber_, 2);
 }
 

@@ -3,6 +3,7 @@
 #include "model/DataTypeFields.h"
 #include "model/Numbers.h"
 #include "model/TypeNames.h"
+#include "model/ValueTypes.h"
 #include "model/XmlFields.h"
 #include "platform/ListView.h"
 
@@ -18,7 +19,7 @@ void clsModBusType::SetByXml(const XmlElement& element) {
 void clsModBusType::SetByForm(const DataTypeFields& fields) {
     sName_ = fields.name;
     nReadCode_ = byteValue(fields.readCode);
-    nWriteCode_ = contains(sName_, "input") ? std::uint8_t{0} : byteValue(fields.writeCode);
+    nWriteCode_ = isReadOnly(sName_) ? std::uint8_t{0} : byteValue(fields.writeCode);
     nSingleWrCode_ = fields.single ? byteValue(fields.singleCode) : std::uint8_t{0};
 }
 

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace trevandix {
+
+/// One of the four tables of a Modbus device.
+struct ModbusTable {
+    std::string_view label;
+    std::string_view file;      ///< its name in the file
+    std::string_view sortCode;  ///< begins the sort key of its items
+    bool registers;             ///< of 16 bits; else each address is one bit
+    std::uint8_t readCode;      ///< usual Modbus function codes, like the following two
+    std::uint8_t writeCode;     ///< of several values; 0 for a table that is only read
+    std::uint8_t singleWrCode;
+
+    constexpr bool writable() const { return writeCode != 0; }
+};
+
+/// A kind of value that an item may have. What is done with items of a type follows from its row.
+struct ValueType {
+    std::string_view label;
+    std::string_view file;  ///< its name in the file
+    std::int32_t bits;      ///< of one element; 0 when unknown
+    bool elements;          ///< an array or a string: has a number of elements
+
+    /// In a register, it stands at one of the bits.
+    constexpr bool bitwise() const { return bits == 1; }
+};
+
+std::span<const ModbusTable> modbusTables();
+/// The value types in the order in which they are offered.
+std::span<const ValueType> valueTypes();
+
+/// nullptr for any other label.
+const ModbusTable* tableOf(std::string_view label);
+/// The table whose label the name of a data type contains; nullptr for none.
+const ModbusTable* tableIn(std::string_view name);
+const ModbusTable* tableInFile(std::string_view fileName);
+/// Knows the labels of `valueTypes` and "array", which is only read and kept. nullptr for any other.
+const ValueType* valueTypeOf(std::string_view label);
+const ValueType* valueTypeOfFile(std::string_view fileName);
+
+inline bool isBoolean(std::string_view label) {
+    const ValueType* type = valueTypeOf(label);
+    return type != nullptr && type->bitwise();
+}
+/// Booleans inside a register have a bit number.
+inline bool hasBitNumber(std::string_view table, std::string_view label) {
+    const ModbusTable* known = tableIn(table);
+    return isBoolean(label) && (known == nullptr || known->registers);
+}
+inline bool hasElements(std::string_view label) {
+    const ValueType* type = valueTypeOf(label);
+    return type != nullptr && type->elements;
+}
+/// Of the name of a data type; an unknown one may be written.
+inline bool isReadOnly(std::string_view name) {
+    const ModbusTable* table = tableIn(name);
+    return table != nullptr && !table->writable();
+}
+
+}  // namespace trevandix
