@@ -12,8 +12,7 @@ ItemPlace advanced(ItemPlace place, std::string_view table, std::string_view lab
     if (type == nullptr) return place;
     const std::int32_t count = type->elements ? elements : 1;
     if (type->bitwise()) {
-        const ModbusTable* known = tableIn(table);
-        if (known == nullptr || !known->registers) return {place.address + count, place.bit};
+        if (!hasRegisters(table)) return {place.address + count, place.bit};
         const std::int32_t total = place.bit + count;
         return {place.address + total / kRegisterBits, total % kRegisterBits};
     }

@@ -56,10 +56,12 @@ inline bool hasElements(std::string_view label) {
     const ValueType* type = valueTypeOf(label);
     return type != nullptr && type->elements;
 }
-/// Of the name of a data type; an unknown one may be written.
+/// By the words of a data type's name, which also decide for a table that is none of the four.
 inline bool isReadOnly(std::string_view name) {
-    const ModbusTable* table = tableIn(name);
-    return table != nullptr && !table->writable();
+    return name.find("input") != std::string_view::npos;
+}
+inline bool hasRegisters(std::string_view name) {
+    return name.find("register") != std::string_view::npos;
 }
 
 }  // namespace trevandix
