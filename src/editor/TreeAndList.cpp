@@ -1,43 +1,8 @@
 #include "editor/TreeAndList.h"
 
-#include <array>
-#include <span>
+#include "model/RecordField.h"
 
 namespace trevandix {
-
-namespace {
-
-struct Column {
-    std::string_view header;
-    double width;
-};
-
-constexpr std::array kUnitColumns{Column{"Unit Name", 0.5}, Column{"ModBus Unit Identifier", 0.4}};
-constexpr std::array kDataTypeColumns{Column{"Data Type Name", 0.4}, Column{"Read Code", 0.2},
-                                      Column{"Write Code", 0.2}, Column{"Single Write Code", 0.2}};
-// A branch shows all of these, a single item all but the index.
-constexpr std::array kItemColumns{
-    Column{"Item Name", 0.4},   Column{"Comment", 0.4},     Column{"Address", 0.2}, Column{"DataType", 0.2},
-    Column{"ModBus Type", 0.2}, Column{"Access Rights", 0}, Column{"Index", 0.3}};
-
-std::span<const Column> columnsOf(NodeTag tag) {
-    switch (tag) {
-        case NodeTag::Config:
-        case NodeTag::Plc:
-            return kUnitColumns;
-        case NodeTag::ModBus:
-            return kDataTypeColumns;
-        case NodeTag::Branch:
-            return kItemColumns;
-        case NodeTag::Item:
-            return std::span(kItemColumns).first(kItemColumns.size() - 1);
-        case NodeTag::DataType:
-            break;
-    }
-    return {};
-}
-
-}  // namespace
 
 void TreeAndList::TreeView1_NodeClick(TreeNode& node) {
     context_.guarded("TreeView1_NodeClick", [&] {
@@ -83,9 +48,23 @@ void TreeAndList::enableFor(const TreeNode& node) const {
 }
 
 void TreeAndList::showColumns(NodeTag tag) {
-    const auto columns = columnsOf(tag);
-    for (const Column& column : columns) context_.list.addColumn(column.header, column.width);
-    if (!columns.empty()) context_.list.setMode(ListMode::Report);
+    const auto show = [&](auto columns) {
+        for (const auto& column : columns) context_.list.addColumn(column.header, column.width);
+        context_.list.setMode(ListMode::Report);
+    };
+    switch (tag) {
+        case NodeTag::Config:
+        case NodeTag::Plc:
+            return show(clsPLC::columns());
+        case NodeTag::ModBus:
+            return show(clsModBusType::columns());
+        case NodeTag::Branch:
+            return show(clsItem::columns());
+        case NodeTag::Item:  // alone, it needs no index to be sorted by
+            return show(clsItem::columns().first(clsItem::columns().size() - 1));
+        case NodeTag::DataType:
+            return;
+    }
 }
 
 void TreeAndList::showUnits() {

@@ -19,6 +19,12 @@ std::string_view requiredAttribute(const XmlElement& element, std::string_view n
     return *value;
 }
 
+std::string attributeStart(std::string_view name) {
+    // The blanks around these equals signs and no others: kept, existing files are compared by their bytes.
+    const bool blanks = name == "address" || name == "readcode";
+    return " " + std::string(name) + (blanks ? " = \"" : "=\"");
+}
+
 void appendNumber(std::string& out, int value) {
     std::array<char, 12> digits;
     const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value);
@@ -29,13 +35,6 @@ void appendElement(std::string& out, int tabs, std::string_view name, std::strin
     out.append(static_cast<std::size_t>(tabs), '\t');
     (((out += '<') += name) += '>') += value;
     ((out += "</") += name) += '>';
-}
-
-void appendElement(std::string& out, int tabs, std::string_view name, int value) {
-    std::array<char, 12> digits;
-    const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-    appendElement(out, tabs, name,
-                  std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data())));
 }
 
 }  // namespace trevandix

@@ -13,9 +13,11 @@ std::string_view requiredAttribute(const XmlElement& element, std::string_view n
 /// Throws ObjectNotSet, naming the element and what it lacks (an "attribute" or an "element").
 [[noreturn]] void throwMissing(const XmlElement& element, std::string_view kind, std::string_view name);
 
+/// Blank, name, equals sign and quotation mark, as the writer sets them.
+std::string attributeStart(std::string_view name);
+
 /// Appends tabs, "<name>", value, "</name>".
 void appendElement(std::string& out, int tabs, std::string_view name, std::string_view value);
-void appendElement(std::string& out, int tabs, std::string_view name, int value);
 void appendNumber(std::string& out, int value);
 
 }  // namespace trevandix

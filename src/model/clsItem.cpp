@@ -7,9 +7,9 @@
 
 #include "model/ItemFields.h"
 #include "model/Numbers.h"
+#include "model/RecordField.h"
 #include "model/TypeNames.h"
 #include "model/ValueTypes.h"
-#include "model/XmlFields.h"
 #include "platform/ListView.h"
 #include "platform/Xml.h"
 
@@ -36,47 +36,15 @@ InternedText labelOf(std::string_view fileName) {
 
 struct FileType {
     std::string name;
-    bool bit;
-    bool elements;
+    const ValueType* valueType;
 };
 
 const FileType& fileTypeOf(const InternedText& label) {
     static std::unordered_map<const std::string*, FileType> cache;
     const auto [place, isNew] = cache.try_emplace(&label.str());
-    if (isNew) {
-        FileType& type = place->second;
-        type.name = fileTypeName(label.str());
-        const ValueType* valueType = valueTypeIn(label.str());
-        type.bit = valueType != nullptr && valueType->bitwise();
-        type.elements = valueType != nullptr && valueType->elements;
-    }
+    if (isNew) place->second = {fileTypeName(label.str()), valueTypeIn(label.str())};
     return place->second;
 }
-
-// What stands in front of each value of a tag element, made once for all the items of a depth in a row.
-struct TagFrame {
-    int depth = -1;
-    std::string name, comment, address, dataType, accessRights, dataBit, elements;
-    std::string endAccessRights, endDataBit, endElements, end;
-
-    void setDepth(int newDepth) {
-        if (depth == newDepth) return;
-        const std::string tabs(static_cast<std::size_t>(newDepth), '\t');
-        const auto line = [&](std::string_view begin) { return tabs + "\t<" + std::string(begin) + ">"; };
-        name = tabs + "<tag>\r\n" + line("name");
-        comment = "</name>\r\n" + line("comment");
-        address = "</comment>\r\n" + line("address");
-        dataType = "</address>\r\n" + line("datatype");
-        accessRights = "</datatype>\r\n" + line("accessrights");
-        endAccessRights = "</accessrights>\r\n";
-        dataBit = line("databit");
-        endDataBit = "</databit>\r\n";
-        elements = line("elements");
-        endElements = "</elements>\r\n";
-        end = tabs + "</tag>";
-        depth = newDepth;
-    }
-};
 
 /// At least so many digits, with the sign in front of them.
 std::string padded(std::int64_t value, std::size_t digits) {
@@ -84,77 +52,139 @@ std::string padded(std::int64_t value, std::size_t digits) {
     return (value < 0 ? "-" : "") + std::string(digits - std::min(digits, number.size()), '0') + number;
 }
 
+std::string addressText(const clsItem& item, std::string_view label) {
+    std::string text = std::to_string(item.nAddress());
+    if (isBoolean(label)) text += "/BIT" + padded(item.nBitNumber(), 2);
+    if (hasElements(label)) text += "/LEN" + std::to_string(item.nElements());
+    return text;
+}
+
+std::string indexText(const clsItem& item, std::string_view table) {
+    const ModbusTable* known = tableOf(table);
+    const std::string text(known != nullptr ? known->sortCode : std::string_view());
+    return text + padded(item.nAddress(), 5) + padded(item.nBitNumber(), 2);
+}
+
+struct Field {
+    std::string_view element;
+    std::string ItemFields::*entered;  ///< nullptr where it is made of several
+    void (*take)(clsItem&, std::string_view text);
+    void (*print)(std::string& out, const clsItem&);
+    bool (*has)(const ValueType&) = nullptr;  ///< the value types that have it; nullptr for every item
+
+    bool isOf(const ValueType* type) const { return has == nullptr || (type != nullptr && has(*type)); }
+};
+
+template <auto member>
+constexpr Field field(std::string_view element, std::string ItemFields::*entered,
+                      bool (*has)(const ValueType&) = nullptr) {
+    return {element, entered, take<member, NumberText::Leading>, print<member>, has};
+}
+
+bool bitwise(const ValueType& type) {
+    return type.bitwise();
+}
+bool withElements(const ValueType& type) {
+    return type.elements;
+}
+
 }  // namespace
 
-void clsItem::SetByXml(const XmlElement& element, const Key& container) {
-    constexpr std::array<std::string_view, 7> kNames{"name",         "comment", "address", "datatype",
-                                                     "accessrights", "databit", "elements"};
-    std::array<XmlElement, kNames.size()> children;
-    for (XmlElement child = element.firstChild(); child; child = child.nextSibling()) {
-        const auto place = static_cast<std::size_t>(std::ranges::find(kNames, child.name()) - kNames.begin());
-        if (place < kNames.size() && !children[place]) children[place] = child;
-    }
-    const auto& [name, comment, address, dataType, accessRights, dataBit, elements] = children;
-    std::string buffer;
-    const auto required = [&](const XmlElement& child, std::string_view childName) {
-        if (!child) throwMissing(element, "element", childName);
-        return child.text(buffer);
+struct clsItem::Tables {
+    // In the order of the file.
+    static constexpr std::array kFields{
+        field<&clsItem::sName_>("name", &ItemFields::name),
+        field<&clsItem::sComment_>("comment", &ItemFields::comment),
+        field<&clsItem::nAddress_>("address", &ItemFields::address),
+        Field{"datatype", nullptr,
+              [](clsItem& item, std::string_view text) { item.sDataType_ = labelOf(text); },
+              [](std::string& out, const clsItem& item) { out += fileTypeOf(item.sDataType_).name; }},
+        field<&clsItem::sAccessRight_>("accessrights", &ItemFields::accessRight),
+        field<&clsItem::nBitNumber_>("databit", &ItemFields::bit, bitwise),
+        field<&clsItem::nElements_>("elements", &ItemFields::elements, withElements),
     };
-    sName_ = required(name, "name");
-    sComment_ = required(comment, "comment");
-    sDataType_ = labelOf(required(dataType, "datatype"));
-    if (elements) nElements_ = toInt16(leadingNumber(elements.text(buffer)));
-    nAddress_ = toInt32(leadingNumber(required(address, "address")));
-    nBitNumber_ = dataBit ? toInt16(leadingNumber(dataBit.text(buffer))) : std::int16_t{0};
-    sAccessRight_ = InternedText(required(accessRights, "accessrights"));
+    static constexpr std::array kColumns{
+        Column{"Item Name", 0.4, [](const clsItem& item, const ItemType&) { return item.sName_; }},
+        Column{"Comment", 0.4, [](const clsItem& item, const ItemType&) { return item.sComment_; }},
+        Column{"Address", 0.2,
+               [](const clsItem& item, const ItemType& type) { return addressText(item, type.label); }},
+        Column{"DataType", 0.2, [](const clsItem&, const ItemType& type) { return std::string(type.label); }},
+        Column{"ModBus Type", 0.2,
+               [](const clsItem&, const ItemType& type) { return std::string(type.table); }},
+        Column{"Access Rights", 0, [](const clsItem& item, const ItemType&) { return item.sAccessRight(); }},
+        Column{"Index", 0.3,
+               [](const clsItem& item, const ItemType& type) { return indexText(item, type.table); }},
+    };
+
+    // What stands around each value of a tag element, made once for all the items of a depth in a row.
+    struct Frame {
+        int depth = -1;
+        std::string begin, end;
+        std::array<std::string, kFields.size()> starts, ends;
+
+        void setDepth(int newDepth) {
+            if (depth == newDepth) return;
+            const std::string tabs(static_cast<std::size_t>(newDepth), '\t');
+            begin = tabs + "<tag>\r\n";
+            for (std::size_t i = 0; i < kFields.size(); ++i) {
+                const std::string name(kFields[i].element);
+                starts[i] = tabs + "\t<" + name + ">";
+                ends[i] = "</" + name + ">\r\n";
+            }
+            end = tabs + "</tag>";
+            depth = newDepth;
+        }
+    };
+};
+
+std::span<const clsItem::Column> clsItem::columns() {
+    return Tables::kColumns;
+}
+
+std::vector<clsItem::Element> clsItem::elements() {
+    std::vector<Element> elements;
+    for (const Field& field : Tables::kFields) elements.push_back({field.element, field.has == nullptr});
+    return elements;
+}
+
+void clsItem::SetByXml(const XmlElement& element, const Key& container) {
+    constexpr const auto& kFields = Tables::kFields;
+    std::array<XmlElement, kFields.size()> children;
+    for (XmlElement child = element.firstChild(); child; child = child.nextSibling()) {
+        const auto place = static_cast<std::size_t>(
+            std::ranges::find(kFields, child.name(), &Field::element) - kFields.begin());
+        if (place < kFields.size() && !children[place]) children[place] = child;
+    }
+    std::string buffer;
+    for (std::size_t i = 0; i < kFields.size(); ++i) {
+        if (children[i])
+            kFields[i].take(*this, children[i].text(buffer));
+        else if (kFields[i].has == nullptr)
+            throwMissing(element, "element", kFields[i].element);
+    }
     sKey_ = Key(container, sName_);
 }
 
 void clsItem::SetByForm(const ItemFields& fields, const Key& container) {
-    sName_ = fields.name;
-    sComment_ = fields.comment;
-    if (hasElements(fields.type)) nElements_ = toInt16(leadingNumber(fields.elements));
-    nAddress_ = toInt32(leadingNumber(fields.address));
-    nBitNumber_ = isBoolean(fields.type) ? toInt16(leadingNumber(fields.bit)) : std::int16_t{0};
+    const ValueType* type = valueTypeOf(fields.type);
+    for (const Field& field : Tables::kFields) {
+        if (field.entered != nullptr && field.isOf(type)) field.take(*this, fields.*field.entered);
+    }
     sDataType(fields.table + ":" + fields.type);
-    sAccessRight(fields.accessRight);
     sKey_ = Key(container, sName_);
 }
 
 void clsItem::SetByCopy(const clsItem& source, const Key& container, std::int16_t copyCounter) {
     const bool besideSource = source.getParentKey() == container.view();
-    sName_ = source.sName_;
+    *this = source;
     if (besideSource) sName_ += "_" + std::to_string(copyCounter);
-    sComment_ = source.sComment_;
-    sDataType_ = source.sDataType_;
-    nElements_ = source.nElements_;
-    nAddress_ = source.nAddress_;
-    nBitNumber_ = source.nBitNumber_;
-    sAccessRight_ = source.sAccessRight_;
     sKey_ = Key(container, sName_);
 }
 
-std::string clsItem::addressText(std::string_view label) const {
-    std::string text = std::to_string(nAddress_);
-    if (isBoolean(label)) text += "/BIT" + padded(nBitNumber_, 2);
-    if (hasElements(label)) text += "/LEN" + std::to_string(nElements_);
-    return text;
-}
-
-std::string clsItem::indexText(std::string_view table) const {
-    const ModbusTable* known = tableOf(table);
-    const std::string text(known != nullptr ? known->sortCode : std::string_view());
-    return text + padded(nAddress_, 5) + padded(nBitNumber_, 2);
-}
-
 void clsItem::AddToListView(ListView& list, bool index) const {
-    const auto [table, label] = splitDataType(sDataType());
-    ListRow row{sKey_.str(), sName_, "item", "item", {}};
-    row.subItems.reserve(index ? 6 : 5);
-    row.subItems.assign(
-        {sComment_, addressText(label), std::string(label), std::string(table), sAccessRight()});
-    if (index) row.subItems.push_back(indexText(table));
-    list.addRow(std::move(row));
+    const std::span<const Column> shown(Tables::kColumns);
+    addRow(list, sKey_.str(), "item", "item", shown.first(shown.size() - (index ? 0 : 1)), *this,
+           splitDataType(sDataType()));
 }
 
 std::string clsItem::GetXmlTag(int depth) const {
@@ -164,21 +194,15 @@ std::string clsItem::GetXmlTag(int depth) const {
 }
 
 void clsItem::appendXmlTag(std::string& out, int depth) const {
-    static TagFrame frame;
+    static Tables::Frame frame;
     frame.setDepth(depth);
-    const FileType& type = fileTypeOf(sDataType_);
-    ((out += frame.name) += sName_) += frame.comment;
-    (out += sComment_) += frame.address;
-    appendNumber(out, nAddress_);
-    ((out += frame.dataType) += type.name) += frame.accessRights;
-    (out += sAccessRight()) += frame.endAccessRights;
-    if (type.bit) {
-        appendNumber(out += frame.dataBit, nBitNumber_);
-        out += frame.endDataBit;
-    }
-    if (type.elements) {
-        appendNumber(out += frame.elements, nElements_);
-        out += frame.endElements;
+    const ValueType* type = fileTypeOf(sDataType_).valueType;
+    out += frame.begin;
+    for (std::size_t i = 0; i < Tables::kFields.size(); ++i) {
+        const Field& field = Tables::kFields[i];
+        if (!field.isOf(type)) continue;
+        field.print(out += frame.starts[i], *this);
+        out += frame.ends[i];
     }
     out += frame.end;
 }

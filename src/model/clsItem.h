@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/InternedText.h"
 #include "model/Key.h"
@@ -11,6 +13,9 @@ namespace trevandix {
 
 class ListView;
 class XmlElement;
+template <typename... Parts>
+struct RecordColumn;
+struct ItemType;
 struct ItemFields;
 
 /// An OPC tag: a named value at a Modbus address of one unit. Members stand in the order of the record's
@@ -49,15 +54,24 @@ public:
     /// counter.
     void SetByCopy(const clsItem& source, const Key& container, std::int16_t copyCounter);
     std::string_view getParentKey() const { return sKey_.parent(); }
-    /// `index` adds the sort key of table, address and bit as a last column.
+    /// The columns of the list. The last is the sort key of table, address and bit.
+    using Column = RecordColumn<clsItem, ItemType>;
+    static std::span<const Column> columns();
+    /// `index` adds the last column.
     void AddToListView(ListView& list, bool index) const;
     /// The tag element at a depth in tabs; lines joined by CR LF, no line end behind the last.
     std::string GetXmlTag(int depth) const;
     void appendXmlTag(std::string& out, int depth) const;
 
+    /// What the file holds of a field, in the order of the elements.
+    struct Element {
+        std::string_view name;
+        bool required;  ///< else only items of some value types have it
+    };
+    static std::vector<Element> elements();
+
 private:
-    std::string addressText(std::string_view label) const;
-    std::string indexText(std::string_view table) const;
+    struct Tables;  // of fields and columns
 
     std::string sName_;
     Key sKey_;

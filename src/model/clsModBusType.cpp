@@ -1,19 +1,63 @@
 #include "model/clsModBusType.h"
 
+#include <array>
+
 #include "model/DataTypeFields.h"
-#include "model/Numbers.h"
+#include "model/RecordField.h"
 #include "model/TypeNames.h"
 #include "model/ValueTypes.h"
-#include "model/XmlFields.h"
-#include "platform/ListView.h"
 
 namespace trevandix {
 
+namespace {
+
+struct Field {
+    std::string_view name;
+    void (*read)(clsModBusType&, std::string_view text);
+    void (*print)(std::string& out, const clsModBusType&);
+};
+
+template <auto member>
+constexpr Field field(std::string_view name) {
+    return {name, take<member, NumberText::Whole>, print<member>};
+}
+
+std::string codeOrEmpty(std::uint8_t code) {
+    return code == 0 ? std::string() : std::to_string(code);
+}
+
+}  // namespace
+
+struct clsModBusType::Tables {
+    using Type = clsModBusType;
+    // In the order of the file.
+    static constexpr std::array kFields{
+        Field{"name", [](Type& type, std::string_view text) { type.sName_ = displayTypeLabel(text); },
+              [](std::string& out, const Type& type) { out += fileTypeName(type.sName_); }},
+        field<&Type::nReadCode_>("readcode"),
+        field<&Type::nWriteCode_>("writecode"),
+        field<&Type::nSingleWrCode_>("singlewrcode"),
+    };
+    static constexpr std::array kColumns{
+        Column{"Data Type Name", 0.4, [](const Type& type) { return type.sName_; }},
+        Column{"Read Code", 0.2, [](const Type& type) { return std::to_string(type.nReadCode_); }},
+        Column{"Write Code", 0.2, [](const Type& type) { return codeOrEmpty(type.nWriteCode_); }},
+        Column{"Single Write Code", 0.2, [](const Type& type) { return codeOrEmpty(type.nSingleWrCode_); }},
+    };
+};
+
+std::span<const clsModBusType::Column> clsModBusType::columns() {
+    return Tables::kColumns;
+}
+
+std::vector<std::string_view> clsModBusType::fieldNames() {
+    std::vector<std::string_view> names;
+    for (const Field& field : Tables::kFields) names.push_back(field.name);
+    return names;
+}
+
 void clsModBusType::SetByXml(const XmlElement& element) {
-    sName_ = displayTypeLabel(requiredAttribute(element, "name"));
-    nReadCode_ = byteValue(requiredAttribute(element, "readcode"));
-    nWriteCode_ = byteValue(requiredAttribute(element, "writecode"));
-    nSingleWrCode_ = byteValue(requiredAttribute(element, "singlewrcode"));
+    for (const Field& field : Tables::kFields) field.read(*this, requiredAttribute(element, field.name));
 }
 
 void clsModBusType::SetByForm(const DataTypeFields& fields) {
@@ -24,26 +68,16 @@ void clsModBusType::SetByForm(const DataTypeFields& fields) {
 }
 
 std::string clsModBusType::GetXmlTag() const {
-    // The blanks around one equals sign and not the others: kept, existing files are compared by their bytes.
-    std::string out = "\t\t<DATATYPE name=\"" + fileTypeName(sName_) + "\" readcode = \"";
-    appendNumber(out, nReadCode_);
-    out += "\" writecode=\"";
-    appendNumber(out, nWriteCode_);
-    out += "\" singlewrcode=\"";
-    appendNumber(out, nSingleWrCode_);
-    out += "\"/>";
-    return out;
+    std::string out = "\t\t<DATATYPE";
+    for (const Field& field : Tables::kFields) {
+        field.print(out += attributeStart(field.name), *this);
+        out += '"';
+    }
+    return out + "/>";
 }
 
 void clsModBusType::AddToListView(ListView& list) const {
-    const auto codeOrEmpty = [](std::uint8_t code) {
-        return code == 0 ? std::string() : std::to_string(code);
-    };
-    list.addRow({sName_,
-                 sName_,
-                 "item",
-                 "modbus",
-                 {std::to_string(nReadCode_), codeOrEmpty(nWriteCode_), codeOrEmpty(nSingleWrCode_)}});
+    addRow(list, sName_, "item", "modbus", columns(), *this);
 }
 
 }  // namespace trevandix

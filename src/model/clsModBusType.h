@@ -1,13 +1,17 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace trevandix {
 
 class ListView;
 class XmlElement;
+template <typename... Parts>
+struct RecordColumn;
 struct DataTypeFields;
 
 /// A Modbus table and the function codes with which the server accesses it. Codes are Modbus function codes,
@@ -30,9 +34,16 @@ public:
     void SetByForm(const DataTypeFields& fields);
     /// The element's line, without a line end.
     std::string GetXmlTag() const;
+    /// The columns of the list.
+    using Column = RecordColumn<clsModBusType>;
+    static std::span<const Column> columns();
     void AddToListView(ListView& list) const;
+    /// The names of the element's attributes in the order of the file.
+    static std::vector<std::string_view> fieldNames();
 
 private:
+    struct Tables;  // of fields and columns
+
     std::string sName_;
     std::uint8_t nReadCode_ = 0;
     std::uint8_t nWriteCode_ = 0;

@@ -1,102 +1,112 @@
 #include "model/clsPLC.h"
 
-#include "model/Numbers.h"
+#include <algorithm>
+#include <array>
+
+#include "model/RecordField.h"
 #include "model/UnitFields.h"
-#include "model/XmlFields.h"
-#include "platform/ListView.h"
+#include "platform/Text.h"
 #include "platform/Xml.h"
 
 namespace trevandix {
 
-void clsPLC::SetByXml(const XmlElement& element, std::string_view interfaceKind) {
-    if (interfaceKind == kTcpIp) readTcpIp(element);
-    if (interfaceKind == kRtu) readRtu(element);
-    sKey_ = sName_;
+namespace {
+
+constexpr std::string_view kBoth{};
+
+struct Field {
+    std::string_view name;
+    std::string_view interfaceKind;
+    std::string UnitFields::*entered;
+    void (*read)(clsPLC&, std::string_view text);
+    void (*enter)(clsPLC&, std::string_view text);
+    void (*print)(std::string& out, const clsPLC&);
+
+    bool isOf(std::string_view kind) const { return interfaceKind == kBoth || interfaceKind == kind; }
+};
+
+template <auto member, NumberText entered = NumberText::Whole>
+constexpr Field field(std::string_view name, std::string_view interfaceKind, std::string UnitFields::*text) {
+    return {name, interfaceKind, text, take<member, NumberText::Whole>, take<member, entered>, print<member>};
 }
 
-void clsPLC::readTcpIp(const XmlElement& element) {
-    sName_ = requiredAttribute(element, "name");
-    sAddress_ = requiredAttribute(element, "address");
-    nUI_ = byteValue(requiredAttribute(element, "id"));
-    nTimeout_ = int32Value(requiredAttribute(element, "timeout"));
+}  // namespace
+
+struct clsPLC::Tables {
+    // In the order of the file. In the dialog, lists that take other texts too give the number in front.
+    static constexpr std::array kFields{
+        field<&clsPLC::sName_>("name", kBoth, &UnitFields::name),
+        field<&clsPLC::sAddress_>("address", kTcpIp, &UnitFields::address),
+        field<&clsPLC::nUI_>("id", kBoth, &UnitFields::identifier),
+        field<&clsPLC::sCom_>("com", kRtu, &UnitFields::port),
+        field<&clsPLC::nBaud_, NumberText::Leading>("baudrate", kRtu, &UnitFields::baud),
+        field<&clsPLC::sParity_>("parity", kRtu, &UnitFields::parity),
+        field<&clsPLC::nStopBits_, NumberText::Leading>("stopbits", kRtu, &UnitFields::stopBits),
+        field<&clsPLC::nDataBits_, NumberText::Leading>("databits", kRtu, &UnitFields::dataBits),
+        field<&clsPLC::sFlowCtl_>("flowcontrol", kRtu, &UnitFields::flowControl),
+        field<&clsPLC::nTimeout_>("timeout", kBoth, &UnitFields::timeout),
+        field<&clsPLC::nSilent_, NumberText::Leading>("silent", kRtu, &UnitFields::silent),
+    };
+    static constexpr std::array kColumns{
+        Column{"Unit Name", 0.5, [](const clsPLC& unit) { return unit.sName_; }},
+        Column{"ModBus Unit Identifier", 0.4, [](const clsPLC& unit) { return std::to_string(unit.nUI_); }},
+    };
+};
+
+std::span<const clsPLC::Column> clsPLC::columns() {
+    return Tables::kColumns;
 }
 
-void clsPLC::readRtu(const XmlElement& element) {
-    std::string buffer;
-    for (XmlElement child = element.firstChild(); child; child = child.nextSibling()) {
-        const auto text = [&] { return child.text(buffer); };
-        if (child.isNamed("NAME"))
-            sName_ = text();
-        else if (child.isNamed("ID"))
-            nUI_ = byteValue(text());
-        else if (child.isNamed("COM"))
-            sCom_ = text();
-        else if (child.isNamed("BAUDRATE"))
-            nBaud_ = int32Value(text());
-        else if (child.isNamed("PARITY"))
-            sParity_ = text();
-        else if (child.isNamed("STOPBITS"))
-            nStopBits_ = byteValue(text());
-        else if (child.isNamed("DATABITS"))
-            nDataBits_ = byteValue(text());
-        else if (child.isNamed("FLOWCONTROL"))
-            sFlowCtl_ = text();
-        else if (child.isNamed("TIMEOUT"))
-            nTimeout_ = int32Value(text());
-        else if (child.isNamed("SILENT"))
-            nSilent_ = int32Value(text());
+std::vector<std::string_view> clsPLC::fieldNames(std::string_view interfaceKind) {
+    std::vector<std::string_view> names;
+    for (const Field& field : Tables::kFields) {
+        if (field.isOf(interfaceKind)) names.push_back(field.name);
     }
+    return names;
 }
 
-void clsPLC::AddToListView(ListView& list) const {
-    list.addRow({sName_, sName_, "plc", "plc", {std::to_string(nUI_)}});
+void clsPLC::SetByXml(const XmlElement& element, std::string_view interfaceKind) {
+    for (const Field& field : Tables::kFields) {
+        if (interfaceKind == kTcpIp && field.isOf(kTcpIp))
+            field.read(*this, requiredAttribute(element, field.name));
+    }
+    std::string buffer;
+    for (XmlElement child = element.firstChild(); child && interfaceKind == kRtu;
+         child = child.nextSibling()) {
+        for (const Field& field : Tables::kFields) {
+            if (field.isOf(kRtu) && child.isNamed(upperCased(field.name)))
+                field.read(*this, child.text(buffer));
+        }
+    }
+    sKey_ = sName_;
 }
 
 void clsPLC::SetByForm(const UnitFields& fields, std::string_view interfaceKind) {
-    sName_ = fields.name;
-    nUI_ = byteValue(fields.identifier);
-    nTimeout_ = int32Value(fields.timeout);
-    sKey_ = sName_;
-    if (interfaceKind == kTcpIp) sAddress_ = fields.address;
-    if (interfaceKind == kRtu) {
-        nBaud_ = toInt32(leadingNumber(fields.baud));
-        sCom_ = fields.port;
-        nDataBits_ = toByte(leadingNumber(fields.dataBits));
-        nStopBits_ = toByte(leadingNumber(fields.stopBits));
-        sFlowCtl_ = fields.flowControl;
-        sParity_ = fields.parity;
-        nSilent_ = toInt32(leadingNumber(fields.silent));
+    for (const Field& field : Tables::kFields) {
+        if (field.isOf(interfaceKind)) field.enter(*this, fields.*field.entered);
     }
+    sKey_ = sName_;
+}
+
+void clsPLC::AddToListView(ListView& list) const {
+    addRow(list, sName_, "plc", "plc", columns(), *this);
 }
 
 std::string clsPLC::GetXmlTag(std::string_view interfaceKind) const {
-    std::string out;
-    if (interfaceKind == kTcpIp) {
-        // The blanks around one equals sign and not the others: kept, existing files are compared by their
-        // bytes.
-        out = "\t\t<PLC name=\"" + sName_ + "\" address = \"" + sAddress_ + "\" id=\"";
-        appendNumber(out, nUI_);
-        out += "\" timeout=\"";
-        appendNumber(out, nTimeout_);
-        out += "\">";
-    } else if (interfaceKind == kRtu) {
-        constexpr int kDepth = 3;
-        const auto field = [&](std::string_view name, const auto& value) {
-            out += "\r\n";
-            appendElement(out, kDepth, name, value);
-        };
-        out = "\t\t<PLC>";
-        field("name", sName_);
-        field("id", int{nUI_});
-        field("com", sCom_);
-        field("baudrate", nBaud_);
-        field("parity", sParity_);
-        field("stopbits", int{nStopBits_});
-        field("databits", int{nDataBits_});
-        field("flowcontrol", sFlowCtl_);
-        field("timeout", nTimeout_);
-        field("silent", nSilent_);
+    if (interfaceKind != kTcpIp && interfaceKind != kRtu) return {};
+    constexpr int kDepth = 3;
+    std::string out = "\t\t<PLC";
+    if (interfaceKind == kRtu) out += ">";
+    for (const Field& field : Tables::kFields) {
+        if (!field.isOf(interfaceKind)) continue;
+        std::string text;
+        field.print(text, *this);
+        if (interfaceKind == kTcpIp)
+            out += attributeStart(field.name) + text + "\"";
+        else
+            appendElement(out += "\r\n", kDepth, field.name, text);
     }
+    if (interfaceKind == kTcpIp) out += ">";
     return out;
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/Key.h"
 
@@ -10,6 +12,8 @@ namespace trevandix {
 
 class ListView;
 class XmlElement;
+template <typename... Parts>
+struct RecordColumn;
 struct UnitFields;
 
 inline constexpr std::string_view kTcpIp = "TrevandixTcpIp";
@@ -50,15 +54,21 @@ public:
 
     /// From a PLC element of a file of `interfaceKind`. Errors: ObjectNotSet, TypeMismatch, Overflow.
     void SetByXml(const XmlElement& element, std::string_view interfaceKind);
+    /// The columns of the list.
+    using Column = RecordColumn<clsPLC>;
+    static std::span<const Column> columns();
     void AddToListView(ListView& list) const;
     /// From the texts of the unit dialog. Errors: TypeMismatch, Overflow.
     void SetByForm(const UnitFields& fields, std::string_view interfaceKind);
     /// The unit's start element at depth 2, for serial RTU with its field elements; lines joined by CR LF.
     std::string GetXmlTag(std::string_view interfaceKind) const;
 
+    /// The names of what the file of an interface kind holds, in its order: attributes for Modbus TCP/IP,
+    /// elements for serial RTU.
+    static std::vector<std::string_view> fieldNames(std::string_view interfaceKind);
+
 private:
-    void readTcpIp(const XmlElement& element);
-    void readRtu(const XmlElement& element);
+    struct Tables;  // of fields and columns
 
     std::string sName_;
     std::uint8_t nUI_ = 0;

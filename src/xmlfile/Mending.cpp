@@ -1,11 +1,12 @@
 #include "xmlfile/Mending.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
-#include <span>
 #include <vector>
 
+#include "model/XmlFields.h"
+#include "model/clsItem.h"
+#include "model/clsModBusType.h"
 #include "model/clsPLC.h"
 #include "platform/Text.h"
 #include "platform/Xml.h"
@@ -15,15 +16,15 @@ namespace trevandix {
 
 namespace {
 
-using Words = std::span<const std::string_view>;
-constexpr std::array<std::string_view, 5> kDataType{"<DATATYPE name=\"", "\" readcode = \"",
-                                                    "\" writecode=\"", "\" singlewrcode=\"", "\"/>"};
-constexpr std::array<std::string_view, 5> kTcpIpUnit{"<PLC name=\"", "\" address = \"", "\" id=\"",
-                                                     "\" timeout=\"", "\">"};
-constexpr std::array<std::string_view, 10> kRtuUnit{
-    "name", "id", "com", "baudrate", "parity", "stopbits", "databits", "flowcontrol", "timeout", "silent"};
-constexpr std::array<std::string_view, 5> kItem{"name", "comment", "address", "datatype", "accessrights"};
-constexpr std::array<std::string_view, 2> kOptional{"databit", "elements"};
+// What stands in front of each value of an element's attributes, then what ends the line.
+std::vector<std::string> lineParts(std::string_view tag, const std::vector<std::string_view>& names,
+                                   std::string_view end) {
+    std::vector<std::string> parts;
+    for (const std::string_view name : names)
+        parts.push_back((parts.empty() ? "<" + std::string(tag) : "\"") + attributeStart(name));
+    parts.push_back("\"" + std::string(end));
+    return parts;
+}
 
 struct Character {
     char32_t codePoint;
@@ -88,7 +89,7 @@ public:
         const std::string root((rtu ? fileKindOf(kRtu) : fileKindOf(kTcpIp))->rootTag);
         line(0, "<" + root + ">");
         line(1, "<MODBUS>");
-        while (begins(2, kDataType.front())) attributes(kDataType);
+        while (begins(2, dataType_.front())) attributes(dataType_);
         line(1, "</MODBUS>");
         line(1, "<OPC_DA>");
         while (begins(2, "<PLC")) unit(rtu);
@@ -102,9 +103,9 @@ private:
     void unit(bool rtu) {
         if (rtu) {
             line(2, "<PLC>");
-            for (const std::string_view word : kRtuUnit) value(3, word);
+            for (const std::string_view name : clsPLC::fieldNames(kRtu)) value(3, name);
         } else {
-            attributes(kTcpIpUnit);
+            attributes(tcpIpUnit_);
         }
         line(3, "<tags>");
         tags();
@@ -113,7 +114,7 @@ private:
     }
 
     // Numbers hold no quotation marks, so such a line is certain from its right end.
-    void attributes(Words fixed) {
+    void attributes(const std::vector<std::string>& fixed) {
         std::string_view rest = content_;
         if (depth_ != 2 || !rest.starts_with(fixed.front())) fail(fixed.front());
         if (!rest.ends_with(fixed.back()) || rest.find('\r') != std::string_view::npos) fail(fixed.back());
@@ -122,7 +123,7 @@ private:
         for (std::size_t i = fixed.size() - 1; i-- > 0;) {
             const std::size_t place = i == 0 ? 0 : rest.rfind(fixed[i]);
             if (place == std::string_view::npos) fail(fixed[i]);
-            mendedLine.insert(0, std::string(fixed[i]) + escaped(rest.substr(place + fixed[i].size())));
+            mendedLine.insert(0, fixed[i] + escaped(rest.substr(place + fixed[i].size())));
             rest = rest.substr(0, place);
         }
         print(mendedLine);
@@ -154,9 +155,9 @@ private:
 
     void item(std::size_t depth) {
         line(depth, "<tag>");
-        for (const std::string_view word : kItem) value(depth + 1, word);
-        for (const std::string_view word : kOptional) {
-            if (begins(depth + 1, "<" + std::string(word) + ">")) value(depth + 1, word);
+        for (const clsItem::Element& element : item_) {
+            const std::string start = "<" + std::string(element.name) + ">";
+            if (element.required || begins(depth + 1, start)) value(depth + 1, element.name);
         }
         line(depth, "</tag>");
     }
@@ -217,6 +218,9 @@ private:
                             "expected " + std::string(expected));
     }
 
+    const std::vector<std::string> dataType_ = lineParts("DATATYPE", clsModBusType::fieldNames(), "/>");
+    const std::vector<std::string> tcpIpUnit_ = lineParts("PLC", clsPLC::fieldNames(kTcpIp), ">");
+    const std::vector<clsItem::Element> item_ = clsItem::elements();
     std::string_view bytes_;
     std::size_t at_ = 0;        // where the current line begins
     std::size_t depth_ = 0;     // its tabs

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <concepts>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "model/InternedText.h"
+#include "model/Numbers.h"
+#include "model/XmlFields.h"
+#include "platform/ListView.h"
+
+// What the tables of the records' fields are made of. Each record has one table of its fields, in the order
+// of the file, which reading, mending, writing and the taking of entered texts walk, and one of its columns.
+
+namespace trevandix {
+
+/// Numbers that are a whole text, or that a text begins with. Errors: TypeMismatch (whole), Overflow.
+enum class NumberText { Whole, Leading };
+
+template <NumberText how, typename Value>
+void takeText(Value& value, std::string_view text) {
+    constexpr bool kWhole = how == NumberText::Whole;
+    if constexpr (std::same_as<Value, std::string>)
+        value = text;
+    else if constexpr (std::same_as<Value, InternedText>)
+        value = InternedText(text);
+    else if constexpr (std::same_as<Value, std::uint8_t>)
+        value = kWhole ? byteValue(text) : toByte(leadingNumber(text));
+    else if constexpr (std::same_as<Value, std::int16_t>)
+        value = toInt16(leadingNumber(text));
+    else
+        value = kWhole ? int32Value(text) : toInt32(leadingNumber(text));
+}
+
+template <auto member, NumberText how, typename Record>
+void take(Record& record, std::string_view text) {
+    takeText<how>(record.*member, text);
+}
+
+template <auto member, typename Record>
+void print(std::string& out, const Record& record) {
+    const auto& value = record.*member;
+    if constexpr (std::integral<std::remove_cvref_t<decltype(value)>>)
+        appendNumber(out, value);
+    else if constexpr (std::same_as<std::remove_cvref_t<decltype(value)>, InternedText>)
+        out += value.str();
+    else
+        out += value;
+}
+
+/// A column of the list and its cell; `Parts` are what the cell is made of.
+template <typename... Parts>
+struct RecordColumn {
+    std::string_view header;
+    double width;  ///< fraction of the list's width; 0 for the control's default width
+    std::string (*cell)(const Parts&...);
+};
+
+/// Adds a row whose first cell is its text.
+template <typename... Parts>
+void addRow(ListView& list, const std::string& key, std::string_view smallIcon, std::string_view largeIcon,
+            std::span<const RecordColumn<Parts...>> columns, const Parts&... parts) {
+    ListRow row{key, columns.front().cell(parts...), smallIcon, largeIcon, {}};
+    row.subItems.reserve(columns.size() - 1);
+    for (const auto& column : columns.subspan(1)) row.subItems.push_back(column.cell(parts...));
+    list.addRow(std::move(row));
+}
+
+}  // namespace trevandix
