@@ -54,6 +54,18 @@ constexpr std::array kControls{
 };
 constexpr FormSpec kForm{"frmItems", "Item Properties", kControls, "cmdOk", "cmdCancel", "txtItemName"};
 
+/// The control of each text.
+struct Input {
+    std::string_view control;
+    std::string ItemFields::*text;
+};
+constexpr std::array kInputs{
+    Input{"cmbModbusType", &ItemFields::table}, Input{"txtItemName", &ItemFields::name},
+    Input{"txtComment", &ItemFields::comment},  Input{"txtAddress", &ItemFields::address},
+    Input{"cmbDataType", &ItemFields::type},    Input{"cmbAccessRight", &ItemFields::accessRight},
+    Input{"cmbBit", &ItemFields::bit},          Input{"txtElements", &ItemFields::elements},
+};
+
 }  // namespace
 
 void frmItems::show(std::shared_ptr<clsItem> edited) {
@@ -90,16 +102,15 @@ void frmItems::loadRecord() {
     form_->setText("cmdOk", "Confirm Modify");
     form_->setEnabled("cmdAdd", false);
     form_->setEnabled("cmdGroup", false);
-    form_->setText("txtItemName", edited_->sName());
-    const auto [table, label] = splitDataType(edited_->sDataType());
-    chooseStored(*form_, "cmbModbusType", std::string(table));
+    // The table decides which types there are, the type which fields.
+    const ItemFields stored = edited_->texts();
+    chooseStored(*form_, "cmbModbusType", stored.table);
     cmbModbusType_Click();
-    form_->setText("cmbDataType", label);
-    form_->setText("txtComment", edited_->sComment());
-    form_->setText("txtAddress", std::to_string(edited_->nAddress()));
+    form_->setText("cmbDataType", stored.type);
     cmbDataType_Click();
-    if (hasElements(label)) form_->setText("txtElements", std::to_string(edited_->nElements()));
-    form_->setText("cmbAccessRight", edited_->sAccessRight());
+    for (const Input& input : kInputs) {
+        if (form_->enabled(input.control)) form_->setText(input.control, stored.*input.text);
+    }
 }
 
 void frmItems::cmbModbusType_Click() {
@@ -128,14 +139,9 @@ void frmItems::cmbDataType_Click() {
 }
 
 ItemFields frmItems::fields() const {
-    return {.name = text("txtItemName"),
-            .comment = text("txtComment"),
-            .table = text("cmbModbusType"),
-            .type = text("cmbDataType"),
-            .address = text("txtAddress"),
-            .bit = text("cmbBit"),
-            .elements = text("txtElements"),
-            .accessRight = text("cmbAccessRight")};
+    ItemFields texts;
+    for (const Input& input : kInputs) texts.*input.text = text(input.control);
+    return texts;
 }
 
 bool frmItems::CheckFields(const ItemFields& item) {

@@ -174,6 +174,18 @@ void clsItem::SetByForm(const ItemFields& fields, const Key& container) {
     sKey_ = Key(container, sName_);
 }
 
+ItemFields clsItem::texts() const {
+    const auto [table, label] = splitDataType(sDataType());
+    ItemFields texts;
+    texts.table = table;
+    texts.type = label;
+    const ValueType* type = valueTypeOf(label);
+    for (const Field& field : Tables::kFields) {
+        if (field.entered != nullptr && field.isOf(type)) field.print(texts.*field.entered, *this);
+    }
+    return texts;
+}
+
 void clsItem::SetByCopy(const clsItem& source, const Key& container, std::int16_t copyCounter) {
     const bool besideSource = source.getParentKey() == container.view();
     *this = source;

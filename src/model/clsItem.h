@@ -50,6 +50,8 @@ public:
     /// From the texts of the item dialog; `container` is the key of the node that holds the item. Errors:
     /// Overflow.
     void SetByForm(const ItemFields& fields, const Key& container);
+    /// What the item dialog shows of it; empty where its type has no such field.
+    ItemFields texts() const;
     /// Copies `source` for `container`; beside the item it was copied from, the name gets "_" and the
     /// counter.
     void SetByCopy(const clsItem& source, const Key& container, std::int16_t copyCounter);
