@@ -70,22 +70,22 @@ struct Field {
     std::string ItemFields::*entered;  ///< nullptr where it is made of several
     void (*take)(clsItem&, std::string_view text);
     void (*print)(std::string& out, const clsItem&);
-    bool (*has)(const ValueType&) = nullptr;  ///< the value types that have it; nullptr for every item
+    bool (*has)(const ValueType*) = nullptr;  ///< by value type; nullptr: always, and no file may lack it
 
-    bool isOf(const ValueType* type) const { return has == nullptr || (type != nullptr && has(*type)); }
+    bool isOf(const ValueType* type) const { return has == nullptr || has(type); }
 };
 
 template <auto member>
 constexpr Field field(std::string_view element, std::string ItemFields::*entered,
-                      bool (*has)(const ValueType&) = nullptr) {
+                      bool (*has)(const ValueType*) = nullptr) {
     return {element, entered, take<member, NumberText::Leading>, print<member>, has};
 }
 
-bool bitwise(const ValueType& type) {
-    return type.bitwise();
+bool bitwise(const ValueType* type) {
+    return type != nullptr && type->bitwise();
 }
-bool withElements(const ValueType& type) {
-    return type.elements;
+bool withElements(const ValueType* type) {
+    return type != nullptr && type->elements;
 }
 
 }  // namespace
