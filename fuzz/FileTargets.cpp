@@ -7,7 +7,7 @@
 #include "Targets.h"
 #include "xmlfile/ConfigurationReader.h"
 #include "xmlfile/ConfigurationWriter.h"
-#include "xmlfile/Latin1File.h"
+#include "xmlfile/Latin1Lines.h"
 #include "xmlfile/Mending.h"
 #include "xmlfile/Unreadable.h"
 

@@ -172,20 +172,20 @@ TEST(Mending, SaysWhatKeepsOtherProgramsFromReading) {
     const Fields table{
         {"P.\xC3\x84-1_x/", ""},
         {"P.12\" > 'x'", ""},
-        {"P.Tank 1/", "name of branch P.Tank 1 is no XML name"},
-        {"P.1/", "name of branch P.1 is no XML name"},
-        {"P.A\xE2\x82\xAC/", "name of branch P.A\xE2\x82\xAC is no XML name"},
-        {"P.Tag/", "name of branch P.Tag is the name of items"},
-        {"P.a<b", "name of item P.a<b holds \"<\""},
-        {"P.a\x01", "name of item P.a\x01 holds a control character"},
-        {"12\"", "name of unit 12\" holds a quotation mark"},
+        {"P.Tank 1/", "P.Tank 1: branch name is no XML name"},
+        {"P.1/", "P.1: branch name is no XML name"},
+        {"P.A\xE2\x82\xAC/", "P.A\xE2\x82\xAC: branch name is no XML name"},
+        {"P.Tag/", "P.Tag: branch name is the name of items"},
+        {"P.a<b", "P.a<b: item name holds \"<\""},
+        {"P.a\x01", "P.a\x01: item name holds a control character"},
+        {"12\"", "12\": unit name holds a quotation mark"},
     };
     for (const auto& [key, fault] : table)
         EXPECT_EQ(whatMakesUnreadable(PlantedWorkplace({"P", key}).configuration), fault);
     PlantedWorkplace place({"P", "P.Run"});
     for (const auto& [comment, notice] :
          Fields{{"a + b", ""},
-                {"a & b", "Other programs cannot read this file: comment of P.Run holds \"&\". "}}) {
+                {"a & b", "P.Run: comment holds \"&\", so other programs cannot read this file. "}}) {
         place.item("P.Run").sComment(comment);
         place.saved();
         EXPECT_EQ(place.window.status[StatusField::Notice],

@@ -13,7 +13,7 @@
 #include "editor/CommandTable.h"
 #include "editor/frmEditing.h"
 #include "model/Configuration.h"
-#include "platform/FileSafety.h"
+#include "platform/FileAccess.h"
 #include "platform/Platform.h"
 #include "platform/pugi/PugiVersion.h"
 #include "platform/pugi/PugiXml.h"

@@ -15,7 +15,7 @@ bool EditorContext::guarded(std::string_view procedure, const std::function<void
 }
 
 void EditorContext::InitObjects() const {
-    news.setNotice({});
+    news.clearNotice();
     platform.window.setTreeVisible(false);
     tree().clear();
     list.setVisible(false);

@@ -3,13 +3,10 @@
 #include <algorithm>
 #include <limits>
 
-#include "editor/SaveNotice.h"
 #include "editor/XmlFiles.h"
 #include "editor/frmSelect.h"
 #include "platform/FileAccess.h"
-#include "platform/FileSafety.h"
 #include "platform/RuntimeError.h"
-#include "xmlfile/Latin1File.h"
 
 namespace trevandix {
 
@@ -67,8 +64,7 @@ void FileCommands::mnuNewCfg_Click() {
         state.unitCounter = state.branchCounter = state.dataTypeCounter = 0;
         state.itemCounter = 0;
         context_.configuration.markNew();
-        stamp_.reset();
-        unfinished_.reset();
+        file_.opened({});
         context_.platform.window.focusTree();
     });
 }
@@ -102,7 +98,7 @@ void FileCommands::openFile(const std::string& filePath) {
 void FileCommands::load(const std::string& filePath, SaveQuestion asked) {
     keepUnasked(asked);
     const auto stamp = FileStamp::of(filePath);  // before reading: who writes meanwhile is noticed
-    if (read(filePath, filePath)) stamp_ = stamp;
+    if (read(filePath, filePath)) file_.opened(stamp);
 }
 
 bool FileCommands::recover(const std::string& content, const std::string& filePath,
@@ -111,7 +107,7 @@ bool FileCommands::recover(const std::string& content, const std::string& filePa
     context_.guarded("mnuOpenCfg_Click", [&] {
         recovered = read(content, filePath);
         if (!recovered) return;
-        stamp_ = stamp;
+        file_.opened(stamp);
         context_.state().saved = false;
         context_.configuration.touch();
     });
@@ -129,8 +125,7 @@ bool FileCommands::read(const std::string& source, const std::string& filePath) 
     context_.InitObjects();
     configuration.createCollections();
     configuration.state.filePath = filePath;
-    stamp_.reset();
-    unfinished_.reset();
+    file_.opened({});
     bool complete = false;
     {
         const StructureTree::Batch batch(configuration.tree);
@@ -173,33 +168,18 @@ void FileCommands::finishLoad() {
     reading_ = false;
 }
 
-// The part of a file that a failed save left gives its place back, so that the next save keeps the whole one.
-void FileCommands::putOldFileBack() {
-    const std::string& path = context_.state().filePath;
-    if (!unfinished_ || unfinished_->path != path) return;
-    std::error_code ignored;
-    if (unfinished_->stamp == FileStamp::of(path))
-        std::filesystem::rename(fromUtf8(unfinished_->backup), fromUtf8(linkTarget(path)), ignored);
-    unfinished_.reset();
-}
-
 bool FileCommands::writeAndPublish() {
     EditingState& state = context_.state();
-    putOldFileBack();
-    ConfigurationWriter writer(context_.configuration);
-    const bool written = CreateXML(writer, state.filePath, context_.platform);
-    stamp_ = FileStamp::of(state.filePath);  // also of a partly written file: that one is ours
-    if (!written) {
-        if (!writer.backup().empty()) unfinished_ = {state.filePath, stamp_, writer.backup()};
+    if (!CreateXML(context_.configuration, state.filePath, file_, context_.platform)) {
         state.saved = false;
         context_.configuration.touch();  // whatever is at the path now
-        context_.news.setNotice({});
+        context_.news.clearNotice();
         return false;
     }
     context_.configuration.markSaved();
     // Without administrator's rights this is refused; saving has succeeded all the same.
     const bool published = context_.platform.registry.publish(state.interfaceKind, state.filePath);
-    context_.news.setNotice(saveNotice(context_.configuration, published, capitalsTold_));
+    context_.news.tellSaved(published);
     state.saved = true;
     context_.news.update();  // the message box that may follow keeps the command from ending
     return true;
@@ -214,11 +194,11 @@ void FileCommands::mnuSaveCfg_Click() {
 // Asks when the file is no longer the one that was opened or saved here. True when it is to stay as it is.
 bool FileCommands::keepsOthersWork() const {
     const std::string& path = context_.state().filePath;
-    const auto now = FileStamp::of(path);
-    if (!stamp_ || !now || now == stamp_) return false;
+    const auto now = file_.changedByOthers(path);
+    if (!now) return false;
     return !context_.platform.messages.confirms("File " + path + " was changed by another program on " +
                                                     now->localTime() + " (opened or saved here on " +
-                                                    stamp_->localTime() + "). Save all the same?",
+                                                    file_.stamp()->localTime() + "). Save all the same?",
                                                 Buttons::NoYes);
 }
 
@@ -265,7 +245,7 @@ void FileCommands::mnuCloseCfg_Click() {
         context_.configuration.units.clear();
         context_.configuration.branches.clear();
         context_.configuration.markNew();
-        unfinished_.reset();
+        file_.opened({});
     });
 }
 

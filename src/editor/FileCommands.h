@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "editor/EditorContext.h"
-#include "editor/FileStamp.h"
 #include "editor/TreeAndList.h"
+#include "platform/SafeFile.h"
 
 namespace trevandix {
 
@@ -36,7 +36,7 @@ public:
     void onUnsavedEnd(std::function<void()> keep) { keepUnsaved_ = std::move(keep); }
 
     /// Of the configuration's file when it was opened or last saved; nothing when it was neither.
-    const std::optional<FileStamp>& stamp() const { return stamp_; }
+    const std::optional<FileStamp>& stamp() const { return file_.stamp(); }
     /// True while a file is being read.
     bool reading() const { return reading_; }
 
@@ -48,7 +48,6 @@ private:
     void keepUnasked(SaveQuestion asked) const;
     bool read(const std::string& source, const std::string& filePath);
     void finishLoad();
-    void putOldFileBack();
     bool writeAndPublish();
     void save();
     void saveAtEnd();
@@ -59,15 +58,8 @@ private:
     const EditorContext& context_;
     TreeAndList& views_;
     bool reading_ = false;
-    std::optional<FileStamp> stamp_;
-    struct Unfinished {
-        std::string path;
-        std::optional<FileStamp> stamp;
-        std::string backup;
-    };
-    std::optional<Unfinished> unfinished_;  // what a save that failed half-way has left
+    SafeFile file_;
     std::function<void()> keepUnsaved_;
-    bool capitalsTold_ = false;
 };
 
 }  // namespace trevandix

@@ -5,7 +5,7 @@
 
 #include "platform/RuntimeError.h"
 #include "xmlfile/ConfigurationPrinter.h"
-#include "xmlfile/Latin1File.h"
+#include "xmlfile/Latin1Lines.h"
 
 namespace trevandix {
 
@@ -76,9 +76,10 @@ void Recovery::idle(Time now, Time lastInput) {
 // In one go: a hundred thousand items take less time than a user notices.
 void Recovery::write(const std::string& leftOn) {
     const std::string content = files_.nextContent();
-    Latin1File file(content);
+    OutputFile file(content);
+    Latin1Lines lines(file);
     ConfigurationPrinter printer(context_.configuration, ConfigurationPrinter::Gaps::Skip);
-    printer.printSome(file, std::numeric_limits<std::size_t>::max());
+    printer.printSome(lines, std::numeric_limits<std::size_t>::max());
     file.close();  // not synced: it is there for a crash of the program, not of the machine
     files_.commit({content, context_.state().filePath, file_.stamp(), leftOn});
     kept_ = context_.configuration.revision();

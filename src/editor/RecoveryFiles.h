@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "editor/FileStamp.h"
 #include "platform/FileLock.h"
+#include "platform/SafeFile.h"
 
 namespace trevandix {
 

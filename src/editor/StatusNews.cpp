@@ -1,5 +1,10 @@
 #include "editor/StatusNews.h"
 
+#include <algorithm>
+
+#include "platform/Text.h"
+#include "xmlfile/Unreadable.h"
+
 namespace trevandix {
 
 namespace {
@@ -11,6 +16,13 @@ std::string connection(const clsPLC& unit, std::string_view interfaceKind) {
         return unit.getAddress() + identifier + ", " + std::to_string(unit.getTimeout()) + " ms";
     return unit.getCom() + ", " + std::to_string(unit.getBaud()) + ", " + std::to_string(unit.getDataBits()) +
            unit.getParity().substr(0, 1) + std::to_string(unit.getStopBits()) + identifier;
+}
+
+bool hasSmallLetters(const Configuration& configuration) {
+    return std::ranges::any_of(configuration.branches, [](const auto& entry) {
+        const std::string& name = entry.second->sName();
+        return name != upperCased(name);
+    });
 }
 
 }  // namespace
@@ -25,6 +37,20 @@ void StatusNews::update() {
     show(StatusField::Counts, open ? counts() : "");
     show(StatusField::Saved, !open ? "" : configuration_.equalsFile() ? "Saved" : "Unsaved changes");
     show(StatusField::Notice, feedback_.empty() ? notice_ : feedback_);
+}
+
+void StatusNews::tellSaved(bool published) {
+    // What to mend stands first: a notice too long for its field loses its end.
+    notice_ = whatMakesUnreadable(configuration_);
+    if (!notice_.empty()) notice_ += ", so other programs cannot read this file. ";
+    if (!capitalsTold_ && hasSmallLetters(configuration_)) {
+        capitalsTold_ = true;
+        notice_ += "Branch names come back in capitals when the file is opened. ";
+    }
+    notice_ +=
+        published
+            ? "Published to the server: " + configuration_.state.filePath
+            : "Saved, but not published: the system refused. Run the editor as administrator to publish.";
 }
 
 std::string StatusNews::selection() const {

@@ -21,8 +21,10 @@ public:
     /// What a command did, or why it did nothing; shown in place of the notice until the next command or
     /// click.
     void tell(std::string feedback) { feedback_ = std::move(feedback); }
-    /// What the last save came to; stays until the next one, or another configuration.
-    void setNotice(std::string notice) { notice_ = std::move(notice); }
+    /// The file has been saved: says the first text in it that keeps other programs from reading it, and
+    /// whether the server has been told of it. Stays until the next save, or another configuration.
+    void tellSaved(bool published);
+    void clearNotice() { notice_.clear(); }
 
 private:
     std::string selection() const;
@@ -33,6 +35,7 @@ private:
     const Configuration& configuration_;
     const ListView& list_;
     std::string notice_;
+    bool capitalsTold_ = false;  ///< said once, for the first file with small letters in a branch's name
     std::string feedback_;
     std::array<std::string, 4> shown_;
 };

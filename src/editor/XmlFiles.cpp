@@ -15,9 +15,11 @@ bool ImportXML(Configuration& configuration, const std::string& filePath, const 
     return valid;
 }
 
-bool CreateXML(ConfigurationWriter& writer, const std::string& filePath, const Platform& platform) {
+bool CreateXML(const Configuration& configuration, const std::string& filePath, SafeFile& file,
+               const Platform& platform) {
     const PointerScope hourglass(platform.pointer, Pointer::Hourglass);
-    return reportErrors(platform.messages, "CreateXML", [&] { writer.write(filePath); });
+    return reportErrors(platform.messages, "CreateXML",
+                        [&] { ConfigurationWriter(configuration).write(filePath, file); });
 }
 
 }  // namespace trevandix

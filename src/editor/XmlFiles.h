@@ -15,6 +15,7 @@ namespace trevandix {
 /// configuration or reading failed; the user has been told then.
 bool ImportXML(Configuration& configuration, const std::string& filePath, const Platform& platform);
 /// False when writing failed; the user has been told then.
-bool CreateXML(ConfigurationWriter& writer, const std::string& filePath, const Platform& platform);
+bool CreateXML(const Configuration& configuration, const std::string& filePath, SafeFile& file,
+               const Platform& platform);
 
 }  // namespace trevandix

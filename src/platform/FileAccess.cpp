@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdlib>
 #include <memory>
 
 #include "platform/RuntimeError.h"
@@ -27,6 +28,25 @@ std::FILE* openFile(const std::string& filePath, const char* mode) {
 #endif
     if (file == nullptr) throwFileError(errno);
     return file;
+}
+
+bool fileExists(const std::string& filePath) {
+    std::error_code ignored;
+    return std::filesystem::exists(fromUtf8(filePath), ignored);
+}
+
+std::string userStateFolder() {
+#ifdef _WIN32
+    const wchar_t* folder = _wgetenv(L"LOCALAPPDATA");
+    if (folder == nullptr || *folder == L'\0') return {};
+    return toUtf8(std::filesystem::path(folder) / "VOSKAutomation" / "trevandix-editor");
+#else
+    const char* state = std::getenv("XDG_STATE_HOME");
+    if (state != nullptr && *state == '/') return std::string(state) + "/trevandix-editor";
+    const char* home = std::getenv("HOME");
+    return home != nullptr && *home == '/' ? std::string(home) + "/.local/state/trevandix-editor"
+                                           : std::string();
+#endif
 }
 
 namespace {

@@ -3,7 +3,7 @@
 #include "platform/RuntimeError.h"
 #include "xmlfile/ConfigurationWriter.h"
 #include "xmlfile/FormatWords.h"
-#include "xmlfile/Latin1File.h"
+#include "xmlfile/Latin1Lines.h"
 
 namespace trevandix {
 
@@ -11,7 +11,7 @@ namespace {
 constexpr int kUnitChildDepth = 4;
 }
 
-bool ConfigurationPrinter::printSome(Latin1File& file, std::size_t nodes) {
+bool ConfigurationPrinter::printSome(Latin1Lines& file, std::size_t nodes) {
     if (!begun_) begin(file);
     while (nodes > 0) {
         if (unitNode_ == nullptr) {
@@ -29,7 +29,7 @@ bool ConfigurationPrinter::printSome(Latin1File& file, std::size_t nodes) {
     return true;
 }
 
-void ConfigurationPrinter::begin(Latin1File& file) {
+void ConfigurationPrinter::begin(Latin1Lines& file) {
     begun_ = true;
     file.print(kProlog);
     const FileKind* kind = fileKindOf(configuration_.state.interfaceKind);
@@ -42,7 +42,7 @@ void ConfigurationPrinter::begin(Latin1File& file) {
     nextItem_ = configuration_.items.begin();
 }
 
-void ConfigurationPrinter::beginUnit(Latin1File& file) {
+void ConfigurationPrinter::beginUnit(Latin1Lines& file) {
     const auto [key, unit] = *unit_;
     file.print(unit->GetXmlTag(configuration_.state.interfaceKind));
     file.print("\t\t\t<tags>");
@@ -52,21 +52,21 @@ void ConfigurationPrinter::beginUnit(Latin1File& file) {
     depth_ = kUnitChildDepth;
 }
 
-void ConfigurationPrinter::endUnit(Latin1File& file) {
+void ConfigurationPrinter::endUnit(Latin1Lines& file) {
     file.print("\t\t\t</tags>");
     file.print("\t\t</PLC>");
     unitNode_ = nullptr;
     ++unit_;
 }
 
-void ConfigurationPrinter::end(Latin1File& file) {
+void ConfigurationPrinter::end(Latin1Lines& file) {
     file.print("\t</OPC_DA>");
     const FileKind* kind = fileKindOf(configuration_.state.interfaceKind);
     if (kind != nullptr) file.print("</" + std::string(kind->rootTag) + ">");
 }
 
 // Walks without recursion: branches may nest as deeply as they like.
-void ConfigurationPrinter::PrintBranch(Latin1File& file, std::size_t& nodes) {
+void ConfigurationPrinter::PrintBranch(Latin1Lines& file, std::size_t& nodes) {
     const auto endTag = [&](const TreeNode& branch, int depth) {
         file.print(Indentation(depth) + "</" + branch.text() + ">");
     };

@@ -6,7 +6,7 @@
 
 namespace trevandix {
 
-class Latin1File;
+class Latin1Lines;
 
 /// Prints a configuration line by line, all at once or a piece at a time. The configuration stays as it is
 /// in between.
@@ -23,15 +23,15 @@ public:
 
     /// Prints on for about as many nodes. False when everything is printed. Errors: those of the file and of
     /// gaps.
-    bool printSome(Latin1File& file, std::size_t nodes);
+    bool printSome(Latin1Lines& file, std::size_t nodes);
 
 private:
-    void begin(Latin1File& file);
-    void beginUnit(Latin1File& file);
-    void endUnit(Latin1File& file);
-    void end(Latin1File& file);
+    void begin(Latin1Lines& file);
+    void beginUnit(Latin1Lines& file);
+    void endUnit(Latin1Lines& file);
+    void end(Latin1Lines& file);
     /// What is below a unit's node, in the order of the tree.
-    void PrintBranch(Latin1File& file, std::size_t& nodes);
+    void PrintBranch(Latin1Lines& file, std::size_t& nodes);
 
     const Configuration& configuration_;
     Gaps gaps_;

@@ -5,7 +5,7 @@
 
 #include "platform/FileAccess.h"
 #include "platform/RuntimeError.h"
-#include "xmlfile/FileBackup.h"
+#include "platform/SafeFile.h"
 #include "xmlfile/FormatWords.h"
 #include "xmlfile/Mending.h"
 
@@ -38,6 +38,24 @@ void requireName(const std::string& name, const XmlElement& element) {
     if (!name.empty()) return;
     std::string detail = "<" + std::string(element.name()) + "> gives no name: \"";
     throw RuntimeError(ErrorNumber::InvalidCall, (detail += element.attribute("name").value_or("")) += '"');
+}
+
+// A file that was cut off lacks its end tag.
+bool isWhole(const std::string& filePath) {
+    try {
+        return hasRootEndTag(readWholeFile(filePath));
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+// What an interrupted save left beside the file, the one made last; empty where there is none.
+std::string wholeBackupOf(const std::string& filePath) {
+    std::string found;
+    for (const std::string& backup : SafeFile::backupsOf(filePath)) {
+        if (isWhole(backup)) found = backup;
+    }
+    return found;
 }
 
 }  // namespace

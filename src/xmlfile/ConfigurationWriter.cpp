@@ -1,10 +1,8 @@
 #include "xmlfile/ConfigurationWriter.h"
 
-#include "platform/FileSafety.h"
 #include "platform/RuntimeError.h"
 #include "xmlfile/ConfigurationPrinter.h"
-#include "xmlfile/FileBackup.h"
-#include "xmlfile/Latin1File.h"
+#include "xmlfile/Latin1Lines.h"
 
 namespace trevandix {
 
@@ -16,23 +14,14 @@ std::string Indentation(int depth) {
     return std::string(static_cast<std::size_t>(depth), '\t');
 }
 
-void ConfigurationWriter::write(const std::string& filePath) {
-    const std::string path = linkTarget(filePath);  // a link stays one
-    FileBackup backup(path);
-    try {
+void ConfigurationWriter::write(const std::string& filePath, SafeFile& file) const {
+    file.replace(filePath, [&](OutputFile& out) {
         inProcedure("CreateXML", [&] {
-            Latin1File file(path);
-            if (!backup.path().empty()) copyRights(backup.path(), path);
+            Latin1Lines lines(out);
             ConfigurationPrinter printer(configuration_);
-            while (printer.printSome(file, kNodesPerSync)) file.beginSync();
-            file.sync();
-            file.close();
+            while (printer.printSome(lines, kNodesPerSync)) out.beginSync();
         });
-    } catch (const RuntimeError& failure) {
-        backup_ = backup.path();
-        throw backup.explained(failure);
-    }
-    backup.discard();
+    });
 }
 
 }  // namespace trevandix

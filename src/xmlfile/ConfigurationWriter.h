@@ -3,6 +3,7 @@
 #include <string>
 
 #include "model/Configuration.h"
+#include "platform/SafeFile.h"
 
 namespace trevandix {
 
@@ -11,17 +12,16 @@ class ConfigurationWriter {
 public:
     explicit ConfigurationWriter(const Configuration& configuration) : configuration_(configuration) {}
 
-    /// Replaces the file at the path, which is freed before the new file is begun there. Errors: those of
-    /// files, and of a configuration that cannot be printed; a partly written file stays then. The old
-    /// content is kept beside the file until the new one is safely on the disk.
-    void write(const std::string& filePath);
-
-    /// Where the old content is after a failure; empty when there was none, or it is where it was.
-    const std::string& backup() const { return backup_; }
+    /// Replaces the file at the path. Errors: as of `SafeFile::replace`, and of a configuration that cannot
+    /// be printed.
+    void write(const std::string& filePath, SafeFile& file) const;
+    void write(const std::string& filePath) const {
+        SafeFile file;
+        write(filePath, file);
+    }
 
 private:
     const Configuration& configuration_;
-    std::string backup_;
 };
 
 /// `depth` tab characters.

@@ -45,25 +45,25 @@ std::string faultOfBranch(std::string_view name) {
 
 std::string whatMakesUnreadable(const Configuration& configuration) {
     std::string found;
-    const auto check = [&](std::string_view what, const Key& key, const std::string& fault) {
-        if (found.empty() && !fault.empty()) found = std::string(what).append(key.view()) + fault;
+    const auto check = [&](const Key& key, std::string_view what, const std::string& fault) {
+        if (found.empty() && !fault.empty()) found = (std::string(key.view()) += ": ").append(what) + fault;
     };
     const bool attributes = configuration.state.interfaceKind == kTcpIp;
     for (const auto& [key, unit] : configuration.units) {
-        check("name of unit ", key, faultOf(unit->getName(), attributes));
+        check(key, "unit name", faultOf(unit->getName(), attributes));
         if (attributes) {
-            check("address of unit ", key, faultOf(unit->getAddress(), true));
+            check(key, "unit address", faultOf(unit->getAddress(), true));
             continue;
         }
         for (const std::string* setting : {&unit->getCom(), &unit->getParity(), &unit->getFlowCtl()})
-            check("port settings of unit ", key, faultOf(*setting, false));
+            check(key, "port setting", faultOf(*setting, false));
     }
     for (const auto& [key, branch] : configuration.branches)
-        check("name of branch ", key, faultOfBranch(branch->sName()));
+        check(key, "branch name", faultOfBranch(branch->sName()));
     for (const auto& [key, item] : configuration.items) {
-        check("name of item ", key, faultOf(item->sName(), false));
-        check("comment of ", key, faultOf(item->sComment(), false));
-        check("access right of ", key, faultOf(item->sAccessRight(), false));
+        check(key, "item name", faultOf(item->sName(), false));
+        check(key, "comment", faultOf(item->sComment(), false));
+        check(key, "access right", faultOf(item->sAccessRight(), false));
     }
     return found;
 }
