@@ -185,7 +185,7 @@ TEST(Mending, SaysWhatKeepsOtherProgramsFromReading) {
     PlantedWorkplace place({"P", "P.Run"});
     for (const auto& [comment, notice] :
          Fields{{"a + b", ""},
-                {"a & b", "P.Run: comment holds \"&\", so other programs cannot read this file. "}}) {
+                {"a & b", "P.Run: comment holds \"&\", so other programs cannot read this file.\n"}}) {
         place.item("P.Run").sComment(comment);
         place.saved();
         EXPECT_EQ(place.window.status[StatusField::Notice],

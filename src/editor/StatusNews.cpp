@@ -40,12 +40,12 @@ void StatusNews::update() {
 }
 
 void StatusNews::tellSaved(bool published) {
-    // What to mend stands first: a notice too long for its field loses its end.
+    // What to mend has the first line, the one that the status bar shows.
     notice_ = whatMakesUnreadable(configuration_);
-    if (!notice_.empty()) notice_ += ", so other programs cannot read this file. ";
+    if (!notice_.empty()) notice_ += ", so other programs cannot read this file.\n";
     if (!capitalsTold_ && hasSmallLetters(configuration_)) {
         capitalsTold_ = true;
-        notice_ += "Branch names come back in capitals when the file is opened. ";
+        notice_ += "Branch names come back in capitals when the file is opened.\n";
     }
     notice_ +=
         published

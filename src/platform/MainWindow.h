@@ -41,7 +41,7 @@ public:
     /// Ends the window for good, asking nothing more.
     virtual void close() = 0;
     virtual void showAboutBox() = 0;
-    /// Quiet news that hold nobody up. An empty text clears the field.
+    /// Quiet news that hold nobody up; the first line is the one that shows. An empty text clears the field.
     virtual void setStatus(StatusField field, std::string_view text) = 0;
 };
 

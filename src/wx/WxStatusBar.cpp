@@ -82,18 +82,15 @@ void WxStatusBar::showNews() {
     setAccessibleName(*this, "Status", all.empty() ? wxString("No configuration") : all);
 }
 
-// Shortened by ourselves: the toolkit takes no account of the grip. A path or key says most at its ends, the
-// notice at its beginning.
+// The first line of the text, shortened by ourselves: the toolkit takes no account of the grip.
 wxString WxStatusBar::fitting(int field) const {
     wxRect place;
     GetFieldRect(field, place);
-    const bool last = field + 1 == kFields;
-    const int room = place.GetWidth() - FromDIP(kPadding) - (last ? FromDIP(kGrip) : 0);
+    const int room = place.GetWidth() - FromDIP(kPadding) - (field + 1 == kFields ? FromDIP(kGrip) : 0);
     wxClientDC dc(const_cast<WxStatusBar*>(this));
     dc.SetFont(GetFont());
-    return wxControl::Ellipsize(fullText(static_cast<StatusField>(field)), dc,
-                                last ? wxELLIPSIZE_END : wxELLIPSIZE_MIDDLE, std::max(room, 0),
-                                wxELLIPSIZE_FLAGS_NONE);
+    const wxString line = fullText(static_cast<StatusField>(field)).BeforeFirst('\n');
+    return wxControl::Ellipsize(line, dc, wxELLIPSIZE_MIDDLE, std::max(room, 0), wxELLIPSIZE_FLAGS_NONE);
 }
 
 }  // namespace trevandix

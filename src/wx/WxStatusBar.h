@@ -8,9 +8,9 @@
 
 namespace trevandix {
 
-/// The status bar: one field for each kind of news. A text too long for its field is shortened in the middle,
-/// the notice at its end, and stands in the tooltip. What a menu entry or button does is shown in place of
-/// the selection.
+/// The status bar: one field for each kind of news. A field shows the first line of its text, shortened in
+/// the middle where it is too long; the tooltip shows all of it. What a menu entry or button does is shown in
+/// place of the selection.
 class WxStatusBar : public wxStatusBar {
 public:
     explicit WxStatusBar(wxWindow* parent);
