@@ -43,10 +43,10 @@ void renameUnit(benchmark::State& state) {
     for (int branch = 0; branch < 100; ++branch) addBranch(place, "Unit0", "Branch" + std::to_string(branch));
     for (std::int64_t i = 0; i < state.range(0); ++i) {
         TreeNode& container = place.node("Unit0.Branch" + std::to_string(i % 100));
-        auto item = std::make_shared<clsItem>();
-        item->sName("Item" + std::to_string(i));
-        item->sKey(makeKey(item->sName(), container, false));
-        place.configuration.addItem(item, container);
+        clsItem item;
+        item.sName("Item" + std::to_string(i));
+        item.sKey(makeKey(item.sName(), container, false));
+        place.configuration.addItem(std::move(item), container);
     }
     int name = 0;
     for (auto _ : state) {

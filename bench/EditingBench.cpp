@@ -29,25 +29,25 @@ struct Plant : Workplace {
         selectAll();
     }
     TreeNode& addUnit(const char* name) {
-        auto record = std::make_shared<clsPLC>();
-        record->setName(name);
-        record->sKey(name);
-        return configuration.addUnit(record, false);
+        clsPLC record;
+        record.setName(name);
+        record.sKey(name);
+        return configuration.addUnit(std::move(record));
     }
     TreeNode& addBranch(TreeNode& parent, const std::string& name) {
-        auto record = std::make_shared<clsBranch>();
-        record->sName(name);
-        record->sKey(Key(parent.key(), name));
-        return configuration.addBranch(record, parent);
+        clsBranch record;
+        record.sName(name);
+        record.sKey(Key(parent.key(), name));
+        return configuration.addBranch(std::move(record), parent);
     }
     void fill(TreeNode& branch, std::size_t items) {
         for (std::size_t i = 0; i < items; ++i) {
-            auto record = std::make_shared<clsItem>();
-            record->sName("Item_" + std::to_string(i));
-            record->sKey(Key(branch.key(), record->sName()));
-            record->sDataType("holding register:signed 16 bit");
-            record->sAccessRight("READ");
-            configuration.addItem(record, branch);
+            clsItem record;
+            record.sName("Item_" + std::to_string(i));
+            record.sKey(Key(branch.key(), record.sName()));
+            record.sDataType("holding register:signed 16 bit");
+            record.sAccessRight("READ");
+            configuration.addItem(std::move(record), branch);
         }
     }
     void selectAll() {

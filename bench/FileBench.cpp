@@ -43,8 +43,7 @@ struct Loaded {
     Configuration configuration;
 
     void read(const std::string& path) {
-        configuration.state.filePath = path;
-        configuration.buildRoot();
+        configuration.begin(path);
         if (!ConfigurationReader(configuration, parser).read(path)) std::abort();
     }
 };

@@ -37,7 +37,7 @@ const std::filesystem::path& folder() {
 }
 
 bool read(Configuration& configuration, const std::string& path) {
-    configuration.buildRoot();
+    configuration.begin(path);
     PugiXmlParser parser;
     return ConfigurationReader(configuration, parser).read(path);
 }

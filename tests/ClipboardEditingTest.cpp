@@ -35,7 +35,7 @@ TEST(ClipboardEditing, DefaultNamesStopACopy) {
 
 TEST(ClipboardEditing, PasteSaysWhatFailed) {
     PlantedWorkplace place({"U", "U.A/", "U.B/", "U.B.y/", "U.A.x", "U.A.y", "U.A.z"});
-    auto& buffer = place.configuration.state.copyBuffer;
+    auto& buffer = behindTheDoor(place.configuration.state).copyBuffer;
     buffer.clear();
     play(place, {{"U.A; mnuPaste", "said No items to paste."}});
     buffer = {nullptr, nullptr};

@@ -20,7 +20,7 @@ struct DialogPlace : Workplace {
             addDataType(*this, name);
         addUnit(*this, "U", "9");
         addBranch(*this, "U", "B");
-        configuration.state.saved = true;
+        configuration.setSaved(true);
     }
     /// What is entered before Ok is pressed, and what is said then, nothing where it is accepted; what the
     /// dialog shows when it is refused.
@@ -85,7 +85,7 @@ TEST(Dialogs, ShowAgainWhatWasEntered) {
         work(place, c.parent + "; " + c.command, {{c.entered + "|cmdOk", "open=no"}});
         play(place, {{"", c.seen + " | unsaved"}});
         EXPECT_EQ(place.counters(), counters + 1);
-        place.configuration.state.saved = true;
+        place.configuration.setSaved(true);
         work(place, "edit " + c.edited, {{"", c.shown}, {"cmdCancel", "open=no"}});
         play(place, {{"", "saved"}});
     }
@@ -185,14 +185,14 @@ void pressOkOn(DialogPlace& place, Collection& records, const Key key, const Unu
 void pressOkOnUnits(std::string_view kind, const std::vector<Unusual<clsPLC>>& rows) {
     for (const auto& row : rows) {
         DialogPlace place(kind);
-        auto unit = std::make_shared<clsPLC>();
-        unit->setName(kUnusual);
-        unit->setAddress("host");
-        unit->setCom("COM7");
-        row.set(*unit);
-        unit->sKey(unit->getName());
-        place.configuration.addUnit(unit, false);
-        pressOkOn(place, place.configuration.units, unit->sKey(), row,
+        clsPLC unit;
+        unit.setName(kUnusual);
+        unit.setAddress("host");
+        unit.setCom("COM7");
+        row.set(unit);
+        unit.sKey(unit.getName());
+        place.configuration.addUnit(unit);
+        pressOkOn(place, place.configuration.units, unit.sKey(), row,
                   [&](const clsPLC& each) { return each.GetXmlTag(kind); });
     }
 }
@@ -266,10 +266,10 @@ TEST(Dialogs, OkKeepsWhatNobodyTouches) {
     };
     for (const auto& row : types) {
         DialogPlace place;
-        auto record = std::make_shared<clsModBusType>();
-        row.set(*record);
+        clsModBusType record;
+        row.set(record);
         place.configuration.addDataType(record);
-        pressOkOn(place, place.configuration.dataTypes, record->getName(), row,
+        pressOkOn(place, place.configuration.dataTypes, record.getName(), row,
                   [](const clsModBusType& t) { return t.GetXmlTag() + t.getName(); });
     }
 
@@ -291,9 +291,9 @@ TEST(Dialogs, UnusualValuesBelongToTheirOwnTable) {
          {{"cmbModbusType=input status", chosen + "2|cmbAccessRight.count=1"},
           {"cmbModbusType=my table", chosen + "3|cmbAccessRight.count=4"},
           {"cmbDataType=string|cmbAccessRight=rw", "open=yes"}});
-    auto custom = std::make_shared<clsModBusType>();
-    custom->setName("my table");
-    custom->setWriteCode(7);
+    clsModBusType custom;
+    custom.setName("my table");
+    custom.setWriteCode(7);
     place.configuration.addDataType(custom);
     work(place, "edit my table",
          {{"cmbMBType=input status|cmbMBType=my table", "txtWriteCode=7|off=txtSingleCode"}});
@@ -326,7 +326,7 @@ TEST(Dialogs, CheckBranches) {
           // Under U.a, "b" has the key of "a.b" under U.
           {"U; mnuAddBranch: txtBranchName=a", ""},
           {"U.a; mnuAddBranch: txtBranchName=b", "said " + failure(kKeyInCollection, "cmdOk_Click")[0]}});
-    place.configuration.state.branchCounter = 32767;
+    behindTheDoor(place.configuration.state).branchCounter = 32767;
     play(place, {{"U; mnuAddBranch: txtBranchName=last",
                   "list U.last: U | said " + failure(kOverflow, "mnuAddBranch_Click")[0]}});
 }
@@ -352,7 +352,7 @@ TEST(Dialogs, RenameARecordWithAllBelowIt) {
 TEST(Dialogs, ADataTypeOfAnotherNameKeepsItsNode) {
     DialogPlace place;
     const auto& types = place.configuration.dataTypes;
-    types.at("holding register")->setSingleWrCode(0);
+    behindTheDoor(*types.at("holding register")).setSingleWrCode(0);
     work(place, "edit input status", {{"", "txtReadCode=2|off=txtWriteCode chkSingle txtSingleCode"}});
     work(place, "edit holding register",
          {{"", "txtSingleCode=|off=txtSingleCode"}, {"chkSingle|txtSingleCode=9|cmdOk", "open=no"}});
@@ -400,8 +400,8 @@ TEST(Dialogs, OnlyTheNodesThatTheyAddToOpenThem) {
 TEST(ItemDialog, TheTableDecidesTypesAndRightsAndTheTypeDecidesBitAndElements) {
     DialogPlace place;
     addDataType(place, "coil");
-    auto custom = std::make_shared<clsModBusType>();
-    custom->setName("my register");
+    clsModBusType custom;
+    custom.setName("my register");
     place.configuration.addDataType(custom);
     const auto offers = [](const char* types, const char* rights) {
         return std::string("cmbDataType=|cmbAccessRight=|txtElements=0|cmbDataType.count=") + types +

@@ -81,7 +81,8 @@ TEST(DragAndDrop, AFailureHalfWayKeepsWhatWasDone) {
         EXPECT_EQ(place.wrong(), Texts()) << "nodes without their records";
         // A record left without a node refuses its key without a word.
         play(place, {{"drag V to U.A", ""}});
-        place.configuration.tree.addChild(*place.configuration.tree.root(), "V", "V", {NodeTag::Plc});
+        behindTheDoor(place.configuration.tree)
+            .addChild(*place.configuration.tree.root(), "V", "V", {NodeTag::Plc});
         play(place, {{"drag U.A to V", "tree V: A"}});
         EXPECT_TRUE(place.has("U.A.w") && place.configuration.branches.contains("U.A"));
     }
@@ -107,8 +108,7 @@ TEST(DragAndDrop, EndsWithoutADrop) {
     // The dragged node has gone meanwhile.
     start();
     place.editor.TreeView1_OLEDragOver(&place.node("V"));
-    place.configuration.items.remove("U.x");
-    place.configuration.tree.remove(place.node("U.x"));
+    place.configuration.removeItem("U.x");
     EXPECT_FALSE(place.editor.dropAllowed(&place.node("V")));
     place.editor.TreeView1_OLEDragDrop();
     play(place, {{"", "tree top: ModBus U V(x)"}});

@@ -86,13 +86,15 @@ TEST(EditingSequences, EveryDisagreementIsNamed) {
     const Key item("U.B.x");
     const std::vector<std::pair<std::function<void(Configuration&)>, Texts>> rows{
         {[](Configuration&) {}, {}},
-        {[&](Configuration& c) { c.items.remove(item); }, {"item node without record: U.B.x"}},
-        {[&](Configuration& c) { c.tree.remove(c.tree.at(item)); }, {"item record without node: U.B.x"}},
-        {[&](Configuration& c) { c.tree.setText(c.tree.at(item), "y"); }, {"key of another place: U.B.x"}},
-        {[&](Configuration& c) { c.tree.setKey(c.tree.at(item), Key("U.B.y")); },
+        {[&](Configuration& c) { behindTheDoor(c.items).remove(item); }, {"item node without record: U.B.x"}},
+        {[&](Configuration& c) { behindTheDoor(c.tree).remove(c.tree.at(item)); },
+         {"item record without node: U.B.x"}},
+        {[&](Configuration& c) { behindTheDoor(c.tree).setText(c.tree.at(item), "y"); },
+         {"key of another place: U.B.x"}},
+        {[&](Configuration& c) { behindTheDoor(c.tree).setKey(c.tree.at(item), Key("U.B.y")); },
          {"item node without record: U.B.y", "key of another place: U.B.y",
           "item record without node: U.B.x"}},
-        {[&](Configuration& c) { c.branches.add(nullptr, item); },
+        {[&](Configuration& c) { behindTheDoor(c.branches).add(nullptr, item); },
          {"key without record: U.B.x", "branch record without node: U.B.x"}}};
     for (const auto& [fault, named] : rows) {
         PlantedWorkplace place({"U", "U.B/", "U.B.x"});

@@ -175,6 +175,15 @@ public:
     std::filesystem::path path;
 };
 
+/// What a configuration gives out as const, to bring about what no edit does.
+template <typename Part>
+Part& behindTheDoor(const Part& part) {
+    return const_cast<Part&>(part);
+}
+inline EditableTree& behindTheDoor(StructureTree& tree) {
+    return static_cast<EditableTree&>(tree);
+}
+
 /// The whole editor on doubles, with a folder of its own that goes away with it.
 class Workplace {
     OwnFolder ownFolder_;  // first, so that nothing in it is open any more when it goes
@@ -207,7 +216,7 @@ public:
     TreeNode& click(std::string_view key);
     TreeNode& node(std::string_view key) { return configuration.tree.at(Key(key)); }
     bool has(std::string_view key) const { return configuration.tree.find(Key(key)) != nullptr; }
-    clsItem& item(std::string_view key) { return *configuration.items.at(Key(key)); }
+    clsItem& item(std::string_view key) { return behindTheDoor(*configuration.items.at(Key(key))); }
     /// The keys of all nodes below the node with the key, in tree order.
     Texts below(std::string_view key);
     /// Empty for the first node, and for none.

@@ -26,7 +26,7 @@ struct Changed : Workplace {
     Changed() {
         openText(kRtuFile);
         fileDialog.choice = std::nullopt;
-        configuration.state.saved = false;
+        configuration.setSaved(false);
     }
 };
 
@@ -57,7 +57,7 @@ TEST(FileCommands, NewStartsEmptyBesideTheProgram) {
     EXPECT_EQ(place.registry.published, (Fields{{"TrevandixRTU", file}}));
     EXPECT_EQ(readFile(file), fileText({}, {}, true));
     // A dialog closed by its title bar leaves the kind as it was.
-    place.configuration.state.unitCounter = 3;
+    behindTheDoor(place.configuration.state).unitCounter = 3;
     place.run("mnuNewCfg");
     EXPECT_EQ(place.configuration.state.unitCounter, 0);
     EXPECT_EQ(place.configuration.state.interfaceKind, kRtu);
@@ -117,7 +117,7 @@ TEST(FileCommands, SaveQuestions) {
         EXPECT_EQ(goes.configuration.units.empty(), command != "mnuOpenCfg");  // Open's dialog was cancelled
 
         Changed unchanged;
-        unchanged.configuration.state.saved = true;
+        unchanged.configuration.setSaved(true);
         play(unchanged, {{command, ""}});
     }
 }
@@ -150,7 +150,7 @@ TEST(FileCommands, CloseAndExit) {
 
 TEST(FileCommands, OpenResetsTheView) {
     Changed place;
-    EditingState& state = place.configuration.state;
+    EditingState& state = behindTheDoor(place.configuration.state);
     state.copyBuffer.resize(5);
     state.pasteCounter = 9;
     place.list.sortBy(1);

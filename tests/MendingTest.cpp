@@ -19,7 +19,7 @@ namespace {
 // A configuration as its file gives it, much quicker made than a whole editor.
 struct Opened : Configuration {
     explicit Opened(const std::string& path) {
-        buildRoot();
+        begin("");
         PugiXmlParser parser;
         EXPECT_TRUE(ConfigurationReader(*this, parser).read(path));
     }
@@ -27,7 +27,7 @@ struct Opened : Configuration {
 
 // One of which files are written.
 struct Written : Configuration {
-    Written() { buildRoot(); }
+    Written() { begin(""); }
     void write(const std::string& path) const { ConfigurationWriter(*this).write(path); }
 };
 
@@ -40,7 +40,7 @@ public:
     }
 
     void fill(Configuration& configuration) {
-        configuration.state.interfaceKind = pick(2) == 0 ? kRtu : kTcpIp;
+        configuration.setInterfaceKind(pick(2) == 0 ? kRtu : kTcpIp);
         TreeNode* container = nullptr;
         for (int step = 2 + pick(14); step > 0; --step) {
             // No two are one, in capitals neither.
@@ -218,8 +218,9 @@ TEST(Mending, DamagedFilesLoseNothingWithoutAWord) {
          Fields{{"plain", "TrevandixRTU"}, {"a<b", "TrevandixRTU"}, {"a<b", "TrevandixTcpIp"}}) {
         PlantedWorkplace place({"P", "P.B/", "P.B.I", "P.B.J", "Q", "Q.B/", "Q.B.I", "Q.B.J"});
         for (const char* name : {"coil", "holding register"}) addDataType(place, name);
-        place.configuration.state.interfaceKind = kind;
-        for (const auto& [key, item] : place.configuration.items) item->sComment(comment);
+        place.configuration.setInterfaceKind(kind);
+        for (const auto& [key, item] : place.configuration.items)
+            place.configuration.setComment(key, comment);
         const std::string whole = place.saved();
         int refused = 0;
         const auto check = [&](std::size_t at, std::size_t length) {

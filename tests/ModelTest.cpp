@@ -36,7 +36,7 @@ TEST(Keys, ParentIsCutAtTheLastFullStop) {
 }
 
 TEST(StructureTree, SortsWithoutRegardToCaseAndStaysSorted) {
-    StructureTree tree;
+    EditableTree tree;
     TreeNode& root = tree.addRoot("root", {NodeTag::Config});
     for (const char* name : {"pump", "Valve", "alarm", "Pump", "äther"})
         tree.addChild(root, Key(name), name, kItemLook);
@@ -53,7 +53,7 @@ TEST(StructureTree, SortsWithoutRegardToCaseAndStaysSorted) {
 }
 
 TEST(StructureTree, SelectionPassesToTheNeighbourOfARemovedNode) {
-    StructureTree tree;
+    EditableTree tree;
     TreeNode& root = tree.addRoot("root", {NodeTag::Config});
     for (const char* name : {"a", "b", "c"}) tree.addChild(root, Key(name), name, kItemLook);
     tree.addChild(tree.at("b"), "b.x", "x", kItemLook);
@@ -69,12 +69,11 @@ TEST(StructureTree, SelectionPassesToTheNeighbourOfARemovedNode) {
 // The folder can be dragged elsewhere, where it has another key.
 TEST(Records, ATypeWithoutAFolderForItsNodeDoesNotStay) {
     Configuration configuration;
-    configuration.buildRoot();
-    configuration.tree.remove(configuration.tree.at(Key(kModBusFolder)));
-    auto type = std::make_shared<clsModBusType>();
-    type->setName("coil");
-    configuration.dataTypes.add(type, "coil");
-    EXPECT_THROW(configuration.addNodeOfLastDataType(), RuntimeError);
+    configuration.begin("");
+    configuration.removeMoved(configuration.tree.at(Key(kModBusFolder)));
+    clsModBusType type;
+    type.setName("coil");
+    EXPECT_THROW(configuration.addDataType(type), RuntimeError);
     EXPECT_EQ(configuration.dataTypes.size(), 0U);
 }
 

@@ -42,7 +42,7 @@ TEST(NameRules, DuplicatesAreSiblingsOfTheSameKindWithExactlyTheName) {
         }
     }
     FakeMessages messages;
-    EXPECT_FALSE(CheckDuplNames(NodeTag::Item, "a", StructureTree(), false, messages));
+    EXPECT_FALSE(CheckDuplNames(NodeTag::Item, "a", EditableTree(), false, messages));
     EXPECT_EQ(messages.texts, failure("91  Object variable not set", "CheckDuplNames"));
 }
 
@@ -81,9 +81,9 @@ TEST_F(Rekeying, ARefusedNameChangesNothing) {
 }
 
 TEST_F(Rekeying, TwoNodesThatWouldGetOneKeyAreRefused) {
-    auto twin = std::make_shared<clsItem>();
-    twin->sName("Stop");
-    twin->sKey("elsewhere");  // a key that does not follow from its place
+    clsItem twin;
+    twin.sName("Stop");
+    twin.sKey("elsewhere");  // a key that does not follow from its place
     place.configuration.addItem(twin, place.node("PLC1"));
     play(place, {{"edit PLC1: txtName=PLC2", inCollection_ + " | list PLC1: PLC1"}});
     EXPECT_EQ(place.wrong(), Texts{"key of another place: elsewhere"});

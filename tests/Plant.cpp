@@ -10,29 +10,29 @@
 namespace trevandix::testing {
 
 clsPLC& plantUnit(Configuration& configuration, const std::string& name, std::string_view address) {
-    auto unit = std::make_shared<clsPLC>();
-    unit->setName(name);
-    unit->setAddress(address);
-    unit->sKey(name);
-    configuration.addUnit(unit, false);
-    return *unit;
+    clsPLC unit;
+    unit.setName(name);
+    unit.setAddress(address);
+    unit.sKey(name);
+    configuration.addUnit(unit);
+    return behindTheDoor(*configuration.units.last());
 }
 
 TreeNode& plantBranch(Configuration& configuration, TreeNode& container, const std::string& name) {
-    auto branch = std::make_shared<clsBranch>();
-    branch->sName(name);
-    branch->sKey(Key(container.key(), name));
+    clsBranch branch;
+    branch.sName(name);
+    branch.sKey(Key(container.key(), name));
     return configuration.addBranch(branch, container);
 }
 
 clsItem& plantItem(Configuration& configuration, TreeNode& container, const std::string& name) {
-    auto item = std::make_shared<clsItem>();
-    item->sName(name);
-    item->sDataType("holding register:signed 16 bit");
-    item->sAccessRight("READ");
-    item->sKey(Key(container.key(), name));
+    clsItem item;
+    item.sName(name);
+    item.sDataType("holding register:signed 16 bit");
+    item.sAccessRight("READ");
+    item.sKey(Key(container.key(), name));
     configuration.addItem(item, container);
-    return *item;
+    return behindTheDoor(*configuration.items.last());
 }
 
 void plant(Workplace& place, const Texts& keys) {
@@ -55,7 +55,7 @@ void plant(Workplace& place, const Texts& keys) {
 PlantedWorkplace::PlantedWorkplace(const Texts& keys, const std::filesystem::path& state) : Workplace(state) {
     newConfiguration(kTcpIp);
     plant(*this, keys);
-    configuration.state.saved = true;
+    configuration.setSaved(true);
     messages.take();
 }
 

@@ -87,7 +87,7 @@ TEST(Recovery, GoesAwayWithTheReason) {
         Edited place;
         plant(place, {"U.b"});
         const Texts stays = way.empty() ? Texts{place.wanted()} : Texts{};
-        place.configuration.state.saved = false;
+        place.configuration.setSaved(false);
         place.tick(3, 3);
         ASSERT_EQ(place.files().size(), 3U);
         if (way.empty()) place.configuration.setFilePath(place.path("missing/test.xml"));
@@ -229,7 +229,7 @@ TEST(Recovery, EditorsThatLiveKeepTheirFiles) {
     two.tick(3, 3);
     EXPECT_EQ(one.files().size(), 6U);
     EXPECT_FALSE(two.editor.offerRecovery());
-    two.configuration.state.saved = false;
+    two.configuration.setSaved(false);
     two.messages.answers = {Answer::No};
     two.editor.Form_Unload();
     EXPECT_EQ(one.kept(), Texts{one.wanted()});

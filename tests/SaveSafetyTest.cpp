@@ -18,7 +18,7 @@ struct Changed : PlantedWorkplace {
     Changed() : PlantedWorkplace({"U", "U.a"}) {
         old = saved();
         plant(*this, {"U.b"});
-        configuration.state.saved = false;
+        configuration.setSaved(false);
     }
     std::string old;
 };
@@ -38,8 +38,8 @@ Texts names(const fs::path& folder) {
 TEST(SaveSafety, FailedSavesKeepTheLastWholeFile) {
     Changed place;
     const std::string path = place.path("test.xml");
-    const auto item = place.configuration.items.at("U.b");
-    place.configuration.items.remove("U.b");
+    auto& items = behindTheDoor(place.configuration.items);
+    const auto item = items.remove("U.b");
     for (int attempt = 0; attempt < 3; ++attempt) {
         place.run("mnuSaveCfg");
         EXPECT_EQ(place.messages.take().back(),
@@ -49,10 +49,10 @@ TEST(SaveSafety, FailedSavesKeepTheLastWholeFile) {
         EXPECT_NE(readFile(path), place.old);  // partly written
         EXPECT_FALSE(place.configuration.state.saved);
     }
-    place.configuration.items.add(item, Key("U.b"));
+    items.add(item, Key("U.b"));
     place.run("mnuSaveCfg");
     EXPECT_EQ(names(place.folder), Texts{"test.xml"});
-    place.configuration.items.remove("U.b");
+    items.remove("U.b");
     place.run("mnuSaveCfg");
     writeFile(path, "by another");
     place.messages.answers = {Answer::Yes, Answer::Yes};
@@ -60,7 +60,7 @@ TEST(SaveSafety, FailedSavesKeepTheLastWholeFile) {
     EXPECT_EQ(readFile(path + ".bak2"), "by another");
     EXPECT_EQ(names(place.folder), (Texts{"test.xml", "test.xml.bak", "test.xml.bak2"}));
     const std::string rescued = readFile(path + ".bak");
-    place.configuration.items.add(item, Key("U.b"));
+    items.add(item, Key("U.b"));
     place.run("mnuSaveCfg");
     EXPECT_EQ(names(place.folder), (Texts{"test.xml", "test.xml.bak"}));
     EXPECT_EQ(readFile(path + ".bak"), rescued);

@@ -179,7 +179,7 @@ TEST(WindowsFiles, OpenElsewhereOrReadOnlyAreNotSaved) {
     const std::string path = place.path("test.xml");
     plant(place, {"U.b"});
     const auto isRefused = [&] {
-        place.configuration.state.saved = false;
+        place.configuration.setSaved(false);
         place.run("mnuSaveCfg");
         EXPECT_EQ(place.messages.take().back(), " Error n. 70  Permission denied in CreateXML");
         EXPECT_FALSE(place.configuration.state.saved);

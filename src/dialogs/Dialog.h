@@ -41,6 +41,13 @@ inline void chooseStored(Form& form, std::string_view list, const std::string& v
     form.setText(list, value);
 }
 
+/// For a record that is added when its dialog has closed: refused while the dialog is still open. Errors:
+/// KeyInCollection.
+template <typename Record>
+void requireFree(const KeyedCollection<Record>& records, const Key& key) {
+    if (records.contains(key)) throw RuntimeError(ErrorNumber::KeyInCollection);
+}
+
 /// True when nothing is refused; else says why.
 inline bool passes(const std::optional<Refusal>& refused, Messages& messages) {
     if (refused) messages.show(refused->message);

@@ -1,6 +1,7 @@
 #include "dialogs/frmBranch.h"
 
 #include <array>
+#include <utility>
 
 namespace trevandix {
 
@@ -18,7 +19,7 @@ constexpr FormSpec kForm{"frmBranch", "Branch Name", kControls, "cmdOk", "cmdCan
 
 }  // namespace
 
-bool frmBranch::showToAdd() {
+std::optional<clsBranch> frmBranch::showToAdd() {
     edit_ = false;
     show("NewBranch" + std::to_string(context_.configuration.state.branchCounter));
     return added_;
@@ -30,7 +31,7 @@ void frmBranch::showToEdit() {
 }
 
 void frmBranch::show(std::string_view name) {
-    added_ = false;
+    added_.reset();
     form_ = context_.forms.create(kForm);
     connect<frmBranch>(*form_, context_.messages, *this,
                        {{"cmdOk", "cmdOk_Click", &frmBranch::cmdOk_Click},
@@ -44,30 +45,22 @@ void frmBranch::cmdOk_Click() {
     const std::string name = form_->text("txtBranchName");
     if (!CheckDuplNames(NodeTag::Branch, name, configuration.tree, edit_, context_.messages)) return;
     TreeNode& node = *configuration.tree.selected();
+    clsBranch record;
+    record.sName(name);
+    record.sKey(makeKey(name, node, edit_));
     if (edit_) {
-        renameBranch(node, name);
+        configuration.replaceBranch(node, std::move(record));
+        configuration.tree.select(&node);
     } else {
-        auto record = std::make_shared<clsBranch>();
-        record->sName(name);
-        record->sKey(makeKey(name, node, false));
-        configuration.branches.add(record, record->sKey());
-        added_ = true;
+        requireFree(configuration.branches, record.sKey());
+        added_ = std::move(record);
     }
-    configuration.state.saved = false;
+    configuration.setSaved(false);
     form_->close();
 }
 
-void frmBranch::renameBranch(TreeNode& node, const std::string& name) {
-    Configuration& configuration = context_.configuration;
-    auto record = std::make_shared<clsBranch>();
-    record->sName(name);
-    record->sKey(makeKey(name, node, true));
-    configuration.replaceBranch(node, std::move(record));
-    configuration.tree.select(&node);
-}
-
 void frmBranch::cmdCancel_Click() {
-    added_ = false;
+    added_.reset();
     form_->close();
 }
 

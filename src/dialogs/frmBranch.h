@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include "dialogs/Dialog.h"
@@ -12,8 +13,8 @@ class frmBranch {
 public:
     explicit frmBranch(const DialogContext& context) : context_(context) {}
 
-    /// True when a branch was added: the last one of its collection, still without a node.
-    bool showToAdd();
+    /// The branch to add below the selected node; nothing when the user cancels.
+    std::optional<clsBranch> showToAdd();
     /// Renames the selected branch.
     void showToEdit();
 
@@ -21,12 +22,11 @@ private:
     void show(std::string_view name);
     void cmdOk_Click();
     void cmdCancel_Click();
-    void renameBranch(TreeNode& node, const std::string& name);
 
     DialogContext context_;
     std::unique_ptr<Form> form_;
     bool edit_ = false;
-    bool added_ = false;
+    std::optional<clsBranch> added_;
 };
 
 }  // namespace trevandix

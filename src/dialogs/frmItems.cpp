@@ -68,7 +68,7 @@ constexpr std::array kInputs{
 
 }  // namespace
 
-void frmItems::show(std::shared_ptr<clsItem> edited) {
+void frmItems::show(std::shared_ptr<const clsItem> edited) {
     edited_ = std::move(edited);
     form_ = context_.forms.create(kForm);
     connect<frmItems>(*form_, context_.messages, *this,
@@ -162,11 +162,11 @@ void frmItems::changeItem(const ItemFields& item) {
         CheckDuplNames(NodeTag::Item, item.name, configuration.tree, true, context_.messages);
     if (!nameFits) return;
     TreeNode& node = *configuration.tree.selected();
-    auto record = std::make_shared<clsItem>();
-    record->SetByForm(item, node.parent()->key());
+    clsItem record;
+    record.SetByForm(item, node.parent()->key());
     configuration.replaceItem(node, std::move(record));
     configuration.tree.select(&node);
-    configuration.state.saved = false;
+    configuration.setSaved(false);
     stored_ = true;
 }
 
@@ -174,11 +174,11 @@ void frmItems::addItem(const ItemFields& item) {
     Configuration& configuration = context_.configuration;
     if (!CheckDuplNames(NodeTag::Item, item.name, configuration.tree, false, context_.messages)) return;
     TreeNode& container = *configuration.tree.selected();
-    auto record = std::make_shared<clsItem>();
-    record->SetByForm(item, container.key());
+    clsItem record;
+    record.SetByForm(item, container.key());
     configuration.tree.ensureVisible(configuration.addItem(std::move(record), container));
-    configuration.state.saved = false;
-    ++configuration.state.itemCounter;
+    configuration.setSaved(false);
+    configuration.raiseCounter(NodeTag::Item);
     stored_ = true;
 }
 

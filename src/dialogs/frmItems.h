@@ -18,10 +18,10 @@ public:
     /// Stays open for as many items as the user wants.
     void showToAdd() { show(nullptr); }
     /// `record` is the one under the selected node's key.
-    void showToEdit(std::shared_ptr<clsItem> record) { show(std::move(record)); }
+    void showToEdit(std::shared_ptr<const clsItem> record) { show(std::move(record)); }
 
 private:
-    void show(std::shared_ptr<clsItem> edited);
+    void show(std::shared_ptr<const clsItem> edited);
     void Form_Load();
     void loadRecord();
     void cmbModbusType_Click();
@@ -45,8 +45,8 @@ private:
 
     DialogContext context_;
     std::unique_ptr<Form> form_;
-    std::shared_ptr<clsItem> edited_;  ///< nothing while items are added
-    bool stored_ = false;              ///< the last AddItemToColl added or changed an item
+    std::shared_ptr<const clsItem> edited_;  ///< nothing while items are added
+    bool stored_ = false;                    ///< the last AddItemToColl added or changed an item
 };
 
 }  // namespace trevandix

@@ -32,10 +32,10 @@ constexpr FormSpec kForm{"frmModBus", "ModBus Data Type Properties", kControls, 
 
 }  // namespace
 
-bool frmModBus::showToAdd() {
+std::optional<clsModBusType> frmModBus::showToAdd() {
     edit_ = false;
     show();
-    return done_;
+    return added_;
 }
 
 void frmModBus::showToEdit(const std::string& name) {
@@ -45,7 +45,7 @@ void frmModBus::showToEdit(const std::string& name) {
 }
 
 void frmModBus::show() {
-    done_ = false;
+    added_.reset();
     form_ = context_.forms.create(kForm);
     connect<frmModBus>(*form_, context_.messages, *this,
                        {{"cmbMBType", "cmbMBType_Click", &frmModBus::cmbMBType_Click},
@@ -128,21 +128,20 @@ void frmModBus::cmdOk_Click() {
     const DataTypeFields type = fields();
     if (!CheckFields(type)) return;
     Configuration& configuration = context_.configuration;
-    auto record = std::make_shared<clsModBusType>();
-    record->SetByForm(type);
-    const std::string name = record->getName();
-    if (name.empty()) throw RuntimeError(ErrorNumber::InvalidCall);  // it could have no node
+    clsModBusType record;
+    record.SetByForm(type);
+    if (record.getName().empty()) throw RuntimeError(ErrorNumber::InvalidCall);  // it could have no node
     if (edit_) {
         configuration.replaceDataType(editedName_, std::move(record));
     } else {
-        configuration.dataTypes.add(std::move(record), name);
+        requireFree(configuration.dataTypes, record.getName());
+        added_ = std::move(record);
     }
-    done_ = true;
     form_->close();
 }
 
 void frmModBus::cmdCancel_Click() {
-    done_ = false;
+    added_.reset();
     form_->close();
 }
 

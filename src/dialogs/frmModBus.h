@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "dialogs/Dialog.h"
@@ -13,8 +14,8 @@ class frmModBus {
 public:
     explicit frmModBus(const DialogContext& context) : context_(context) {}
 
-    /// True when a data type was added: the last one of its collection, still without a node.
-    bool showToAdd();
+    /// The data type to add; nothing when the user cancels.
+    std::optional<clsModBusType> showToAdd();
     void showToEdit(const std::string& name);
 
 private:
@@ -33,7 +34,7 @@ private:
     std::unique_ptr<Form> form_;
     bool edit_ = false;
     std::string editedName_;
-    bool done_ = false;
+    std::optional<clsModBusType> added_;
 };
 
 }  // namespace trevandix

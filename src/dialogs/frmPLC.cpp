@@ -42,14 +42,14 @@ constexpr std::array<std::string_view, 7> kRtuFields{"txtPort", "cmbBaud", "cmbP
 
 }  // namespace
 
-bool frmPLC::showToAdd() {
+std::optional<clsPLC> frmPLC::showToAdd() {
     show(nullptr);
     return added_;
 }
 
-void frmPLC::show(std::shared_ptr<clsPLC> edited) {
+void frmPLC::show(std::shared_ptr<const clsPLC> edited) {
     edited_ = std::move(edited);
-    added_ = false;
+    added_.reset();
     form_ = context_.forms.create(kForm);
     connect<frmPLC>(*form_, context_.messages, *this,
                     {{"cmdOk", "cmdOk_Click", &frmPLC::cmdOk_Click},
@@ -141,19 +141,19 @@ void frmPLC::cmdOk_Click() {
     Configuration& configuration = context_.configuration;
     if (!CheckDuplNames(NodeTag::Plc, unit.name, configuration.tree, edited_ != nullptr, context_.messages))
         return;
-    auto record = std::make_shared<clsPLC>();
-    record->SetByForm(unit, configuration.state.interfaceKind);
+    clsPLC record;
+    record.SetByForm(unit, configuration.state.interfaceKind);
     if (edited_ != nullptr) {
         changeUnit(std::move(record));
     } else {
-        configuration.units.add(record, record->sKey());
-        added_ = true;
+        requireFree(configuration.units, record.sKey());
+        added_ = std::move(record);
     }
-    configuration.state.saved = false;
+    configuration.setSaved(false);
     form_->close();
 }
 
-void frmPLC::changeUnit(std::shared_ptr<clsPLC> record) {
+void frmPLC::changeUnit(clsPLC record) {
     Configuration& configuration = context_.configuration;
     TreeNode& node = *configuration.tree.selected();
     configuration.replaceUnit(node, std::move(record));

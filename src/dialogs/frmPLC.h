@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -14,13 +15,13 @@ class frmPLC {
 public:
     explicit frmPLC(const DialogContext& context) : context_(context) {}
 
-    /// True when a unit was added: the last one of its collection, still without a node.
-    bool showToAdd();
+    /// The unit to add; nothing when the user cancels.
+    std::optional<clsPLC> showToAdd();
     /// `record` is the one under the selected node's key.
-    void showToEdit(std::shared_ptr<clsPLC> record) { show(std::move(record)); }
+    void showToEdit(std::shared_ptr<const clsPLC> record) { show(std::move(record)); }
 
 private:
-    void show(std::shared_ptr<clsPLC> edited);
+    void show(std::shared_ptr<const clsPLC> edited);
     void Form_Load();
     void fillLists();
     void enableFields();
@@ -30,12 +31,12 @@ private:
     void cmdCancel_Click();
     UnitFields fields() const;
     bool CheckFields(const UnitFields& unit);
-    void changeUnit(std::shared_ptr<clsPLC> record);
+    void changeUnit(clsPLC record);
 
     DialogContext context_;
     std::unique_ptr<Form> form_;
-    std::shared_ptr<clsPLC> edited_;  ///< nothing while a unit is added
-    bool added_ = false;
+    std::shared_ptr<const clsPLC> edited_;  ///< nothing while a unit is added
+    std::optional<clsPLC> added_;
 };
 
 }  // namespace trevandix

@@ -92,7 +92,7 @@ void BulkPaste::applyNames(const Lines& lines, const Rows& rows) {
     }
     {
         const StructureTree::Batch batch(context_.tree());
-        renameItems(context_.configuration, renamings);
+        context_.configuration.renameItems(renamings);
     }
     std::optional<ErrorNumber> failure;
     for (std::size_t i = 0; i < renamings.size(); ++i) {
@@ -100,7 +100,7 @@ void BulkPaste::applyNames(const Lines& lines, const Rows& rows) {
             if (!failure) failure = renamings[i].failure;
             continue;
         }
-        context_.state().saved = false;
+        context_.configuration.setSaved(false);
         context_.list.setKey(renamed[i], renamings[i].newKey);
         context_.list.setCell(renamed[i], 0, renamings[i].name);
     }
@@ -120,7 +120,7 @@ void BulkPaste::mnuPasteComment_Click() {
                              row.text + ", " + std::string(context_.list.cell(rows[i], kAddressColumn))});
         }
         if (!showFrmReplace(context_.platform.forms, cells, inAddressOrder(rows))) return;
-        context_.state().saved = false;
+        context_.configuration.setSaved(false);
         applyComments(*lines, rows);
     });
 }

@@ -1,7 +1,5 @@
 #include "editor/ClipboardEditing.h"
 
-#include "model/NodeEditing.h"
-#include "model/Numbers.h"
 #include "platform/RuntimeError.h"
 
 namespace trevandix {
@@ -14,7 +12,7 @@ constexpr std::string_view kChangeName = "Please change Item name (do not use de
 
 void ClipboardEditing::mnuCopy_Click() {
     context_.guarded("mnuCopy_Click", [&] {
-        context_.state().pasteCounter = 0;
+        context_.configuration.resetPasteCounter();
         const FocusedView focus = context_.platform.window.focusedView();
         const TreeNode* node = context_.tree().selected();
         if (focus == FocusedView::List) {
@@ -26,14 +24,11 @@ void ClipboardEditing::mnuCopy_Click() {
 }
 
 void ClipboardEditing::copyRows() {
-    auto& buffer = context_.state().copyBuffer;
     std::size_t slot = 0;
     for (const std::size_t index : context_.list.selectedRows()) {
         const ListRow& row = context_.list.rows().at(index);
         if (row.text.starts_with(kDefaultName) || row.text.starts_with(kCopiedName)) return say(kChangeName);
-        ++slot;
-        buffer.resize(slot + 1);
-        buffer[slot] = context_.configuration.items.at(row.key);
+        context_.configuration.setCopySlot(++slot, row.key);
     }
     if (slot > 0) context_.news.tell(counted(slot, "item", "items") + " copied");
 }
@@ -42,7 +37,7 @@ void ClipboardEditing::copyNode(const TreeNode& node) {
     if (node.tag() == NodeTag::Branch) return say("Please use Drag&Drop to copy and paste branches");
     if (node.tag() != NodeTag::Item) return;
     if (node.text().starts_with(kDefaultName)) return say(kChangeName);
-    context_.state().copyBuffer = {nullptr, context_.configuration.items.at(node.key())};
+    context_.configuration.setCopySlot(1, node.key());
     context_.news.tell("1 item copied");
 }
 
@@ -67,12 +62,11 @@ void ClipboardEditing::mnuPaste_Click() {
 }
 
 void ClipboardEditing::paste() {
-    EditingState& state = context_.state();
-    if (state.copyBuffer.empty()) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    if (context_.state().copyBuffer.empty()) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
     TreeNode* branch = context_.tree().selected();
     if (branch == nullptr || branch->tag() != NodeTag::Branch) return;
     pasteInto(*branch);
-    state.pasteCounter = raised(state.pasteCounter);
+    context_.configuration.raisePasteCounter();
     views_.TreeView1_NodeClick(*branch);
 }
 
@@ -83,8 +77,8 @@ void ClipboardEditing::pasteInto(TreeNode& branch) {
         const auto& source = state.copyBuffer[slot];
         if (source == nullptr) throw RuntimeError(ErrorNumber::ObjectNotSet);
         if (source->sName().empty()) continue;
-        auto copy = std::make_shared<clsItem>();
-        copy->SetByCopy(*source, branch.key(), state.pasteCounter);
+        clsItem copy;
+        copy.SetByCopy(*source, branch.key(), state.pasteCounter);
         context_.tree().ensureVisible(context_.configuration.addItem(std::move(copy), branch, Image::None));
     }
 }
@@ -107,9 +101,7 @@ void ClipboardEditing::deleteRows(TreeNode& branch) {
     {
         const StructureTree::Batch batch(context_.tree());
         for (const std::size_t index : context_.list.selectedRows()) {
-            const Key key = context_.list.rows().at(index).key;
-            context_.configuration.items.remove(key);
-            context_.tree().remove(context_.tree().at(key));
+            context_.configuration.removeItem(context_.list.rows().at(index).key);
         }
     }
     views_.TreeView1_NodeClick(branch);
@@ -122,9 +114,8 @@ void ClipboardEditing::deleteNode(TreeNode& node) {
         case NodeTag::Branch:
             if (confirms("Are you sure you want to delete " + node.text() + " and all its items?")) {
                 const StructureTree::Batch batch(context_.tree());
-                RemoveBranch(context_.configuration, node);
-                context_.configuration.branches.remove(node.key());
-                removeSelected(node);
+                context_.configuration.removeBranch(node);
+                showSelected();
             }
             return;
         case NodeTag::Item:
@@ -140,20 +131,18 @@ void ClipboardEditing::deleteNode(TreeNode& node) {
 void ClipboardEditing::deleteUnit(TreeNode& node) {
     if (!confirms("Are you sure you want to delete " + node.text() + "?")) return;
     if (node.firstChild() != nullptr) return say("This unit is not empty");
-    context_.configuration.units.remove(node.key());
-    removeSelected(node);
+    context_.configuration.removeUnit(node);
+    showSelected();
 }
 
-// The list must not go on showing what was below the node.
-void ClipboardEditing::removeSelected(TreeNode& node) {
-    context_.tree().remove(node);
+// The list must not go on showing what was below a removed node.
+void ClipboardEditing::showSelected() {
     views_.TreeView1_NodeClick(*context_.tree().selected());
 }
 
 void ClipboardEditing::deleteItem(TreeNode& node) {
     if (confirms("Are you sure you want to delete " + node.text() + " ?")) {
-        context_.configuration.items.remove(node.key());
-        context_.tree().remove(node);
+        context_.configuration.removeItem(node.key());
     }
     const TreeNode* selected = context_.tree().selected();
     if (selected != nullptr && selected->parent() != nullptr) views_.TreeView1_NodeClick(*selected->parent());

@@ -29,7 +29,7 @@ private:
     void deleteRows(TreeNode& branch);
     void deleteNode(TreeNode& node);
     void deleteUnit(TreeNode& node);
-    void removeSelected(TreeNode& node);
+    void showSelected();
     void deleteItem(TreeNode& node);
     void say(std::string_view text) const { context_.platform.messages.show(text); }
     bool confirms(const std::string& question) const { return context_.platform.messages.confirms(question); }

@@ -1,8 +1,5 @@
 #include "editor/DragAndDrop.h"
 
-#include <vector>
-
-#include "model/NodeEditing.h"
 #include "platform/RuntimeError.h"
 
 namespace trevandix {
@@ -63,43 +60,13 @@ bool DragAndDrop::drop(TreeNode& target) {
     }
     if (verdict != Verdict::Accept) return false;
     const StructureTree::Batch batch(context_.tree());
-    TreeNode& placed = recreate(context_.configuration, *dragged, target);
-    if (dragged->tag() == NodeTag::Branch) CopySubTree(*dragged, placed);
+    TreeNode& placed = context_.configuration.copySubtree(*dragged, target);
     context_.tree().setExpanded(placed, true);
     context_.tree().ensureVisible(placed);
-    if (effect() == DropEffect::Move) removeSource(*dragged);
+    // Only when all of it stands at its new place: a name that is taken deep inside must leave no node
+    // without its record.
+    if (effect() == DropEffect::Move) context_.configuration.removeMoved(*dragged);
     return true;
-}
-
-// Only when all of it stands at its new place: a name that is taken deep inside must leave no node without
-// its record.
-void DragAndDrop::removeSource(TreeNode& dragged) {
-    Configuration& configuration = context_.configuration;
-    if (dragged.tag() == NodeTag::Item) configuration.items.remove(dragged.key());
-    if (dragged.tag() == NodeTag::Branch) {
-        RemoveBranch(configuration, dragged);
-        configuration.branches.remove(dragged.key());
-    }
-    configuration.tree.remove(dragged);
-}
-
-// Depth first like a recursion, but branches may be nested as deeply as a file likes.
-void DragAndDrop::CopySubTree(const TreeNode& nodSource, TreeNode& nodDest) {
-    struct Level {
-        const TreeNode* next;
-        TreeNode* destination;
-    };
-    std::vector<Level> levels{{nodSource.firstChild(), &nodDest}};
-    while (!levels.empty()) {
-        const auto [child, destination] = levels.back();
-        if (child == nullptr) {
-            levels.pop_back();
-            continue;
-        }
-        levels.back().next = child->nextSibling();
-        TreeNode& placed = recreate(context_.configuration, *child, *destination);
-        if (child->tag() == NodeTag::Branch) levels.push_back({child->firstChild(), &placed});
-    }
 }
 
 void DragAndDrop::dragCancelled() {

@@ -28,8 +28,6 @@ private:
     DropEffect effect() const { return mShiftState.control ? DropEffect::Copy : DropEffect::Move; }
     TreeNode* source() const;
     bool drop(TreeNode& target);
-    void CopySubTree(const TreeNode& nodSource, TreeNode& nodDest);
-    void removeSource(TreeNode& dragged);
     void endFeedback();
 
     const EditorContext& context_;

@@ -17,11 +17,9 @@ bool EditorContext::guarded(std::string_view procedure, const std::function<void
 void EditorContext::InitObjects() const {
     news.clearNotice();
     platform.window.setTreeVisible(false);
-    tree().clear();
+    configuration.clearTree();
     list.setVisible(false);
     list.clear();
-    state().copyBuffer.assign(1, nullptr);
-    state().pasteCounter = 1;
     news.update();
 }
 

@@ -19,7 +19,7 @@ struct EditorContext {
     StatusNews& news;
 
     StructureTree& tree() const { return configuration.tree; }
-    EditingState& state() const { return configuration.state; }
+    const EditingState& state() const { return configuration.state; }
 
     /// Switches the commands for a situation. Without an open configuration only Start and Busy have an
     /// effect, so that nothing can be saved over a file that could not be read.

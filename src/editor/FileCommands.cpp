@@ -1,8 +1,5 @@
 #include "editor/FileCommands.h"
 
-#include <algorithm>
-#include <limits>
-
 #include "editor/XmlFiles.h"
 #include "editor/frmSelect.h"
 #include "platform/FileAccess.h"
@@ -15,12 +12,6 @@ namespace {
 constexpr std::string_view kFilter = "configuration files |*.xml";
 constexpr std::string_view kSaveActive = "Do you want to save active configuration?";
 constexpr std::string_view kSaveThis = "Do you want to save this configuration?";
-
-// Default names go on behind the records that were read; the counter stops at its 16-bit limit.
-std::int16_t counterBehind(std::size_t records) {
-    constexpr std::size_t kLimit = std::numeric_limits<std::int16_t>::max();
-    return static_cast<std::int16_t>(std::min(records + 1, kLimit));
-}
 
 }  // namespace
 
@@ -47,23 +38,16 @@ void FileCommands::mnuNewCfg_Click() {
         const SaveQuestion question = askToSave(kSaveActive);
         if (question == SaveQuestion::Stop) return;
         keepUnasked(question);
-        EditingState& state = context_.state();
-        if (question == SaveQuestion::Settled) state.configurationOpen = false;
+        Configuration& configuration = context_.configuration;
+        if (question == SaveQuestion::Settled) configuration.setOpen(false);
         context_.InitObjects();
-        showFrmSelect(context_.platform.forms, state);
-        state.filePath = defaultFilePath();
-        state.configurationOpen = true;
-        state.saved = false;
-        context_.configuration.buildRoot();
+        if (const auto kind = showFrmSelect(context_.platform.forms)) configuration.setInterfaceKind(*kind);
+        configuration.beginNew(defaultFilePath());
         context_.platform.window.showImportPanel(false);  // a failed Open may have left it
         context_.platform.window.setTreeVisible(true);
         context_.list.setVisible(true);
         context_.list.setSorted(false);
         context_.enable(Situation::AfterNew);
-        context_.configuration.createCollections();
-        state.unitCounter = state.branchCounter = state.dataTypeCounter = 0;
-        state.itemCounter = 0;
-        context_.configuration.markNew();
         file_.opened({});
         context_.platform.window.focusTree();
     });
@@ -108,8 +92,7 @@ bool FileCommands::recover(const std::string& content, const std::string& filePa
         recovered = read(content, filePath);
         if (!recovered) return;
         file_.opened(stamp);
-        context_.state().saved = false;
-        context_.configuration.touch();
+        context_.configuration.markUnsaved();
     });
     if (!recovered) {  // the program goes on as it starts
         context_.InitObjects();
@@ -121,15 +104,13 @@ bool FileCommands::recover(const std::string& content, const std::string& filePa
 bool FileCommands::read(const std::string& source, const std::string& filePath) {
     Configuration& configuration = context_.configuration;
     // From here on the old configuration is gone, and the new one is not there before it has been read whole.
-    configuration.state.configurationOpen = false;
+    configuration.setOpen(false);
     context_.InitObjects();
-    configuration.createCollections();
-    configuration.state.filePath = filePath;
     file_.opened({});
     bool complete = false;
     {
         const StructureTree::Batch batch(configuration.tree);
-        configuration.buildRoot();
+        configuration.begin(filePath);
         MainWindow& window = context_.platform.window;
         window.showImportPanel(true);
         context_.enable(Situation::Busy);
@@ -148,15 +129,8 @@ bool FileCommands::read(const std::string& source, const std::string& filePath) 
 
 void FileCommands::finishLoad() {
     Configuration& configuration = context_.configuration;
-    EditingState& state = configuration.state;
     context_.platform.window.showImportPanel(false);
-    state.dataTypeCounter = counterBehind(configuration.dataTypes.size());
-    state.itemCounter = static_cast<std::uint32_t>(configuration.items.size()) + 1;
-    state.branchCounter = counterBehind(configuration.branches.size());
-    state.unitCounter = counterBehind(configuration.units.size());
-    state.configurationOpen = true;
-    state.saved = true;
-    configuration.markSaved();
+    configuration.endLoad();
     context_.platform.window.setTreeVisible(true);
     context_.list.setVisible(true);
     context_.list.setSorted(false);
@@ -169,10 +143,9 @@ void FileCommands::finishLoad() {
 }
 
 bool FileCommands::writeAndPublish() {
-    EditingState& state = context_.state();
+    const EditingState& state = context_.state();
     if (!CreateXML(context_.configuration, state.filePath, file_, context_.platform)) {
-        state.saved = false;
-        context_.configuration.touch();  // whatever is at the path now
+        context_.configuration.markUnsaved();  // whatever is at the path now
         context_.news.clearNotice();
         return false;
     }
@@ -180,7 +153,7 @@ bool FileCommands::writeAndPublish() {
     // Without administrator's rights this is refused; saving has succeeded all the same.
     const bool published = context_.platform.registry.publish(state.interfaceKind, state.filePath);
     context_.news.tellSaved(published);
-    state.saved = true;
+    context_.configuration.setSaved(true);
     context_.news.update();  // the message box that may follow keeps the command from ending
     return true;
 }
@@ -238,13 +211,10 @@ void FileCommands::mnuCloseCfg_Click() {
         const SaveQuestion question = askToSave(kSaveThis);
         if (question == SaveQuestion::Stop) return;
         keepUnasked(question);
-        if (question == SaveQuestion::Settled) context_.state().configurationOpen = false;
+        if (question == SaveQuestion::Settled) context_.configuration.setOpen(false);
         context_.InitObjects();
         context_.enable(Situation::Start);
-        context_.configuration.items.clear();
-        context_.configuration.units.clear();
-        context_.configuration.branches.clear();
-        context_.configuration.markNew();
+        context_.configuration.close();
         file_.opened({});
     });
 }
@@ -261,20 +231,17 @@ void FileCommands::saveAtEnd() {
 
 void FileCommands::mnuExit_Click() {
     context_.guarded("mnuExit_Click", [&] {
-        EditingState& state = context_.state();
         saveAtEnd();
-        state.configurationOpen = false;
+        context_.configuration.setOpen(false);
         context_.platform.window.close();
     });
 }
 
 void FileCommands::unload() {
     context_.guarded("Form_Unload", [&] {
-        EditingState& state = context_.state();
         saveAtEnd();
-        state.configurationOpen = false;
-        context_.configuration.units.clear();
-        context_.configuration.items.clear();
+        context_.configuration.setOpen(false);
+        context_.configuration.close();
     });
 }
 

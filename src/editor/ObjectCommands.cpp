@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "dialogs/frmBranch.h"
 #include "dialogs/frmItems.h"
 #include "dialogs/frmModBus.h"
 #include "dialogs/frmPLC.h"
-#include "model/Numbers.h"
 
 namespace trevandix {
 
@@ -44,11 +44,11 @@ void ObjectCommands::showSelected(TreeNode& node) {
 void ObjectCommands::mnuAddMBType_Click() {
     context_.guarded("mnuAddMBType_Click", [&] {
         if (targetOf({NodeTag::ModBus, NodeTag::Branch}, "the ModBus folder") == nullptr) return;
-        frmModBus dialog(dialogContext());
-        if (!dialog.showToAdd()) return;
-        showSelected(context_.configuration.addNodeOfLastDataType());
-        context_.state().saved = false;
-        context_.state().dataTypeCounter = raised(context_.state().dataTypeCounter);
+        auto record = frmModBus(dialogContext()).showToAdd();
+        if (!record) return;
+        showSelected(context_.configuration.addDataType(std::move(*record)));
+        context_.configuration.setSaved(false);
+        context_.configuration.raiseCounter(NodeTag::DataType);
         views_.TreeView1_NodeClick(context_.tree().at(Key(kModBusFolder)));
     });
 }
@@ -56,12 +56,11 @@ void ObjectCommands::mnuAddMBType_Click() {
 void ObjectCommands::mnuAddPlc_Click() {
     context_.guarded("mnuAddPlc_Click", [&] {
         if (targetOf({NodeTag::Config}, "the configuration") == nullptr) return;
-        frmPLC dialog(dialogContext());
-        if (!dialog.showToAdd()) return;
-        TreeNode& unit = context_.configuration.addNodeOfLastUnit();
+        auto record = frmPLC(dialogContext()).showToAdd();
+        if (!record) return;
+        TreeNode& unit = context_.configuration.addUnit(std::move(*record));
         showSelected(unit);
-        context_.state().saved = false;
-        context_.state().unitCounter = raised(context_.state().unitCounter);
+        context_.configuration.raiseCounter(NodeTag::Plc);
         views_.TreeView1_NodeClick(unit);
     });
 }
@@ -70,11 +69,10 @@ void ObjectCommands::mnuAddBranch_Click() {
     context_.guarded("mnuAddBranch_Click", [&] {
         TreeNode* container = targetOf({NodeTag::Plc, NodeTag::Branch}, "a unit or a branch");
         if (container == nullptr) return;
-        frmBranch dialog(dialogContext());
-        if (!dialog.showToAdd()) return;
-        showSelected(context_.configuration.addNodeOfLastBranch(*container));
-        context_.state().saved = false;
-        context_.state().branchCounter = raised(context_.state().branchCounter);
+        auto record = frmBranch(dialogContext()).showToAdd();
+        if (!record) return;
+        showSelected(context_.configuration.addBranch(std::move(*record), *container));
+        context_.configuration.raiseCounter(NodeTag::Branch);
     });
 }
 

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "model/clsPLC.h"
+
 namespace trevandix {
 
 namespace {
@@ -19,18 +21,20 @@ constexpr FormSpec kForm{"frmSelect", "Select ModBus interface", kControls, "cmd
 
 }  // namespace
 
-void showFrmSelect(Forms& forms, EditingState& state) {
+std::optional<std::string_view> showFrmSelect(Forms& forms) {
+    std::optional<std::string_view> kind;
     const auto form = forms.create(kForm);
     form->setChecked("optTcpip", true);
     form->on("cmdOk", [&] {
         if (form->checked("optTcpip")) {
-            state.interfaceKind = kTcpIp;
+            kind = kTcpIp;
         } else if (form->checked("optRTU")) {
-            state.interfaceKind = kRtu;
+            kind = kRtu;
         }
         form->close();
     });
     form->showModal();
+    return kind;
 }
 
 }  // namespace trevandix

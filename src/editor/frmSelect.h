@@ -1,11 +1,13 @@
 #pragma once
 
-#include "model/Configuration.h"
+#include <optional>
+#include <string_view>
+
 #include "platform/Form.h"
 
 namespace trevandix {
 
-/// Asks for the interface kind of a new configuration. Closed by its title bar it leaves the kind as it was.
-void showFrmSelect(Forms& forms, EditingState& state);
+/// Asks for the interface kind of a new configuration. Nothing when it was closed by its title bar.
+std::optional<std::string_view> showFrmSelect(Forms& forms);
 
 }  // namespace trevandix

@@ -1,7 +1,10 @@
 #include "model/ItemRenaming.h"
 
+#include <memory>
 #include <unordered_map>
 #include <unordered_set>
+
+#include "model/Content.h"
 
 namespace trevandix {
 
@@ -10,8 +13,8 @@ namespace {
 /// Finds out which renamings can be done together.
 class Plan {
 public:
-    Plan(const Configuration& configuration, std::vector<ItemRenaming>& renamings)
-        : configuration_(configuration), renamings_(renamings) {
+    Plan(const Content& content, std::vector<ItemRenaming>& renamings)
+        : tree_(content.tree()), items_(content.records<clsItem>()), renamings_(renamings) {
         for (ItemRenaming& renaming : renamings_) leave(renaming);
         for (ItemRenaming& renaming : renamings_) {
             if (!renaming.failure) claim(renaming);
@@ -28,9 +31,9 @@ public:
 
 private:
     void leave(ItemRenaming& renaming) {
-        if (configuration_.tree.find(renaming.key) == nullptr) {
+        if (tree_.find(renaming.key) == nullptr) {
             renaming.failure = ErrorNumber::ElementNotFound;
-        } else if (!configuration_.items.contains(renaming.key) || !leaving_.insert(renaming.key).second) {
+        } else if (!items_.contains(renaming.key) || !leaving_.insert(renaming.key).second) {
             renaming.failure = ErrorNumber::InvalidCall;
         }
     }
@@ -41,9 +44,9 @@ private:
             stay(renaming, ErrorNumber::KeyInCollection);
         } else if (leaving_.contains(renaming.newKey)) {
             return;
-        } else if (configuration_.items.contains(renaming.newKey)) {
+        } else if (items_.contains(renaming.newKey)) {
             stay(renaming, ErrorNumber::KeyInCollection);
-        } else if (configuration_.tree.find(renaming.newKey) != nullptr) {
+        } else if (tree_.find(renaming.newKey) != nullptr) {
             stay(renaming, ErrorNumber::KeyNotUnique);
         }
     }
@@ -53,7 +56,8 @@ private:
         staying_.push_back(&renaming);
     }
 
-    const Configuration& configuration_;
+    const StructureTree& tree_;
+    const KeyedCollection<clsItem>& items_;
     std::vector<ItemRenaming>& renamings_;
     std::unordered_set<Key> leaving_;
     std::unordered_map<Key, ItemRenaming*> claims_;
@@ -68,24 +72,22 @@ struct Taken {
 
 }  // namespace
 
-void renameItems(Configuration& configuration, std::vector<ItemRenaming>& renamings) {
-    const Plan plan(configuration, renamings);
-    StructureTree& tree = configuration.tree;
+void renameItems(Content& content, std::vector<ItemRenaming>& renamings) {
+    const Plan plan(content, renamings);
     std::vector<Taken> taken;
     taken.reserve(renamings.size());
     for (const ItemRenaming& renaming : renamings) {
         if (renaming.failure) continue;
-        taken.push_back({&renaming, configuration.items.at(renaming.key), &tree.at(renaming.key)});
-        configuration.items.remove(renaming.key);
-        tree.setKey(*taken.back().node, {});
+        TreeNode& node = content.tree().at(renaming.key);
+        taken.push_back({&renaming, content.take<clsItem>(renaming.key), &node});
+        content.setKey(node, {});
     }
     for (const auto& [renaming, record, node] : taken) {
-        record->sKey(renaming->newKey);
-        if (record->sName() != renaming->name) configuration.touch();
-        record->sName(renaming->name);
-        configuration.items.add(record, renaming->newKey);
-        tree.setKey(*node, renaming->newKey);
-        tree.setText(*node, renaming->name);
+        content.setRecordKey(record, renaming->newKey);
+        content.setName(record, renaming->name);
+        content.put(record, renaming->newKey);
+        content.setKey(*node, renaming->newKey);
+        content.setText(*node, renaming->name);
     }
 }
 

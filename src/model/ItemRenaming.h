@@ -4,9 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "model/Configuration.h"
+#include "model/Key.h"
+#include "platform/RuntimeError.h"
 
 namespace trevandix {
+
+class Content;
 
 /// One item's new name; what came of it is told in the last two members.
 struct ItemRenaming {
@@ -19,6 +22,6 @@ struct ItemRenaming {
 /// Renames many items at once, records and nodes together, so that names can be swapped among them. An item
 /// whose new key is taken, by an item outside or by one that has to stay, keeps its name: KeyInCollection,
 /// KeyNotUnique. One that is not there, or comes twice: InvalidCall, ElementNotFound.
-void renameItems(Configuration& configuration, std::vector<ItemRenaming>& renamings);
+void renameItems(Content& content, std::vector<ItemRenaming>& renamings);
 
 }  // namespace trevandix

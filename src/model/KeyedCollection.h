@@ -13,18 +13,20 @@
 namespace trevandix {
 
 /// Records in order of addition, found and removed by key in constant time. Keys compare exactly. A record
-/// may stand under more than one key (a copy made by dragging shares it), hence the shared ownership.
+/// may stand under more than one key (a copy made by dragging shares it), hence the shared ownership. The
+/// records of a const collection are const.
 template <typename Record>
 class KeyedCollection {
 public:
     using Pointer = std::shared_ptr<Record>;
+    using ConstPointer = std::shared_ptr<const Record>;
 
 private:
     class Entry {
     public:
         Entry(Pointer entryRecord, const Key& key) : record(std::move(entryRecord)), key_(key) {}
         const Key& key() const { return key_; }
-        const Pointer record;
+        Pointer record;
 
     private:
         Key key_;
@@ -35,10 +37,10 @@ private:
 public:
     class Iterator {
     public:
-        using value_type = std::pair<const Key&, const Pointer&>;
+        using value_type = std::pair<const Key&, const Record*>;
         using difference_type = std::ptrdiff_t;
         Iterator() = default;
-        value_type operator*() const { return {place_->key(), place_->record}; }
+        value_type operator*() const { return {place_->key(), place_->record.get()}; }
         Iterator& operator++() {
             ++place_;
             return *this;
@@ -68,34 +70,37 @@ public:
         entries_.splice(entries_.end(), added);
     }
 
-    /// Errors: InvalidCall when no record has the key.
-    void remove(const Key& key) {
+    /// Returns the record removed. Errors: InvalidCall when no record has the key.
+    Pointer remove(const Key& key) {
         const Handle place = handle(key);
+        Pointer record = std::move(place->record);
         index_.erase(key);
         entries_.erase(place);
+        return record;
     }
 
     /// The record under the key, or nullptr.
-    Pointer find(const Key& key) const {
+    ConstPointer find(const Key& key) const {
         const Handle* place = index_.find(key);
         return place == nullptr ? nullptr : (*place)->record;
     }
 
     /// Errors: InvalidCall when no record has the key.
-    const Pointer& at(const Key& key) const { return handle(key)->record; }
+    ConstPointer at(const Key& key) const { return handle(key)->record; }
+    const Pointer& at(const Key& key) { return handle(key)->record; }
 
     /// The same, looked for at `place` first, which then moves behind the record found: who asks in about the
     /// order of addition saves the search. `place` may start at begin(); changes of the collection make it
     /// invalid.
-    const Pointer& at(const Key& key, Iterator& place) const {
+    const Record& at(const Key& key, Iterator& place) const {
         if (place == end() || !((*place).first == key)) place = Iterator(handle(key));
-        return (*place++).second;
+        return *(*place++).second;
     }
 
     bool contains(const Key& key) const { return index_.find(key) != nullptr; }
 
     /// The record added last. Errors: SubscriptOutOfRange when empty.
-    const Pointer& last() const {
+    ConstPointer last() const {
         if (empty()) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
         return entries_.back().record;
     }

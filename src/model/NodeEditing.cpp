@@ -7,23 +7,21 @@ namespace trevandix {
 namespace {
 
 template <typename Record>
-void addUnder(KeyedCollection<Record>& collection, const Key& from, const Key& to) {
-    const std::shared_ptr<Record> record = collection.at(from);
-    collection.add(record, to);
-    record->sKey(to);
+void addUnder(Content& content, const Key& from, const Key& to) {
+    content.setRecordKey(content.share<Record>(from, to), to);
 }
 
 }  // namespace
 
 // In the order of a recursion, items first, but branches may be nested as deeply as a file likes.
-void RemoveBranch(Configuration& configuration, const TreeNode& node) {
+void RemoveBranch(Content& content, const TreeNode& node) {
     std::vector<const TreeNode*> waiting{&node};
     while (!waiting.empty()) {
         const TreeNode& branch = *waiting.back();
         waiting.pop_back();
-        if (&branch != &node) configuration.branches.remove(branch.key());
+        if (&branch != &node) content.take<clsBranch>(branch.key());
         for (const TreeNode* child = branch.firstChild(); child != nullptr; child = child->nextSibling()) {
-            if (child->tag() == NodeTag::Item) configuration.items.remove(child->key());
+            if (child->tag() == NodeTag::Item) content.take<clsItem>(child->key());
         }
         for (const TreeNode* child = branch.lastChild(); child != nullptr; child = child->previousSibling()) {
             if (child->tag() == NodeTag::Branch) waiting.push_back(child);
@@ -31,12 +29,31 @@ void RemoveBranch(Configuration& configuration, const TreeNode& node) {
     }
 }
 
-TreeNode& recreate(Configuration& configuration, const TreeNode& source, TreeNode& target) {
+TreeNode& recreate(Content& content, const TreeNode& source, TreeNode& target) {
     const Key key(target.key(), source.text());
-    TreeNode& node = configuration.tree.addChild(target, key, source.text(), source.look());
-    if (source.tag() == NodeTag::Item) addUnder(configuration.items, source.key(), key);
-    if (source.tag() == NodeTag::Branch) addUnder(configuration.branches, source.key(), key);
+    TreeNode& node = content.link(target, key, source.text(), source.look());
+    if (source.tag() == NodeTag::Item) addUnder<clsItem>(content, source.key(), key);
+    if (source.tag() == NodeTag::Branch) addUnder<clsBranch>(content, source.key(), key);
     return node;
+}
+
+// Depth first like a recursion, but branches may be nested as deeply as a file likes.
+void CopySubTree(Content& content, const TreeNode& nodSource, TreeNode& nodDest) {
+    struct Level {
+        const TreeNode* next;
+        TreeNode* destination;
+    };
+    std::vector<Level> levels{{nodSource.firstChild(), &nodDest}};
+    while (!levels.empty()) {
+        const auto [child, destination] = levels.back();
+        if (child == nullptr) {
+            levels.pop_back();
+            continue;
+        }
+        levels.back().next = child->nextSibling();
+        TreeNode& placed = recreate(content, *child, *destination);
+        if (child->tag() == NodeTag::Branch) levels.push_back({child->firstChild(), &placed});
+    }
 }
 
 }  // namespace trevandix

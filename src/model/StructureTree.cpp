@@ -31,51 +31,6 @@ bool SiblingOrder::operator()(std::string_view left, const TreeNode* right) cons
     return compareIgnoringCase(left, right->text()) < 0;
 }
 
-StructureTree::StructureTree() = default;
-
-StructureTree::~StructureTree() {
-    observer_ = nullptr;
-    clear();
-}
-
-TreeNode* StructureTree::create(const Key& key, std::string_view text, const NodeLook& look) {
-    auto node = std::make_unique<TreeNode>();
-    node->key_ = key;
-    node->text_ = text;
-    node->look_ = look;
-    if (!key.empty() && !index_.insert(node.get())) throw RuntimeError(ErrorNumber::KeyNotUnique);
-    node->addedBefore_ = lastAdded_;
-    (lastAdded_ != nullptr ? lastAdded_->addedAfter_ : firstAdded_) = node.get();
-    lastAdded_ = node.get();
-    ++size_;
-    return node.release();
-}
-
-void StructureTree::destroy(TreeNode* node) {
-    if (!node->key_.empty()) index_.erase(node->key_);
-    (node->addedBefore_ != nullptr ? node->addedBefore_->addedAfter_ : firstAdded_) = node->addedAfter_;
-    (node->addedAfter_ != nullptr ? node->addedAfter_->addedBefore_ : lastAdded_) = node->addedBefore_;
-    if (highlight_ == node) highlight_ = nullptr;
-    --size_;
-    delete node;
-}
-
-TreeNode& StructureTree::addRoot(std::string_view text, const NodeLook& look) {
-    if (root_ != nullptr) throw RuntimeError(ErrorNumber::InvalidCall);
-    root_ = create({}, text, look);
-    if (observer_ != nullptr) observer_->nodeAdded(*root_);
-    return *root_;
-}
-
-TreeNode& StructureTree::addChild(TreeNode& parent, const Key& key, std::string_view text,
-                                  const NodeLook& look) {
-    TreeNode* node = create(key, text, look);
-    linkBefore(parent, *node, sortedPlace(parent, *node));
-    ++edits_;
-    if (observer_ != nullptr) observer_->nodeAdded(*node);
-    return *node;
-}
-
 void StructureTree::linkBefore(TreeNode& parent, TreeNode& node, TreeNode* successor) {
     node.parent_ = &parent;
     node.next_ = successor;
@@ -83,75 +38,6 @@ void StructureTree::linkBefore(TreeNode& parent, TreeNode& node, TreeNode* succe
     (node.previous_ != nullptr ? node.previous_->next_ : parent.firstChild_) = &node;
     (successor != nullptr ? successor->previous_ : parent.lastChild_) = &node;
     ++parent.childCount_;
-}
-
-void StructureTree::unlink(TreeNode& node) {
-    TreeNode& parent = *node.parent_;
-    (node.previous_ != nullptr ? node.previous_->next_ : parent.firstChild_) = node.next_;
-    (node.next_ != nullptr ? node.next_->previous_ : parent.lastChild_) = node.previous_;
-    --parent.childCount_;
-}
-
-// Where the node belongs among its siblings: the node that follows it, or nullptr for the end. Enters it
-// there.
-TreeNode* StructureTree::sortedPlace(TreeNode& parent, TreeNode& node) {
-    if (parent.sorted_ == nullptr) return nullptr;
-    const auto place = std::next(parent.sorted_->insert(&node));
-    return place == parent.sorted_->end() ? nullptr : *place;
-}
-
-void StructureTree::forgetInSortedOrder(TreeNode& node) {
-    if (node.parent_ == nullptr || node.parent_->sorted_ == nullptr) return;
-    auto [place, end] = node.parent_->sorted_->equal_range(&node);
-    place = std::find(place, end, &node);
-    if (place != end) node.parent_->sorted_->erase(place);
-}
-
-void StructureTree::remove(TreeNode& node) {
-    ++edits_;
-    if (observer_ != nullptr) observer_->nodeRemoved(node);
-    const bool selectionGoes = liesIn(selected_, node);
-    TreeNode* successor = node.next_ != nullptr       ? node.next_
-                          : node.previous_ != nullptr ? node.previous_
-                                                      : node.parent_;
-    if (node.parent_ != nullptr) {
-        forgetInSortedOrder(node);
-        unlink(node);
-    } else {
-        root_ = nullptr;
-    }
-    if (selectionGoes) selected_ = nullptr;
-    destroySubtree(node);
-    if (selectionGoes) select(successor);
-}
-
-// Without recursion: a file may nest branches as deeply as it likes.
-void StructureTree::destroySubtree(TreeNode& top) {
-    TreeNode* node = &top;
-    while (true) {
-        while (node->firstChild_ != nullptr) node = node->firstChild_;
-        if (node == &top) break;
-        TreeNode* parent = node->parent_;
-        parent->firstChild_ = node->next_;
-        destroy(node);
-        node = parent;
-    }
-    destroy(&top);
-}
-
-void StructureTree::clear() {
-    if (root_ == nullptr) return;
-    ++edits_;
-    selected_ = highlight_ = nullptr;
-    for (TreeNode* node = firstAdded_; node != nullptr;) {
-        TreeNode* next = node->addedAfter_;
-        delete node;
-        node = next;
-    }
-    index_ = {};
-    root_ = firstAdded_ = lastAdded_ = nullptr;
-    size_ = 0;
-    if (observer_ != nullptr) observer_->cleared();
 }
 
 TreeNode* StructureTree::find(const Key& key) const {
@@ -178,29 +64,6 @@ const TreeNode* StructureTree::childNamed(const TreeNode& parent, NodeTag tag, s
     const TreeNode* child = parent.firstChild_;
     while (child != nullptr && !matches(child)) child = child->next_;
     return child;
-}
-
-void StructureTree::setText(TreeNode& node, std::string_view text) {
-    if (node.text_ == text) return;
-    if (&node != root_) ++edits_;
-    const bool sorted = node.parent_ != nullptr && node.parent_->sorted_ != nullptr;
-    if (sorted) forgetInSortedOrder(node);
-    node.text_ = text;
-    if (observer_ != nullptr) observer_->textChanged(node);
-    if (!sorted) return;
-    TreeNode* successor = sortedPlace(*node.parent_, node);
-    if (successor == node.next_) return;
-    unlink(node);
-    linkBefore(*node.parent_, node, successor);
-    if (observer_ != nullptr) observer_->nodeMoved(node);
-}
-
-void StructureTree::setKey(TreeNode& node, const Key& key) {
-    if (node.key_ == key) return;
-    if (index_.find(key) != nullptr) throw RuntimeError(ErrorNumber::KeyNotUnique);
-    if (!node.key_.empty()) index_.erase(node.key_);
-    node.key_ = key;
-    if (!key.empty()) index_.insert(&node);
 }
 
 void StructureTree::keepSorted(TreeNode& node) {

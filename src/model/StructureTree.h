@@ -37,7 +37,7 @@ struct SiblingOrder {
     bool operator()(std::string_view left, const TreeNode* right) const;
 };
 
-/// One node of the structure tree. Owned by its tree; changed only through it.
+/// One node of the structure tree. Owned by its tree; changed only through it, by an `EditableTree`.
 class TreeNode {
 public:
     const Key& key() const { return key_; }
@@ -59,6 +59,7 @@ public:
 
 private:
     friend class StructureTree;
+    friend class EditableTree;
     using SortedChildren = std::multiset<TreeNode*, SiblingOrder>;
 
     Key key_;
@@ -97,27 +98,16 @@ public:
     virtual void batchEnds() = 0;
 };
 
-/// The configuration's shape: nodes found by key, children in order, the selected node. The one truth that
-/// the tree on the screen mirrors.
+/// The configuration's shape as everyone sees it: nodes found by key, children in order, and the state of the
+/// view: selection, expansion, sorting. The one truth that the tree on the screen mirrors. Only an
+/// `EditableTree` can be made, and only it can change nodes.
 class StructureTree {
 public:
-    StructureTree();
-    ~StructureTree();
     StructureTree(const StructureTree&) = delete;
     StructureTree& operator=(const StructureTree&) = delete;
 
     /// The view, or nullptr. Not owned.
     void setObserver(TreeObserver* observer) { observer_ = observer; }
-
-    /// Adds the first node, which has no key. Errors: InvalidCall when there is one already.
-    TreeNode& addRoot(std::string_view text, const NodeLook& look);
-    /// Adds a child, at the end or at its alphabetical place when the parent is sorted.
-    /// Errors: KeyNotUnique; the tree is then unchanged.
-    TreeNode& addChild(TreeNode& parent, const Key& key, std::string_view text, const NodeLook& look);
-    /// Removes the node with everything below it. When the selected node goes with it, the selection passes
-    /// to its next sibling, else its previous one, else its parent.
-    void remove(TreeNode& node);
-    void clear();
 
     TreeNode* root() const { return root_; }
     TreeNode* find(const Key& key) const;
@@ -132,12 +122,12 @@ public:
     static const TreeNode* childNamed(const TreeNode& parent, NodeTag tag, std::string_view text,
                                       const TreeNode* except);
 
-    void setText(TreeNode& node, std::string_view text);
-    /// Errors: KeyNotUnique; the node then keeps its key.
-    void setKey(TreeNode& node, const Key& key);
+    /// Nodes in the order in which they were added.
+    TreeNode* firstAdded() const { return firstAdded_; }
+    static TreeNode* nextAdded(const TreeNode& node) { return node.addedAfter_; }
+
     /// Sorts the children now and keeps them sorted.
     void keepSorted(TreeNode& node);
-
     TreeNode* selected() const { return selected_; }
     void select(TreeNode* node);
     void setExpanded(TreeNode& node, bool expanded);
@@ -146,10 +136,6 @@ public:
     /// The node that a drag points at, shown highlighted; nullptr for none.
     TreeNode* dropHighlight() const { return highlight_; }
     void setDropHighlight(TreeNode* node);
-
-    /// Nodes in the order in which they were added.
-    TreeNode* firstAdded() const { return firstAdded_; }
-    static TreeNode* nextAdded(const TreeNode& node) { return node.addedAfter_; }
 
     /// While one lives, the view may postpone drawing.
     class Batch {
@@ -163,14 +149,10 @@ public:
         StructureTree& tree_;
     };
 
-private:
-    TreeNode* create(const Key& key, std::string_view text, const NodeLook& look);
-    void destroy(TreeNode* node);
-    void destroySubtree(TreeNode& node);
+protected:
+    StructureTree() = default;
+    ~StructureTree() = default;
     static void linkBefore(TreeNode& parent, TreeNode& node, TreeNode* successor);
-    static void unlink(TreeNode& node);
-    static TreeNode* sortedPlace(TreeNode& parent, TreeNode& node);
-    static void forgetInSortedOrder(TreeNode& node);
 
     KeyIndex<TreeNode*> index_;
     TreeObserver* observer_ = nullptr;

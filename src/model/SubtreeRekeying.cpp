@@ -8,9 +8,8 @@
 
 namespace trevandix {
 
-SubtreeRekeying::SubtreeRekeying(Configuration& configuration, const TreeNode& container,
-                                 const Key& containerKey)
-    : configuration_(configuration) {
+SubtreeRekeying::SubtreeRekeying(Content& content, const TreeNode& container, const Key& containerKey)
+    : content_(content) {
     plan(container, containerKey);
     check(container);
 }
@@ -32,19 +31,15 @@ void SubtreeRekeying::plan(const TreeNode& container, const Key& containerKey) {
         levels.back().next = node->nextSibling();
         if (node->tag() != NodeTag::Item && node->tag() != NodeTag::Branch) continue;
         const Key key(levels.back().key, node->text());
-        addStep(*node, key);
+        if (!hasRecord(node->tag(), node->key())) throw RuntimeError(ErrorNumber::InvalidCall);
+        steps_.push_back({node, key});
         if (node->tag() == NodeTag::Branch) levels.push_back({node->firstChild(), key});
     }
 }
 
-void SubtreeRekeying::addStep(TreeNode& node, const Key& key) {
-    Step step{&node, key, nullptr, nullptr};
-    if (node.tag() == NodeTag::Item) {
-        step.item = configuration_.items.at(node.key());
-    } else {
-        step.branch = configuration_.branches.at(node.key());
-    }
-    steps_.push_back(std::move(step));
+bool SubtreeRekeying::hasRecord(NodeTag tag, const Key& key) const {
+    return tag == NodeTag::Item ? content_.records<clsItem>().contains(key)
+                                : content_.records<clsBranch>().contains(key);
 }
 
 // A new key must be free, or become free because the node that has it moves away too.
@@ -57,12 +52,11 @@ void SubtreeRekeying::check(const TreeNode& container) const {
     for (const Step& step : steps_) {
         if (!arriving.insert(step.key).second) throw RuntimeError(ErrorNumber::KeyInCollection);
         const auto mover = leaving.find(step.key);
-        const bool item = step.item != nullptr;
         const bool recordLeaves = mover != leaving.end() && mover->second == step.node->tag();
-        const bool recordThere =
-            item ? configuration_.items.contains(step.key) : configuration_.branches.contains(step.key);
-        if (recordThere && !recordLeaves) throw RuntimeError(ErrorNumber::KeyInCollection);
-        if (mover == leaving.end() && configuration_.tree.find(step.key) != nullptr) {
+        if (!recordLeaves && hasRecord(step.node->tag(), step.key)) {
+            throw RuntimeError(ErrorNumber::KeyInCollection);
+        }
+        if (mover == leaving.end() && content_.tree().find(step.key) != nullptr) {
             throw RuntimeError(ErrorNumber::KeyNotUnique);
         }
     }
@@ -70,20 +64,23 @@ void SubtreeRekeying::check(const TreeNode& container) const {
 
 // First everything goes out under its old key, then in under the new one: a new key may be another's old one.
 void SubtreeRekeying::apply() {
-    for (const Step& step : steps_) {
-        const Key oldKey = step.node->key();
-        step.item != nullptr ? configuration_.items.remove(oldKey) : configuration_.branches.remove(oldKey);
-        configuration_.tree.setKey(*step.node, Key());
+    for (Step& step : steps_) {
+        if (step.node->tag() == NodeTag::Item) {
+            step.item = content_.take<clsItem>(step.node->key());
+        } else {
+            step.branch = content_.take<clsBranch>(step.node->key());
+        }
+        content_.setKey(*step.node, Key());
     }
     for (const Step& step : steps_) {
         if (step.item != nullptr) {
-            step.item->sKey(step.key);
-            configuration_.items.add(step.item, step.key);
+            content_.setRecordKey(step.item, step.key);
+            content_.put(step.item, step.key);
         } else {
-            step.branch->sKey(step.key);
-            configuration_.branches.add(step.branch, step.key);
+            content_.setRecordKey(step.branch, step.key);
+            content_.put(step.branch, step.key);
         }
-        configuration_.tree.setKey(*step.node, step.key);
+        content_.setKey(*step.node, step.key);
     }
 }
 

@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "model/Configuration.h"
+#include "model/Content.h"
 
 namespace trevandix {
 
@@ -13,24 +13,24 @@ class SubtreeRekeying {
 public:
     /// Errors: KeyInCollection, KeyNotUnique when a new key belongs to something that stays where it is;
     /// InvalidCall for a node without a record.
-    SubtreeRekeying(Configuration& configuration, const TreeNode& container, const Key& containerKey);
+    SubtreeRekeying(Content& content, const TreeNode& container, const Key& containerKey);
 
     /// Once the container has its new key.
     void apply();
 
 private:
-    /// One node with the record that follows it; the record is the item or the branch.
+    /// One node with the key that it gets, and the item or branch record that follows it, once it is taken.
     struct Step {
         TreeNode* node;
         Key key;
-        std::shared_ptr<clsItem> item;
-        std::shared_ptr<clsBranch> branch;
+        std::shared_ptr<clsItem> item{};
+        std::shared_ptr<clsBranch> branch{};
     };
     void plan(const TreeNode& container, const Key& containerKey);
-    void addStep(TreeNode& node, const Key& key);
+    bool hasRecord(NodeTag tag, const Key& key) const;
     void check(const TreeNode& container) const;
 
-    Configuration& configuration_;
+    Content& content_;
     std::vector<Step> steps_;
 };
 

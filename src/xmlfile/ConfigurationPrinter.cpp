@@ -75,7 +75,7 @@ void ConfigurationPrinter::PrintBranch(Latin1Lines& file, std::size_t& nodes) {
     for (; node != nullptr && nodes > 0; --nodes) {
         if (node->tag() == NodeTag::Item) {
             if (gaps_ == Gaps::Fail || configuration_.items.contains(node->key())) {
-                const clsItem& item = *configuration_.items.at(node->key(), nextItem_);
+                const clsItem& item = configuration_.items.at(node->key(), nextItem_);
                 file.printWith([&](std::string& out) { item.appendXmlTag(out, depth); });
             }
         } else {

@@ -78,7 +78,7 @@ bool ConfigurationReader::readDocument(const XmlDocument& document) {
     const XmlElement root = document.root();
     const FileKind* kind = fileKindOfRoot(root);
     if (kind == nullptr) return false;
-    configuration_.state.interfaceKind = kind->interfaceKind;
+    configuration_.setInterfaceKind(kind->interfaceKind);
     forEachElement(root, [&](const XmlElement& section) {
         if (section.isNamed("MODBUS")) readDataTypes(section);
         if (section.isNamed("OPC_DA")) readUnits(section);
@@ -89,9 +89,9 @@ bool ConfigurationReader::readDocument(const XmlDocument& document) {
 void ConfigurationReader::readDataTypes(const XmlElement& section) {
     forEachElement(section, [&](const XmlElement& child) {
         if (!child.isNamed("DATATYPE")) return;
-        auto record = std::make_shared<clsModBusType>();
-        record->SetByXml(child);
-        requireName(record->getName(), child);
+        clsModBusType record;
+        record.SetByXml(child);
+        requireName(record.getName(), child);
         configuration_.tree.ensureVisible(configuration_.addDataType(std::move(record)));
     });
 }
@@ -103,9 +103,9 @@ void ConfigurationReader::readUnits(const XmlElement& section) {
 }
 
 void ConfigurationReader::BrowsePlc(const XmlElement& element) {
-    auto record = std::make_shared<clsPLC>();
-    record->SetByXml(element, configuration_.state.interfaceKind);
-    requireName(record->getName(), element);
+    clsPLC record;
+    record.SetByXml(element, configuration_.state.interfaceKind);
+    requireName(record.getName(), element);
     TreeNode& unit = configuration_.addUnit(std::move(record), true);
     configuration_.tree.ensureVisible(unit);
     forEachElement(element, [&](const XmlElement& child) {
@@ -139,18 +139,18 @@ void ConfigurationReader::BrowseBranch(const XmlElement& tags, TreeNode& unit) {
 }
 
 void ConfigurationReader::readItem(const XmlElement& element, TreeNode& container) {
-    auto record = std::make_shared<clsItem>();
-    record->SetByXml(element, container.key());
-    countKey(record->sKey());
+    clsItem record;
+    record.SetByXml(element, container.key());
+    countKey(record.sKey());
     configuration_.addItem(std::move(record), container);
     configuration_.tree.setExpanded(container, true);
     itemRead_();
 }
 
 TreeNode& ConfigurationReader::readBranch(const XmlElement& element, TreeNode& container) {
-    auto record = std::make_shared<clsBranch>();
-    record->build(element, container.key());
-    countKey(record->sKey());
+    clsBranch record;
+    record.build(element, container.key());
+    countKey(record.sKey());
     TreeNode& node = configuration_.addBranch(std::move(record), container);
     configuration_.tree.setExpanded(container, true);
     return node;
