@@ -10,17 +10,18 @@ namespace trevandix::testing {
 
 namespace {
 
+const std::string kNoCom = "Invalid Port name. It must begin with \"COM\"";
 const std::string kSerialOff = "|off=txtPort cmbBaud cmbParity cmbData cmbStop cmbFlow txtSilent";
 
 /// A unit U with a branch B; all data types but coil.
 struct DialogPlace : Workplace {
     explicit DialogPlace(std::string_view kind = kTcpIp) {
         newConfiguration(kind);
-        for (const char* name : {"input status", "input register", "holding register"})
-            addDataType(*this, name);
-        addUnit(*this, "U", "9");
-        addBranch(*this, "U", "B");
-        configuration.setSaved(true);
+        const std::string type = "; ModBus; mnuAddMBType: cmbMBType=";
+        play(*this, {{"top; mnuAddPlc: txtName=U|txtUI=9; mnuAddBranch: txtBranchName=B" + type +
+                          "input status" + type + "input register" + type + "holding register",
+                      "unsaved"}});
+        configuration.state.saved = true;
     }
     /// What is entered before Ok is pressed, and what is said then, nothing where it is accepted; what the
     /// dialog shows when it is refused.
@@ -38,55 +39,48 @@ struct DialogPlace : Workplace {
 };
 
 TEST(Dialogs, ShowAgainWhatWasEntered) {
-    struct Case {
-        std::string_view kind;
-        std::string parent;
-        std::string command;
-        std::string proposed;
-        std::string entered;
-        std::string seen;
-        std::string edited;
-        std::string shown;
-    };
-    const std::vector<Case> cases{
-        {kTcpIp, "top", "mnuAddPlc",
-         "txtName=New Plc 1|txtUI=1|txtTimeout=2000|txtAddress=192.168.0.1|txtPort=" + kSerialOff,
-         "txtName=A|txtUI=7|txtTimeout=3.5|txtAddress=host", "list A: A", "A",
-         "txtName=A|txtUI=7|txtTimeout=4|txtAddress=host" + kSerialOff},
-        {kRtu, "top", "mnuAddPlc",
-         "txtTimeout=2000|txtAddress=|txtPort=COM1|cmbBaud=9600|cmbParity=NO|cmbData=8|cmbStop=1|"
-         "cmbFlow=NONE|txtSilent=10|off=txtAddress",
-         "txtPort=COM3|cmbBaud=19200|cmbParity=ODD|cmbData=7 bits|cmbStop=2|cmbFlow=HARDWARE|txtSilent=2.5",
-         "list New Plc 1: New Plc 1", "New Plc 1",
-         "txtPort=COM3|cmbBaud=19200|cmbParity=ODD|cmbData=7|cmbStop=2|cmbFlow=HARDWARE|txtSilent=2|"
-         "off=txtAddress"},
-        {kTcpIp, "U", "mnuAddBranch", "txtBranchName=NewBranch1", "txtBranchName=a b", "list U.a b: U",
-         "U.a b", "txtBranchName=a b"},
-        {kTcpIp, "ModBus", "mnuAddMBType", "cmbMBType=|txtReadCode=|off=txtSingleCode",
-         "cmbMBType=coil|txtReadCode=3.5|txtWriteCode=2.5|txtSingleCode=7",
-         "list ModBus: input status input register holding register coil", "coil",
-         "cmbMBType=coil|txtReadCode=4|txtWriteCode=2|txtSingleCode=7|off="},
-        {kTcpIp, "U.B", "mnuAddItem",
-         "txtItemName=New Item 0|cmbModbusType=|txtAddress=|cmbBit=0|txtElements=0|off=cmbBit txtElements",
-         "txtItemName=I a.b|cmbModbusType=holding register|cmbDataType=boolean array|txtComment=pump|"
-         "txtAddress=40|cmbBit=3|txtElements=8|cmbAccessRight=WRITE",
-         "list U.B: Iab", "U.B.Iab",  // what is no word character did not get in
-         "cmbModbusType=holding register|cmbDataType=boolean array|txtComment=pump|txtAddress=40|cmbBit=3|"
-         "txtElements=8|cmbAccessRight=WRITE|cmdOk=Confirm Modify|off=cmdAdd cmdGroup"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.edited);
-        DialogPlace place(c.kind);
+    for (const auto& [parent, command, proposed, entered, seen, edited, shown] :
+         std::vector<std::array<std::string, 7>>{
+             {"top", "mnuAddPlc",
+              "txtName=New Plc 1|txtUI=1|txtTimeout=2000|txtAddress=192.168.0.1|txtPort=" + kSerialOff,
+              "txtName=A|txtUI=7|txtTimeout=3.5|txtAddress=host", "list A: A", "A",
+              "txtName=A|txtUI=7|txtTimeout=4|txtAddress=host" + kSerialOff},
+             {"top", "mnuAddPlc",
+              "txtTimeout=2000|txtAddress=|txtPort=COM1|cmbBaud=9600|cmbParity=NO|cmbData=8|cmbStop=1|"
+              "cmbFlow=NONE|txtSilent=10|off=txtAddress",
+              "txtPort=COM3|cmbBaud=19200|cmbParity=ODD|cmbData=7 "
+              "bits|cmbStop=2|cmbFlow=HARDWARE|txtSilent=2.5",
+              "list New Plc 1: New Plc 1", "New Plc 1",
+              "txtPort=COM3|cmbBaud=19200|cmbParity=ODD|cmbData=7|cmbStop=2|cmbFlow=HARDWARE|txtSilent=2|"
+              "off=txtAddress"},
+             {"U", "mnuAddBranch", "txtBranchName=NewBranch1", "txtBranchName=a b", "list U.a b: U", "U.a b",
+              "txtBranchName=a b"},
+             {"ModBus", "mnuAddMBType", "cmbMBType=|txtReadCode=|off=txtSingleCode",
+              "cmbMBType=coil|txtReadCode=3.5|txtWriteCode=2.5|txtSingleCode=7",
+              "list ModBus: input status input register holding register coil", "coil",
+              "cmbMBType=coil|txtReadCode=4|txtWriteCode=2|txtSingleCode=7|off="},
+             {"U.B", "mnuAddItem",
+              "txtItemName=New Item 0|cmbModbusType=|txtAddress=|cmbBit=0|txtElements=0|off=cmbBit "
+              "txtElements",
+              "txtItemName=I a.b|cmbModbusType=holding register|cmbDataType=boolean array|txtComment=pump|"
+              "txtAddress=40|cmbBit=3|txtElements=8|cmbAccessRight=WRITE",
+              "list U.B: Iab", "U.B.Iab",  // what is no word character did not get in
+              "cmbModbusType=holding register|cmbDataType=boolean "
+              "array|txtComment=pump|txtAddress=40|cmbBit=3|"
+              "txtElements=8|cmbAccessRight=WRITE|cmdOk=Confirm Modify|off=cmdAdd cmdGroup"},
+         }) {
+        SCOPED_TRACE(edited);
+        DialogPlace place(edited == "New Plc 1" ? kRtu : kTcpIp);
         const Texts nodes = place.below("");
         const int counters = place.counters();
-        work(place, c.parent + "; " + c.command, {{"", c.proposed}, {c.entered + "|cmdCancel", "open=no"}});
+        work(place, parent + "; " + command, {{"", proposed}, {entered + "|cmdCancel", "open=no"}});
         EXPECT_EQ(place.below(""), nodes);
         play(place, {{"", "saved"}});
-        work(place, c.parent + "; " + c.command, {{c.entered + "|cmdOk", "open=no"}});
-        play(place, {{"", c.seen + " | unsaved"}});
+        work(place, parent + "; " + command, {{entered + "|cmdOk", "open=no"}});
+        play(place, {{"", seen + " | unsaved"}});
         EXPECT_EQ(place.counters(), counters + 1);
-        place.configuration.setSaved(true);
-        work(place, "edit " + c.edited, {{"", c.shown}, {"cmdCancel", "open=no"}});
+        place.configuration.state.saved = true;
+        work(place, "edit " + edited, {{"", shown}, {"cmdCancel", "open=no"}});
         play(place, {{"", "saved"}});
     }
 }
@@ -110,13 +104,12 @@ TEST(Dialogs, CheckUnits) {
                                    {"txtName=u|txtTimeout=3e9", failure(kOverflow, "cmdOk_Click")[0]},
                                    {"txtTimeout=30", ""}});  // another case is another name
     // The tree has one name space for units, data types and the folder.
-    addUnit(tcpIp, "ModBus", "3");
-    EXPECT_EQ(tcpIp.messages.take(), failure(kKeyNotUnique, "mnuAddPlc_Click"));
+    play(tcpIp, {{"top; mnuAddPlc: txtName=ModBus", "said " + failure(kKeyNotUnique, "mnuAddPlc_Click")[0]}});
 
     DialogPlace rtu(kRtu);
     rtu.check("top; mnuAddPlc",
               {{"txtPort=|txtSilent=", "Port name field empty."},
-               {"txtPort=com3", "Invalid Port name. It must begin with \"COM\""},
+               {"txtPort=com3", kNoCom},
                {"txtPort=COM", number},
                {"txtPort=COMx|txtSilent=", number},
                {"txtSilent=", "Silent interval field empty."},
@@ -138,7 +131,7 @@ TEST(Dialogs, CheckUnits) {
 TEST(Dialogs, CheckItems) {
     const std::string range = "Memory address field is not valid. It must be between 0 and 65535.";
     DialogPlace place;
-    addItem(place, "U.B", "Other");
+    plant(place, {"U.B.Other"});
     place.check("U.B; mnuAddItem", {{"txtItemName=", "Item name field is empty."},
                                     {"txtItemName=Other", "ModBus Type field is empty."},
                                     {"cmbModbusType=holding register", "Data Type field is empty."},
@@ -153,150 +146,88 @@ TEST(Dialogs, CheckItems) {
                                     {"txtItemName=I", failure(kOverflow, "cmdOk_Click")[0]},
                                     {"txtElements=0", ""}});
     play(place, {{"", "list U.B: I Other"}});  // the list shows it once the dialog is closed
-    runDialog(place, "mnuAddItem", [&](FakeForm& form) {
-        fillItem(form, "Bit", "holding register", "boolean");
-        form.setText("cmbBit", "");
-        form.press("cmdOk");
-    });
-    play(place, {{"", "said Bit number field is empty."}});
 }
 
-/// A record with values that its dialog does not offer, or refuses with a message.
-template <typename Record>
-struct Unusual {
-    void (*set)(Record&);
-    std::string message{};
-    void (*derived)(Record&) = nullptr;  ///< what Ok changes all the same; may be nothing
-};
-const std::string kUnusual = " a  \"b\"\r\n<c>\t& ";
-
-/// Opens the record's dialog, presses Ok, and compares what is then stored.
-template <typename Collection, typename Record, typename Print>
-void pressOkOn(DialogPlace& place, Collection& records, const Key key, const Unusual<Record>& row,
-               const Print& print) {
-    Record expected = *records.at(key);
-    if (row.derived != nullptr) row.derived(expected);
-    const Texts nodes = place.below("");
-    play(place, {{"edit " + key.str() + ": ", row.message.empty() ? "" : "said " + row.message}});
-    EXPECT_EQ(print(*records.at(key)), print(expected));
-    EXPECT_EQ(place.below(""), nodes);
-}
-
-void pressOkOnUnits(std::string_view kind, const std::vector<Unusual<clsPLC>>& rows) {
-    for (const auto& row : rows) {
-        DialogPlace place(kind);
-        clsPLC unit;
-        unit.setName(kUnusual);
-        unit.setAddress("host");
-        unit.setCom("COM7");
-        row.set(unit);
-        unit.sKey(unit.getName());
-        place.configuration.addUnit(unit);
-        pressOkOn(place, place.configuration.units, unit.sKey(), row,
-                  [&](const clsPLC& each) { return each.GetXmlTag(kind); });
-    }
-}
-
-void setType(clsItem& item, std::string_view type, std::int16_t bit, std::int16_t elements) {
-    item.sDataType(type);
-    item.nBitNumber(bit);
-    item.nElements(elements);
-}
-
+// Values that a dialog does not offer, as files may hold them: Ok keeps them, or says what is wrong with
+// them.
 TEST(Dialogs, OkKeepsWhatNobodyTouches) {
-    pressOkOnUnits(kTcpIp, {
-                               {[](clsPLC& u) { u.setAddress(kUnusual), u.setTimeout(-5); }},
-                               {[](clsPLC& u) { u.setUI(9); }},  // another unit has it too
-                               {[](clsPLC& u) { u.setUI(255); }, "UI identifier must be between 0 and 254."},
-                               {[](clsPLC& u) { u.setAddress(""); }, "Address field is empty."},
-                           });
-    const std::string noPort = "Invalid Port name. It must begin with \"COM\"";
-    pressOkOnUnits(kRtu, {
-                             {[](clsPLC& u) {
-                                 u.setBaud(1200), u.setParity("None"), u.setStopBits(3), u.setDataBits(9);
-                                 u.setFlowCtl("XON"), u.setSilent(-1), u.setCom("COM 2 ");
-                             }},
-                             {[](clsPLC& u) { u.setParity(kUnusual), u.setFlowCtl("none"), u.setBaud(-1); }},
-                             {[](clsPLC& u) { u.setParity(""), u.setFlowCtl(""), u.setBaud(0); }},
-                             {[](clsPLC& u) { u.setBaud(1200), u.setCom("com3"); }, noPort},
-                             {[](clsPLC& u) { u.setCom(""); }, "Port name field empty."},
-                         });
+    const std::string unusual = " a  \"b\"\r\n<c>\t& ";
+    using Units = std::vector<std::pair<void (*)(clsPLC&), std::string>>;
+    const Units tcpIp{{[](clsPLC& u) { u.setAddress(" a  \"b\"\r\n<c>\t& "), u.setTimeout(-5); }, ""},
+                      {[](clsPLC& u) { u.setUI(9); }, ""},  // another unit has it too
+                      {[](clsPLC& u) { u.setUI(255); }, "UI identifier must be between 0 and 254."},
+                      {[](clsPLC& u) { u.setAddress(""); }, "Address field is empty."}};
+    const Units rtu{{[](clsPLC& u) {
+                         u.setBaud(1200), u.setParity("None"), u.setStopBits(3), u.setDataBits(9);
+                         u.setFlowCtl("XON"), u.setSilent(-1), u.setCom("COM 2 ");
+                     },
+                     ""},
+                    {[](clsPLC& u) { u.setParity(" a\tb "), u.setFlowCtl("none"), u.setBaud(-1); }, ""},
+                    {[](clsPLC& u) { u.setParity(""), u.setFlowCtl(""), u.setBaud(0); }, ""},
+                    {[](clsPLC& u) { u.setCom("com3"); }, kNoCom},
+                    {[](clsPLC& u) { u.setCom(""); }, "Port name field empty."}};
+    for (const auto& [kind, units] : {std::pair(kTcpIp, tcpIp), {kRtu, rtu}}) {
+        for (const auto& [set, message] : units) {
+            DialogPlace place(kind);
+            clsPLC& unit = plantUnit(place.configuration, unusual, "host");
+            unit.setCom("COM7");
+            set(unit);
+            const std::string before = unit.GetXmlTag(kind);
+            play(place, {{"edit " + unusual + ": ", message.empty() ? "" : "said " + message}});
+            EXPECT_EQ(place.configuration.units.at(unusual)->GetXmlTag(kind), before);
+        }
+    }
 
     const std::string range = "Memory address field is not valid. It must be between 0 and 65535.";
-    const std::vector<Unusual<clsItem>> items{
-        {[](clsItem& i) { i.sComment(kUnusual); }},
-        {[](clsItem& i) { i.sAccessRight("rw"), setType(i, "holding register:64 bit", 0, 0); }},
-        {[](clsItem& i) { setType(i, "holding register:array", 0, 3); }},
-        {[](clsItem& i) { setType(i, "my table:string", 0, 32767); }},
-        {[](clsItem& i) { setType(i, "my table:" + kUnusual, 0, 0); }},
-        {[](clsItem& i) { i.sAccessRight("READWRITE"), setType(i, "input register:boolean array", 99, 0); }},
-        {[](clsItem& i) { setType(i, "holding register:boolean", -5, 0); }},
-        {[](clsItem& i) { setType(i, "holding register:string", 3, 4); }, "",
-         [](clsItem& i) { i.nBitNumber(0); }},
-        {[](clsItem& i) { setType(i, "holding register:64 bit", 3, 4); }, "",
-         [](clsItem& i) { setType(i, "holding register:64 bit", 0, 0); }},
-        {[](clsItem& i) { setType(i, "coil:boolean array", 3, 4); }, "", [](clsItem& i) { i.nBitNumber(0); }},
-        // Coils are booleans, whatever else stands there.
-        {[](clsItem& i) { setType(i, "coil:string", 3, 4); }, "",
-         [](clsItem& i) { setType(i, "coil:boolean", 0, 0); }},
-        {[](clsItem& i) { setType(i, "my table:string", 0, -3); }, "Number of elements field is not valid."},
-        {[](clsItem& i) { i.sComment(kUnusual), i.nAddress(-7); }, range},
-        {[](clsItem& i) { setType(i, "my table:boolean", 99, 9), i.nAddress(70000); }, range},
-        {[](clsItem& i) { i.sDataType("my table"); }, "Data Type field is empty."},
-        {[](clsItem& i) { i.sDataType(":string"); }, "ModBus Type field is empty."},
-        {[](clsItem& i) { i.sAccessRight(""); }, "Access Rights field is empty."},
+    const auto told = [](const clsItem& item) {
+        return item.sDataType() + "|" + item.sAccessRight() + "|" + std::to_string(item.nAddress()) + "|" +
+               std::to_string(item.nBitNumber()) + "|" + std::to_string(item.nElements());
     };
-    for (const auto& row : items) {
+    // Type, right, address, bit, elements; what is said; what Ok makes of it where that is something else.
+    for (const auto& [before, message, after] : std::vector<std::array<std::string, 3>>{
+             {"holding register:64 bit|rw|0|0|0"},
+             {"holding register:array|READ|0|0|3"},
+             {"my table:string|READ|0|0|32767"},
+             {"my table:a \"b\"|READ|0|0|0"},
+             {"input register:boolean array|READWRITE|0|99|0"},
+             {"holding register:boolean|READ|0|-5|0"},
+             {"holding register:string|READ|0|3|4", "", "holding register:string|READ|0|0|4"},
+             {"holding register:64 bit|READ|0|3|4", "", "holding register:64 bit|READ|0|0|0"},
+             {"coil:boolean array|READ|0|3|4", "", "coil:boolean array|READ|0|0|4"},
+             {"coil:string|READ|0|3|4", "", "coil:boolean|READ|0|0|0"},  // coils are booleans
+             {"my table:string|READ|0|0|-3", "Number of elements field is not valid."},
+             {"holding register:string|READ|-7|0|0", range},
+             {"my table:boolean|READ|70000|99|9", range},
+             {"my table|READ|0|0|0", "Data Type field is empty."},
+             {":string|READ|0|0|0", "ModBus Type field is empty."},
+             {"holding register:string||0|0|0", "Access Rights field is empty."}}) {
         DialogPlace place;
-        clsItem& item = plantItem(place.configuration, place.node("U.B"), kUnusual);
-        row.set(item);
-        pressOkOn(place, place.configuration.items, item.sKey(), row, [](const clsItem& i) {
-            return i.sName() + "|" + i.sComment() + "|" + i.sDataType() + "|" + i.sAccessRight() + "|" +
-                   std::to_string(i.nAddress()) + "/" + std::to_string(i.nBitNumber()) + "/" +
-                   std::to_string(i.nElements());
-        });
+        clsItem& item = plantItem(place.configuration, place.node("U.B"), unusual);
+        const Texts fields = split(before);
+        item.sComment(unusual);
+        item.sDataType(fields[0]);
+        item.sAccessRight(fields[1]);
+        item.nAddress(std::stoi(fields[2]));
+        item.nBitNumber(static_cast<std::int16_t>(std::stoi(fields[3])));
+        item.nElements(static_cast<std::int16_t>(std::stoi(fields[4])));
+        play(place, {{"edit U.B." + unusual + ": ", message.empty() ? "" : "said " + message}});
+        const clsItem& now = place.item("U.B." + unusual);
+        EXPECT_EQ(told(now) + now.sComment(), (after.empty() ? before : after) + unusual);
     }
 
-    const std::vector<Unusual<clsModBusType>> types{
-        {[](clsModBusType& t) { t.setName(kUnusual), t.setReadCode(255), t.setWriteCode(255); }},
-        {[](clsModBusType& t) { t.setName("coil"), t.setSingleWrCode(255); }},
-        {[](clsModBusType& t) { t.setName("Coil"); }},
-        {[](clsModBusType& t) { t.setName("my input"), t.setWriteCode(255), t.setSingleWrCode(7); }, "",
-         [](clsModBusType& t) { t.setWriteCode(0), t.setSingleWrCode(0); }},
-    };
-    for (const auto& row : types) {
-        DialogPlace place;
-        clsModBusType record;
-        row.set(record);
-        place.configuration.addDataType(record);
-        pressOkOn(place, place.configuration.dataTypes, record.getName(), row,
-                  [](const clsModBusType& t) { return t.GetXmlTag() + t.getName(); });
-    }
-
-    for (const std::string& name : {kUnusual, std::string()}) {
-        DialogPlace place;
-        const Key key = plantBranch(place.configuration, place.node("U"), name).key();
-        pressOkOn(place, place.configuration.branches, key, Unusual<clsBranch>{nullptr},
-                  [](const clsBranch& branch) { return branch.sKey().str() + "|" + branch.sName(); });
-    }
-}
-
-TEST(Dialogs, UnusualValuesBelongToTheirOwnTable) {
     DialogPlace place;
-    addItem(place, "U.B", "I");
-    place.item("U.B.I").sDataType("my table:string");
-    place.item("U.B.I").sAccessRight("rw");
-    const std::string chosen = "cmbDataType=|cmbAccessRight=|cmbDataType.count=";
-    work(place, "edit U.B.I",
-         {{"cmbModbusType=input status", chosen + "2|cmbAccessRight.count=1"},
-          {"cmbModbusType=my table", chosen + "3|cmbAccessRight.count=4"},
-          {"cmbDataType=string|cmbAccessRight=rw", "open=yes"}});
-    clsModBusType custom;
-    custom.setName("my table");
-    custom.setWriteCode(7);
-    place.configuration.addDataType(custom);
-    work(place, "edit my table",
-         {{"cmbMBType=input status|cmbMBType=my table", "txtWriteCode=7|off=txtSingleCode"}});
+    auto type = std::make_shared<clsModBusType>();
+    type->setName("my input");  // an input table is never written
+    type->setReadCode(255);
+    type->setWriteCode(255);
+    place.configuration.addDataType(type);
+    const std::string other = place.configuration.dataTypes.at("holding register")->GetXmlTag();
+    play(place,
+         {{"edit my input: ; edit holding register: ; U; mnuAddBranch: txtBranchName=; edit U.: ", ""}});
+    EXPECT_EQ(place.configuration.dataTypes.at("my input")->GetXmlTag(),
+              "\t\t<DATATYPE name=\"\" readcode = \"255\" writecode=\"0\" singlewrcode=\"0\"/>");
+    EXPECT_EQ(place.configuration.dataTypes.at("holding register")->GetXmlTag(), other);
+    EXPECT_EQ(place.configuration.branches.at("U.")->sName(), "");
 }
 
 TEST(Dialogs, CheckDataTypes) {
@@ -312,14 +243,20 @@ TEST(Dialogs, CheckDataTypes) {
                  {"txtSingleCode=300", failure(kOverflow, "cmdOk_Click")[0]},
                  {"txtSingleCode=6", ""}});
     EXPECT_EQ(place.list.rows().size(), 4U);
+    // Without the folder for its node a type does not stay.
+    play(place, {{"edit coil: cmbMBType=input status", "said " + failure(kKeyInCollection, "cmdOk_Click")[0]},
+                 {"drag ModBus to U; U.B; mnuAddMBType: cmbMBType=coil",
+                  "said " + failure("35601  Element not found", "mnuAddMBType_Click")[0]}});
+    EXPECT_EQ(place.configuration.dataTypes.size(), 3U);
 }
 
 TEST(Dialogs, CheckBranches) {
     DialogPlace place;
-    for (const char* name : {"", "a.b"}) addBranch(place, "U", name);
+    plant(place, {"U./"});
+    plantBranch(place.configuration, place.node("U"), "a.b");
+    plant(place, {"U.Run"});
     place.check("U; mnuAddBranch", {{"txtBranchName=a.b", kNameTaken[0]}, {"txtBranchName=", kNameTaken[0]}});
     const std::string notUnique = "said " + failure(kKeyNotUnique, "mnuAddBranch_Click")[0];
-    addItem(place, "U", "Run");
     play(place,
          {// A sibling item has the key: the check lets the name pass, the tree does not.
           {"U; mnuAddBranch: txtBranchName=Run", notUnique},
@@ -387,7 +324,7 @@ TEST(Dialogs, AChosenTablePresetsTheCodes) {
 // Also from a branch that lists items.
 TEST(Dialogs, OnlyTheNodesThatTheyAddToOpenThem) {
     DialogPlace place;
-    addItem(place, "U.B", "I");
+    plant(place, {"U.B.I"});
     for (const auto& [key, opened] : Fields{{"top", "frmPLC"},
                                             {"ModBus", "frmModBus"},
                                             {"holding register", ""},
@@ -399,10 +336,9 @@ TEST(Dialogs, OnlyTheNodesThatTheyAddToOpenThem) {
 
 TEST(ItemDialog, TheTableDecidesTypesAndRightsAndTheTypeDecidesBitAndElements) {
     DialogPlace place;
-    addDataType(place, "coil");
-    clsModBusType custom;
-    custom.setName("my register");
-    place.configuration.addDataType(custom);
+    plant(place, {"ModBus.coil", "ModBus.my register", "U.B.I"});
+    place.item("U.B.I").sDataType("holding register:array");
+    place.item("U.B.I").sAccessRight("rw");
     const auto offers = [](const char* types, const char* rights) {
         return std::string("cmbDataType=|cmbAccessRight=|txtElements=0|cmbDataType.count=") + types +
                "|cmbAccessRight.count=" + rights;
@@ -420,37 +356,40 @@ TEST(ItemDialog, TheTableDecidesTypesAndRightsAndTheTypeDecidesBitAndElements) {
           {"cmbDataType=boolean array", "off=cmbBit"},
           {"cmbModbusType=my register", offers("2", "3")},
           {"cmbDataType=boolean", "off=txtElements"}});
+    // Unusual values of the record belong to its own table only.
+    work(place, "edit U.B.I",
+         {{"cmbModbusType=input register", "cmbDataType.count=15|cmbAccessRight.count=1"},
+          {"cmbModbusType=holding register", "cmbDataType.count=16|cmbAccessRight.count=4"},
+          {"cmbDataType=array|cmbAccessRight=rw", "open=yes"}});
 }
 
 TEST(ItemDialog, EveryValueTypeMovesByItsSize) {
+    const std::string hr = "holding register";
     struct Case {
-        std::string table;
-        std::string labels;
+        std::string table, labels;
         ItemPlace from;
         int elements;
         ItemPlace to;
     };
-    const std::string hr = "holding register";
-    const std::vector<Case> cases{
-        {hr, "boolean", {10, 3}, 0, {10, 4}},
-        {hr, "boolean", {10, 15}, 0, {11, 0}},
-        {"my register", "boolean", {10, 15}, 0, {11, 0}},
-        {"coil", "boolean", {10, 0}, 0, {11, 0}},
-        {hr, "unsigned 16 bit|signed 16 bit", {10, 0}, 0, {11, 0}},
-        {hr, "unsigned 32 bit|signed 32 bit|32 bit float", {10, 0}, 0, {12, 0}},
-        {hr, "boolean array", {100, 10}, 20, {101, 14}},
-        {hr, "boolean array", {100, 0}, 32, {102, 0}},
-        {"input status", "boolean array", {100, 0}, 20, {120, 0}},
-        {hr, "unsigned 8 bit array|signed 8 bit array|string", {10, 0}, 2, {12, 0}},
-        {hr, "string", {10, 0}, 3, {13, 0}},
-        {hr, "string", {10, 0}, 5, {13, 0}},
-        {hr, "unsigned 16 bit array|signed 16 bit array", {10, 0}, 7, {17, 0}},
-        {hr, "unsigned 32 bit array|signed 32 bit array|32 bit float array", {10, 0}, 7, {24, 0}},
-        {hr, "anything else", {10, 2}, 7, {10, 2}},
-    };
-    for (const Case& c : cases) {
-        for (const std::string& label : split(c.labels))
-            EXPECT_EQ(advanced(c.from, c.table, label, c.elements), c.to) << c.table << ':' << label;
+    for (const auto& [table, labels, from, elements, to] : std::vector<Case>{
+             {hr, "boolean", {10, 3}, 0, {10, 4}},
+             {hr, "boolean", {10, 15}, 0, {11, 0}},
+             {"my register", "boolean", {10, 15}, 0, {11, 0}},
+             {"coil", "boolean", {10, 0}, 0, {11, 0}},
+             {hr, "unsigned 16 bit|signed 16 bit", {10, 0}, 0, {11, 0}},
+             {hr, "unsigned 32 bit|signed 32 bit|32 bit float", {10, 0}, 0, {12, 0}},
+             {hr, "boolean array", {100, 10}, 20, {101, 14}},
+             {hr, "boolean array", {100, 0}, 32, {102, 0}},
+             {"input status", "boolean array", {100, 0}, 20, {120, 0}},
+             {hr, "unsigned 8 bit array|signed 8 bit array|string", {10, 0}, 2, {12, 0}},
+             {hr, "string", {10, 0}, 3, {13, 0}},
+             {hr, "string", {10, 0}, 5, {13, 0}},
+             {hr, "unsigned 16 bit array|signed 16 bit array", {10, 0}, 7, {17, 0}},
+             {hr, "unsigned 32 bit array|signed 32 bit array|32 bit float array", {10, 0}, 7, {24, 0}},
+             {hr, "anything else", {10, 2}, 7, {10, 2}},
+         }) {
+        for (const std::string& label : split(labels))
+            EXPECT_EQ(advanced(from, table, label, elements), to) << table << ':' << label;
     }
 }
 

@@ -46,46 +46,35 @@ TEST(NameRules, DuplicatesAreSiblingsOfTheSameKindWithExactlyTheName) {
     EXPECT_EQ(messages.texts, failure("91  Object variable not set", "CheckDuplNames"));
 }
 
-class Rekeying : public ::testing::Test {
-protected:
-    const std::string inCollection_ = "said " + failure(kKeyInCollection, "cmdOk_Click")[0];
-    const std::string notUnique_ = "said " + failure(kKeyNotUnique, "cmdOk_Click")[0];
-    PlantedWorkplace place{
-        {"PLC1", "PLC1.Area/", "PLC1.Area.Tank1/", "PLC1.Area.Tank1.Level", "PLC1.Area.Run", "PLC1.Stop"}};
-};
-
-TEST_F(Rekeying, ANewKeyMayBeOneThatAnotherNodeIsJustLeaving) {
-    play(place, {{"PLC1; mnuAddBranch: txtBranchName=B.Area", ""}, {"edit PLC1: txtName=PLC1.B", ""}});
-    EXPECT_EQ(place.node("PLC1.B.Area").text(), "Area");
-    EXPECT_EQ(place.node("PLC1.B.B.Area").text(), "B.Area");
-    EXPECT_EQ(place.configuration.branches.at("PLC1.B.Area")->sName(), "Area");
-}
-
-TEST_F(Rekeying, ARefusedNameChangesNothing) {
-    addUnit(place, "P", "2");
-    // In the way of PLC1.Stop, were PLC1 called P.Q; a click sorts, as a later edit will.
-    play(place,
-         {{"P; mnuAddBranch: txtBranchName=Q.Stop; PLC1; mnuAddBranch: txtBranchName=Area.Tank2; PLC1.Area",
-           ""}});
-    const Texts before = fileContents(place.configuration);
-    const Texts keys = place.below("");
-    const auto unit = place.configuration.units.at("PLC1");
-    play(place, {{"edit PLC1: txtName=P.Q", notUnique_},
-                 {"edit PLC1: txtName=ModBus", notUnique_},
-                 {"edit PLC1.Area.Tank1: txtBranchName=Tank2", inCollection_},
-                 {"edit PLC1.Area.Tank1: txtBranchName=Run", notUnique_}});  // an item's key
-    EXPECT_EQ(place.configuration.units.at("PLC1"), unit);
-    EXPECT_EQ(place.item("PLC1.Stop").sKey().str(), "PLC1.Stop");
-    EXPECT_EQ(fileContents(place.configuration), before);
-    EXPECT_EQ(place.below(""), keys);
-}
-
-TEST_F(Rekeying, TwoNodesThatWouldGetOneKeyAreRefused) {
-    clsItem twin;
-    twin.sName("Stop");
-    twin.sKey("elsewhere");  // a key that does not follow from its place
-    place.configuration.addItem(twin, place.node("PLC1"));
-    play(place, {{"edit PLC1: txtName=PLC2", inCollection_ + " | list PLC1: PLC1"}});
+// Renamed units and branches give new keys to all below them, or change nothing.
+TEST(NameRules, NewKeysBelowARenamedNode) {
+    const std::string inCollection = " | said " + failure(kKeyInCollection, "cmdOk_Click")[0];
+    const std::string notUnique = " | said " + failure(kKeyNotUnique, "cmdOk_Click")[0];
+    const std::string whole = "tree top: ModBus P(Q.S) U(A(R T(l)) A.V B.A S)";
+    for (const auto& [step, seen] :
+         Fields{// A new key may be one that another node is just leaving.
+                {"edit U: txtName=U.B", "tree top: ModBus P(Q.S) U.B(A(R T(l)) A.V B.A S)"},
+                {"edit U: txtName=P.Q", whole + notUnique},
+                {"edit U: txtName=ModBus", whole + notUnique},
+                {"edit U.A.T: txtBranchName=V", whole + inCollection},
+                {"edit U.A.T: txtBranchName=R", whole + notUnique},  // an item's key
+                {"edit U.S: txtItemName=x", "tree U: A(R T(l)) A.V B.A x"}}) {
+        PlantedWorkplace place({"U", "U.A/", "U.A.T/", "U.A.T.l", "U.A.R", "U.S", "P"});
+        for (const char* name : {"B.A", "A.V"}) plantBranch(place.configuration, place.node("U"), name);
+        plantBranch(place.configuration, place.node("P"), "Q.S");
+        play(place, {{"P; U; U.A; top", ""}});  // a click sorts, as a later edit will
+        const Texts before = fileContents(place.configuration);
+        play(place, {{step, seen}});
+        EXPECT_EQ(fileContents(place.configuration) == before, seen.starts_with(whole));
+        EXPECT_EQ(place.wrong(), Texts{});
+    }
+    // Two nodes that would get one key: the one has a key that does not follow from its place.
+    PlantedWorkplace place({"U", "U.S"});
+    auto twin = std::make_shared<clsItem>();
+    twin->sName("S");
+    twin->sKey("elsewhere");
+    place.configuration.addItem(twin, place.node("U"));
+    play(place, {{"edit U: txtName=V", "list U: U" + inCollection}});
     EXPECT_EQ(place.wrong(), Texts{"key of another place: elsewhere"});
 }
 

@@ -45,10 +45,15 @@ void plant(Workplace& place, const Texts& keys) {
         }
         TreeNode& parent = place.node(key.substr(0, dot));
         const std::string name = key.substr(dot + 1, key.size() - dot - (branch ? 2 : 1));
-        if (branch)
+        if (parent.tag() == NodeTag::ModBus) {
+            auto type = std::make_shared<clsModBusType>();
+            type->setName(name);
+            place.configuration.addDataType(type);
+        } else if (branch) {
             plantBranch(place.configuration, parent, name);
-        else
+        } else {
             plantItem(place.configuration, parent, name);
+        }
     }
 }
 
@@ -104,14 +109,20 @@ void act(Workplace& place, const std::string& step) {
         place.forms.last->press(what == "find" ? "cmdFind" : "cmdNext");
     } else if (what == "sort") {
         place.editor.ListView1_ColumnClick(std::stoul(rest));
-    } else if (what.starts_with("mnu") || what.starts_with("edit ") || what == "openObject") {
+    } else if (what.starts_with("mnu") || what.starts_with("edit ") || what.starts_with("button ") ||
+               what == "openObject") {
         if (colon != std::string::npos) {
             place.forms.scripts.emplace_back([rest](FakeForm& form) {
                 if (!rest.empty()) form.fill(rest);
                 form.press(form.shape.defaultButton);
             });
         }
-        what.starts_with("edit ") ? place.edit(what.substr(5)) : place.run(what);
+        if (what.starts_with("edit "))
+            place.edit(what.substr(5));
+        else if (what.starts_with("button "))
+            place.editor.Toolbar1_ButtonClick(what.substr(7));
+        else
+            place.run(what);
     } else if (copies || what.starts_with("drag ")) {
         const std::size_t to = what.find(" to ");
         drag(place, what.substr(5, to - 5), what.substr(to + 4), copies);
@@ -134,15 +145,17 @@ std::string seen(Workplace& place, const std::string& wanted) {
     auto& status = place.window.status;
     const std::string flag = place.configuration.state.saved ? "saved" : "unsaved";
     const std::string messages = joined(place.messages.take(), " / ");
-    std::map<std::string, std::string> now{{"list", listed(place)},
-                                           {"said", "said " + messages},
-                                           {"saved", flag},
-                                           {"unsaved", flag},
-                                           {"opens", "opens " + joined(place.forms.shown, " ")},
-                                           {"selection", "selection " + status[StatusField::Selection]},
-                                           {"counts", "counts " + status[StatusField::Counts]},
-                                           {"state", "state " + status[StatusField::Saved]},
-                                           {"notice", "notice " + status[StatusField::Notice]}};
+    std::map<std::string, std::string> now{
+        {"list", listed(place)},
+        {"said", "said " + messages},
+        {"saved", flag},
+        {"unsaved", flag},
+        {"opens", "opens " + joined(place.forms.shown, " ")},
+        {"selection", "selection " + status[StatusField::Selection]},
+        {"counts", "counts " + status[StatusField::Counts]},
+        {"state", "state " + status[StatusField::Saved]},
+        {"notice", "notice " + status[StatusField::Notice]},
+        {"mode", "mode " + std::to_string(static_cast<int>(place.list.mode()))}};
     Texts found;
     for (const std::string& part : split(wanted, " | ")) {
         const std::string what = part.substr(0, part.find(' '));

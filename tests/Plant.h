@@ -1,8 +1,26 @@
 #pragma once
 
-#include "DialogSteps.h"
+#include "FakePlatform.h"
 
 namespace trevandix::testing {
+
+inline const Texts kNameTaken{"Name already existing. Please use a different name"};
+inline constexpr std::string_view kInvalidCall = "5  Invalid procedure call or argument";
+inline constexpr std::string_view kOverflow = "6  Overflow";
+inline constexpr std::string_view kKeyInCollection =
+    "457  This key is already associated with an element of this collection";
+inline constexpr std::string_view kKeyNotUnique = "35602  Key is not unique in collection";
+
+/// The one message of a command that failed.
+inline Texts failure(std::string_view error, const std::string& procedure) {
+    return {" Error n. " + std::string(error) + " in " + procedure};
+}
+
+/// Runs a command; its dialog gets `script` and is closed afterwards.
+inline void runDialog(Workplace& place, std::string_view command, FakeForms::Script script) {
+    place.forms.scripts.push_back(std::move(script));
+    place.run(command);
+}
 
 // Each adds a record with its node. Errors: as those of the configuration.
 clsPLC& plantUnit(Configuration& configuration, const std::string& name,
@@ -10,7 +28,8 @@ clsPLC& plantUnit(Configuration& configuration, const std::string& name,
 TreeNode& plantBranch(Configuration& configuration, TreeNode& container, const std::string& name);
 clsItem& plantItem(Configuration& configuration, TreeNode& container, const std::string& name);
 
-/// Adds records by their keys, parents first: "U" is a unit, "U.A/" a branch, "U.A.x" an item.
+/// Adds records by their keys, parents first: "U" is a unit, "U.A/" a branch, "U.A.x" an item, "ModBus.coil"
+/// a data type.
 void plant(Workplace& place, const Texts& keys);
 
 /// Drags with the right button. True where the pointer showed that the drop is allowed.
@@ -33,6 +52,7 @@ struct PlantedWorkplace : Workplace {
 ///   U.A      click on the node      tree U: A(x y) B  all nodes below the node
 ///   U.A: x   and on rows of it      list U.A: x *y    the selected node, the rows, those that are selected
 ///   mnuCopy  the command            said M / M        the messages; where it is missing there may be none
+///   button new  of the toolbar      mode 3            of the list
 ///   edit U   double click           saved, unsaved    the flag that Close and Exit go by
 ///   drag U to V  right button       state, counts, selection, notice   a field of the status bar
 ///   copy U to V  and control key    opens F           the dialogs

@@ -8,17 +8,22 @@
 
 namespace trevandix::testing {
 
+using Parts = std::vector<int>;
+
 TEST(Proportions, SharesStayFromSmallToLargeAndBack) {
-    const std::vector<int> parts{391, 97, 203, 309};  // of 1000: a whole that they fill
+    const Parts parts{391, 97, 203, 309};  // of 1000: a whole that they fill
+    const Parts least{60, 30, 90, 10};
     Proportions proportions;
     EXPECT_TRUE(proportions.scaled(640).empty());
     proportions.keep(parts, 1000);
     for (int whole = 1; whole < 3840; ++whole) {
-        const std::vector<int> scaled = proportions.scaled(whole);
-        ASSERT_EQ(scaled.size(), parts.size());
+        const Parts scaled = proportions.scaled(whole);
+        const Parts wide = widened(scaled, least, whole);
         EXPECT_EQ(std::accumulate(scaled.begin(), scaled.end(), 0), whole);
+        EXPECT_EQ(std::accumulate(wide.begin(), wide.end(), 0), std::max(whole, 190));
         for (std::size_t i = 0; i < parts.size(); ++i) {
-            EXPECT_LE(std::abs(scaled[i] - parts[i] * whole / 1000.0), 1.0) << whole;
+            EXPECT_LE(std::abs(scaled.at(i) - parts[i] * whole / 1000.0), 1.0) << whole;
+            EXPECT_GE(wide[i], least[i]) << whole;
         }
     }
     EXPECT_EQ(proportions.scaled(1000), parts);
@@ -26,27 +31,14 @@ TEST(Proportions, SharesStayFromSmallToLargeAndBack) {
     EXPECT_EQ(proportions.scaled(1000), parts);
 }
 
-TEST(Proportions, PartsBelowTheirLeastGrowAtTheCostOfThoseThatCanSpare) {
-    using Parts = std::vector<int>;
+TEST(Proportions, TheLargestPartsGiveWay) {
     EXPECT_EQ(widened({200, 100, 100, 100}, {90, 90, 90, 140}, 500), (Parts{166, 97, 97, 140}));
-    EXPECT_EQ(widened({50, 50}, {80, 80}, 100), (Parts{80, 80}));                  // no room for all
     EXPECT_EQ(widened({400, 400, 10}, {60, 60, 60}, 500), (Parts{375, 375, 60}));  // scrolled before as well
     EXPECT_EQ(widened({200, 100}, {90, 90}, 1000), (Parts{200, 100}));
-    EXPECT_EQ(widened({}, {}, 100), Parts{});
-    for (int whole = 1; whole < 2000; ++whole) {
-        const Parts least{60, 30, 90};
-        const Parts parts = widened({whole / 2, whole / 4, whole - whole / 2 - whole / 4}, least, whole);
-        for (std::size_t i = 0; i < parts.size(); ++i) EXPECT_GE(parts[i], least[i]) << whole;
-        EXPECT_EQ(std::accumulate(parts.begin(), parts.end(), 0), std::max(whole, 180));
-    }
-}
-
-TEST(Proportions, TheLargestPartsGiveWay) {
-    using Parts = std::vector<int>;
     EXPECT_EQ(capped({120, 40, 900}, 600), (Parts{120, 40, 440}));
     EXPECT_EQ(capped({500, 40, 900}, 600), (Parts{280, 40, 280}));
     EXPECT_EQ(capped({120, 40, 440}, 600), (Parts{120, 40, 440}));
-    EXPECT_EQ(capped({}, 600), Parts{});
+    EXPECT_TRUE(widened({}, {}, 100).empty() && capped({}, 600).empty());
 }
 
 }  // namespace trevandix::testing

@@ -210,8 +210,9 @@ TEST(Reader, ShowsProgressAndSurvivesItsUser) {
     for (const int percent : place.window.percents) EXPECT_TRUE(percent >= 0 && percent < 100);
     EXPECT_EQ(place.configuration.state.itemCounter, kItems + 1);
     place.window.onEvents = {};
-    addDataType(place, "holding register");
-    addItem(place, "P", "Next");
+    play(place, {{"ModBus; mnuAddMBType: cmbMBType=holding register; P; mnuAddItem: txtItemName=Next|"
+                  "cmbModbusType=holding register|cmbDataType=boolean|txtAddress=1|cmbAccessRight=READ",
+                  "list P: P"}});
     EXPECT_TRUE(place.has("P.Next"));
     EXPECT_EQ(place.configuration.state.itemCounter, kItems + 2);
     EXPECT_EQ(place.messages.take(), Texts{});

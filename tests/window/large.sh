@@ -4,39 +4,22 @@
 . "$(dirname "$0")/lib.sh"
 . "$(dirname "$0")/dialogs.sh"
 
-# plant FIRST SECOND ADDED: so many items in two branches, and a branch in the third, or none.
-plant() {
-    awk -v first="$1" -v second="$2" -v added="$3" '
-        function line(text) { printf "%s\r\n", text }
-        function items(name, count,   i) {
-            line("\t\t\t\t<" name ">")
-            for (i = 1; i <= count; i++) {
-                line("\t\t\t\t\t<tag>")
-                line(sprintf("\t\t\t\t\t\t<name>%s_%05d</name>", name, i))
-                line("\t\t\t\t\t\t<comment></comment>")
-                line("\t\t\t\t\t\t<address>" i "</address>")
-                line("\t\t\t\t\t\t<datatype>HREGISTER VT_I2</datatype>")
-                line("\t\t\t\t\t\t<accessrights>READ</accessrights>")
-                line("\t\t\t\t\t</tag>")
-            }
-        }
-        BEGIN {
-            line("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>"); line("<VOSKModBusTcpIpCfg>"); line("\t<MODBUS>")
-            line("\t\t<DATATYPE name=\"HREGISTER\" readcode = \"3\" writecode=\"16\" singlewrcode=\"6\"/>")
-            line("\t</MODBUS>"); line("\t<OPC_DA>")
-            line("\t\t<PLC name=\"A\" address = \"10.0.0.1\" id=\"1\" timeout=\"1000\">"); line("\t\t\t<tags>")
-            items("FIRST", first)
-            if (added != "") { line("\t\t\t\t\t<" added ">"); line("\t\t\t\t\t</" added ">") }
-            line("\t\t\t\t</FIRST>")
-            if (second > 0) { items("SECOND", second); line("\t\t\t\t</SECOND>") }
-            items("THIRD", 1); line("\t\t\t\t</THIRD>")
-            line("\t\t\t</tags>"); line("\t\t</PLC>"); line("\t</OPC_DA>"); line("</VOSKModBusTcpIpCfg>")
-        }'
+# items NAME COUNT: a branch with so many items.
+items() {
+    printf '<%s>\n' "$1"
+    seq -f "<tag><name>$1_%05.0f</name><comment/><address>1</address><datatype>HREGISTER VT_I2</datatype>" "$2" |
+        sed 's|$|<accessrights>READ</accessrights></tag>|'
+    printf '</%s>\n' "$1"
 }
-
 many=100000
 if [ -n "$under_wine" ]; then many=30000; fi
-plant $many 1000 "" >"$folder/plant.xml"
+{
+    echo '<VOSKModBusTcpIpCfg><OPC_DA><PLC name="A" address="10.0.0.1" id="1" timeout="1000"><tags>'
+    items FIRST $many
+    items SECOND 1000
+    items THIRD 1
+    echo '</tags></PLC></OPC_DA></VOSKModBusTcpIpCfg>'
+} >"$folder/plant.xml"
 start "$folder/plant.xml"
 
 go 2 Tab ctrl+a
@@ -53,7 +36,7 @@ find_item FIRST Return
 leave_find
 add_branch ADDED
 
-plant 0 0 ADDED >"$folder/expected.xml"
 save_as "$folder/written.xml"
-same_bytes "$folder/expected.xml" "$folder/written.xml"
+left=$(grep -oE '<tag>|</?(FIRST|SECOND|ADDED|THIRD)>' "$folder/written.xml" | tr -d '\n')
+[ "$left" = '<FIRST><ADDED></ADDED></FIRST><THIRD><tag></THIRD>' ] || fail "left is $left"
 leave_program

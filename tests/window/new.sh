@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# A TCP/IP configuration from an empty start by keys alone: every data type, a unit, nested branches, items of every
-# table and value type, one by one, in runs and as a group; an item and a branch edited; saved as, saved again.
+# Configurations from an empty start by keys alone. TCP/IP: every data type, a unit, nested branches, items of every table
+# and value type, one by one, in runs and as a group; an item and a branch edited; saved as, saved again. Serial RTU: a
+# unit with all its lists, a cancelled dialog, an item that is refused at first.
 . "$(dirname "$0")/lib.sh"
 . "$(dirname "$0")/dialogs.sh"
 
@@ -77,4 +78,40 @@ rm "$folder/new-tcp.xml"
 keys ctrl+s # nothing there: no question
 answer Return "$main"
 same_bytes "$window_root/tests/window/expected/new-tcp.xml" "$folder/new-tcp.xml"
+
+menu f c
+new_configuration Down # chooses, not merely moves
+keys Down
+add_type 4
+keys Up
+open_dialog u "$unit"
+fill_unit Boiler 3 500 COM3
+keys Tab
+choose 5
+keys Tab
+choose 2 # even parity
+keys Tab
+replaced 7
+leave_combo
+replaced 2
+leave_combo
+choose 2 # hardware flow control
+keys Tab
+replaced 25
+confirm_dialog
+open_dialog b "$branch"
+replaced Nothing
+leave_dialog
+open_dialog b "$branch"
+confirm_dialog # NewBranch0
+open_dialog i "$item"
+tables["holding register"]=1
+fill_item "holding register" Level "" 65536 6 3
+keys Return # beyond the last address
+answer Return "$item"
+fill_text a 65535
+confirm_dialog
+save_as "$folder/new-rtu.xml" ctrl+shift+s
+same_bytes "$window_root/tests/window/expected/new-rtu.xml" "$folder/new-rtu.xml"
+published TrevandixRTU "$folder/new-rtu.xml"
 leave_program
