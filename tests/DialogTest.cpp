@@ -268,24 +268,6 @@ TEST(Dialogs, CheckBranches) {
                   "list U.last: U | said " + failure(kOverflow, "mnuAddBranch_Click")[0]}});
 }
 
-TEST(Dialogs, RenameARecordWithAllBelowIt) {
-    for (const auto& [key, field, seen] : std::vector<std::array<std::string, 3>>{
-             {"V", "txtName", "tree New: A(x) B I J | list New: New"},
-             {"V.A", "txtBranchName", "tree V: B I J New(x) | list V.New: x"},
-             {"V.A.x", "txtItemName", "tree V: A(New) B I J | list V.A: New"}}) {
-        DialogPlace place;
-        plant(place, {"V", "V.A/", "V.B/", "V.J", "V.I", "V.A.x", "W"});  // V and W have one identifier
-        place.item("V.A.x").sDataType("holding register:string");
-        play(place, {{"V; edit " + key + ": ", ""},  // keeping the name is no duplicate
-                     {"edit " + key + ": " + field + "=New", seen + " | unsaved"}});
-    }
-    DialogPlace place;
-    plant(place, {"V", "U.C/", "U.i", "U.j"});
-    for (const auto& [key, taken] :
-         Fields{{"U", "txtName=V"}, {"U.C", "txtBranchName=B"}, {"U.j", "txtItemName=i"}})
-        place.check("edit " + key, {{taken, kNameTaken[0]}});
-}
-
 TEST(Dialogs, ADataTypeOfAnotherNameKeepsItsNode) {
     DialogPlace place;
     const auto& types = place.configuration.dataTypes;

@@ -43,9 +43,9 @@ void fillAtRandom(Configuration& configuration, unsigned seed) {
     for (const char* piece : {"\xC3\xA9-0", "\xC3\xA9-1", "\xC3\xA9-2", "\xC3\xA9-3"})
         palette.push_back(seed % 4 == 0 ? piece : kPieces[pick(kPieces.size())]);
     const auto text = [&] {
-        std::string text;
-        for (std::size_t pieces = pick(5); pieces > 0; --pieces) text += palette[pick(palette.size())];
-        return text;
+        std::string all;
+        for (std::size_t pieces = pick(5); pieces > 0; --pieces) all += palette[pick(palette.size())];
+        return all;
     };
     configuration.state.interfaceKind = pick(2) == 0 ? kRtu : kTcpIp;
     TreeNode* container = nullptr;

@@ -84,35 +84,28 @@ TEST(Reader, LeavesXmlToTheParser) {
         EXPECT_EQ(place.messages.take(), Texts{});
         EXPECT_EQ(place.item("PLC1.Run").nAddress(), 77);
     }
-    for (const auto& [written, read] : Fields{{"a &lt;b&gt; &#x20AC; &amp;amp;", "a <b> € &amp;"},
-                                              {"a<!-- no --><b>&lt;b&gt;</b>", "a<b>"}}) {
-        Workplace place;
-        place.openText(replaced(good(), "<comment>", "<comment>" + written));
-        EXPECT_EQ(place.item("PLC1.Run").sComment(), read);
-    }
     Workplace place;
     place.openText(rtu("<id>7<!-- pump --></id><name>P</name>"));
     EXPECT_EQ(place.configuration.units.at("P")->getUI(), 7);
 }
 
-// A comment in each encoding that files declare comes back as the same text.
+// A comment in each encoding that files declare, and with markup, comes back as the same text.
 TEST(Reader, KnowsTheEncodingsOfFiles) {
-    const std::string text = "Füllstand 5°";
-    const std::string euro = text + " €";
-    const std::string file = replaced(good(), "<comment></comment>", "<comment>@</comment>");
-    const auto with = [&](std::string_view encoding, std::string_view comment) {
-        return replaced(replaced(file, "ISO-8859-1", encoding), "@", comment);
+    const auto with = [](std::string_view encoding, std::string_view comment) {
+        return replaced(replaced(good(), "ISO-8859-1", encoding), "<comment>",
+                        "<comment>" + std::string(comment));
     };
-    const Fields table{
-        {with("ISO-8859-1", "F\xFCllstand 5\xB0"), text},
-        {with("ISO-8859-1", "F\xFCllstand 5\xB0 &#x20AC;"), euro},
-        {with("UTF-8", euro), euro},
-        {"\xEF\xBB\xBF" + with("UTF-8", euro), euro},
-        {with("windows-1252", "F\xFCllstand 5\xB0 \x80"), euro},
-        {utf16(with("UTF-16", euro)), euro},
-        {with("UTF-8", "   "), "   "},
-    };
-    for (const auto& [bytes, comment] : table) {
+    const std::string euro = "Füllstand 5° €";
+    for (const auto& [bytes, comment] :
+         Fields{{with("ISO-8859-1", "F\xFCllstand 5\xB0"), "Füllstand 5°"},
+                {with("ISO-8859-1", "F\xFCllstand 5\xB0 &#x20AC;"), euro},
+                {with("UTF-8", euro), euro},
+                {"\xEF\xBB\xBF" + with("UTF-8", euro), euro},
+                {with("windows-1252", "F\xFCllstand 5\xB0 \x80"), euro},
+                {utf16(with("UTF-16", euro)), euro},
+                {with("UTF-8", "   "), "   "},
+                {with("UTF-8", "a &lt;b&gt; &#x20AC; &amp;amp;"), "a <b> € &amp;"},
+                {with("UTF-8", "a<!-- no --><b>&lt;b&gt;</b>"), "a<b>"}}) {
         Workplace place;
         place.openText(bytes);
         ASSERT_EQ(place.messages.take(), Texts{});
@@ -207,7 +200,6 @@ TEST(Reader, ShowsProgressAndSurvivesItsUser) {
     EXPECT_EQ(place.configuration.items.size(), kItems);
     EXPECT_TRUE(place.configuration.state.saved);
     EXPECT_FALSE(place.window.panelVisible);
-    for (const int percent : place.window.percents) EXPECT_TRUE(percent >= 0 && percent < 100);
     EXPECT_EQ(place.configuration.state.itemCounter, kItems + 1);
     place.window.onEvents = {};
     play(place, {{"ModBus; mnuAddMBType: cmbMBType=holding register; P; mnuAddItem: txtItemName=Next|"
