@@ -71,10 +71,10 @@ TEST(Dialogs, ShowAgainWhatWasEntered) {
          }) {
         SCOPED_TRACE(edited);
         DialogPlace place(edited == "New Plc 1" ? kRtu : kTcpIp);
-        const Texts nodes = place.below("");
+        const Texts nodes = fileContents(place.configuration);
         const int counters = place.counters();
         work(place, parent + "; " + command, {{"", proposed}, {entered + "|cmdCancel", "open=no"}});
-        EXPECT_EQ(place.below(""), nodes);
+        EXPECT_EQ(fileContents(place.configuration), nodes);
         play(place, {{"", "saved"}});
         work(place, parent + "; " + command, {{entered + "|cmdOk", "open=no"}});
         play(place, {{"", seen + " | unsaved"}});
@@ -104,7 +104,8 @@ TEST(Dialogs, CheckUnits) {
                                    {"txtName=u|txtTimeout=3e9", failure(kOverflow, "cmdOk_Click")[0]},
                                    {"txtTimeout=30", ""}});  // another case is another name
     // The tree has one name space for units, data types and the folder.
-    play(tcpIp, {{"top; mnuAddPlc: txtName=ModBus", "said " + failure(kKeyNotUnique, "mnuAddPlc_Click")[0]}});
+    play(tcpIp, {{"top; mnuAddPlc: txtName=ModBus|txtUI=3",
+                  "said " + failure(kKeyNotUnique, "mnuAddPlc_Click")[0]}});
 
     DialogPlace rtu(kRtu);
     rtu.check("top; mnuAddPlc",
@@ -411,16 +412,9 @@ TEST(ItemDialog, TheGroupPanelTakesNumbersOnly) {
           {"cmdAdd", "focus=txtItemName|txtItemName=New_Item_3"}});
     EXPECT_EQ(place.window.status[StatusField::Counts], "1 unit, 1 branch, 3 items");
     runDialog(place, "mnuAddItem", [&](FakeForm& form) {
-        form.press("cmdGroup");
         place.pointer.shapes.clear();
-        form.press("cmdOkNumber");
+        form.fill("cmdGroup|cmdOkNumber");
         EXPECT_EQ(place.pointer.shapes.front(), Pointer::Hourglass);
-        form.press("cmdGroup");
-        form.escape();  // leaves the panel only
-        EXPECT_EQ(form.shown("open=yes|off=|hidden=frmInserimento"),
-                  "open=yes|off=cmbBit txtElements|hidden=frmInserimento");
-        form.escape();
-        EXPECT_FALSE(form.open);
     });
 }
 

@@ -130,19 +130,6 @@ void FakeForm::press(std::string_view name) {
     if (handler) handler();
 }
 
-void FakeForm::escape() {
-    const State& cancel = state(shape.cancelButton);
-    const State& around = cancel.shape->frame.empty() ? cancel : state(cancel.shape->frame);
-    if (cancel.enabled && around.enabled) return press(shape.cancelButton);
-    const auto frame = std::ranges::find_if(controls_, [](const auto& control) {
-        const State& each = control.second;
-        return each.shape->kind == ControlKind::Frame && each.visible && each.enabled && each.handler;
-    });
-    if (frame == controls_.end()) return close();
-    const Handler handler = frame->second.handler;
-    handler();
-}
-
 void FakeForm::fill(std::string_view fields) {
     for (const std::string& field : split(fields)) {
         const std::size_t end = field.find('=');
@@ -255,14 +242,6 @@ void Workplace::edit(std::string_view key) {
 void Workplace::drop(const TreeNode& source) {
     const bool ownRecord = source.tag() == NodeTag::Item || source.tag() == NodeTag::Branch;
     checked("a drop", !ownRecord, [&] { editor.TreeView1_OLEDragDrop(); });
-}
-
-Texts Workplace::below(std::string_view key) {
-    const TreeNode& top = key.empty() ? *configuration.tree.root() : node(key);
-    Texts keys;
-    for (const TreeNode* n = nextBelow(top, top); n != nullptr; n = nextBelow(*n, top))
-        keys.push_back(n->key().str());
-    return keys;
 }
 
 TreeNode& Workplace::click(std::string_view key) {

@@ -79,14 +79,13 @@ struct FakeForm : Form {
     void close() override;
 
     // What a user does: replaces a text box's contents, through its filter; picks an entry of a list;
-    // switches a check box, or chooses an option; presses a button, or Escape; does all of that in turn, told
+    // switches a check box, or chooses an option; presses a button; does all of that in turn, told
     // as "field=text|button|box". Each refuses (throws std::logic_error) what a disabled or hidden control
     // would not let him.
     void type(std::string_view name, std::string_view text);
     void choose(std::string_view name, std::string_view item);
     void toggle(std::string_view name);
     void press(std::string_view name);
-    void escape();
     void fill(std::string_view fields);
     /// The same fields, told in the same way, with what they show now. Besides: "FIELD.count" for the length
     /// of a list, "off" and "hidden" for the controls that are out of use or sight, "focus", "open".
@@ -216,9 +215,7 @@ public:
     TreeNode& click(std::string_view key);
     TreeNode& node(std::string_view key) { return configuration.tree.at(Key(key)); }
     bool has(std::string_view key) const { return configuration.tree.find(Key(key)) != nullptr; }
-    clsItem& item(std::string_view key) { return behindTheDoor(*configuration.items.at(Key(key))); }
-    /// The keys of all nodes below the node with the key, in tree order.
-    Texts below(std::string_view key);
+    clsItem& item(std::string_view key) { return *configuration.items.at(Key(key)); }
     /// Empty for the first node, and for none.
     std::string selectedKey() const {
         const TreeNode* node = configuration.tree.selected();

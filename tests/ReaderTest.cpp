@@ -5,7 +5,6 @@
 #include <thread>
 
 #include "Plant.h"
-#include "editor/LoadProgress.h"
 #include "platform/Text.h"
 
 namespace trevandix::testing {
@@ -209,11 +208,6 @@ TEST(Reader, ShowsProgressAndSurvivesItsUser) {
     EXPECT_EQ(place.configuration.state.itemCounter, kItems + 2);
     EXPECT_EQ(place.messages.take(), Texts{});
     EXPECT_EQ(place.configuration.state.unitCounter, 2);
-
-    FakeWindow window;
-    LoadProgress progress(window);
-    for (int i = 0; i < 250; ++i) progress.itemRead();
-    EXPECT_EQ(progress.percent(), 50);
 }
 
 }  // namespace trevandix::testing

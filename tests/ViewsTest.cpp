@@ -136,16 +136,15 @@ TEST(Views, RowsStaySelected) {
 TEST(Views, StatusBarFollowsTheEditor) {
     PlantedWorkplace place({"U", "U.B/", "U.B.x", "U.B.xy"});
     auto& status = place.window.status;
-    place.saved();
-    play(place, {{"top", "selection " + place.path("test.xml") +
-                             " | state Saved | counts 1 unit, 1 branch, 2 items"},
-                 {"mnuFind; find: x", "selection U.B.x | notice "},
-                 {"next: x; next: x", "notice No further match"},
-                 {"find: q", "notice No match"},
-                 {"mnuAddItem", "notice Nothing added: an item is selected, not a unit or a branch"},
-                 {"U", "selection U: 10.0.0.1, identifier 0, 0 ms | notice "},
-                 {"U.B: x xy; mnuCopy", "selection U.B, 2 rows selected | notice 2 items copied"},
-                 {"top; mnuAddPlc: txtName=V", "state Unsaved changes | counts 2 units, 1 branch, 2 items"}});
+    play(place,
+         {{"top", "selection " + place.path("TrevandixTcpIp.xml") + " | counts 1 unit, 1 branch, 2 items"},
+          {"mnuFind; find: x", "selection U.B.x | notice "},
+          {"next: x; next: x", "notice No further match"},
+          {"find: q", "notice No match"},
+          {"mnuAddItem", "notice Nothing added: an item is selected, not a unit or a branch"},
+          {"U", "selection U: 10.0.0.1, identifier 0, 0 ms | notice "},
+          {"U.B: x xy; mnuCopy", "selection U.B, 2 rows selected | notice 2 items copied"},
+          {"top; mnuAddPlc: txtName=V", "state Unsaved changes | counts 2 units, 1 branch, 2 items"}});
     for (const bool refuses : {true, false}) {
         place.registry.refuses = refuses;
         place.run("mnuSaveCfg");
@@ -153,7 +152,7 @@ TEST(Views, StatusBarFollowsTheEditor) {
         EXPECT_EQ(status[StatusField::Notice].find("Published to the server: ") != 0, refuses);
     }
     place.messages.take();
-    place.editor.fileDropped(place.path("test.xml"));
+    place.editor.fileDropped(place.path("TrevandixTcpIp.xml"));
     play(place, {{"", "notice  | counts 2 units, 1 branch, 2 items"}});
     place.openText(readFile(std::filesystem::path(TREVANDIX_SAMPLES) / "boiler-house-rtu.xml"), "rtu.xml");
     play(place, {{"Boiler1", "selection Boiler1: COM1, 19200, 8E1, identifier 1"}});
@@ -165,7 +164,8 @@ TEST(Views, StatusBarFollowsTheEditor) {
         EXPECT_EQ(status[StatusField::Notice].starts_with("Branch names come back in capitals"), capitals);
     }
     // While the message box is up, the bar tells what has been done.
-    plant(place, {"U.D/"});
+    place.messages.take();
+    play(place, {{"U; mnuAddBranch: txtBranchName=D", ""}});
     place.messages.onShow = [&](std::string_view text) {
         EXPECT_EQ(status[StatusField::Saved], text.ends_with(" saved") ? "Saved" : "Unsaved changes");
     };

@@ -286,20 +286,19 @@ click_list() {
     xdotool mousemove --window "$WINDOW" $((WIDTH * 41 / 100 + WIDTH * $1 * 59 / 10000)) $((top + height * row)) click 1
 }
 
-# Pictures of the list, to tell whether it looks the same.
-take_list_picture() {
+# What the list looks like, in `picture` once it no longer changes.
+list_picture() {
     main_window
-    list_picture=$(import -window "$WINDOW" -crop "$((WIDTH * 55 / 100))x$((HEIGHT * 6 / 10))+$((WIDTH * 42 / 100))+70" \
-        rgb:- | md5sum)
+    import -window "$WINDOW" -crop "$((WIDTH * 55 / 100))x$((HEIGHT * 6 / 10))+$((WIDTH * 42 / 100))+70" rgb:- | md5sum
 }
-list_is() { take_list_picture && [ "$list_picture" = "$1" ]; }
-list_differs_from() { take_list_picture && [ "$list_picture" != "$1" ]; }
 settled_list() {
-    local before
-    for _ in {1..50}; do
-        before=$list_picture
+    local before=
+    while
+        picture=$(list_picture)
+        [ "$picture" != "$before" ]
+    do
+        before=$picture
         sleep 0.1
-        if list_is "$before"; then return; fi
     done
 }
 
