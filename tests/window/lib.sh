@@ -277,13 +277,14 @@ find_main_window() {
     main_id=$(xdotool search --onlyvisible --name "^$main\$" 2>/dev/null | head -n 1) && [ -n "$main_id" ]
 }
 
-# click_list PERCENT ROW: the left button on a row of the list, or on its header.
+# click_list PERCENT ROW [OPTION...]: the left button on a row of the list, or on its header.
 click_list() {
     main_window
     local top=79 height=23 row=$2
     if [ -n "$under_wine" ]; then top=64 height=16; fi
     if [ "$row" = header ]; then row=0; fi
-    xdotool mousemove --window "$WINDOW" $((WIDTH * 41 / 100 + WIDTH * $1 * 59 / 10000)) $((top + height * row)) click 1
+    xdotool mousemove --window "$WINDOW" $((WIDTH * 41 / 100 + WIDTH * $1 * 59 / 10000)) $((top + height * row)) \
+        click "${@:3}" 1
 }
 
 # What the list looks like, in `picture` once it no longer changes.

@@ -46,8 +46,7 @@ until_true 5 eval '[ "$(list_picture)" = "$report" ]' || fail "View, Report is n
 
 # By comment, ascending also at the second click; a double click on the second row opens it.
 for _ in 1 2; do click_list 60 header; done
-click_list 10 2
-xdotool click 1
+click_list 10 2 --repeat 2 --delay 60
 await "$item"
 keys alt+i
 holds Redox
