@@ -158,22 +158,13 @@ private:
 
     void clickList() {
         const wxPoint point = pointIn(list());
-        constexpr std::array kModifiers{0, 0, 0, static_cast<int>(wxMOD_CONTROL),
-                                        static_cast<int>(wxMOD_SHIFT)};
-        const int modifiers = kModifiers[below(kModifiers.size())];
+        constexpr std::array kHeld{WXK_NONE, WXK_NONE, WXK_NONE, WXK_CONTROL, WXK_SHIFT};
+        const wxKeyCode held = kHeld[below(kHeld.size())];
         did_ = "click in the list at " + std::to_string(point.x) + "," + std::to_string(point.y);
         moveTo(list(), {point.x, point.y / (1 + static_cast<int>(below(6)))});
-        hold(modifiers, true);
+        if (held != WXK_NONE) input_.KeyDown(held);
         below(8) == 0 ? input_.MouseDblClick() : input_.MouseClick();
-        hold(modifiers, false);
-    }
-
-    void hold(int modifiers, bool down) {
-        for (const auto& [flag, key] :
-             {std::pair(wxMOD_CONTROL, WXK_CONTROL), std::pair(wxMOD_SHIFT, WXK_SHIFT)}) {
-            if ((modifiers & flag) == 0) continue;
-            down ? input_.KeyDown(key) : input_.KeyUp(key);
-        }
+        if (held != WXK_NONE) input_.KeyUp(held);
     }
 
     void pressKey() {
