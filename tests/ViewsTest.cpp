@@ -235,6 +235,7 @@ TEST(Commands, EveryButtonRunsItsCommand) {
         {"openObject", "opens frmItems"},
         {"U.A; openObject", "opens frmBranch"},
     };
+    EXPECT_EQ(cases.size(), commandTables().buttons.size() + 1);  // F2 has two rows, Paste none of its own
     for (const auto& [steps, seen] : cases) {
         PlantedWorkplace place({"U", "U.A/", "U.B/", "U.A.x"});
         place.fileDialog.choice = place.path("missing.xml");
