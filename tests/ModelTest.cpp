@@ -102,7 +102,11 @@ TEST(TypeNames, BothWaysForEveryTableAndValueType) {
             EXPECT_EQ(displayTypeLabel(name), table + ":" + type);
         }
     }
-    EXPECT_EQ(fileTypeName("coil:32 bit float array"), "COIL VT_R4 ARRAY");
+    std::string all;
+    for (const std::string& type : valueTypesOf("holding register")) all += fileTypeName(type) + "|";
+    EXPECT_EQ(all,
+              " VT_BOOL| VT_UI2| VT_UI4| VT_I2| VT_I4| VT_R4| VT_BOOL ARRAY| VT_UI1 ARRAY| VT_UI2 ARRAY| "
+              "VT_UI4 ARRAY| VT_I1 ARRAY| VT_I2 ARRAY| VT_I4 ARRAY| VT_R4 ARRAY| VT_BSTR|");
     // What is unknown is left out rather than guessed.
     EXPECT_EQ(fileTypeName("my table:boolean"), " VT_BOOL");
     EXPECT_EQ(fileTypeName("coil:nonsense"), "COIL");
