@@ -21,7 +21,7 @@ struct DialogPlace : Workplace {
         play(*this, {{"top; mnuAddPlc: txtName=U|txtUI=9; mnuAddBranch: txtBranchName=B" + type +
                           "input status" + type + "input register" + type + "holding register",
                       "unsaved"}});
-        configuration.state.saved = true;
+        configuration.setSaved(true);
     }
     /// What is entered before Ok is pressed, and what is said then, nothing where it is accepted; what the
     /// dialog shows when it is refused.
@@ -79,7 +79,7 @@ TEST(Dialogs, ShowAgainWhatWasEntered) {
         work(place, parent + "; " + command, {{entered + "|cmdOk", "open=no"}});
         play(place, {{"", seen + " | unsaved"}});
         EXPECT_EQ(place.counters(), counters + 1);
-        place.configuration.state.saved = true;
+        place.configuration.setSaved(true);
         work(place, "edit " + edited, {{"", shown}, {"cmdCancel", "open=no"}});
         play(place, {{"", "saved"}});
     }
@@ -217,10 +217,10 @@ TEST(Dialogs, OkKeepsWhatNobodyTouches) {
     }
 
     DialogPlace place;
-    auto type = std::make_shared<clsModBusType>();
-    type->setName("my input");  // an input table is never written
-    type->setReadCode(255);
-    type->setWriteCode(255);
+    clsModBusType type;
+    type.setName("my input");  // an input table is never written
+    type.setReadCode(255);
+    type.setWriteCode(255);
     place.configuration.addDataType(type);
     const std::string other = place.configuration.dataTypes.at("holding register")->GetXmlTag();
     play(place,

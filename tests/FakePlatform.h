@@ -215,7 +215,7 @@ public:
     TreeNode& click(std::string_view key);
     TreeNode& node(std::string_view key) { return configuration.tree.at(Key(key)); }
     bool has(std::string_view key) const { return configuration.tree.find(Key(key)) != nullptr; }
-    clsItem& item(std::string_view key) { return *configuration.items.at(Key(key)); }
+    clsItem& item(std::string_view key) { return behindTheDoor(*configuration.items.at(Key(key))); }
     /// Empty for the first node, and for none.
     std::string selectedKey() const {
         const TreeNode* node = configuration.tree.selected();

@@ -47,7 +47,7 @@ void fillAtRandom(Configuration& configuration, unsigned seed) {
         for (std::size_t pieces = pick(5); pieces > 0; --pieces) all += palette[pick(palette.size())];
         return all;
     };
-    configuration.state.interfaceKind = pick(2) == 0 ? kRtu : kTcpIp;
+    configuration.setInterfaceKind(pick(2) == 0 ? kRtu : kTcpIp);
     TreeNode* container = nullptr;
     for (std::size_t step = 2 + pick(14); step > 0; --step) {
         // No two are one, in capitals neither.
@@ -194,8 +194,8 @@ TEST(Mending, DamagedFilesLoseNothingWithoutAWord) {
          Fields{{"plain", "TrevandixRTU"}, {"a<b", "TrevandixRTU"}, {"a<b", "TrevandixTcpIp"}}) {
         PlantedWorkplace place({"P", "P.B/", "P.B.I", "P.B.J", "Q", "Q.B/", "Q.B.I", "Q.B.J", "ModBus.coil",
                                 "ModBus.holding register"});
-        place.configuration.state.interfaceKind = kind;
-        for (const auto& [key, item] : place.configuration.items) item->sComment(comment);
+        place.configuration.setInterfaceKind(kind);
+        for (const auto& [key, item] : place.configuration.items) behindTheDoor(*item).sComment(comment);
         const std::string whole = place.saved();
         int refused = 0;
         const auto check = [&](std::size_t at, std::size_t length) {

@@ -72,9 +72,9 @@ TEST(NameRules, NewKeysBelowARenamedNode) {
     }
     // Two nodes that would get one key: the one has a key that does not follow from its place.
     PlantedWorkplace place({"U", "U.S"});
-    auto twin = std::make_shared<clsItem>();
-    twin->sName("S");
-    twin->sKey("elsewhere");
+    clsItem twin;
+    twin.sName("S");
+    twin.sKey("elsewhere");
     place.configuration.addItem(twin, place.node("U"));
     play(place, {{"edit U: txtName=V", "list U: U" + inCollection}});
     EXPECT_EQ(place.wrong(), Texts{"key of another place: elsewhere"});

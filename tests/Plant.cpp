@@ -46,8 +46,8 @@ void plant(Workplace& place, const Texts& keys) {
         TreeNode& parent = place.node(key.substr(0, dot));
         const std::string name = key.substr(dot + 1, key.size() - dot - (branch ? 2 : 1));
         if (parent.tag() == NodeTag::ModBus) {
-            auto type = std::make_shared<clsModBusType>();
-            type->setName(name);
+            clsModBusType type;
+            type.setName(name);
             place.configuration.addDataType(type);
         } else if (branch) {
             plantBranch(place.configuration, parent, name);
