@@ -17,13 +17,10 @@
 #include "platform/Platform.h"
 #include "platform/pugi/PugiVersion.h"
 #include "platform/pugi/PugiXml.h"
-#include "wx/WxClipboard.h"
-#include "wx/WxFileDialog.h"
-#include "wx/WxForms.h"
+#include "wx/WxBasics.h"
+#include "wx/WxForm.h"
 #include "wx/WxMainFrame.h"
-#include "wx/WxMessages.h"
-#include "wx/WxPointer.h"
-#include "wx/WxText.h"
+#include "wx/WxServices.h"
 #ifdef _WIN32
 #include "platform/windows/WindowsRegistry.h"
 using SystemRegistry = trevandix::WindowsRegistry;

@@ -10,11 +10,10 @@
 #include <utility>
 
 #include "platform/RuntimeError.h"
+#include "wx/WxBasics.h"
 #include "wx/WxFormLayout.h"
+#include "wx/WxHelp.h"
 #include "wx/WxIcons.h"
-#include "wx/WxManual.h"
-#include "wx/WxParent.h"
-#include "wx/WxText.h"
 
 namespace trevandix {
 
@@ -341,6 +340,10 @@ void WxForm::onKey(wxKeyEvent& event) {
     wxKeyEvent forMain(event);
     const bool function = key >= WXK_F1 && key <= WXK_F24 && !dialog_->IsModal();
     if (!function || !dialog_->GetParent()->GetEventHandler()->ProcessEvent(forMain)) event.Skip();
+}
+
+std::unique_ptr<Form> WxForms::create(const FormSpec& shape) {
+    return std::make_unique<WxForm>(parent_, shape);
 }
 
 }  // namespace trevandix

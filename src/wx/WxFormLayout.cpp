@@ -2,8 +2,8 @@
 
 #include <wx/statbox.h>
 
-#include "wx/WxAccessibleName.h"
-#include "wx/WxText.h"
+#include "wx/WxBasics.h"
+#include "wx/WxNative.h"
 
 namespace trevandix {
 

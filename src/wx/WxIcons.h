@@ -2,8 +2,11 @@
 
 #include <wx/bmpbndl.h>
 #include <wx/iconbndl.h>
+#include <wx/vector.h>
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace trevandix {
 
@@ -19,5 +22,22 @@ wxBitmapBundle fadedIconBundle(std::string_view name, int size);
 
 /// The program's icon in the sizes that title bars and task lists ask for.
 wxIconBundle programIcons();
+
+/// The images of a tree or list, looked up by name and drawn the first time they are asked for.
+class WxImageList {
+public:
+    /// `size` in device-independent pixels.
+    explicit WxImageList(int size) : size_(size) {}
+
+    /// Position in `bundles`; -1 for an empty name. The drawing is the one made for trees and lists where
+    /// there is one: those of the toolbar show what a command does, such as adding.
+    int indexOf(std::string_view name);
+    const wxVector<wxBitmapBundle>& bundles() const { return bundles_; }
+
+private:
+    int size_;
+    std::vector<std::string> names_;
+    wxVector<wxBitmapBundle> bundles_;
+};
 
 }  // namespace trevandix

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "wx/WxRaised.h"
+#include "wx/WxBasics.h"
 
 namespace trevandix {
 

@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "wx/WxAccessibleName.h"
-#include "wx/WxRaised.h"
+#include "wx/WxBasics.h"
+#include "wx/WxNative.h"
 
 namespace trevandix {
 

@@ -5,9 +5,8 @@
 #include <functional>
 
 #include "platform/ListView.h"
-#include "wx/WxIconList.h"
 #include "wx/WxInputGate.h"
-#include "wx/WxReportList.h"
+#include "wx/WxListControls.h"
 
 namespace trevandix {
 

@@ -1,20 +1,22 @@
 #include "wx/WxMainFrame.h"
 
 #include <wx/display.h>
+#include <wx/dnd.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <memory>
+#include <utility>
 
 #include "Version.h"
-#include "wx/WxAboutBox.h"
-#include "wx/WxFileDrop.h"
+#include "platform/Proportions.h"
+#include "wx/WxBasics.h"
+#include "wx/WxHelp.h"
 #include "wx/WxIcons.h"
-#include "wx/WxLayoutScaling.h"
-#include "wx/WxManual.h"
-#include "wx/WxSelectionColour.h"
-#include "wx/WxText.h"
+#include "wx/WxNative.h"
 
 namespace trevandix {
 
@@ -29,6 +31,42 @@ constexpr int kSmallestHeight = 300;
 
 wxString windowCaption() {
     return toWx(kCompany) + " - " + toWx(kProduct);
+}
+
+/// Takes files that are dropped from the file manager; the first of several counts.
+class FileDrop : public wxFileDropTarget {
+public:
+    /// `window` comes to the front. Both must outlive it.
+    FileDrop(wxTopLevelWindow& window, WxInputGate& gate) : window_(window), gate_(gate) {}
+
+    // Opening may ask questions, in front of the window that the file came from; the other program must not
+    // wait for them with the mouse in its hands.
+    bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override {
+        if (files.empty() || gate_.busy()) return false;
+        bringToFront(window_);
+        gate_.post(WxInputGate::Kind::Single,
+                   [path = fromWx(files.front())](MainWindowEvents& events) { events.fileDropped(path); });
+        return true;
+    }
+
+private:
+    wxTopLevelWindow& window_;
+    WxInputGate& gate_;
+};
+
+// Lets the sash stand at a share of the width, 0 to 1, until its user moves it; then at the user's share.
+void keepSashInProportion(wxSplitterWindow& splitter, double share) {
+    const auto kept = std::make_shared<Proportions>();
+    constexpr int kWhole = 1000;
+    kept->keep({static_cast<int>(std::lround(share * kWhole))}, kWhole);
+    splitter.SetSashGravity(share);  // not zero, or the control would not ask below
+    splitter.Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [&splitter, kept](wxSplitterEvent& event) {
+        const int sash = event.GetSashPosition();
+        if (sash > 0) kept->keep({sash}, splitter.GetClientSize().GetWidth());
+    });
+    splitter.Bind(wxEVT_SPLITTER_SASH_POS_RESIZE, [&splitter, kept](wxSplitterEvent& event) {
+        event.SetSashPosition(kept->scaled(splitter.GetClientSize().GetWidth()).front());
+    });
 }
 
 }  // namespace
@@ -48,7 +86,7 @@ WxMainFrame::WxMainFrame(const CommandTables& tables, StructureTree& tree, ListV
         });
     status_ = new WxStatusBar(this);
     SetStatusBar(status_);
-    SetDropTarget(new WxFileDrop(*this, gate_));  // counts for all windows in it
+    SetDropTarget(new FileDrop(*this, gate_));  // counts for all windows in it
 #ifdef __WXGTK__
     // The toolkit would wait for the window manager and then show the window without size and place first.
     m_deferShow = false;
@@ -90,7 +128,7 @@ void WxMainFrame::onSize(wxSizeEvent& event) {
 }
 
 void WxMainFrame::buildViews(StructureTree& tree, ListView& list, WxPointer& pointer) {
-    tellInactiveSelections();
+    greyInactiveSelections();
     const auto workspace = wxSystemSettings::GetColour(wxSYS_COLOUR_APPWORKSPACE);
     body_ = new wxPanel(this);
     SetSizer(new wxBoxSizer(wxVERTICAL));

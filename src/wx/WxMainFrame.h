@@ -7,13 +7,12 @@
 #include <memory>
 
 #include "platform/MainWindow.h"
+#include "wx/WxBasics.h"
 #include "wx/WxCommands.h"
-#include "wx/WxImportPanel.h"
 #include "wx/WxInputGate.h"
 #include "wx/WxListView.h"
-#include "wx/WxPointer.h"
-#include "wx/WxStatusBar.h"
-#include "wx/WxText.h"
+#include "wx/WxServices.h"
+#include "wx/WxStatus.h"
 #include "wx/WxTreeDrag.h"
 #include "wx/WxTreeView.h"
 

@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "wx/WxInputGate.h"
-#include "wx/WxPointer.h"
+#include "wx/WxServices.h"
 #include "wx/WxTreeView.h"
 
 namespace trevandix {

@@ -3,17 +3,13 @@
 #include <wx/app.h>
 #include <wx/settings.h>
 #include <wx/wupdlock.h>
-#ifdef __WXMSW__
-#include <wx/msw/wrapwin.h>
-#endif
 
 #include <chrono>
 #include <utility>
 #include <vector>
 
-#include "wx/WxAccessibleName.h"
-#include "wx/WxRaised.h"
-#include "wx/WxText.h"
+#include "wx/WxBasics.h"
+#include "wx/WxNative.h"
 
 namespace trevandix {
 
@@ -287,24 +283,14 @@ void WxTreeView::cleared() {
 void WxTreeView::batchBegins() {
     if (batches_++ > 0) return;
     Freeze();
-    setHiddenRedraw(false);
-}
-
-// The control of Windows places all its lines anew at every change, also while it is hidden, when Freeze has
-// no effect.
-void WxTreeView::setHiddenRedraw([[maybe_unused]] bool redraw) {
-#ifdef __WXMSW__
-    if (IsShown()) return;
-    ::SendMessage(GetHandle(), WM_SETREDRAW, redraw, 0);
-    ::ShowWindow(GetHandle(), SW_HIDE);  // switching it on may show the window
-#endif
+    setHiddenRedraw(*this, false);
 }
 
 void WxTreeView::batchEnds() {
     if (batches_ == 1 && !held_) removeSome();
     if (--batches_ > 0) return;
     Thaw();
-    setHiddenRedraw(true);
+    setHiddenRedraw(*this, true);
     if (visibleLater_ != nullptr) madeVisible(*std::exchange(visibleLater_, nullptr));
 }
 

@@ -8,7 +8,6 @@
 
 #include "model/StructureTree.h"
 #include "wx/WxIcons.h"
-#include "wx/WxImageNames.h"
 #include "wx/WxInputGate.h"
 
 namespace trevandix {
@@ -59,7 +58,6 @@ private:
     void letGo(const TreeNode& top);
     void removeSome();
     void onSelecting(wxTreeEvent& event);
-    void setHiddenRedraw(bool redraw);
     void click(TreeNode& node);
     void onSelected(wxTreeEvent& event);
     void onActivated(wxTreeEvent& event);
@@ -73,7 +71,7 @@ private:
 
     StructureTree& tree_;
     WxInputGate& gate_;
-    WxImageNames images_{kTreeIconSize};
+    WxImageList images_{kTreeIconSize};
     TreeNode* clicked_ = nullptr;  // waits to be reported
     const TreeNode* highlighted_ = nullptr;
     std::unordered_map<void*, int> places_;   // of items among their siblings, while they are sorted

@@ -15,9 +15,9 @@
 #include "FakePlatform.h"
 #include "Targets.h"
 #include "editor/CommandTable.h"
+#include "wx/WxBasics.h"
 #include "wx/WxListView.h"
 #include "wx/WxMainFrame.h"
-#include "wx/WxText.h"
 
 namespace trevandix::testing {
 

@@ -1,11 +1,14 @@
-#include "wx/WxStatusBar.h"
+#include "wx/WxStatus.h"
 
 #include <wx/control.h>
 #include <wx/dcclient.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
 
 #include <algorithm>
 
-#include "wx/WxAccessibleName.h"
+#include "wx/WxNative.h"
 
 namespace trevandix {
 
@@ -91,6 +94,50 @@ wxString WxStatusBar::fitting(int field) const {
     dc.SetFont(GetFont());
     const wxString line = fullText(static_cast<StatusField>(field)).BeforeFirst('\n');
     return wxControl::Ellipsize(line, dc, wxELLIPSIZE_MIDDLE, std::max(room, 0), wxELLIPSIZE_FLAGS_NONE);
+}
+
+namespace {
+
+constexpr int kHighestPercent = 99;
+constexpr int kGaugeWidth = 280;
+constexpr int kPanelMargin = 20;
+
+}  // namespace
+
+WxImportPanel::WxImportPanel(wxWindow* parent)
+    : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_RAISED, "pnlImpStat") {
+    Hide();
+    for (wxWindow* sibling : parent->GetChildren()) clipSiblings(*sibling);
+    auto* label = new wxStaticText(this, wxID_ANY, "Loading File ....", wxDefaultPosition, wxDefaultSize, 0,
+                                   "lblLabel");
+    percent_ =
+        new wxGauge(this, wxID_ANY, kHighestPercent, wxDefaultPosition, FromDIP(wxSize(kGaugeWidth, -1)),
+                    wxGA_HORIZONTAL | wxGA_SMOOTH, wxDefaultValidator, "pnlPercent");
+    setAccessibleName(*this, "Loading", "Shows while a file is read");
+    setAccessibleName(*percent_, label->GetLabel(), "How much of the file has been read");
+    auto* column = new wxBoxSizer(wxVERTICAL);
+    column->Add(label, wxSizerFlags().CentreHorizontal());
+    column->Add(percent_, wxSizerFlags().Expand().Border(wxTOP, FromDIP(kPanelMargin) / 2));
+    auto* frame = new wxBoxSizer(wxVERTICAL);
+    frame->Add(column, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kPanelMargin)));
+    SetSizerAndFit(frame);
+    const auto paint = [this] { SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE)); };
+    paint();  // or what lies below it, the sash, shows through
+    Bind(wxEVT_SYS_COLOUR_CHANGED, [paint](wxSysColourChangedEvent& event) {
+        paint();
+        event.Skip();
+    });
+}
+
+void WxImportPanel::setShown(bool shown) {
+    if (shown) recentre();
+    Show(shown);
+    if (shown) Raise();
+}
+
+void WxImportPanel::recentre() {
+    SetSize(GetBestSize());
+    CentreOnParent();
 }
 
 }  // namespace trevandix

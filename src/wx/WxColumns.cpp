@@ -1,14 +1,32 @@
-#include "wx/WxGrid.h"
+#include "wx/WxColumns.h"
 
 #include <wx/display.h>
 #include <wx/settings.h>
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
-#include "wx/WxText.h"
+#include "wx/WxBasics.h"
 
 namespace trevandix {
+
+WxColumnScaling::WxColumnScaling(wxWindow& window, Parts parts) : window_(window), parts_(std::move(parts)) {
+    window_.Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        scale();
+    });
+}
+
+void WxColumnScaling::keep(int windowWidth) {
+    keep(parts_.widths(), windowWidth);
+}
+
+void WxColumnScaling::scale() {
+    std::vector<int> wanted = proportions_.scaled(window_.GetSize().GetWidth());
+    if (parts_.least) wanted = widened(std::move(wanted), parts_.least(), window_.GetClientSize().GetWidth());
+    if (wanted.size() == parts_.widths().size() && wanted != parts_.widths()) parts_.resize(wanted);
+}
 
 namespace {
 

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <wx/splitter.h>
+#include <wx/grid.h>
 
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "platform/Proportions.h"
@@ -11,7 +12,7 @@ namespace trevandix {
 
 /// Keeps the parts of a window in proportion when its width changes. Sizers place the controls; this is for
 /// what they leave alone, such as the columns of a list.
-class WxLayoutScaling {
+class WxColumnScaling {
 public:
     struct Parts {
         std::function<std::vector<int>()> widths;
@@ -21,7 +22,7 @@ public:
     };
 
     /// Lives as long as the window.
-    WxLayoutScaling(wxWindow& window, Parts parts);
+    WxColumnScaling(wxWindow& window, Parts parts);
 
     /// The present widths belong to a window of this width and are those to be kept in proportion. Nothing is
     /// scaled before the first call. The width is that with scroll bars: they come and go with the scaling.
@@ -37,7 +38,21 @@ private:
     Proportions proportions_;
 };
 
-/// Lets the sash stand at a share of the width, 0 to 1, until its user moves it; then at the user's share.
-void keepSashInProportion(wxSplitterWindow& splitter, double share);
+/// Cells to look at, with a header row.
+class WxGrid : public wxGrid {
+public:
+    explicit WxGrid(wxWindow* parent);
+
+    /// The first row is the header. Columns fit their texts, as far as the screen allows.
+    void setCells(const std::vector<std::vector<std::string>>& rows);
+
+private:
+    void fit();
+    int neededWidth(int column) const;
+    std::vector<int> widths() const;
+    void setWidths(const std::vector<int>& widths);
+
+    WxColumnScaling scaling_;
+};
 
 }  // namespace trevandix

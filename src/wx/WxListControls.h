@@ -3,9 +3,8 @@
 #include <wx/listctrl.h>
 
 #include "platform/ListView.h"
+#include "wx/WxColumns.h"
 #include "wx/WxIcons.h"
-#include "wx/WxImageNames.h"
-#include "wx/WxLayoutScaling.h"
 
 namespace trevandix {
 
@@ -36,10 +35,28 @@ private:
     void showSortArrow();
 
     const ListView& list_;
-    mutable WxImageNames images_{kTreeIconSize};
-    WxLayoutScaling scaling_;
+    mutable WxImageList images_{kTreeIconSize};
+    WxColumnScaling scaling_;
     std::vector<int> least_;  // of each column, so that its header can be read
     bool widthless_ = false;
+};
+
+/// The list as large icons, small icons or a plain list. Holds a copy of the rows' texts.
+class WxIconList : public wxListCtrl {
+public:
+    /// `mode` is any but Report.
+    WxIconList(wxWindow* parent, const ListView& list, ListMode mode);
+
+    ListMode mode() const { return mode_; }
+    void refill();
+    void refreshRow(std::size_t row);
+
+private:
+    std::string_view iconOf(const ListRow& row) const;
+
+    const ListView& list_;
+    ListMode mode_;
+    WxImageList images_;
 };
 
 }  // namespace trevandix

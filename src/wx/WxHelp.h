@@ -1,8 +1,15 @@
 #pragma once
 
 #include <wx/dialog.h>
+#include <wx/event.h>
 
 namespace trevandix {
+
+/// Opens the manual in the system's browser; where that fails, a box says why and names the file.
+void showManual();
+
+/// True when the key asks for the manual, which then has been opened.
+bool followsManualKey(const wxKeyEvent& event);
 
 /// Who made the program, which version it is, what it was made with, and where to ask. A button copies all of
 /// it for a mail to the maker.

@@ -1,4 +1,4 @@
-#include "wx/WxParent.h"
+#include "wx/WxBasics.h"
 
 #include <wx/app.h>
 #include <wx/dialog.h>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <wx/gauge.h>
+#include <wx/panel.h>
 #include <wx/statusbr.h>
 
 #include <array>
@@ -29,6 +31,22 @@ private:
 
     std::array<wxString, kFields> news_;
     wxString hint_;
+};
+
+/// The import status panel `pnlImpStat`: floats in front of the views while a file is read.
+class WxImportPanel : public wxPanel {
+public:
+    /// The windows in front of which it is to float must already be in `parent`.
+    explicit WxImportPanel(wxWindow* parent);
+
+    /// 0 to 99.
+    void setPercent(int percent) { percent_->SetValue(percent); }
+    void setShown(bool shown);
+    /// Stands in the middle of its parent again.
+    void recentre();
+
+private:
+    wxGauge* percent_;
 };
 
 }  // namespace trevandix

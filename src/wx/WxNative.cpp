@@ -1,0 +1,161 @@
+#include "wx/WxNative.h"
+
+#ifdef __WXGTK__
+#include <dlfcn.h>
+#include <wx/dc.h>
+#include <wx/renderer.h>
+#include <wx/settings.h>
+#elif defined(__WXMSW__)
+#include <wx/msw/wrapwin.h>
+// These need the types of wrapwin.h, and initguid.h makes oleacc.h define the property identifiers.
+#include <initguid.h>
+#include <oleacc.h>
+#include <wx/msw/private/comptr.h>
+#endif
+
+namespace trevandix {
+
+#ifdef __WXGTK__
+
+namespace {
+
+// A function of GTK, which wx has loaded into the program; nullptr when there is none of this name.
+template <typename Function>
+Function* gtkFunction(const char* name) {
+    return reinterpret_cast<Function*>(dlsym(RTLD_DEFAULT, name));
+}
+
+void setTexts(void* widget, const wxString& name, const wxString& description) {
+    static auto* const accessibleOf = gtkFunction<void*(void*)>("gtk_widget_get_accessible");
+    static auto* const setName = gtkFunction<void(void*, const char*)>("atk_object_set_name");
+    static auto* const setDescription = gtkFunction<void(void*, const char*)>("atk_object_set_description");
+    if (widget == nullptr || accessibleOf == nullptr || setName == nullptr || setDescription == nullptr)
+        return;
+    void* accessible = accessibleOf(widget);
+    if (accessible == nullptr) return;
+    if (!name.empty()) setName(accessible, name.utf8_str());
+    if (!description.empty()) setDescription(accessible, description.utf8_str());
+}
+
+// Grey of the same lightness as the selection colour, so that the text stays readable in every theme.
+wxColour inactiveColour() {
+    const wxColour active = wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT);
+    unsigned char red = active.Red();
+    unsigned char green = active.Green();
+    unsigned char blue = active.Blue();
+    wxColour::MakeGrey(&red, &green, &blue);
+    return {red, green, blue};
+}
+
+class Renderer : public wxDelegateRendererNative {
+public:
+    Renderer() : wxDelegateRendererNative(wxRendererNative::GetDefault()) {}
+
+    void DrawItemSelectionRect(wxWindow* window, wxDC& dc, const wxRect& rect, int flags) override {
+        if ((flags & wxCONTROL_FOCUSED) != 0 || (flags & wxCONTROL_SELECTED) == 0)
+            return wxDelegateRendererNative::DrawItemSelectionRect(window, dc, rect, flags);
+        const wxDCPenChanger pen(dc, *wxTRANSPARENT_PEN);
+        const wxDCBrushChanger brush(dc, inactiveColour());
+        dc.DrawRectangle(rect);
+    }
+};
+
+}  // namespace
+
+void setAccessibleName(wxWindow& window, const wxString& name, const wxString& description) {
+    setTexts(window.GetHandle(), name, description);
+    // A control that wx draws itself has its focus in an inner widget.
+    if (window.m_wxwindow != nullptr) setTexts(window.m_wxwindow, name, description);
+}
+
+void setAccessibleDescription(const wxMenuItem& entry) {
+    setTexts(entry.GetMenuItem(), {}, entry.GetHelp());
+}
+
+void greyInactiveSelections() {
+    wxRendererNative::Get();  // creates the default renderer, which would otherwise replace ours later
+    delete wxRendererNative::Set(new Renderer);
+}
+
+// A GTK message box is as wide as its text, which may cut the title. wx creates the box only when it shows
+// it, too late to set its width, so a style rule sets it for all boxes.
+void setMessageBoxWidth(int width) {
+    static auto* const newStyle = gtkFunction<void*()>("gtk_css_provider_new");
+    static auto* const setRules =
+        gtkFunction<int(void*, const char*, long, void*)>("gtk_css_provider_load_from_data");
+    static auto* const screen = gtkFunction<void*()>("gdk_screen_get_default");
+    static auto* const addStyle =
+        gtkFunction<void(void*, void*, unsigned)>("gtk_style_context_add_provider_for_screen");
+    if (newStyle == nullptr || setRules == nullptr || screen == nullptr || addStyle == nullptr) return;
+    constexpr unsigned kPriorityOfApplications = 600;
+    void* const style = newStyle();
+    const wxString rules = wxString::Format("messagedialog > box { min-width: %dpx; }", width);
+    setRules(style, rules.utf8_str(), -1, nullptr);
+    addStyle(screen(), style, kPriorityOfApplications);
+}
+
+#else
+
+void greyInactiveSelections() {}
+void setMessageBoxWidth(int) {}
+
+#endif
+
+#ifdef __WXMSW__
+
+// Adds to what Windows finds out itself, such as the label in front of a field.
+void setAccessibleName(wxWindow& window, const wxString& name, const wxString& description) {
+    wxCOMPtr<IAccPropServices> services;
+    if (FAILED(::CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
+                                  reinterpret_cast<void**>(&services))))
+        return;
+    const auto set = [&](const GUID& property, const wxString& text) {
+        if (!text.empty())
+            services->SetHwndPropStr(window.GetHandle(), static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
+                                     property, text.wc_str());
+    };
+    set(PROPID_ACC_NAME, name);
+    set(PROPID_ACC_DESCRIPTION, description);
+}
+
+void setAccessibleDescription(const wxMenuItem&) {}  // the status bar shows it
+
+// Windows lets only the active program raise its windows, but lets every program make a window topmost. To
+// make it topmost and normal again leaves it in front.
+void bringToFront(wxTopLevelWindow& window) {
+    for (const HWND place : {HWND_TOPMOST, HWND_NOTOPMOST})
+        ::SetWindowPos(static_cast<HWND>(window.GetHandle()), place, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    window.Raise();
+}
+
+// wx never sets this style, without which Windows lets a window draw over siblings in front of it.
+void clipSiblings(wxWindow& window) {
+    const auto handle = static_cast<HWND>(window.GetHandle());
+    ::SetWindowLongPtr(handle, GWL_STYLE, ::GetWindowLongPtr(handle, GWL_STYLE) | WS_CLIPSIBLINGS);
+}
+
+void setHiddenRedraw(wxWindow& window, bool redraw) {
+    if (window.IsShown()) return;
+    ::SendMessage(window.GetHandle(), WM_SETREDRAW, redraw, 0);
+    ::ShowWindow(window.GetHandle(), SW_HIDE);  // WM_SETREDRAW may show the window
+}
+
+#else
+
+void bringToFront(wxTopLevelWindow& window) {
+    window.Raise();
+}
+
+void clipSiblings(wxWindow&) {}
+void setHiddenRedraw(wxWindow&, bool) {}
+
+#endif
+
+#if !defined(__WXGTK__) && !defined(__WXMSW__)
+
+void setAccessibleName(wxWindow&, const wxString&, const wxString&) {}
+void setAccessibleDescription(const wxMenuItem&) {}
+
+#endif
+
+}  // namespace trevandix
