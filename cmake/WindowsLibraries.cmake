@@ -1,5 +1,5 @@
 # The libraries of a cross-built Windows program, from the prefix that tools/windows.sh has filled:
-# trevandix_wx (wx base and core), pugixml::pugixml, GTest::gtest and GTest::gtest_main.
+# trevandix_wxwidgets (wx base and core), pugixml::pugixml, GTest::gtest and GTest::gtest_main.
 if(NOT TREVANDIX_WINDOWS_PREFIX)
   message(FATAL_ERROR "TREVANDIX_WINDOWS_PREFIX is not set; tools/windows.sh build sets it")
 endif()
@@ -10,5 +10,5 @@ foreach(package IN ITEMS wxWidgets pugixml GTest)
                PATHS "${TREVANDIX_WINDOWS_PREFIX}/lib/cmake")
 endforeach()
 
-add_library(trevandix_wx INTERFACE)
-target_link_libraries(trevandix_wx INTERFACE wx::core wx::base)
+add_library(trevandix_wxwidgets INTERFACE)
+target_link_libraries(trevandix_wxwidgets INTERFACE wx::core wx::base)

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "FakePlatform.h"
-#include "platform/AccessKeys.h"
+#include "platform/Form.h"
 
 namespace trevandix::testing {
 

@@ -13,7 +13,7 @@
 #include "FakePlatform.h"
 #include "Plant.h"
 #include "platform/FileAccess.h"
-#include "platform/windows/WindowsRegistry.h"
+#include "platform/SystemRegistry.h"
 
 namespace trevandix::testing {
 
@@ -117,9 +117,9 @@ Texts readByServer(const Workplace& place, const Texts& files) {
 TEST_F(Published, SaysWhenItIsRefusedInEitherView) {
     for (const REGSAM view : kViews) {
         ASSERT_TRUE(makeKey(kKey, REG_OPTION_VOLATILE, view));
-        EXPECT_FALSE(WindowsRegistry().publish(kKind + "\\Kind", "C:\\plant.xml"));
+        EXPECT_FALSE(SystemRegistry().publish(kKind + "\\Kind", "C:\\plant.xml"));
         removePublished();
-        EXPECT_TRUE(WindowsRegistry().publish(kKind + "\\Kind", "C:\\plant.xml"));
+        EXPECT_TRUE(SystemRegistry().publish(kKind + "\\Kind", "C:\\plant.xml"));
         removePublished();
     }
 }

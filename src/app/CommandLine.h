@@ -5,14 +5,14 @@
 
 namespace trevandix {
 
-/// What the program was started for.
+/// What the command line asks for.
 struct CommandLine {
-    std::string file;    ///< to open; empty for none
-    std::string answer;  ///< to show instead of starting, ends with a line break; empty: start
-    int exitCode = 0;    ///< with an answer: 0 when it was asked for, 2 when the command line is wrong
+    std::string file;    ///< file to open; empty for none
+    std::string answer;  ///< text to show instead of starting, ending with a line break; empty to start
+    int exitCode = 0;    ///< with an answer: 0 for requested text, 2 for a wrong command line
 };
 
-/// `arguments` without the program's own name, in UTF-8.
+/// `arguments` are UTF-8 and do not include the program's own name.
 CommandLine readCommandLine(const std::vector<std::string>& arguments);
 
 }  // namespace trevandix

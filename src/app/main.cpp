@@ -11,23 +11,16 @@
 #include "Version.h"
 #include "app/CommandLine.h"
 #include "editor/CommandTable.h"
+#include "editor/Platform.h"
 #include "editor/frmEditing.h"
 #include "model/Configuration.h"
 #include "platform/FileAccess.h"
-#include "platform/Platform.h"
-#include "platform/pugi/PugiVersion.h"
+#include "platform/SystemRegistry.h"
 #include "platform/pugi/PugiXml.h"
 #include "wx/WxBasics.h"
 #include "wx/WxForm.h"
 #include "wx/WxMainFrame.h"
 #include "wx/WxServices.h"
-#ifdef _WIN32
-#include "platform/windows/WindowsRegistry.h"
-using SystemRegistry = trevandix::WindowsRegistry;
-#else
-#include "platform/posix/FileRegistry.h"
-using SystemRegistry = trevandix::FileRegistry;
-#endif
 
 namespace trevandix {
 
@@ -37,8 +30,8 @@ std::string programFolder() {
     return fromWx(wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath());
 }
 
-/// Everything that lives from start to end, in the order in which it needs each other. The main window is the
-/// toolkit's, which deletes it after it was closed.
+/// The objects that live as long as the program, in order of dependency. wx deletes the main window when it
+/// is closed.
 struct Program {
     Configuration configuration;
     ListView list;
@@ -57,7 +50,7 @@ struct Program {
 
 void show(const CommandLine& commandLine) {
 #ifdef _WIN32
-    // A program with windows has no console to write to.
+    // A Windows GUI program has no console.
     wxMessageBox(toWx(commandLine.answer), toWx(kProduct), wxOK);
 #else
     std::fputs(commandLine.answer.c_str(), commandLine.exitCode == 0 ? stdout : stderr);
@@ -102,7 +95,7 @@ int App::OnRun() {
     return commandLine_.exitCode;
 }
 
-// What a crash left comes before the file of the command line, which can be opened at any time.
+// Recovered work comes first: the file on the command line can be opened at any time.
 void App::openFirst() {
     std::string path;
     if (!commandLine_.file.empty()) {
@@ -126,7 +119,7 @@ wxIMPLEMENT_APP(trevandix::App);
 wxIMPLEMENT_APP_NO_MAIN(trevandix::App);
 
 int main(int argc, char** argv) {
-    // Help and version need no display. Only the toolkit knows which other options are its own.
+    // Help and version need no display. Other options go to wx, which has some of its own.
     const auto asked = trevandix::readCommandLine({argv + 1, argv + argc});
     if (asked.answer.empty() || asked.exitCode != 0) return wxEntry(argc, argv);
     trevandix::show(asked);

@@ -11,7 +11,6 @@
 #include "model/Configuration.h"
 #include "model/Refusal.h"
 #include "platform/Form.h"
-#include "platform/Messages.h"
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
 

@@ -2,8 +2,8 @@
 
 #include <span>
 
+#include "editor/Commands.h"
 #include "editor/Enabling.h"
-#include "platform/Commands.h"
 
 namespace trevandix {
 

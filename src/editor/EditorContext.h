@@ -4,10 +4,10 @@
 #include <string_view>
 
 #include "editor/Enabling.h"
+#include "editor/Platform.h"
 #include "editor/StatusNews.h"
 #include "model/Configuration.h"
 #include "platform/ListView.h"
-#include "platform/Platform.h"
 
 namespace trevandix {
 

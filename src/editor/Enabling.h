@@ -3,8 +3,8 @@
 #include <array>
 #include <cstddef>
 
+#include "editor/MainWindow.h"
 #include "model/StructureTree.h"
-#include "platform/MainWindow.h"
 
 namespace trevandix {
 

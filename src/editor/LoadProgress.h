@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "platform/MainWindow.h"
+#include "editor/MainWindow.h"
 
 namespace trevandix {
 

@@ -3,9 +3,9 @@
 #include <array>
 #include <string>
 
+#include "editor/MainWindow.h"
 #include "model/Configuration.h"
 #include "platform/ListView.h"
-#include "platform/MainWindow.h"
 
 namespace trevandix {
 

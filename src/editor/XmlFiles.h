@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/Platform.h"
+#include "editor/Platform.h"
 #include "xmlfile/ConfigurationReader.h"
 #include "xmlfile/ConfigurationWriter.h"
 

@@ -34,7 +34,7 @@ void ListView::changed() {
     if (kept_ && !rows_.empty()) restorePlace();
 }
 
-// Where the row with the keyboard, or the one at the top, has gone, the one at its position takes over.
+// If the focused or topmost row has been removed, the row at its position replaces it.
 void ListView::restorePlace() {
     const Kept kept = *std::exchange(kept_, std::nullopt);
     const std::size_t last = rows_.size() - 1;

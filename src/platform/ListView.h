@@ -9,73 +9,72 @@
 
 namespace trevandix {
 
-/// One row: the key of the tree node it stands for, its text and the texts of the columns after the first.
+/// One row: key of its tree node, text of the first column, texts of the other columns.
 struct ListRow {
     std::string key;
     std::string text;
-    std::string_view smallIcon;  ///< image name of the tree's image list; static storage
-    std::string_view largeIcon;  ///< image name of the list's image list; static storage
+    std::string_view smallIcon;  ///< name in the tree's image list; static storage
+    std::string_view largeIcon;  ///< name in the list's image list; static storage
     std::vector<std::string> subItems;
 };
 
 struct ListColumn {
     std::string header;
-    double width = 0;  ///< fraction of the list's width; 0 for the control's default width
+    double width = 0;  ///< fraction of the list's width; 0 for the default width
 };
 
 enum class ListMode { Icon = 0, SmallIcon = 1, List = 2, Report = 3 };
 
-/// What the user has made of the rows shown: which are selected, which has the keyboard, and which is the
-/// topmost. Positions of rows.
+/// Selection, focus and scroll position, as row numbers.
 struct ListPlace {
     std::vector<std::size_t> selected;  ///< ascending
     std::optional<std::size_t> focused;
-    std::optional<std::size_t> top{};  ///< nothing where rows do not stand in lines
-    int left = 0;                      ///< scrolled sideways, in the display's own unit
+    std::optional<std::size_t> top{};  ///< first visible row; none in modes without lines
+    int left = 0;                      ///< horizontal scroll position, in the display's own unit
 };
 
-/// The control that shows a list; it asks for rows when it draws them, so no row is ever copied into it.
+/// The control that shows a list. It asks for the rows that it draws.
 class ListDisplay {
 public:
     virtual ~ListDisplay() = default;
-    /// Rows, order or mode are other ones, and the columns too where `columns` says so. Afterwards nothing is
-    /// selected and the first row is scrolled to.
+    /// Rows, order or mode have changed, and the columns if `columns`. Clears the selection and scrolls to
+    /// the first row.
     virtual void contentsChanged(bool columns) = 0;
     virtual ListPlace place() const = 0;
-    /// Follows `contentsChanged` where rows are shown that were there before.
+    /// Called after `contentsChanged` when rows shown before are still there.
     virtual void restore(const ListPlace& place) = 0;
     virtual void rowChanged(std::size_t row) = 0;
     virtual void setVisible(bool visible) = 0;
-    /// Positions of the selected rows, ascending.
+    /// Selected rows, ascending.
     virtual std::vector<std::size_t> selectedRows() const = 0;
-    /// The row that the keyboard is on, when it is selected.
+    /// The focused row, if it is selected.
     virtual std::optional<std::size_t> currentRow() const = 0;
     virtual void selectAll() = 0;
 };
 
-/// The list of the main window: columns, rows and their order. The display shows them.
+/// The list of the main window: columns, rows and their order. A ListDisplay shows it.
 class ListView {
 public:
-    /// The display, or nullptr. Not owned.
+    /// May be nullptr. Not owned.
     void setDisplay(ListDisplay* display) { display_ = display; }
 
-    /// Removes all rows and columns, to show the contents of `subject`. Where that is what was shown before,
-    /// rows keep their selection, the keyboard and the scroll position by their keys.
+    /// Removes all rows and columns, to show the contents of `subject`. If the same subject was shown before,
+    /// rows with the same keys keep selection, focus and scroll position.
     void begin(std::string_view subject);
-    /// Removes all rows and columns; nothing is kept.
+    /// Removes all rows and columns; keeps no selection.
     void clear();
     void addColumn(std::string_view header, double width = 0);
-    /// The row's place is settled when the update ends, where rows are sorted.
+    /// In a sorted list the row gets its position when the update ends.
     void addRow(ListRow row);
     void reserve(std::size_t rows) { rows_.reserve(rows); }
 
     const std::vector<ListColumn>& columns() const { return columns_; }
     const std::vector<ListRow>& rows() const { return rows_; }
-    /// The text at a column counted from 0; empty where the row has none.
+    /// Columns count from 0. Empty if the row has no such cell.
     std::string_view cell(std::size_t row, std::size_t column) const;
-    /// For a row whose record has got another key.
+    /// Sets the key of a row whose record has been given a new key.
     void setKey(std::size_t row, std::string_view key) { rows_.at(row).key = key; }
-    /// The same for the row of this key, if there is one.
+    /// Changes the key of a row; does nothing if there is no such row.
     void changeKey(std::string_view from, std::string_view to);
     void setCell(std::size_t row, std::size_t column, std::string_view text);
 
@@ -84,9 +83,9 @@ public:
     void setVisible(bool visible);
     bool visible() const { return visible_; }
 
-    /// Ascending by the texts of a column, ignoring case; rows of equal text keep their order.
+    /// Sorts ascending by a column, ignoring case. The sort is stable.
     void sortBy(std::size_t column);
-    /// Rows already shown stay where they are when sorting is turned off.
+    /// Turning sorting off leaves the rows where they are.
     void setSorted(bool sorted);
     bool sorted() const { return sorted_; }
     std::size_t sortKey() const { return sortKey_; }
@@ -95,7 +94,7 @@ public:
     std::optional<std::size_t> currentRow() const;
     void selectAll();
 
-    /// Changes made while one lives reach the display once, at its end.
+    /// Groups changes: the display is told once, when the outermost Update ends.
     class Update {
     public:
         explicit Update(ListView& list) : list_(list) { ++list_.updates_; }
@@ -108,7 +107,7 @@ public:
     };
 
 private:
-    /// What the user has made of rows, by their keys.
+    /// Selection, focus and scroll position by key.
     struct Kept {
         std::unordered_set<std::string> selected;
         std::string focused;
@@ -129,7 +128,7 @@ private:
     bool dirty_ = false;
     bool columnsChanged_ = false;
     int updates_ = 0;
-    std::optional<Kept> kept_;  // from the first change on, until the display has been told
+    std::optional<Kept> kept_;  // from the first change until the display has been told
     std::optional<std::string> subject_;
     std::size_t sortKey_ = 0;
 };

@@ -12,7 +12,7 @@ void Proportions::keep(const std::vector<int>& parts, int whole) {
     for (const int part : parts) shares_.push_back(double(part) / whole);
 }
 
-// The edges between the parts are rounded, not the parts, so that their sum is right too.
+// Rounds the edges between the parts instead of the parts, so that the sum is right.
 std::vector<int> Proportions::scaled(int whole) const {
     std::vector<int> parts;
     double edge = 0;
@@ -37,7 +37,8 @@ std::vector<int> widened(std::vector<int> parts, const std::vector<int>& least, 
     over = std::clamp(over, 0L, spare);
     for (std::size_t i = 0; i < std::min(parts.size(), least.size()) && spare > 0; ++i) {
         const long own = parts[i] - least[i];
-        const long given = (over * own + spare - 1) / spare;  // rounded up, so that the last one is left none
+        const long given =
+            (over * own + spare - 1) / spare;  // rounded up, so that nothing is left over for the last part
         parts[i] -= static_cast<int>(std::min({given, own, over}));
         over -= std::min({given, own, over});
         spare -= own;

@@ -4,25 +4,24 @@
 
 namespace trevandix {
 
-/// Parts of a whole, such as the columns of a list, that keep their shares while the whole changes its size.
+/// Parts of a whole, such as columns of a list, that keep their shares when the whole is resized.
 class Proportions {
 public:
-    /// Remembers the parts in a whole of this size, all in one unit. A whole without size is not remembered.
+    /// Remembers the parts of a whole, all in the same unit. Does nothing unless `whole` is positive.
     void keep(const std::vector<int>& parts, int whole);
-    /// The parts for a whole of another size; empty before anything was kept. Computed from what was kept, so
-    /// that nothing drifts however often the size changes.
+    /// The parts for another size; empty before `keep`. Computed from the remembered shares, so repeated
+    /// resizing does not drift.
     std::vector<int> scaled(int whole) const;
 
 private:
     std::vector<double> shares_;
 };
 
-/// Parts that are below their least grow to it. What they thereby take beyond the whole, the others give up
-/// from what they have above their least, so that the parts fill the whole where they did and can. A whole
-/// that the parts exceeded before stays exceeded by as much.
+/// Enlarges parts below their minimum to it. If the parts then exceed the larger of the whole and their
+/// former sum, the others shrink, each in proportion to what it has above its own minimum.
 std::vector<int> widened(std::vector<int> parts, const std::vector<int>& least, int whole);
 
-/// Parts that together exceed the whole: the largest give way, all to one size, until the whole is filled.
+/// Shrinks parts whose sum exceeds the whole: the largest are cut to one common size that makes them fit.
 std::vector<int> capped(std::vector<int> parts, int whole);
 
 }  // namespace trevandix

@@ -5,7 +5,7 @@
 #include <new>
 #include <utility>
 
-#include "platform/Messages.h"
+#include "platform/Services.h"
 
 namespace trevandix {
 
@@ -85,7 +85,7 @@ bool reportErrors(Messages& messages, std::string_view procedure, const std::fun
     } catch (const RuntimeError& error) {
         messages.show(errorText(error, procedure, prefix));
     } catch (const std::exception& error) {
-        // What the standard library throws here has no number of its own.
+        // Exceptions of the standard library have no number of their own.
         messages.show(errorText(RuntimeError(ErrorNumber::InvalidCall, error.what()), procedure, prefix));
     }
     return false;

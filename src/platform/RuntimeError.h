@@ -7,7 +7,7 @@
 
 namespace trevandix {
 
-/// The numbers that error messages show. They are part of what users quote to support, so they never change.
+/// The numbers in error messages. Users quote them to support, so they must never change.
 enum class ErrorNumber : int {
     InvalidCall = 5,
     Overflow = 6,
@@ -20,17 +20,16 @@ enum class ErrorNumber : int {
     PathFileAccess = 75,
     ObjectNotSet = 91,
     KeyInCollection = 457,
-    XmlParse = 1001,  ///< the file is not well-formed XML; the description names line and reason
+    XmlParse = 1001,  ///< not well-formed XML; the description names line and reason
     ElementNotFound = 35601,
     KeyNotUnique = 35602,
     CancelWasSelected = 32755,
 };
 
-/// The fixed English description of a number, as shown in messages.
+/// The fixed English description of a number.
 std::string_view describe(ErrorNumber number);
 
-/// The one kind of failure inside the editor. Thrown where it is noticed; `reportErrors` turns it into a
-/// message.
+/// The exception of all failures in the editor. `reportErrors` shows it as a message.
 class RuntimeError : public std::runtime_error {
 public:
     explicit RuntimeError(ErrorNumber number);
@@ -38,11 +37,11 @@ public:
     RuntimeError(ErrorNumber number, std::string_view detail);
 
     ErrorNumber number() const { return number_; }
-    /// Name of the innermost procedure that let the failure pass; empty when none has put its name yet.
+    /// Name of the innermost procedure that the exception has left; empty before `nameProcedure`.
     const std::string& procedure() const { return procedure_; }
-    /// The same failure with more said behind its description.
+    /// The same error with `more` appended to its description.
     RuntimeError with(std::string_view more) const;
-    /// Puts the procedure's name unless an inner one already did.
+    /// Sets the procedure's name unless it is already set.
     void nameProcedure(std::string_view procedure);
 
 private:
@@ -52,14 +51,14 @@ private:
 
 class Messages;
 
-/// Runs `body`; a failure that leaves it carries `procedure` (or an inner procedure's name) from then on.
+/// Runs `body` and sets `procedure` on an exception that has no procedure's name yet.
 void inProcedure(std::string_view procedure, const std::function<void()>& body);
 
-/// " Error n. <number>  <description> in <procedure>": the text of every error message.
+/// The text of every error message: " Error n. <number>  <description> in <procedure>".
 std::string errorText(const RuntimeError& error, std::string_view procedure, std::string_view prefix = " ");
 
-/// Runs `body`; a failure is shown once in a message box, with the name of the innermost procedure, or else
-/// `procedure`. Returns False when there was one. `prefix` stands in front of "Error n. ".
+/// Runs `body` and shows an exception once in a message box, with the name of the innermost procedure, else
+/// `procedure`. Returns false when there was one. `prefix` precedes "Error n. ".
 bool reportErrors(Messages& messages, std::string_view procedure, const std::function<void()>& body,
                   std::string_view prefix = " ");
 

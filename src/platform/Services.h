@@ -7,7 +7,24 @@
 
 namespace trevandix {
 
-/// The system's open and save dialogs. An empty result means that the user cancelled.
+/// NoYes is YesNo with No as the default button.
+enum class Buttons { Ok, YesNo, NoYes, YesNoCancel };
+enum class Icon { None, Exclamation, Critical };
+enum class Answer { Ok, Yes, No, Cancel };
+
+/// Modal message boxes, titled with the program's name.
+class Messages {
+public:
+    virtual ~Messages() = default;
+    /// `text` is UTF-8. Closing the box means Ok or Cancel; a YesNo or NoYes box can only be answered.
+    virtual Answer show(std::string_view text, Buttons buttons = Buttons::Ok, Icon icon = Icon::None) = 0;
+
+    bool confirms(std::string_view question, Buttons buttons = Buttons::YesNo) {
+        return show(question, buttons) == Answer::Yes;
+    }
+};
+
+/// The system's open and save dialogs. No result means that the user cancelled.
 class FileDialog {
 public:
     virtual ~FileDialog() = default;
@@ -16,31 +33,31 @@ public:
                                             std::string_view proposedName) = 0;
 };
 
-/// The system's clipboard, read as text (UTF-8, line ends as the other program left them).
+/// The system's clipboard as UTF-8 text. Line ends are those of the program that copied it.
 class Clipboard {
 public:
     virtual ~Clipboard() = default;
     virtual std::string text() = 0;
 };
 
-/// Where the OPC server looks for its configuration.
+/// Where the OPC server finds the path of its configuration.
 class Registry {
 public:
     virtual ~Registry() = default;
-    /// Publishes `filePath` as value "ConfigFile" for the interface kind. False when the system refuses.
+    /// Publishes `filePath` as the value "ConfigFile" of the interface kind. False when the system refuses.
     virtual bool publish(std::string_view interfaceKind, std::string_view filePath) = 0;
 };
 
 enum class Pointer { Default, Hourglass, Icon };
 
-/// The screen's mouse pointer.
+/// The mouse pointer of the program.
 class MousePointer {
 public:
     virtual ~MousePointer() = default;
     virtual void set(Pointer pointer) = 0;
 };
 
-/// Shows `pointer` until the end of the scope, however it is left.
+/// Shows a pointer until the end of the scope.
 class PointerScope {
 public:
     PointerScope(MousePointer& pointer, Pointer shape) : pointer_(pointer) { pointer_.set(shape); }

@@ -7,21 +7,21 @@ namespace trevandix {
 
 bool isAscii(std::string_view text);
 
-/// Decodes one code point at `position` of UTF-8 `text` and moves `position` past it. A byte that starts no
-/// valid sequence is taken as a Latin-1 character, so that no text is ever lost.
+/// Decodes the code point at `position` of UTF-8 `text` and moves `position` past it. An invalid byte is read
+/// as Latin-1, so that no text is lost.
 char32_t nextCodePoint(std::string_view text, std::size_t& position);
 
-/// Appends the UTF-8 form of `codePoint`.
+/// Appends the code point as UTF-8.
 void appendUtf8(std::string& out, char32_t codePoint);
 
-/// One-to-one case mappings of the Latin, Greek and Cyrillic alphabets; independent of the locale.
+/// Upper case of Latin, Greek and Cyrillic letters, one to one. Independent of the locale.
 char32_t upperCased(char32_t codePoint);
 std::string upperCased(std::string_view text);
 
-/// The order of texts on the screen: by upper-cased code points. Negative, zero or positive.
+/// Compares by upper-cased code points: negative, zero or positive.
 int compareIgnoringCase(std::string_view left, std::string_view right);
 
-/// Without blanks at both ends.
+/// Removes blanks at both ends.
 std::string_view trimmed(std::string_view text);
 
 }  // namespace trevandix

@@ -5,8 +5,8 @@
 namespace trevandix {
 
 namespace {
-constexpr char32_t kFirstByte = 0xE000;             // the private-use character of byte 0
-constexpr std::string_view kMark = "\xEE\x84\x80";  // U+E100, in front of every name that carries a text
+constexpr char32_t kFirstByte = 0xE000;             // private-use character for byte 0
+constexpr std::string_view kMark = "\xEE\x84\x80";  // U+E100, the prefix of a name that carries a text
 }  // namespace
 
 XmlParseError::XmlParseError(std::size_t line, std::string_view reason)

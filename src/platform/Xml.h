@@ -11,7 +11,7 @@ namespace trevandix {
 
 class XmlDocument;
 
-/// A light handle on one element of a parsed document; valid while the document lives. Texts are UTF-8.
+/// Handle of one element of a parsed document; valid while the document lives. Texts are UTF-8.
 class XmlElement {
 public:
     XmlElement() = default;
@@ -21,16 +21,17 @@ public:
 
     /// The name as written in the file.
     std::string_view name() const;
-    /// The name compares equal to `upper` (ASCII capitals) when its case is ignored.
+    /// True when the name equals `upper` (ASCII capitals), ignoring case.
     bool isNamed(std::string_view upper) const;
-    /// Child elements in document order; an empty handle behind the last.
+    /// Child elements in document order; an empty handle after the last.
     XmlElement firstChild() const;
     XmlElement nextSibling() const;
-    /// The first child element of exactly this name; an empty handle when there is none.
+    /// The first child element with exactly this name, or an empty handle.
     XmlElement child(std::string_view name) const;
-    /// The attribute's value; nothing when it is missing.
+    /// The attribute's value; none if it is missing.
     std::optional<std::string_view> attribute(std::string_view name) const;
-    /// All text below the element, comments left out. `buffer` holds it where it is not in one piece.
+    /// All text in the element and its descendants, without comments. `buffer` holds the result when it
+    /// consists of several pieces.
     std::string_view text(std::string& buffer) const;
 
 private:
@@ -38,7 +39,7 @@ private:
     const void* node_ = nullptr;
 };
 
-/// A parsed document. Implementations give meaning to the opaque node pointers, which stand for elements.
+/// A parsed document. `node` is an implementation's own pointer to an element.
 class XmlDocument {
 public:
     virtual ~XmlDocument() = default;
@@ -53,7 +54,7 @@ private:
     virtual std::string_view text(const void* node, std::string& buffer) const = 0;
 };
 
-/// A text that cannot be read, with the line (from 1) where it cannot and the reason.
+/// A text that cannot be parsed, with line number (from 1) and reason.
 class XmlParseError : public RuntimeError {
 public:
     XmlParseError(std::size_t line, std::string_view reason);
@@ -68,14 +69,14 @@ public:
     virtual ~XmlParser() = default;
     /// Errors: FileNotFound, PathFileAccess, PermissionDenied, XmlParseError, OutOfMemory (too large).
     virtual std::unique_ptr<XmlDocument> load(const std::string& filePath) = 0;
-    /// The same of a file's bytes, to which the document does not refer. Errors: XmlParseError, OutOfMemory.
+    /// Parses the bytes of a file; the document does not refer to them. Errors: XmlParseError, OutOfMemory.
     virtual std::unique_ptr<XmlDocument> parse(std::string_view bytes) = 0;
 };
 
-/// An element name that carries any text, also one that is no XML name: byte by byte in private-use
-/// characters, which no XML document has in its names.
+/// Encodes any text as an element name, one private-use character per byte. No other document uses these
+/// characters in names.
 std::string nameCarrying(std::string_view text);
-/// The text that an element name carries; the name itself where it carries none.
+/// Decodes a name made by `nameCarrying`; returns any other name unchanged.
 std::string carriedText(std::string_view name);
 
 }  // namespace trevandix

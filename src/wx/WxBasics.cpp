@@ -14,7 +14,8 @@ constexpr int kTitleButtons = 130;  // icon and buttons beside the title, in dev
 
 wxWindow* dialogParent() {
     wxWindow* active = wxGetTopLevelParent(wxGetActiveWindow());
-    // The innermost modal dialog is created last; anything behind it must not own a further one.
+    // The innermost modal dialog was created last. It disables all windows behind it, so it must be the
+    // parent.
     for (auto node = wxTopLevelWindows.GetLast(); node != nullptr; node = node->GetPrevious()) {
         auto* window = dynamic_cast<wxDialog*>(node->GetData());
         if (window != nullptr && window->IsModal() && window->IsShown()) return window;
@@ -23,7 +24,7 @@ wxWindow* dialogParent() {
     return wxTheApp->GetTopWindow();
 }
 
-// Titles are set in a larger font than texts by some window managers.
+// Some window managers use a larger font for titles than for text.
 int widthForTitle(const wxWindow& window, const wxString& title) {
     return window.GetTextExtent(title).GetWidth() * 3 / 2 + window.FromDIP(kTitleButtons);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <type_traits>  // wx/weakref.h needs it and does not include it
+#include <type_traits>  // wx/weakref.h needs it but does not include it
 
 #include <wx/string.h>
 #include <wx/weakref.h>
@@ -11,39 +11,38 @@
 
 namespace trevandix {
 
-/// UTF-8 to the toolkit's text. Bytes that are no UTF-8 are taken as Latin-1, so that nothing vanishes.
+/// Converts UTF-8 to wx's string. Text that is not valid UTF-8 is read as Latin-1, so that none is lost.
 inline wxString toWx(std::string_view text) {
     wxString result = wxString::FromUTF8(text.data(), text.size());
     if (result.empty() && !text.empty()) result = wxString(text.data(), wxConvISO8859_1, text.size());
     return result;
 }
 
-/// The toolkit's text to UTF-8.
+/// Converts wx's string to UTF-8.
 inline std::string fromWx(const wxString& text) {
     const wxScopedCharBuffer bytes = text.utf8_str();
     return {bytes.data(), bytes.length()};
 }
 
-/// Counts one more while it lives: how many of something are under way.
-class WxRaised {
+/// Increments a counter for the lifetime of this object.
+class ScopedIncrement {
 public:
-    explicit WxRaised(int& counter) : counter_(counter) { ++counter_; }
-    ~WxRaised() { --counter_; }
-    WxRaised(const WxRaised&) = delete;
-    WxRaised& operator=(const WxRaised&) = delete;
+    explicit ScopedIncrement(int& counter) : counter_(counter) { ++counter_; }
+    ~ScopedIncrement() { --counter_; }
+    ScopedIncrement(const ScopedIncrement&) = delete;
+    ScopedIncrement& operator=(const ScopedIncrement&) = delete;
 
 private:
     int& counter_;
 };
 
-/// The window that a modal dialog stands in front of: the active one, else the main window. nullptr before
-/// there is one.
+/// The parent for a new modal dialog: the active window, else the main window. nullptr when there is none.
 wxWindow* dialogParent();
 
-/// How wide the inside of a window must be for its title not to be cut.
+/// The least client width, in pixels, of a window that shows this title uncut.
 int widthForTitle(const wxWindow& window, const wxString& title);
 
-/// Gives the keyboard back, at the end of its life, to the control that had it.
+/// Returns the keyboard focus, on destruction, to the control that had it on construction.
 class FocusKeeper {
 public:
     FocusKeeper() : focused_(wxWindow::FindFocus()) {}

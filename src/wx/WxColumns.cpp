@@ -31,7 +31,7 @@ void WxColumnScaling::scale() {
 namespace {
 
 constexpr int kMostRowsShown = 15;
-constexpr int kRowsBeside = 3;  // room for the header, the buttons and the title
+constexpr int kRowsBeside = 3;  // room for header, buttons and title
 constexpr double kMostOfScreen = 0.75;
 constexpr int kCellMargin = 16;
 
@@ -104,7 +104,7 @@ std::vector<int> WxGrid::widths() const {
     return result;
 }
 
-// The last column takes the room that is kept for a scroll bar, when there is none.
+// Without a vertical scroll bar, the last column also takes the scroll bar's room.
 void WxGrid::setWidths(const std::vector<int>& widths) {
     int rest = GetClientSize().GetWidth();
     for (std::size_t column = 0; column < widths.size(); ++column) {

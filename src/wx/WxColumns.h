@@ -10,24 +10,24 @@
 
 namespace trevandix {
 
-/// Keeps the parts of a window in proportion when its width changes. Sizers place the controls; this is for
-/// what they leave alone, such as the columns of a list.
+/// Keeps the columns of a control in proportion when its width changes.
 class WxColumnScaling {
 public:
     struct Parts {
         std::function<std::vector<int>()> widths;
         std::function<void(const std::vector<int>&)> resize;
-        /// The least widths, for the user to read what is in them; none when empty.
+        /// Widths at which the header texts are readable. Optional.
         std::function<std::vector<int>()> least{};
     };
 
-    /// Lives as long as the window.
+    /// Must live as long as the window.
     WxColumnScaling(wxWindow& window, Parts parts);
 
-    /// The present widths belong to a window of this width and are those to be kept in proportion. Nothing is
-    /// scaled before the first call. The width is that with scroll bars: they come and go with the scaling.
+    /// Makes the present widths, in a window of this width, the ones to keep in proportion. Before the first
+    /// call nothing is scaled. Pass the full width, including scroll bars, which may come and go while
+    /// scaling.
     void keep(int windowWidth);
-    /// The same with other widths than the present ones.
+    /// Same, with other widths than the present ones.
     void keep(const std::vector<int>& widths, int windowWidth) { proportions_.keep(widths, windowWidth); }
 
 private:
@@ -38,12 +38,12 @@ private:
     Proportions proportions_;
 };
 
-/// Cells to look at, with a header row.
+/// Read-only cells with a header row.
 class WxGrid : public wxGrid {
 public:
     explicit WxGrid(wxWindow* parent);
 
-    /// The first row is the header. Columns fit their texts, as far as the screen allows.
+    /// The first row is the header. Columns are made as wide as their texts, as far as the screen allows.
     void setCells(const std::vector<std::vector<std::string>>& rows);
 
 private:

@@ -16,7 +16,7 @@ WxButtonBar::WxButtonBar(wxWindow* parent)
     parent->Bind(wxEVT_SIZE, &WxButtonBar::onParentSize, this);
 }
 
-// Comes before the parent's own layout, which then gives the rows the height that they need.
+// Runs before the parent's own layout, which then gives the toolbar the height it needs.
 void WxButtonBar::onParentSize(wxSizeEvent& event) {
     event.Skip();
     SetMinSize(wxSize(-1, arrange(GetParent()->GetClientSize().GetWidth())));
@@ -46,7 +46,7 @@ int WxButtonBar::arrange(int width) {
         left += size.GetWidth();
         bottom = std::max(bottom, top + size.GetHeight());
     }
-    // Windows takes along what a moved window showed, even where another one lay in front of it.
+    // Windows moves a window by copying its pixels, including those of a window in front of it.
     if (moved) CallAfter([this] { GetParent()->Refresh(); });
     return bottom;
 }
@@ -55,7 +55,7 @@ namespace {
 
 wxString label(const CommandSpec& command) {
     wxString text = toWx(command.caption);
-    // A menu bar holds menus only, so a command of its own stands in one.
+    // A menu bar can only hold menus, so a command on the menu bar becomes a menu with one entry.
     if (command.menu == command.name) text += " " + toWx(kProduct) + "...";
     if (!command.shortcut.empty()) text += "\t" + toWx(command.shortcut);
     return text;
@@ -151,7 +151,7 @@ void WxCommands::enableButton(std::string_view key, bool enabled) {
     button->bar->EnableTool(button->id, enabled);
 }
 
-// The shortcut of an entry goes with the entry, whether or not the menu around it can be opened.
+// Shortcuts work even while the menu that holds the entry is disabled.
 void WxCommands::onMenu(wxCommandEvent& event) {
     const auto entry = std::ranges::find_if(
         entries_, [&](const Entry& each) { return each.item->GetId() == event.GetId(); });

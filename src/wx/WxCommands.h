@@ -11,35 +11,35 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Commands.h"
-#include "platform/MainWindow.h"
+#include "editor/Commands.h"
+#include "editor/MainWindow.h"
 
 namespace trevandix {
 
-/// A toolbar whose groups of buttons go on in a further row where the window is too narrow for all of them.
+/// A toolbar that wraps its groups of buttons into further rows when the window is too narrow.
 class WxButtonBar : public wxPanel {
 public:
-    /// A sizer of `parent` gives it its place, over the whole width.
+    /// The parent's sizer must give it the full width.
     explicit WxButtonBar(wxWindow* parent);
 
-    /// A new group behind the others. Its owner adds the buttons and calls `Realize`.
+    /// Appends a group. The caller adds the buttons and calls `Realize`.
     wxToolBar& addGroup();
 
 private:
     void onParentSize(wxSizeEvent& event);
-    /// Places the groups; returns the height that they need.
+    /// Places the groups and returns the height they need.
     int arrange(int width);
 
     std::vector<wxToolBar*> groups_;
 };
 
-/// Menu bar and toolbar of a frame, made from their tables. The frame gives the toolbar its place.
+/// Menu bar and toolbar of a frame, built from tables. The frame places the toolbar.
 class WxCommands : public CommandBar {
 public:
     using Choose = std::function<void(std::string_view name)>;
 
-    /// What `tables` refers to must outlive it. `choose` gets the name of every enabled command that the user
-    /// picks, `press` the key of every enabled button.
+    /// What `tables` refers to must outlive this object. `choose` receives the name of each enabled command
+    /// that the user picks, `press` the key of each enabled button.
     WxCommands(wxFrame& frame, const CommandTables& tables, Choose choose, Choose press);
 
     void enableMenu(std::string_view name, bool enabled) override;
@@ -47,10 +47,10 @@ public:
 
     wxWindow* toolBar() const { return bar_; }
 
-    /// Runs the command of a key that stands behind no menu entry. False when the key is no such one.
+    /// Runs the command of a shortcut that belongs to no menu entry. False when the key is no such shortcut.
     bool followsShortcut(const wxKeyEvent& event) const;
 
-    /// Opens the entries of some menus at a point of `window` and runs what is picked.
+    /// Opens a popup menu with the entries of `menus` at a point of `window` and runs the chosen command.
     void popUp(wxWindow& window, const wxPoint& point, std::initializer_list<std::string_view> menus);
 
 private:

@@ -28,7 +28,7 @@ WxTextBox::WxTextBox(wxWindow& window, wxTextEntry& entry, KeyFilter filter)
         finishKey();
     });
 #ifdef __WXMSW__
-    // The system itself hides the selection of a text box without the keyboard.
+    // Windows hides the selection of a text box without focus itself.
     if (dynamic_cast<wxTextCtrl*>(&window) != nullptr) return;
 #endif
     window.Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
@@ -51,7 +51,8 @@ void WxTextBox::onChar(wxKeyEvent& event) {
     const wxChar character = event.GetUnicodeKey();
     const bool writes = character >= ' ' && character != WXK_DELETE;
     const int modifiers = event.GetModifiers() & (wxMOD_CONTROL | wxMOD_ALT);
-    const bool command = modifiers == wxMOD_CONTROL || modifiers == wxMOD_ALT;  // both together type as AltGr
+    // Both together are AltGr, which types a character.
+    const bool command = modifiers == wxMOD_CONTROL || modifiers == wxMOD_ALT;
     const bool refused = writes && !command && !keeps(filter_, static_cast<char32_t>(character));
     event.Skip(!refused);
     if (!refused) return;
@@ -59,7 +60,7 @@ void WxTextBox::onChar(wxKeyEvent& event) {
     window_.CallAfter([this] { finishKey(); });
 }
 
-// GTK deletes the selection also for a character that is refused.
+// GTK deletes the selected text even when the typed character is refused, so it is restored here.
 void WxTextBox::finishKey() {
     if (refused_ && erased_) put(*erased_);
     refused_ = false;
@@ -94,15 +95,15 @@ void WxTextBox::onText(wxCommandEvent& event) {
     Marked result{after.Left(head) + kept + after.Right(tail), end, end};
     if (kept.empty()) result = {before, static_cast<long>(head), static_cast<long>(before.length() - tail)};
     put(result);
-    // The toolkit places the caret once more when a paste is complete.
+    // wx moves the caret again after a paste.
     window_.CallAfter([this, result] { entry_.SetSelection(result.from, result.to); });
 }
 
 namespace {
 
-constexpr int kFieldPadding = 10;  // above and below a field's text together
+constexpr int kFieldPadding = 10;  // above and below the text together
 
-// Not every toolkit makes its fields high enough for a larger font.
+// Some toolkits do not grow their fields with the font.
 void setSize(wxControl& field, int columns) {
     const int text = field.GetCharWidth() * columns;
     const int height = field.GetCharHeight() + field.FromDIP(kFieldPadding);
@@ -179,7 +180,7 @@ bool WxControl::listIsOpen() const {
 #ifdef __WXMSW__
     return isList() && ::SendMessage(static_cast<HWND>(window->GetHandle()), CB_GETDROPPEDSTATE, 0, 0) != 0;
 #else
-    return false;  // an open list takes the keys itself
+    return false;  // an open list handles these keys itself
 #endif
 }
 

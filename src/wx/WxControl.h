@@ -10,24 +10,23 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/AccessKeys.h"
 #include "platform/Form.h"
 
 namespace trevandix {
 
-/// Filters what the user types, pastes or drops into a text box or an editable list with `entered`. Input of
-/// which nothing is left changes neither text nor selection.
+/// Filters what the user types, pastes or drops into a text box or editable list, using `entered`. Input that
+/// the filter discards completely changes neither text nor selection.
 class WxTextBox {
 public:
-    /// `window` and `entry` are the same control; it must not raise events once this is gone.
+    /// `window` and `entry` are the same control. It must not send events after this object is destroyed.
     WxTextBox(wxWindow& window, wxTextEntry& entry, KeyFilter filter);
 
     std::string text() const;
-    /// What the program itself puts there is not filtered.
+    /// Sets a text without filtering it.
     void setText(std::string_view text);
 
 private:
-    /// A text with what is selected in it.
+    /// A text and its selection.
     struct Marked {
         wxString text;
         long from;
@@ -43,27 +42,27 @@ private:
     KeyFilter filter_;
     BoxText stored_;
     wxString before_;
-    std::optional<Marked> erased_;  ///< what the present key has deleted
-    bool refused_ = false;          ///< the present key writes a character that is discarded
+    std::optional<Marked> erased_;  ///< what the current key has deleted
+    bool refused_ = false;          ///< the current key types a character that is discarded
 };
 
-/// One control of a form on the screen, with its label.
+/// A control of a form and its label.
 struct WxControl {
     const ControlSpec* shape = nullptr;
     wxWindow* window = nullptr;        ///< owned by the dialog
-    wxStaticText* label = nullptr;     ///< in front of a field that has a caption
-    std::string caption;               ///< as shown, without access key
-    Form::Handler handler;             ///< what the user's action runs; may be empty
-    std::unique_ptr<WxTextBox> box;    ///< of a text box and of a list that takes typed text
+    wxStaticText* label = nullptr;     ///< of a field with a caption, else nullptr
+    std::string caption;               ///< as shown, without the access key
+    Form::Handler handler;             ///< runs on the user's action; may be empty
+    std::unique_ptr<WxTextBox> box;    ///< of a text box or editable list
     std::vector<std::string> entries;  ///< of a list
 
-    /// Makes the control and what stands in front of it as children of `parent`, in this order.
+    /// Creates the label and then the control as children of `parent`.
     static WxControl make(wxWindow& parent, const ControlSpec& shape, bool startsGroup, AccessKeys& keys);
 
     bool isList() const;
-    /// A text box or a list.
+    /// True for a text box or a list.
     bool isField() const;
-    /// The list hangs open, so that Enter and Escape belong to it.
+    /// True while the drop-down is open, which then handles Enter and Escape.
     bool listIsOpen() const;
     std::string text() const;
     void setText(std::string_view text, AccessKeys& keys);

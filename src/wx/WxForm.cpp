@@ -19,7 +19,7 @@ namespace trevandix {
 
 namespace {
 
-// Runs a copy: the handler may delete the form, and itself with it.
+// Runs a copy: the handler may delete the form and thereby itself.
 void run(const Form::Handler& handler) {
     const Form::Handler copy = handler;
     if (copy) copy();
@@ -50,7 +50,7 @@ WxForm::WxForm(wxWindow& parent, const FormSpec& shape) : spec_(shape) {
         event.Skip();
         markDefaultButton();
 #ifdef __WXGTK__
-        dialog_->Refresh();  // GTK leaves a line of the old focus ring
+        dialog_->Refresh();  // GTK leaves parts of the old focus ring on the screen
 #endif
     });
     if (!shape.defaultButton.empty()) static_cast<wxButton*>(at(shape.defaultButton).window)->SetDefault();
@@ -59,8 +59,8 @@ WxForm::WxForm(wxWindow& parent, const FormSpec& shape) : spec_(shape) {
 WxForm::~WxForm() {
     if (!dialog_) return;
     dialog_->Hide();
-    // A handler of the dialog may be what deletes the form, so the dialog lives on until it has returned;
-    // nothing of it reaches here any more.
+    // The form may be deleted by a handler of its own dialog, so the dialog is destroyed only after the
+    // handler has returned. Until then it sends no more events.
     dialog_->SetEvtHandlerEnabled(false);
     for (WxControl& control : controls_) control.window->SetEvtHandlerEnabled(false);
     dialog_->Destroy();
@@ -170,7 +170,7 @@ void WxForm::on(std::string_view name, Handler handler) {
     at(name).handler = std::move(handler);
 }
 
-// The smallest size is the one in which no text is cut, the title included, as far as the screen has room.
+// Makes the dialog just large enough to show all texts and its title uncut, at most as large as the screen.
 void WxForm::fit() {
     const wxSize screen = wxDisplay(dialog_.get()).GetClientArea().GetSize();
     wxSize size = dialog_->GetSizer()->CalcMin();
@@ -182,7 +182,7 @@ void WxForm::fit() {
     dialog_->Layout();
 }
 
-// Centres by client areas: GTK learns the sizes of window frames late or not at all.
+// Centres the client areas: GTK learns the sizes of window frames late or never.
 void WxForm::centre() {
     const wxWindow& parent = *dialog_->GetParent();
     const wxRect area(parent.ClientToScreen(wxPoint()), parent.GetClientSize());
@@ -240,8 +240,8 @@ void WxForm::tellActivated() {
 bool WxForm::pressFromKeyboard(const WxControl* button) {
     if (button == nullptr || !button->window->IsEnabled() || !button->window->IsShownOnScreen()) return false;
 #ifdef __WXMSW__
-    // The key is still in the queue: a message box that the button shows would take it for its answer. A
-    // posted message comes after this key and before the next one.
+    // The key is still in the message queue, where a message box opened by the button would take it as its
+    // answer. A posted message is handled after this key and before the next one.
     const auto handle = reinterpret_cast<LPARAM>(button->window->GetHandle());
     ::PostMessage(static_cast<HWND>(button->window->GetParent()->GetHandle()), WM_COMMAND,
                   MAKEWPARAM(button->window->GetId(), BN_CLICKED), handle);
@@ -251,7 +251,7 @@ bool WxForm::pressFromKeyboard(const WxControl* button) {
     return true;
 }
 
-// The default button; where it is out of use, the one that belongs to the focused control.
+// The default button, or while it is disabled or hidden, the button beside the focused control.
 const WxControl* WxForm::buttonForEnter() const {
     const auto usable = [](const WxControl& each) {
         return each.shape->kind == ControlKind::Button && each.window->IsEnabled() &&
@@ -265,8 +265,8 @@ const WxControl* WxForm::buttonForEnter() const {
     return button == controls_.end() ? nullptr : &*button;
 }
 
-// Access keys of labels: the toolkit gives them to buttons only, everywhere but on Windows. A button is
-// pressed at once: GTK would show it pressed for a quarter of a second and lose what is typed meanwhile.
+// wx supports access keys of labels on Windows only. Buttons are pressed here as well: GTK would show one
+// pressed for a quarter of a second and lose the keys typed meanwhile.
 bool WxForm::followAccessKey(const wxKeyEvent& event) {
     if (event.GetModifiers() != wxMOD_ALT) return false;
     const wxChar typed = static_cast<wxChar>(wxToupper(event.GetUnicodeKey()));
@@ -283,7 +283,7 @@ bool WxForm::followAccessKey(const wxKeyEvent& event) {
     return false;
 }
 
-// Draws the button that Enter presses as the default. On Windows the toolkit drops the mark when another
+// Draws the button that Enter presses as the default button. On Windows wx removes this mark when another
 // button loses the focus.
 void WxForm::markDefaultButton() {
     const bool onButton = dynamic_cast<wxButton*>(wxWindow::FindFocus()) != nullptr;
@@ -300,7 +300,7 @@ void WxForm::onEscape() {
     frame == controls_.end() ? close() : run(frame->handler);
 }
 
-// On Windows the toolkit treats arrow keys like Tab: they move the focus without choosing an option.
+// On Windows wx treats arrow keys like Tab: they move the focus without choosing an option.
 bool WxForm::chooseByArrow(const wxKeyEvent& event) {
     const int key = event.GetKeyCode();
     const bool forward = key == WXK_DOWN || key == WXK_RIGHT;
@@ -322,7 +322,7 @@ bool WxForm::chooseByArrow(const wxKeyEvent& event) {
 }
 
 void WxForm::onKey(wxKeyEvent& event) {
-    tellActivated();  // or it would come after the key, and select what the key has written
+    tellActivated();  // otherwise the handler would run after the key and select the typed text
     if (followsManualKey(event)) return;
     const int key = event.GetKeyCode();
     const bool plain = event.GetModifiers() == 0 && std::ranges::none_of(controls_, &WxControl::listIsOpen);
@@ -331,12 +331,12 @@ void WxForm::onKey(wxKeyEvent& event) {
         return;
     }
     if (plain && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER)) {
-        // A button that has the keyboard is pressed itself.
+        // A focused button handles Enter itself.
         const bool onButton = dynamic_cast<wxButton*>(wxWindow::FindFocus()) != nullptr;
         if (!onButton && pressFromKeyboard(buttonForEnter())) return;
     }
     if (chooseByArrow(event) || followAccessKey(event)) return;
-    // Beside the main window its function keys count as well.
+    // A modeless dialog passes function keys on to the main window.
     wxKeyEvent forMain(event);
     const bool function = key >= WXK_F1 && key <= WXK_F24 && !dialog_->IsModal();
     if (!function || !dialog_->GetParent()->GetEventHandler()->ProcessEvent(forMain)) event.Skip();

@@ -9,10 +9,10 @@
 
 namespace trevandix {
 
-/// A form as a dialog of the main window.
+/// A form, shown as a dialog of the main window.
 class WxForm : public Form {
 public:
-    /// `shape` must outlive the form; `parent` may go first.
+    /// `shape` must outlive the form; `parent` need not.
     WxForm(wxWindow& parent, const FormSpec& shape);
     ~WxForm() override;
 
@@ -20,7 +20,7 @@ public:
     void setText(std::string_view name, std::string_view text) override;
     void setItems(std::string_view name, const std::vector<std::string>& items) override;
     std::vector<std::string> items(std::string_view name) const override;
-    /// A control's own switch, also while the frame around it is off.
+    /// The control's own state, even while its frame is disabled.
     bool enabled(std::string_view name) const override;
     void setEnabled(std::string_view name, bool enabled) override;
     bool visible(std::string_view name) const override;
@@ -37,7 +37,7 @@ public:
     void close() override;
 
 private:
-    /// What a name stands for: a control with its label, or a label alone.
+    /// What a name refers to: a control with its label, or only the label.
     struct Target {
         WxControl* control;
         bool labelOnly;
@@ -58,7 +58,7 @@ private:
     void prepare();
 
     const FormSpec& spec_;
-    wxWeakRef<wxDialog> dialog_;  // the main window takes it along when it goes
+    wxWeakRef<wxDialog> dialog_;  // the main window deletes it when it closes first
     AccessKeys keys_;
     mutable std::deque<WxControl> controls_;
     Handler closed_;
@@ -67,10 +67,10 @@ private:
     bool shown_ = false;
 };
 
-/// Makes forms as dialogs of one window.
+/// Creates forms as dialogs of one window.
 class WxForms : public Forms {
 public:
-    /// `parent` must outlive the forms' making, not the forms.
+    /// `parent` must outlive this object, but not the forms.
     explicit WxForms(wxWindow& parent) : parent_(parent) {}
     std::unique_ptr<Form> create(const FormSpec& shape) override;
 

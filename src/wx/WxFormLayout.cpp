@@ -60,7 +60,7 @@ void WxFormLayout::add(Area& area, const ControlSpec& shape, const ControlSpec* 
     const bool startsGroup = shape.kind == ControlKind::Option && !area.hasOptions;
     area.hasOptions = area.hasOptions || startsGroup;
     WxControl& control = controls_.emplace_back(WxControl::make(area.parent, shape, startsGroup, keys_));
-    // A field without a label of its own shares that of the control before it, a grid that of the form.
+    // A field without a caption gets the spoken name of the control before it, a grid that of the form.
     if (control.isField() && control.caption.empty() && controls_.size() > 1)
         setAccessibleName(*control.window, toWx(controls_[controls_.size() - 2].caption));
     if (shape.kind == ControlKind::Grid) nameGrid(*control.window, shape);
@@ -89,7 +89,7 @@ void WxFormLayout::add(Area& area, const ControlSpec& shape, const ControlSpec* 
     startRow(area, control, next);
 }
 
-// Cells and header are windows of their own, and the keyboard is in one of them.
+// Cells and header are separate windows, and either may have the focus.
 void WxFormLayout::nameGrid(wxWindow& grid, const ControlSpec& shape) {
     setAccessibleName(grid, toWx(spec_.caption), toWx(shape.description));
     for (wxWindow* part : grid.GetChildren())
@@ -127,7 +127,7 @@ void WxFormLayout::addFrame(Area& area, const ControlSpec& shape) {
     auto* box = static_cast<wxStaticBox*>(control.window);
     if (shape.caption.empty()) setAccessibleName(*box, toWx(spec_.caption));
     auto* sizer = new wxStaticBoxSizer(box, wxVERTICAL);
-    // Without a caption the frame leaves room for one all the same.
+    // A frame without a caption still leaves room for one at its top.
     const int sides = shape.caption.empty() ? wxALL & ~wxTOP : wxALL;
     sizer->Add(fill(*box, shape.name), wxSizerFlags(1).Expand().Border(sides, area.parent.FromDIP(kGap)));
     area.grid->Add(sizer, wxGBPosition(area.row, 0), kBothColumns, wxEXPAND);

@@ -9,25 +9,25 @@
 
 namespace trevandix {
 
-/// Turns a form's table into controls in their places: labels in one column, fields in the next, buttons in a
-/// row at the bottom or in a column on the right.
+/// Creates the controls of a form from its table and places them: labels in one column, fields in the next,
+/// buttons in a row at the bottom or in a column on the right.
 class WxFormLayout {
 public:
-    /// The controls are appended to `controls`, which keeps their addresses.
+    /// Appends the controls to `controls`, whose elements must keep their addresses.
     WxFormLayout(const FormSpec& shape, std::deque<WxControl>& controls, AccessKeys& keys)
         : spec_(shape), controls_(controls), keys_(keys) {}
 
-    /// Fills a dialog.
+    /// Creates all controls in the dialog.
     void build(wxWindow& dialog);
 
 private:
-    /// What is being filled: the form itself or one frame.
+    /// The form itself or one frame, while it is being filled.
     struct Area {
         wxWindow& parent;
         wxGridBagSizer* grid;
         wxSizer* buttonColumn = nullptr;
         wxSizer* buttonRow = nullptr;
-        wxSizer* cell = nullptr;  ///< of the current row
+        wxSizer* cell = nullptr;  ///< sizer of the current row
         int row = -1;
         bool hasOptions = false;
     };

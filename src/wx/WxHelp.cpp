@@ -23,7 +23,7 @@ namespace trevandix {
 
 namespace {
 
-// Beside the program when it was unpacked or built, in the documents' folder when it was installed.
+// Beside the program when unpacked or built, in the documentation folder when installed.
 wxArrayString places() {
     const wxString program = wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath();
     wxArrayString result;
@@ -129,7 +129,7 @@ void WxAboutBox::copy() const {
     const wxString text = toWx(kProduct) + "\n" + facts_ + "\n" + toWx(kCompany) + "\n" + toWx(kContactUrl) +
                           "\n" + toWx(kContactMail) + "\n";
     wxTheClipboard->SetData(new wxTextDataObject(text));
-    wxTheClipboard->Flush();  // stays when the program ends
+    wxTheClipboard->Flush();  // keeps the text when the program ends
 }
 
 }  // namespace trevandix

@@ -5,14 +5,13 @@
 
 namespace trevandix {
 
-/// Opens the manual in the system's browser; where that fails, a box says why and names the file.
+/// Opens the manual in the default browser. On failure a message box gives the reason and the file.
 void showManual();
 
-/// True when the key asks for the manual, which then has been opened.
+/// Opens the manual if the key is F1. True when it is.
 bool followsManualKey(const wxKeyEvent& event);
 
-/// Who made the program, which version it is, what it was made with, and where to ask. A button copies all of
-/// it for a mail to the maker.
+/// The About box: version, components, maker and contact. A button copies all of it as text.
 class WxAboutBox : public wxDialog {
 public:
     /// `parserName`: name and version of the XML parser.
@@ -21,7 +20,7 @@ public:
 private:
     void copy() const;
 
-    wxString facts_;  // version and components, one a line
+    wxString facts_;  // version and components, one per line
 };
 
 }  // namespace trevandix

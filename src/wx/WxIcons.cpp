@@ -25,7 +25,7 @@ wxBitmapBundle drawing(std::string_view name, int size) {
 }
 
 #if defined(__WXGTK__) && !wxCHECK_VERSION(3, 2, 3)
-// These versions multiply the colours by their alpha once too often, which draws dark edges.
+// wxGTK before 3.2.3 multiplies the colours by alpha once too often, which draws dark edges.
 wxBitmap withTrueColours(const wxBitmap& bitmap) {
     wxImage image = bitmap.ConvertToImage();
     if (!image.HasAlpha()) return bitmap;
@@ -74,7 +74,8 @@ wxBitmapBundle fadedIconBundle(std::string_view, int) {
     return {};
 }
 #else
-// Closer to what lies behind it, not more transparent: some toolbars draw a pixel wholly or not at all.
+// Blends towards the background instead of using transparency: some toolbars support only opaque and fully
+// transparent pixels.
 wxBitmapBundle fadedIconBundle(std::string_view name, int size) {
     const unsigned char brightness =
         wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE).GetLuminance() < 0.5 ? 0 : 255;

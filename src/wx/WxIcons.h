@@ -14,23 +14,23 @@ inline constexpr int kToolbarIconSize = 24;
 inline constexpr int kTreeIconSize = 16;
 inline constexpr int kLargeIconSize = 32;
 
-/// A drawing of the icon family, crisp at every display scale. `size` in device-independent pixels.
-/// Unknown names give an empty square, so that rows and buttons keep their places.
+/// An icon as a bundle of bitmaps for all display scales. `size` in device-independent pixels. An unknown
+/// name gives an empty square, so that rows and buttons keep their places.
 wxBitmapBundle iconBundle(std::string_view name, int size);
-/// The same for what cannot be used at the moment; none where the toolkit itself sees to that.
+/// The icon of a disabled button; empty where the toolkit draws it itself.
 wxBitmapBundle fadedIconBundle(std::string_view name, int size);
 
-/// The program's icon in the sizes that title bars and task lists ask for.
+/// The program's icon in the sizes used by title bars and task lists.
 wxIconBundle programIcons();
 
-/// The images of a tree or list, looked up by name and drawn the first time they are asked for.
+/// The images of a tree or list, looked up by name and drawn on first use.
 class WxImageList {
 public:
     /// `size` in device-independent pixels.
     explicit WxImageList(int size) : size_(size) {}
 
-    /// Position in `bundles`; -1 for an empty name. The drawing is the one made for trees and lists where
-    /// there is one: those of the toolbar show what a command does, such as adding.
+    /// Index into `bundles`, or -1 for an empty name. Prefers the drawing "tree-<name>": the toolbar's
+    /// version may show an action such as adding.
     int indexOf(std::string_view name);
     const wxVector<wxBitmapBundle>& bundles() const { return bundles_; }
 

@@ -10,14 +10,14 @@ namespace trevandix {
 
 namespace {
 
-// The toolkit counts some notices about windows as input, because they travel up like it.
+// wx counts some notifications as user input because they propagate like it.
 bool isInput(const wxEvent& event) {
     const wxEventType type = event.GetEventType();
     if (type == wxEVT_CHILD_FOCUS || type == wxEVT_CREATE || type == wxEVT_DESTROY) return false;
     return event.GetEventCategory() == wxEVT_CATEGORY_USER_INPUT;
 }
 
-// Of keyboard and mouse themselves: other notices also come when nobody is there.
+// Only keyboard and mouse: other events also arrive without a user.
 bool isFromUser(const wxEvent& event) {
     return event.IsKindOf(wxCLASSINFO(wxKeyEvent)) || event.IsKindOf(wxCLASSINFO(wxMouseEvent));
 }
@@ -56,7 +56,7 @@ void WxInputGate::flush() {
 void WxInputGate::perform(const Call& call) {
     if (events_ == nullptr) return;
     {
-        const WxRaised depth(depth_);
+        const ScopedIncrement depth(depth_);
         call(*events_);
     }
     if (depth_ > 0) return;

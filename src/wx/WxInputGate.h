@@ -7,38 +7,37 @@
 #include <deque>
 #include <functional>
 
-#include "platform/MainWindow.h"
+#include "editor/MainWindow.h"
 
 namespace trevandix {
 
-/// The one way by which the main window's controls reach the editor. While the editor is at work nothing else
-/// gets through: input that arrives in between is dropped, and a wish to close the window waits until the
-/// work is done.
+/// Passes events from the main window's controls to the editor, one at a time. While the editor works, input
+/// is dropped, and a request to close the window waits until the work is done.
 class WxInputGate : public wxEventFilter {
 public:
     using Call = std::function<void(MainWindowEvents&)>;
-    /// Calls of one kind that wait together are one: only the last is made.
+    /// Of several waiting calls of one kind, except Single, only the last is made.
     enum class Kind { TreeClick, ListClick, Single };
 
     explicit WxInputGate(wxWindow& window);
     ~WxInputGate() override;
 
-    /// Not owned; nullptr ends all calls.
+    /// Not owned. nullptr stops all calls.
     void attach(MainWindowEvents* events) { events_ = events; }
     MainWindowEvents* attached() const { return events_; }
 
-    /// Makes the call now, after those that wait. Does nothing while another is under way.
+    /// Makes the waiting calls and then this one. Does nothing while another call is running.
     void run(const Call& call);
-    /// Makes the call when the control that raised the event has finished with it.
+    /// Makes the call after the control has finished handling the current event.
     void post(Kind kind, Call call);
 
     bool busy() const { return depth_ > 0 || pumping_; }
-    /// Remembers to close the window at the end of the work.
+    /// Closes the window when the current work is done.
     void closeLater() { closeAsked_ = true; }
-    /// Lets the windows draw.
+    /// Handles pending events so that the windows are redrawn. Input is dropped.
     void pump();
 
-    /// When the user last did anything, in whichever window.
+    /// The last keyboard or mouse input in any window of the program.
     std::chrono::steady_clock::time_point lastInput() const { return lastInput_; }
 
     int FilterEvent(wxEvent& event) override;

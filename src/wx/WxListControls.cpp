@@ -22,12 +22,12 @@ WxReportList::WxReportList(wxWindow* parent, const ListView& list)
       list_(list),
       scaling_(*this, {[this] { return widths(); }, [this](const auto& wanted) { setWidths(wanted); },
                        [this] { return least_; }}) {
-    // Not before the control itself has taken over the width that its user chose.
+    // The control itself applies the new width only after this event.
     Bind(wxEVT_LIST_COL_END_DRAG, [this](wxListEvent& event) {
         event.Skip();
         CallAfter(&WxReportList::takeOverWidths);
     });
-    // Columns that were made before the list had a width are made again.
+    // Columns created while the list had no width are created again.
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
         if (widthless_ && GetClientSize().GetWidth() > 0) buildColumns();
@@ -47,7 +47,7 @@ void WxReportList::refill(bool columns) {
     SetItemState(0, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
 }
 
-// Rows that come later would be selected where all of these were.
+// wx keeps the selection of row numbers, so new rows would appear selected.
 void WxReportList::empty() {
     if (GetItemCount() > 0) SetItemState(-1, 0, wxLIST_STATE_SELECTED);
     SetItemCount(0);
@@ -70,7 +70,7 @@ void WxReportList::scrollTo(long row, int left) {
     if (left != this->left()) ScrollList(left - this->left(), 0);
 #else
     Scroll(left, wxDefaultCoord);
-    Refresh();  // the header as well
+    Refresh();  // including the header
 #endif
 }
 
@@ -99,7 +99,7 @@ void WxReportList::buildColumns() {
         AppendColumn(toWx(list_.columns()[i].header), wxLIST_FORMAT_LEFT, wanted[i]);
 }
 
-// Whoever makes a column narrower than its header wants it so.
+// A column that the user made narrower than its header stays narrow.
 void WxReportList::takeOverWidths() {
     const std::vector<int> chosen = widths();
     for (std::size_t i = 0; i < std::min(chosen.size(), least_.size()); ++i)
@@ -118,7 +118,7 @@ void WxReportList::setWidths(const std::vector<int>& widths) {
         SetColumnWidth(static_cast<int>(column), widths[column]);
 }
 
-// All images are drawn before the first row is: they cannot be changed while the control draws.
+// Loads all images before the first row is drawn: they cannot be added while the control is drawing.
 void WxReportList::loadImages() {
     const std::size_t before = images_.bundles().size();
     std::string_view last;
@@ -142,7 +142,7 @@ namespace {
 
 long styleOf(ListMode mode) {
     if (mode == ListMode::Icon) return wxLC_ICON | wxLC_AUTOARRANGE;
-#ifndef __WXGTK__  // which would put the names below the icons
+#ifndef __WXGTK__  // GTK would put the names below the icons
     if (mode == ListMode::SmallIcon) return wxLC_SMALL_ICON | wxLC_AUTOARRANGE;
 #endif
     return wxLC_LIST;

@@ -8,18 +8,18 @@
 
 namespace trevandix {
 
-/// The list with columns. Its rows stay in the ListView; the control asks for those that it draws.
+/// The list with columns. It holds no rows, but asks the ListView for those that it draws.
 class WxReportList : public wxListCtrl {
 public:
     WxReportList(wxWindow* parent, const ListView& list);
 
-    /// Takes over the rows anew, and the columns where they are other ones. Nothing is selected any more.
+    /// Shows the rows of the ListView, and its columns if `columns`, with nothing selected.
     void refill(bool columns);
-    /// Shows no row.
+    /// Removes all rows from the display.
     void empty();
-    /// How far it is scrolled sideways, in the control's own unit.
+    /// Horizontal scroll position, in the control's own unit.
     int left() const;
-    /// Scrolls so that the row is the topmost, as far as there are enough below it.
+    /// Scrolls until `row` is the first visible row, or as far as the list allows.
     void scrollTo(long row, int left);
 
 protected:
@@ -37,11 +37,11 @@ private:
     const ListView& list_;
     mutable WxImageList images_{kTreeIconSize};
     WxColumnScaling scaling_;
-    std::vector<int> least_;  // of each column, so that its header can be read
+    std::vector<int> least_;  // of each column, so that its header is readable
     bool widthless_ = false;
 };
 
-/// The list as large icons, small icons or a plain list. Holds a copy of the rows' texts.
+/// The list as large icons, small icons or plain list. Holds a copy of the rows' texts.
 class WxIconList : public wxListCtrl {
 public:
     /// `mode` is any but Report.

@@ -17,8 +17,8 @@ namespace {
 constexpr char kSpokenName[] = "Contents";
 constexpr char kSpokenPurpose[] = "What the selected node holds";
 
-// The window whose mouse events are those of the rows: where wx draws the control itself, the part of it
-// below the header.
+// The window that receives the mouse events of the rows. Where wx draws the control itself, this is a child
+// of it.
 wxWindow& rowArea(wxListCtrl& control) {
 #ifdef __WXGTK__
     for (wxWindow* part : control.GetChildren()) {
@@ -48,7 +48,7 @@ WxListView::WxListView(wxWindow* parent, ListView& list, WxInputGate& gate, Open
 WxListView::~WxListView() {
     list_.setDisplay(nullptr);
     ++quiet_;
-    DestroyChildren();  // while the members that they report to still live
+    DestroyChildren();  // before the members that they use are destroyed
 }
 
 void WxListView::watch(wxListCtrl& control) {
@@ -70,7 +70,7 @@ void WxListView::watch(wxListCtrl& control) {
     setAccessibleName(control, kSpokenName, kSpokenPurpose);
     setAccessibleName(rows, kSpokenName, kSpokenPurpose);
 #ifdef __WXGTK__
-    // The header follows when the rows have been scrolled; the toolkit draws it before.
+    // wx redraws the header before it scrolls the rows, so the header is redrawn afterwards.
     for (const auto& type : {wxEVT_SCROLLWIN_LINEUP, wxEVT_SCROLLWIN_LINEDOWN, wxEVT_SCROLLWIN_PAGEUP,
                              wxEVT_SCROLLWIN_PAGEDOWN, wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_BOTTOM,
                              wxEVT_SCROLLWIN_THUMBTRACK, wxEVT_SCROLLWIN_THUMBRELEASE}) {
@@ -79,14 +79,14 @@ void WxListView::watch(wxListCtrl& control) {
             control.CallAfter([&control] { control.Refresh(); });
         });
     }
-    // As in the tree. Not event.GetText(): a virtual list leaves it empty.
+    // As in the tree, the name tells the current row. A virtual list leaves event.GetText() empty.
     control.Bind(wxEVT_LIST_ITEM_FOCUSED, [&control, &rows](wxListEvent& event) {
         event.Skip();
         if (event.GetIndex() >= 0)
             setAccessibleName(rows, kSpokenName + (": " + control.GetItemText(event.GetIndex())));
     });
 #endif
-    // The toolkit's own list keeps this to itself, and the window has to know which view has the keyboard.
+    // The control does not propagate this event, but the main window must know which view has the focus.
     rows.Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
         event.Skip();
         wxChildFocusEvent focused(this);
@@ -117,7 +117,7 @@ void WxListView::doubleClick() {
     gate_.post(WxInputGate::Kind::Single, [](MainWindowEvents& events) { events.ListView1_DblClick(); });
 }
 
-// Without columns there is nothing that a header could show.
+// Without columns, report mode has no header to show, so a plain list is used.
 void WxListView::showFitting() {
     const bool report = list_.mode() == ListMode::Report && !list_.columns().empty();
     const ListMode mode = list_.mode() == ListMode::Report ? ListMode::List : list_.mode();
@@ -143,7 +143,7 @@ void WxListView::showFitting() {
 }
 
 void WxListView::contentsChanged(bool columns) {
-    const WxRaised quiet(quiet_);
+    const ScopedIncrement quiet(quiet_);
     showFitting();
     if (shown_ == report_) {
         report_->refill(columns);
@@ -167,7 +167,7 @@ ListPlace WxListView::place() const {
 }
 
 void WxListView::restore(const ListPlace& place) {
-    const WxRaised quiet(quiet_);
+    const ScopedIncrement quiet(quiet_);
     const wxWindowUpdateLocker frozen(this);
     for (const std::size_t row : place.selected)
         shown_->SetItemState(static_cast<long>(row), wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
@@ -179,7 +179,7 @@ void WxListView::restore(const ListPlace& place) {
 }
 
 void WxListView::rowChanged(std::size_t row) {
-    const WxRaised quiet(quiet_);
+    const ScopedIncrement quiet(quiet_);
     if (shown_ == report_) {
         report_->RefreshItem(static_cast<long>(row));
     } else {
@@ -212,23 +212,25 @@ std::optional<std::size_t> WxListView::currentRow() const {
 }
 
 void WxListView::selectAll() {
-    const WxRaised quiet(quiet_);
+    const ScopedIncrement quiet(quiet_);
     if (shown_->GetItemCount() == 0) return;
-    const wxWindowUpdateLocker frozen(shown_);  // once for all rows, not for each
+    const wxWindowUpdateLocker frozen(shown_);  // redraws once for all rows
     shown_->SetItemState(-1, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
     click();
 }
 
 void WxListView::onKey(wxKeyEvent& event) {
     if (event.GetKeyCode() == 'A' && event.GetModifiers() == wxMOD_CONTROL) {
-        gate_.run([](MainWindowEvents&) {});  // the rows of a node that was chosen just before come first
+        // An earlier click in the tree may change the rows, so it is handled first.
+        gate_.run([](MainWindowEvents&) {});
         list_.selectAll();
     } else {
         event.Skip();
     }
 }
 
-// The menu acts on the rows that are selected, so a row pointed at outside the selection becomes it.
+// A right click outside the selection selects the row below the pointer, because the menu acts on the
+// selected rows.
 void WxListView::onRightDown(wxMouseEvent& event) {
     focus();
     int flags = 0;
@@ -240,7 +242,7 @@ void WxListView::onRightDown(wxMouseEvent& event) {
 #endif
     if (row < 0 || shown_->GetItemState(row, wxLIST_STATE_SELECTED) != 0) return;
     {
-        const WxRaised quiet(quiet_);
+        const ScopedIncrement quiet(quiet_);
         shown_->SetItemState(-1, 0, wxLIST_STATE_SELECTED);
         const long both = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
         shown_->SetItemState(row, both, both);

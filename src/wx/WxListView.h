@@ -10,8 +10,8 @@
 
 namespace trevandix {
 
-/// The list on the screen, `ListView1`: one control with columns and one for the other view modes, of which
-/// the wanted one shows.
+/// The main window's list, `ListView1`: one control for report mode and one for the other modes; only the one
+/// in use is visible.
 class WxListView : public wxPanel, public ListDisplay {
 public:
     using OpenMenu = std::function<void(wxWindow&, const wxPoint&)>;
@@ -29,10 +29,10 @@ public:
     std::optional<std::size_t> currentRow() const override;
     void selectAll() override;
 
-    /// True when the list is shown, so that it can take the keyboard.
+    /// True when the list is visible and can take the focus.
     bool usable() const;
     void focus() { shown_->SetFocus(); }
-    /// Takes the keyboard as a click on the current row does.
+    /// Takes the focus and reports a click, as if the user had clicked the current row.
     void takeKeyboard() {
         focus();
         click();
@@ -52,7 +52,7 @@ private:
     WxInputGate& gate_;
     OpenMenu openMenu_;
     WxReportList* report_;
-    WxIconList* icons_ = nullptr;  // made when a mode needs it
+    WxIconList* icons_ = nullptr;  // created on first use
     wxListCtrl* shown_;
     int quiet_ = 0;
 };

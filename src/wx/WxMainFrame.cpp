@@ -24,7 +24,7 @@ namespace {
 
 constexpr double kScreenShare = 0.8;
 constexpr double kTreeShare = 0.4;  // of the width
-constexpr int kTick = 1000;         // ms
+constexpr int kTick = 1000;         // milliseconds
 constexpr int kSmallestPane = 120;
 constexpr int kSmallestWidth = 320;
 constexpr int kSmallestHeight = 300;
@@ -33,14 +33,14 @@ wxString windowCaption() {
     return toWx(kCompany) + " - " + toWx(kProduct);
 }
 
-/// Takes files that are dropped from the file manager; the first of several counts.
+/// Opens a file dropped from another program; of several files, the first.
 class FileDrop : public wxFileDropTarget {
 public:
-    /// `window` comes to the front. Both must outlive it.
+    /// `window` and `gate` must outlive it.
     FileDrop(wxTopLevelWindow& window, WxInputGate& gate) : window_(window), gate_(gate) {}
 
-    // Opening may ask questions, in front of the window that the file came from; the other program must not
-    // wait for them with the mouse in its hands.
+    // Posts the event, because opening may ask questions and the other program must not wait for the answers.
+    // The questions appear in front of that program, so the window is raised.
     bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override {
         if (files.empty() || gate_.busy()) return false;
         bringToFront(window_);
@@ -54,12 +54,12 @@ private:
     WxInputGate& gate_;
 };
 
-// Lets the sash stand at a share of the width, 0 to 1, until its user moves it; then at the user's share.
+// Keeps the sash at a share of the width (0 to 1); once the user has moved it, at the user's share.
 void keepSashInProportion(wxSplitterWindow& splitter, double share) {
     const auto kept = std::make_shared<Proportions>();
     constexpr int kWhole = 1000;
     kept->keep({static_cast<int>(std::lround(share * kWhole))}, kWhole);
-    splitter.SetSashGravity(share);  // not zero, or the control would not ask below
+    splitter.SetSashGravity(share);  // with gravity 0 the control never sends SASH_POS_RESIZE
     splitter.Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [&splitter, kept](wxSplitterEvent& event) {
         const int sash = event.GetSashPosition();
         if (sash > 0) kept->keep({sash}, splitter.GetClientSize().GetWidth());
@@ -86,9 +86,9 @@ WxMainFrame::WxMainFrame(const CommandTables& tables, StructureTree& tree, ListV
         });
     status_ = new WxStatusBar(this);
     SetStatusBar(status_);
-    SetDropTarget(new FileDrop(*this, gate_));  // counts for all windows in it
+    SetDropTarget(new FileDrop(*this, gate_));  // applies to all child windows
 #ifdef __WXGTK__
-    // The toolkit would wait for the window manager and then show the window without size and place first.
+    // wx would wait for the window manager and show the window without size and position first.
     m_deferShow = false;
 #endif
     buildViews(tree, list, pointer);
@@ -104,7 +104,7 @@ WxMainFrame::WxMainFrame(const CommandTables& tables, StructureTree& tree, ListV
 WxMainFrame::~WxMainFrame() {
     gate_.attach(nullptr);
     drag_.reset();
-    DestroyChildren();  // while the members that they report to still live
+    DestroyChildren();  // before the members that they use are destroyed
 }
 
 void WxMainFrame::placeOnScreen() {
@@ -119,7 +119,7 @@ void WxMainFrame::placeOnScreen() {
     SetSize(firstPlace_);
 }
 
-// Some window managers put title and frame around the window only when it is shown, which makes it larger.
+// Some window managers add title and frame only when they show the window, which makes it larger.
 void WxMainFrame::onSize(wxSizeEvent& event) {
     event.Skip();
     if (placed_ || GetSize() == firstPlace_.GetSize() || IsMaximized()) return;
@@ -183,7 +183,7 @@ void WxMainFrame::focusTree() {
 }
 
 void WxMainFrame::openMenu(wxWindow& window, const wxPoint& point) {
-    // First what the click itself does: it decides which commands are enabled.
+    // Handles pending events first: a right click selects a node, which decides what is enabled.
     perform([] {});
     commands_->popUp(window, point, {"mnuObjects", "mnuEdit"});
 }
@@ -199,9 +199,9 @@ void WxMainFrame::close() {
     Destroy();
 }
 
-// Past the gate: this never touches what a command or a dialog is working on.
+// Bypasses the gate: a timer event never touches what a command or a dialog is working on.
 void WxMainFrame::onTimer(wxTimerEvent&) {
-    placed_ = true;  // what comes later is the user's wish
+    placed_ = true;  // later size changes are the user's
     if (MainWindowEvents* events = gate_.attached())
         events->idle(std::chrono::steady_clock::now(), gate_.lastInput());
 }
@@ -224,20 +224,19 @@ void WxMainFrame::showAboutBox() {
     box.ShowModal();
 }
 
-// Such keys come in quick succession, and only the last of them counts.
+// These keys repeat quickly; only the last one needs handling.
 bool WxMainFrame::movesInView(const wxKeyEvent& event) {
     static constexpr std::array kKeys{WXK_UP,     WXK_DOWN,     WXK_LEFT, WXK_RIGHT,
                                       WXK_PAGEUP, WXK_PAGEDOWN, WXK_HOME, WXK_END};
     return std::ranges::find(kKeys, event.GetKeyCode()) != kKeys.end();
 }
 
-// Tab and F6 go from one view to the other; toolbar and menu bar have keys of their own.
+// Tab and F6 switch between tree and list. Toolbar and menu bar have their own keys.
 void WxMainFrame::onKey(wxKeyEvent& event) {
     if (followsManualKey(event) || commands_->followsShortcut(event)) return;
     const bool tab = event.GetKeyCode() == WXK_TAB && (event.GetModifiers() & ~wxMOD_SHIFT) == 0;
     const bool next = tab || (event.GetKeyCode() == WXK_F6 && event.GetModifiers() == 0);
-    // First what earlier keys did: this one may be meant for the rows, or a command, of the node that they
-    // chose.
+    // Handles earlier keys first: this key may act on the rows or commands of the node that they selected.
     if (!movesInView(event)) perform([] {});
     if (!next || !tree_->IsShownOnScreen() || !list_->usable()) {
         event.Skip();

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-#include "platform/MainWindow.h"
+#include "editor/MainWindow.h"
 #include "wx/WxBasics.h"
 #include "wx/WxCommands.h"
 #include "wx/WxInputGate.h"
@@ -18,18 +18,18 @@
 
 namespace trevandix {
 
-/// The main window on the screen: menu bar, toolbar, tree and list side by side, import panel, status bar.
+/// The main window: menu bar, toolbar, tree and list side by side, import panel, status bar.
 class WxMainFrame : public wxFrame, public MainWindow, public CommandBar {
 public:
-    /// Everything handed over must outlive the window.
+    /// All arguments must outlive the window.
     WxMainFrame(const CommandTables& tables, StructureTree& tree, ListView& list, WxPointer& pointer);
     ~WxMainFrame() override;
 
-    /// Who hears of the user from now on. Not owned; must live until `Form_Unload` has been called.
+    /// Sets the receiver of the user's actions. Not owned; must live until `Form_Unload` has been called.
     void attach(MainWindowEvents* events) { gate_.attach(events); }
-    /// Runs a piece of work as a command runs: nothing else is started meanwhile.
+    /// Runs `work` like a command: no other command starts meanwhile.
     void perform(const std::function<void()>& work);
-    /// For the About box: name and version of the XML parser.
+    /// Name and version of the XML parser, shown in the About box.
     void setParserName(const std::string& name) { parserName_ = toWx(name); }
 
     void setTreeVisible(bool visible) override;
@@ -74,7 +74,7 @@ private:
     std::unique_ptr<WxTreeDrag> drag_;
     wxString parserName_;
     FocusedView lastFocused_ = FocusedView::None;
-    wxRect firstPlace_;  // on the screen, title and frame included
+    wxRect firstPlace_;  // in screen coordinates, including title and frame
     bool placed_ = false;
     bool unloaded_ = false;
 };

@@ -8,7 +8,7 @@
 #include <wx/image.h>
 #include <wx/msgdlg.h>
 #include <wx/utils.h>
-// After msgdlg.h: needs its types.
+// Needs the types of msgdlg.h.
 #include <wx/generic/msgdlgg.h>
 
 #include <memory>
@@ -32,7 +32,7 @@ long styleOf(Buttons buttons, Icon icon) {
     return style | wxICON_NONE;
 }
 
-// GTK breaks lines between words only, and a name may be wider than the screen.
+// GTK breaks lines only between words, but a name may be wider than the screen.
 wxString breakable(const wxString& text) {
 #ifdef __WXGTK__
     constexpr int kLongWord = 40;
@@ -54,7 +54,7 @@ std::unique_ptr<wxMessageDialogBase> makeBox(const wxString& text, long style) {
     const wxString title = toWx(kProduct);
 #ifdef __WXGTK__
     const int width = widthForTitle(*dialogParent(), title);
-    // GTK's own box never draws the icon that it is asked for.
+    // GTK's own message box never shows its icon.
     if ((style & wxICON_MASK) != wxICON_NONE) {
         auto box = std::make_unique<wxGenericMessageDialog>(dialogParent(), text, title, style);
         box->Bind(wxEVT_INIT_DIALOG, [width, dialog = box.get()](wxInitDialogEvent& event) {
@@ -82,8 +82,7 @@ Answer WxMessages::show(std::string_view text, Buttons buttons, Icon icon) {
             case wxID_NO:
                 return Answer::No;
             default:
-                // Escape is no answer to a question of Yes and No: either would be a guess that may lose
-                // work.
+                // Escape does not answer a Yes/No question: neither answer would be safe to assume.
                 if (buttons == Buttons::YesNo || buttons == Buttons::NoYes) continue;
                 return buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
         }
@@ -132,7 +131,7 @@ constexpr const char* kArrowAndSheet =
 constexpr const char* kPlus =
     R"(<path d="M20 20h11v11h-11z" fill="#2c9c57"/><path d="M24.7 22h1.6v3h3v1.6h-3v3h-1.6v-3h-3v-1.6h3z" fill="#ffffff"/>)";
 
-// An arrow that carries a sheet of paper; drawn here because systems do not agree on such a pointer.
+// An arrow with a sheet of paper, drawn here because systems have no common cursor for it.
 wxCursor dragCursor(bool copies) {
     std::string svg =
         R"(<svg xmlns="http://www.w3.org/2000/svg" width="32" height="32" viewBox="0 0 32 32">)";

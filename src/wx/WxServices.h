@@ -2,12 +2,11 @@
 
 #include <wx/cursor.h>
 
-#include "platform/Messages.h"
 #include "platform/Services.h"
 
 namespace trevandix {
 
-/// The system's message boxes, in front of the window that is active.
+/// The system's message boxes, in front of the active window.
 class WxMessages : public Messages {
 public:
     Answer show(std::string_view text, Buttons buttons, Icon icon) override;
@@ -17,12 +16,12 @@ public:
 class WxFileDialog : public FileDialog {
 public:
     std::optional<std::string> open(std::string_view title, std::string_view filter) override;
-    /// Asks nothing about a file that exists. A name typed without extension gets the pattern's.
+    /// Does not ask before replacing a file. Adds the pattern's extension to a name without one.
     std::optional<std::string> save(std::string_view title, std::string_view filter,
                                     std::string_view proposedName) override;
 };
 
-/// The system's clipboard. Empty when it holds no text or another program keeps it locked.
+/// The system's clipboard. Returns an empty text when it holds none or another program has locked it.
 class WxClipboard : public Clipboard {
 public:
     std::string text() override;
@@ -33,12 +32,12 @@ class WxPointer : public MousePointer {
 public:
     ~WxPointer() override;
 
-    /// `Default` ends every shape set before.
+    /// `Default` ends any shape set before.
     void set(Pointer pointer) override;
 
-    /// What the pointer shows while a node is dragged.
+    /// Pointer shapes while a node is dragged.
     enum class Drag { Move, Copy, Refused };
-    /// Covers whatever has been set until `endDrag`.
+    /// Overrides the shape set by `set` until `endDrag`.
     void showDrag(Drag drag);
     void endDrag();
 

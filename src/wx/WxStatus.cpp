@@ -14,10 +14,10 @@ namespace trevandix {
 
 namespace {
 
-constexpr int kMargin = 24;   // of a field around its text
-constexpr int kPadding = 8;   // the least of it
+constexpr int kMargin = 24;   // between a text and the edges of its field, both sides together
+constexpr int kPadding = 8;   // its least size
 constexpr int kBorders = 48;  // of all fields
-constexpr int kGrip = 24;     // by which the window is resized, over the last field
+constexpr int kGrip = 24;     // the size grip over the last field
 
 }  // namespace
 
@@ -46,7 +46,7 @@ void WxStatusBar::setHint(const wxString& text) {
     showNews();
 }
 
-// A hint has the place of selection and notice; the rest stays to be seen.
+// A hint replaces selection and notice; the other fields stay.
 wxString WxStatusBar::fullText(StatusField field) const {
     if (!hint_.empty() && field == StatusField::Selection) return hint_;
     if (!hint_.empty() && field == StatusField::Notice) return {};
@@ -71,7 +71,7 @@ void WxStatusBar::showNews() {
     const int counts = needed(StatusField::Counts);
     const int saved = needed(StatusField::Saved);
     const int rest = GetClientSize().GetWidth() - counts - saved - FromDIP(kBorders);
-    // The notice has what it needs; where that leaves too little for the selection, half.
+    // The notice gets the width it needs, but at most half when that leaves too little for the selection.
     const int notice = std::min(needed(StatusField::Notice) + FromDIP(kGrip),
                                 std::max(rest / 2, rest - needed(StatusField::Selection)));
     const int widths[kFields]{-1, counts, saved, std::max(notice, 1)};
@@ -85,7 +85,7 @@ void WxStatusBar::showNews() {
     setAccessibleName(*this, "Status", all.empty() ? wxString("No configuration") : all);
 }
 
-// The first line of the text, shortened by ourselves: the toolkit takes no account of the grip.
+// Shortens the first line of the text itself, because wx ignores the size grip.
 wxString WxStatusBar::fitting(int field) const {
     wxRect place;
     GetFieldRect(field, place);
@@ -122,7 +122,7 @@ WxImportPanel::WxImportPanel(wxWindow* parent)
     frame->Add(column, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kPanelMargin)));
     SetSizerAndFit(frame);
     const auto paint = [this] { SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE)); };
-    paint();  // or what lies below it, the sash, shows through
+    paint();  // otherwise the sash behind the panel shows through
     Bind(wxEVT_SYS_COLOUR_CHANGED, [paint](wxSysColourChangedEvent& event) {
         paint();
         event.Skip();

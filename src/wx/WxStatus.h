@@ -6,19 +6,19 @@
 
 #include <array>
 
-#include "platform/MainWindow.h"
+#include "editor/MainWindow.h"
 
 namespace trevandix {
 
-/// The status bar: one field for each kind of news. A field shows the first line of its text, shortened in
-/// the middle where it is too long; the tooltip shows all of it. What a menu entry or button does is shown in
-/// place of the selection.
+/// The status bar, with one field for each StatusField. A field shows the first line of its text, shortened in
+/// the middle if it is too long; the tooltip shows the whole text. The hint of a menu entry or button is shown
+/// instead of the selection.
 class WxStatusBar : public wxStatusBar {
 public:
     explicit WxStatusBar(wxWindow* parent);
 
     void setNews(StatusField field, const wxString& text);
-    /// An empty text brings the news back.
+    /// An empty text removes the hint.
     void setHint(const wxString& text);
 
 private:
@@ -33,16 +33,16 @@ private:
     wxString hint_;
 };
 
-/// The import status panel `pnlImpStat`: floats in front of the views while a file is read.
+/// The import status panel `pnlImpStat`, shown in front of the views while a file is read.
 class WxImportPanel : public wxPanel {
 public:
-    /// The windows in front of which it is to float must already be in `parent`.
+    /// The windows behind it must already be children of `parent`.
     explicit WxImportPanel(wxWindow* parent);
 
     /// 0 to 99.
     void setPercent(int percent) { percent_->SetValue(percent); }
     void setShown(bool shown);
-    /// Stands in the middle of its parent again.
+    /// Moves it to the middle of its parent.
     void recentre();
 
 private:

@@ -10,9 +10,9 @@ namespace trevandix {
 
 namespace {
 
-constexpr int kScrollInterval = 60;  // milliseconds between two lines near an edge
-constexpr int kScrollEdge = 20;      // height of the edge, in device-independent pixels
-constexpr int kUsualThreshold = 4;   // where the system names none
+constexpr int kScrollInterval = 60;  // milliseconds between two scroll steps near an edge
+constexpr int kScrollEdge = 20;      // height of the scrolling edge, in device-independent pixels
+constexpr int kUsualThreshold = 4;   // used when the system has no such setting
 
 int threshold(wxSystemMetric metric, wxWindow& window) {
     const int pixels = wxSystemSettings::GetMetric(metric, &window);
@@ -27,13 +27,13 @@ WxTreeDrag::WxTreeDrag(WxTreeView& tree, WxInputGate& gate, WxPointer& pointer, 
     tree_.Bind(wxEVT_RIGHT_DCLICK, &WxTreeDrag::onPress, this);
     tree_.Bind(wxEVT_MOTION, &WxTreeDrag::onMotion, this);
     tree_.Bind(wxEVT_RIGHT_UP, &WxTreeDrag::onRelease, this);
-    tree_.Bind(wxEVT_KEY_DOWN, &WxTreeDrag::onKey,
-               this);  // a captured mouse keeps the earlier events of keys away
+    // A window that has captured the mouse gets no wxEVT_CHAR_HOOK.
+    tree_.Bind(wxEVT_KEY_DOWN, &WxTreeDrag::onKey, this);
     tree_.Bind(wxEVT_MOUSE_CAPTURE_LOST, &WxTreeDrag::onCaptureLost, this);
     Bind(wxEVT_TIMER, &WxTreeDrag::onTimer, this);
 }
 
-// Never passed on: the control has a meaning of its own for the right button on some systems.
+// Does not skip the event: on some systems the control handles the right button itself.
 void WxTreeDrag::onPress(wxMouseEvent& event) {
     if (state_ != State::Idle || gate_.busy()) return;
     tree_.SetFocus();
@@ -106,7 +106,7 @@ void WxTreeDrag::cancel(State next) {
     const State before = state_;
     stop(next);
     if (before != State::Dragging) return;
-    // Not run: it may be a command, at work behind its box, that took the mouse.
+    // Posted, because the mouse may have been taken by a message box of a command that is still running.
     gate_.post(WxInputGate::Kind::Single, [](MainWindowEvents& events) { events.dragCancelled(); });
     pointer_.endDrag();
 }
@@ -116,7 +116,7 @@ void WxTreeDrag::onRelease(wxMouseEvent& event) {
     if (before == State::Dragging) moveOver(tree_.nodeAt(event.GetPosition()));
     stop(State::Idle);
     if (before == State::Dragging) {
-        // The editor's own pointer shows again first: it may have set one that stays after the drop.
+        // Restores the normal pointer first: the drop handler may set one that is to stay.
         pointer_.endDrag();
         gate_.run([](MainWindowEvents& events) { events.TreeView1_OLEDragDrop(); });
     } else if (before == State::Pressed) {
@@ -133,7 +133,7 @@ void WxTreeDrag::onKey(wxKeyEvent& event) {
     cancel(State::Cancelled);
 }
 
-// Another program or a dialog took the mouse.
+// Another program or a dialog has taken the mouse.
 void WxTreeDrag::onCaptureLost(wxMouseCaptureLostEvent&) {
     cancel(State::Idle);
 }

@@ -10,7 +10,8 @@
 
 namespace trevandix {
 
-/// The right mouse button in the tree: drags a node, or opens the menu of commands where it was not moved.
+/// Handles the right mouse button in the tree: drags a node, or opens the context menu if the mouse was not
+/// moved.
 class WxTreeDrag : public wxEvtHandler {
 public:
     using OpenMenu = std::function<void(const wxPoint&)>;
@@ -18,7 +19,7 @@ public:
     WxTreeDrag(WxTreeView& tree, WxInputGate& gate, WxPointer& pointer, OpenMenu openMenu);
 
 private:
-    /// Cancelled: the button is still down, but neither a drop nor a menu follows.
+    /// Cancelled: the button is still down, but will cause neither a drop nor a menu.
     enum class State { Idle, Pressed, Dragging, Cancelled };
 
     void onPress(wxMouseEvent& event);

@@ -19,22 +19,21 @@ namespace {
 
 constexpr char kSpokenName[] = "Configuration";
 
-// The control may take tens of microseconds for each line that goes (Wine's does); the window answers in
-// between.
+// Removing an item may take tens of microseconds (under Wine), so items are removed in slices.
 constexpr std::chrono::milliseconds kRemovingAtATime{20};
 constexpr std::chrono::milliseconds kBetweenDrawings{400};
 
 class NodeData : public wxTreeItemData {
 public:
     explicit NodeData(const TreeNode& shown) : node(const_cast<TreeNode*>(&shown)) {}
-    TreeNode* node;  // nullptr for a line that is to go
+    TreeNode* node;  // nullptr for an item awaiting removal
 };
 
 NodeData& dataOf(const TreeNode& node) {
     return *static_cast<NodeData*>(node.viewItem);
 }
 
-// Between the colours of selected lines and of others, so that their text can be read on it.
+// Between the colours of selected and normal items, so that text is readable on it.
 wxColour dropColour() {
     constexpr double kSelectedShare = 0.35;
     const wxColour selected = wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT);
@@ -66,7 +65,7 @@ WxTreeView::WxTreeView(wxWindow* parent, StructureTree& tree, WxInputGate& gate)
     Bind(wxEVT_LEFT_DOWN, &WxTreeView::onLeftDown, this);
     Bind(wxEVT_LEFT_DCLICK, &WxTreeView::onLeftDoubleClick, this);
     if (tree_.root() != nullptr) {
-        const WxRaised quiet(quiet_);
+        const ScopedIncrement quiet(quiet_);
         insertSubtree(*tree_.root());
     }
     tree_.setObserver(this);
@@ -103,7 +102,7 @@ wxPoint WxTreeView::menuPlace() const {
     return {};
 }
 
-// Opening the nodes one by one has scrolled the control of Windows to the last.
+// On Windows, expanding the nodes has scrolled the control to the last one.
 void WxTreeView::showSelection() {
     if (const TreeNode* node = selectedNode()) madeVisible(*node);
 }
@@ -130,7 +129,8 @@ void WxTreeView::insert(const TreeNode& node, Where where) {
         item = InsertItem(parent, itemOf(*node.previousSibling()), text, image, selected, data);
     }
     node.viewItem = data;
-    // The control forgets the expansion of an item without children, so the first child brings it back.
+    // The control drops the expanded state of an item without children, so it is restored with the first
+    // child.
     const TreeNode* parent = node.previousSibling() == nullptr ? node.parent() : nullptr;
     if (parent != nullptr && parent->expanded() && !IsExpanded(itemOf(*parent))) Expand(itemOf(*parent));
 }
@@ -142,9 +142,9 @@ void WxTreeView::insertSubtree(const TreeNode& top) {
     }
 }
 
-// Frozen, as some controls would ask for each line below the new one to be drawn, one by one.
+// Frozen: some controls would redraw every line below the new one.
 void WxTreeView::nodeAdded(const TreeNode& node) {
-    const WxRaised quiet(quiet_);
+    const ScopedIncrement quiet(quiet_);
     const wxWindowUpdateLocker frozen(this);
     insert(node, Where::AtItsPlace);
 }
@@ -161,8 +161,8 @@ void WxTreeView::nodeRemoved(const TreeNode& node) {
     if (batches_ == 0) removeSome();
 }
 
-// From here on nothing leads to the nodes. A control of Windows takes its time for each line below the top,
-// that of wx for the top only.
+// Marks the items below `top` for removal. On Windows every item is removed by itself, children first,
+// because removal takes time; elsewhere removing the top is fast.
 void WxTreeView::letGo(const TreeNode& top) {
     std::vector<wxTreeItemId> items;
     for (const TreeNode* node = &top; node != nullptr; node = nextBelow(*node, top)) {
@@ -177,7 +177,7 @@ void WxTreeView::letGo(const TreeNode& top) {
 }
 
 void WxTreeView::removeSome() {
-    const WxRaised quiet(quiet_);
+    const ScopedIncrement quiet(quiet_);
     const auto begin = std::chrono::steady_clock::now();
     while (!leaving_.empty() && std::chrono::steady_clock::now() - begin < kRemovingAtATime) {
         Delete(leaving_.front());
@@ -186,7 +186,7 @@ void WxTreeView::removeSome() {
     const bool more = !leaving_.empty();
     if (more) wxWakeUpIdle();
     if (more != held_) {
-        // A batch until the last has gone: to draw each time would take longer than to remove.
+        // Holds a batch open until the last item is gone: redrawing takes longer than removing.
         held_ = more;
         drawn_ = begin;
         more ? batchBegins() : batchEnds();
@@ -203,7 +203,7 @@ void WxTreeView::textChanged(const TreeNode& node) {
 }
 
 void WxTreeView::nodeMoved(const TreeNode& node) {
-    const WxRaised quiet(quiet_);
+    const ScopedIncrement quiet(quiet_);
     const wxWindowUpdateLocker frozen(this);
     letGo(node);
     insertSubtree(node);
@@ -212,7 +212,7 @@ void WxTreeView::nodeMoved(const TreeNode& node) {
 }
 
 void WxTreeView::childrenSorted(const TreeNode& parent) {
-    const WxRaised quiet(quiet_);
+    const ScopedIncrement quiet(quiet_);
     const wxWindowUpdateLocker frozen(this);
     places_.reserve(parent.childCount());
     for (const TreeNode* child = parent.firstChild(); child != nullptr; child = child->nextSibling())
@@ -224,13 +224,13 @@ void WxTreeView::childrenSorted(const TreeNode& parent) {
 int WxTreeView::OnCompareItems(const wxTreeItemId& first, const wxTreeItemId& second) {
     const auto place = [this](const wxTreeItemId& item) {
         const auto found = places_.find(item.GetID());
-        return found == places_.end() ? -1 : found->second;  // leaving
+        return found == places_.end() ? -1 : found->second;  // awaiting removal
     };
     return place(first) - place(second);
 }
 
 void WxTreeView::expansionChanged(const TreeNode& node) {
-    const WxRaised quiet(quiet_);
+    const ScopedIncrement quiet(quiet_);
     const wxTreeItemId item = itemOf(node);
     if (!node.expanded()) {
         Collapse(item);
@@ -244,27 +244,26 @@ void WxTreeView::madeVisible(const TreeNode& node) {
         visibleLater_ = &node;
         return;
     }
-    // Before it is shown, the control has no size yet and would scroll sideways.
+    // A control that was never shown has no size and would scroll sideways.
     if (!IsShownOnScreen()) return;
-    const WxRaised quiet(quiet_);
+    const ScopedIncrement quiet(quiet_);
     EnsureVisible(itemOf(node));
 }
 
 void WxTreeView::selectionChanged(const TreeNode* node) {
-    const WxRaised quiet(quiet_);
+    const ScopedIncrement quiet(quiet_);
     clicked_ = nullptr;
     if (node == nullptr) {
         UnselectAll();
         return;
     }
     const wxTreeItemId item = itemOf(*node);
-    if (GetSelection() == item && IsVisible(item)) return;  // as after a click
+    if (GetSelection() == item && IsVisible(item)) return;  // the user's click selected it
     SelectItem(item);
     madeVisible(*node);
 }
 
-// Not the control's own highlight: many systems draw that like the selection, which is often the node
-// dragged.
+// Uses the background colour: many systems draw the control's own drop highlight like the selection.
 void WxTreeView::highlightChanged(const TreeNode* node) {
     if (highlighted_ != nullptr) SetItemBackgroundColour(itemOf(*highlighted_), wxNullColour);
     if (node != nullptr) SetItemBackgroundColour(itemOf(*node), dropColour());
@@ -272,7 +271,7 @@ void WxTreeView::highlightChanged(const TreeNode* node) {
 }
 
 void WxTreeView::cleared() {
-    const WxRaised quiet(quiet_);
+    const ScopedIncrement quiet(quiet_);
     clicked_ = nullptr;
     highlighted_ = visibleLater_ = nullptr;
     leaving_.clear();
@@ -283,6 +282,7 @@ void WxTreeView::cleared() {
 void WxTreeView::batchBegins() {
     if (batches_++ > 0) return;
     Freeze();
+    // The Windows control lays out all its lines after every change, even while it is hidden.
     setHiddenRedraw(*this, false);
 }
 
@@ -294,19 +294,19 @@ void WxTreeView::batchEnds() {
     if (visibleLater_ != nullptr) madeVisible(*std::exchange(visibleLater_, nullptr));
 }
 
-// The control selects its root here when nothing is selected, and a node whose children it hides; neither is
-// a click of the user.
+// In idle time the control selects the root when nothing is selected, and moves a selection out of collapsed
+// nodes. Neither is the user's action.
 void WxTreeView::OnInternalIdle() {
     {
-        const WxRaised quiet(quiet_);
+        const ScopedIncrement quiet(quiet_);
         if (!leaving_.empty()) removeSome();
         wxTreeCtrl::OnInternalIdle();
     }
     agree();
 }
 
-// The one place that keeps the highlight on the selected node, whatever the control did by itself. A click
-// that waits to be reported will move the selected node.
+// Selects the tree's selected node again when the control has changed its selection by itself. A pending
+// click is going to change the selected node, so it is left alone.
 void WxTreeView::agree() {
     if (quiet_ > 0 || batches_ > 0 || clicked_ != nullptr || selectedNode() == tree_.selected()) return;
     selectionChanged(tree_.selected());
@@ -325,14 +325,14 @@ void WxTreeView::onSelecting(wxTreeEvent& event) {
 
 void WxTreeView::onSelected(wxTreeEvent& event) {
 #ifdef __WXGTK__
-    // A control that wx draws itself shows screen readers no rows, so it says the selected one as its name.
+    // A tree drawn by wx shows screen readers no items, so its own name tells the selected item.
     if (event.GetItem().IsOk()) setAccessibleName(*this, kSpokenName + (": " + GetItemText(event.GetItem())));
 #endif
     if (quiet_ > 0) return;
     if (TreeNode* node = nodeOf(event.GetItem())) click(*node);
 }
 
-// Not passed on: the control would open or close the node.
+// Does not skip the event: the control would expand or collapse the node.
 void WxTreeView::onActivated(wxTreeEvent& event) {
     if (nodeOf(event.GetItem()) == nullptr) return;
     doubleClick();
@@ -362,7 +362,7 @@ void WxTreeView::onLeftDown(wxMouseEvent& event) {
     if (TreeNode* node = nodeOf(item)) click(*node);
 }
 
-// Beside the nodes a double click acts on the selected one. The control reports only those on nodes.
+// A double click beside all nodes acts on the selected node; the control reports only double clicks on nodes.
 void WxTreeView::onLeftDoubleClick(wxMouseEvent& event) {
     event.Skip();
     int flags = 0;

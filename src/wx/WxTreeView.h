@@ -12,7 +12,7 @@
 
 namespace trevandix {
 
-/// The structure tree on the screen, `TreeView1`. Follows the tree; reports only what its user does.
+/// The main window's tree, `TreeView1`. Mirrors a StructureTree and reports the user's actions.
 class WxTreeView : public wxTreeCtrl, public TreeObserver {
     wxDECLARE_CLASS(WxTreeView);
 
@@ -21,15 +21,15 @@ public:
     WxTreeView(wxWindow* parent, StructureTree& tree, WxInputGate& gate);
     ~WxTreeView() override;
 
-    /// The node in whose line a point of the window lies; nullptr for none.
+    /// The node in the line at `point` (client coordinates); nullptr for none.
     TreeNode* nodeAt(const wxPoint& point) const;
     TreeNode* selectedNode() const;
     bool showsExpanded(const TreeNode& node) const { return IsExpanded(itemOf(node)); }
-    /// Scrolls to it.
+    /// Scrolls to the selected node.
     void showSelection();
-    /// Selects a node as a click of the user does.
+    /// Selects a node as a click does.
     void pick(const TreeNode& node);
-    /// Where a menu opens that the keyboard asks for.
+    /// Where to open a context menu requested by keyboard, in client coordinates.
     wxPoint menuPlace() const;
 
     void nodeAdded(const TreeNode& node) override;
@@ -72,15 +72,15 @@ private:
     StructureTree& tree_;
     WxInputGate& gate_;
     WxImageList images_{kTreeIconSize};
-    TreeNode* clicked_ = nullptr;  // waits to be reported
+    TreeNode* clicked_ = nullptr;  // pending click
     const TreeNode* highlighted_ = nullptr;
-    std::unordered_map<void*, int> places_;   // of items among their siblings, while they are sorted
-    std::deque<wxTreeItemId> leaving_;        // items without a node, still in the control; children first
-    const TreeNode* visibleLater_ = nullptr;  // scrolled to when the batch ends
-    int quiet_ = 0;  // while it is not, what the control reports is not its user's doing
+    std::unordered_map<void*, int> places_;   // positions of items among their siblings, while sorting
+    std::deque<wxTreeItemId> leaving_;        // items awaiting removal, children first
+    const TreeNode* visibleLater_ = nullptr;  // to scroll to when the batch ends
+    int quiet_ = 0;                           // while positive, events of the control are not the user's
     int batches_ = 0;
-    bool held_ = false;                            // in a batch, as items are leaving
-    std::chrono::steady_clock::time_point drawn_;  // last, while it is held
+    bool held_ = false;                            // true while a batch is open because items await removal
+    std::chrono::steady_clock::time_point drawn_;  // last redraw while held_
 };
 
 }  // namespace trevandix

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <optional>
 #include <pugixml.hpp>
 #ifdef __GLIBC__
@@ -11,19 +12,76 @@
 #include "platform/FileAccess.h"
 #include "platform/RuntimeError.h"
 #include "platform/Text.h"
-#include "platform/pugi/ParseFailures.h"
 
 namespace trevandix {
 
+using namespace std::string_view_literals;
+
 namespace {
 
-// Bytes 80 to 9F of Windows-1252; 0 where the byte has no character and is kept as a control.
+enum class Utf16 { No, LittleEndian, BigEndian };
+enum class Half { None, First, Second };
+constexpr std::string_view kHalfPair = "half a UTF-16 pair";
+
+Utf16 utf16Kind(std::string_view bytes) {
+    const auto begins = [&](std::string_view mark) { return bytes.starts_with(mark); };
+    if (begins("\xFF\xFE\0\0"sv) || begins("<\0\0\0"sv)) return Utf16::No;
+    if (begins("\xFF\xFE"sv) || begins("<\0"sv)) return Utf16::LittleEndian;
+    return begins("\xFE\xFF"sv) || begins("\0<"sv) ? Utf16::BigEndian : Utf16::No;
+}
+
+[[noreturn]] void throwAt(std::string_view bytes, std::size_t offset, std::string_view reason) {
+    const auto end = bytes.begin() + static_cast<std::ptrdiff_t>(std::min(bytes.size(), offset));
+    throw XmlParseError(1 + static_cast<std::size_t>(std::count(bytes.begin(), end, '\n')), reason);
+}
+
+void refuseHalfReferences(std::string_view bytes) {
+    constexpr std::string_view kBegin = "&#";
+    for (std::size_t at = bytes.find(kBegin); at != std::string_view::npos; at = bytes.find(kBegin, at + 1)) {
+        const std::size_t digits = at + kBegin.size();
+        const bool hexadecimal = bytes.substr(digits, 1) == "x";
+        unsigned character = 0;
+        std::from_chars(bytes.data() + digits + (hexadecimal ? 1 : 0), bytes.data() + bytes.size(), character,
+                        hexadecimal ? 16 : 10);
+        if (character >= 0xD800 && character <= 0xDFFF) throwAt(bytes, at, kHalfPair);
+    }
+}
+
+// Throws the XmlParseError of a file that could not be parsed beyond `offset`.
+[[noreturn]] void throwParseError(std::string_view bytes, std::size_t offset, std::string_view reason) {
+    // pugixml takes a NUL byte for the end of the file and reports whatever is open there, so the NUL itself
+    // is reported. A NUL among the first bytes means UTF-16 or UTF-32.
+    const std::size_t nul = bytes.find('\0');
+    const bool strayNul = nul > 3 && nul != std::string_view::npos && !bytes.starts_with("\xFF\xFE"sv) &&
+                          !bytes.starts_with("\xFE\xFF"sv);
+    throwAt(bytes, strayNul ? nul : offset, strayNul ? "NUL byte in the text" : reason);
+}
+
+// Throws XmlParseError for an incomplete UTF-16 character or surrogate pair, which pugixml would silently
+// drop, and for a character reference to half a surrogate pair.
+void refuseHalfPairs(std::string_view bytes) {
+    const Utf16 kind = utf16Kind(bytes);
+    if (kind == Utf16::No) return refuseHalfReferences(bytes);
+    const std::size_t high = kind == Utf16::LittleEndian ? 1 : 0;
+    const auto half = [&](std::size_t at) {
+        const int bits = at + 1 < bytes.size() ? static_cast<unsigned char>(bytes[at + high]) & 0xFC : 0;
+        return bits == 0xD8 ? Half::First : bits == 0xDC ? Half::Second : Half::None;
+    };
+    if (bytes.size() % 2 != 0) throwAt(bytes, bytes.size(), "half a UTF-16 character");
+    for (std::size_t at = 0; at < bytes.size(); at += 2) {
+        if (half(at) == Half::None) continue;
+        if (half(at) == Half::Second || half(at + 2) != Half::Second) throwAt(bytes, at, kHalfPair);
+        at += 2;
+    }
+}
+
+// Bytes 80 to 9F of Windows-1252; 0 for an unassigned byte, which is kept as a control character.
 constexpr std::array<char16_t, 32> kWindows1252{
     0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
-// Whether the declaration of the file names the encoding, which is told in capitals.
+// True when the XML declaration names the encoding, given in capitals.
 bool declares(std::string_view bytes, std::string_view encoding) {
     if (!bytes.starts_with("<?xml")) return false;
     const std::string_view start = bytes.substr(0, 512);
@@ -37,8 +95,8 @@ struct Text {
     pugi::xml_encoding encoding;
 };
 
-// In UTF-8 where its bytes are one character each; other encodings are left to the parser. It would know
-// ISO-8859-1 as well, but tell the place of a failure in its own copy.
+// Converts single-byte encodings to UTF-8 and leaves others to pugixml. It could convert ISO-8859-1 too, but
+// would then report error positions in its own copy.
 Text decoded(std::string bytes) {
     const bool windows = declares(bytes, "WINDOWS-1252");
     if ((!windows && !declares(bytes, "ISO-8859-1")) || isAscii(bytes))
@@ -57,7 +115,7 @@ bool isBlank(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
 
-/// The text of an element in several pieces.
+/// Appends all text of an element that has child nodes.
 struct AllText : pugi::xml_tree_walker {
     explicit AllText(std::string& out) : text(out) {}
     bool for_each(pugi::xml_node& node) override {
@@ -69,7 +127,7 @@ struct AllText : pugi::xml_tree_walker {
 
 class PugiDocument : public XmlDocument {
 public:
-    // In the heap the nodes, as large as the records made of them, lie below those and would stay resident.
+    // Returns freed pages to the system: the nodes lie below the records on the heap and would stay resident.
     ~PugiDocument() override {
         document.reset();
 #ifdef __GLIBC__
@@ -78,7 +136,7 @@ public:
     }
 
     pugi::xml_document document;
-    std::string source;  // the nodes point into it, or into what the parser has converted it to
+    std::string source;  // the nodes point into it, or into pugixml's converted copy
 
     XmlElement root() const override {
         return {this, document.document_element().internal_object()};
@@ -110,7 +168,7 @@ private:
         return std::nullopt;
     }
 
-    // The text in front of an element's children is its own value.
+    // The text before an element's first child is stored as the element's own value.
     std::string_view text(const void* node, std::string& buffer) const override {
         pugi::xml_node element = at(node);
         if (element.first_child().empty()) return element.value();
@@ -121,7 +179,7 @@ private:
     }
 };
 
-// What makes a text no document although each of its parts could be parsed.
+// Finds what makes a document invalid although pugixml can parse it.
 struct Failure {
     std::ptrdiff_t offset;
     const char* reason;
@@ -136,12 +194,11 @@ std::optional<Failure> contentOutsideRoot(const pugi::xml_document& document) {
     return std::nullopt;
 }
 
-// Parsing changes the text, so where it fails the line is looked for in the same bytes, got once more by
-// `again`.
+// Parsing overwrites the text. To find the line of an error, `again` provides the bytes once more.
 template <typename Again>
 std::unique_ptr<XmlDocument> parsed(std::string bytes, Again again) {
-    // Texts of blanks alone are kept where they are an element's only content, so that a comment of blanks
-    // survives. A text that is its element's value needs no node of its own, which halves their number.
+    // A text of blanks is kept if it is an element's only content, because a comment may consist of blanks.
+    // Storing an element's text as its value halves the number of nodes.
     constexpr unsigned kOptions =
         pugi::parse_default | pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata | pugi::parse_fragment;
     refuseHalfPairs(bytes);
@@ -168,6 +225,15 @@ std::unique_ptr<XmlDocument> PugiXmlParser::load(const std::string& filePath) {
 
 std::unique_ptr<XmlDocument> PugiXmlParser::parse(std::string_view bytes) {
     return parsed(std::string(bytes), [&] { return std::string(bytes); });
+}
+
+// 1130 means 1.13, and 1135 means 1.13.5.
+std::string pugiVersion() {
+    constexpr int kVersion = PUGIXML_VERSION;
+    std::string text =
+        "pugixml " + std::to_string(kVersion / 1000) + "." + std::to_string(kVersion / 10 % 100);
+    if (kVersion % 10 != 0) text += "." + std::to_string(kVersion % 10);
+    return text;
 }
 
 }  // namespace trevandix

@@ -2,15 +2,14 @@
 
 #include <string>
 
+#include "editor/MainWindow.h"
 #include "platform/Form.h"
-#include "platform/MainWindow.h"
-#include "platform/Messages.h"
 #include "platform/Services.h"
 #include "platform/Xml.h"
 
 namespace trevandix {
 
-/// Everything that the editor asks of the system, handed over by `main` or by a test. Nothing here is owned.
+/// Everything the editor needs from the system, provided by `main` or by a test. Owns nothing.
 struct Platform {
     Messages& messages;
     FileDialog& fileDialog;
@@ -21,8 +20,8 @@ struct Platform {
     Forms& forms;
     MainWindow& window;
     CommandBar& commands;
-    std::string programFolder;  ///< where New proposes its file, without a trailing separator
-    std::string stateFolder{};  ///< where unsaved work is kept for a crash; empty for nowhere
+    std::string programFolder;  ///< default folder for New, without a trailing separator
+    std::string stateFolder{};  ///< folder for recovery files; empty for none
 };
 
 }  // namespace trevandix

@@ -1,4 +1,4 @@
-#include "platform/posix/FileRegistry.h"
+#include "platform/SystemRegistry.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Only absolute folders count; empty when the system names none.
+// Ignores relative paths; empty when there is no such folder.
 fs::path configurationFolder() {
     const char* folder = std::getenv("XDG_CONFIG_HOME");
     if (folder != nullptr && *folder == '/') return folder;
@@ -29,7 +29,7 @@ bool write(const fs::path& file, std::string_view filePath) {
 
 }  // namespace
 
-bool FileRegistry::publish(std::string_view interfaceKind, std::string_view filePath) {
+bool SystemRegistry::publish(std::string_view interfaceKind, std::string_view filePath) {
     fs::path folder = configurationFolder();
     if (folder.empty()) return false;
     folder /= "VOSKAutomation";

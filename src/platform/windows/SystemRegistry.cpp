@@ -1,4 +1,4 @@
-#include "platform/windows/WindowsRegistry.h"
+#include "platform/SystemRegistry.h"
 
 #include <windows.h>
 
@@ -16,10 +16,10 @@ std::wstring wide(std::string_view text) {
     return result;
 }
 
-// The path in the system's single-byte characters; empty when it has others.
+// The text in the system's ANSI code page; empty if it has other characters.
 std::string ansi(const std::wstring& text) {
     const int size = static_cast<int>(text.size());
-    const bool utf8 = GetACP() == CP_UTF8;  // knows every character and takes no report of lost ones
+    const bool utf8 = GetACP() == CP_UTF8;  // UTF-8 has every character and accepts no lost-character flag
     const DWORD flags = utf8 ? 0 : WC_NO_BEST_FIT_CHARS;
     BOOL lost = FALSE;
     BOOL* report = utf8 ? nullptr : &lost;
@@ -30,7 +30,7 @@ std::string ansi(const std::wstring& text) {
     return result;
 }
 
-// The length leaves out the terminating zero: the server reads it so.
+// The size excludes the terminating zero, as the server expects.
 LSTATUS setValue(HKEY key, const std::wstring& filePath) {
     const std::string bytes = ansi(filePath);
     if (bytes.empty() && !filePath.empty()) {
@@ -54,7 +54,7 @@ bool publishInView(const std::string& path, const std::wstring& filePath, REGSAM
 
 }  // namespace
 
-bool WindowsRegistry::publish(std::string_view interfaceKind, std::string_view filePath) {
+bool SystemRegistry::publish(std::string_view interfaceKind, std::string_view filePath) {
     const std::string path = "Software\\VOSKAutomation\\" + std::string(interfaceKind);
     const std::wstring file = wide(filePath);
     const bool in64 = publishInView(path, file, KEY_WOW64_64KEY);
