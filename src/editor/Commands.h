@@ -5,23 +5,22 @@
 
 namespace trevandix {
 
-/// Where a command stands in the toolbar.
+/// The toolbar button of a command.
 struct ToolButtonSpec {
     std::string_view key{};    ///< empty for no button
-    int place = 0;             ///< from the left; a separator stands where the tens change
-    std::string_view image{};  ///< empty for an image of the key's name
+    int place = 0;             ///< order from the left; a separator follows where the tens digit changes
+    std::string_view image{};  ///< empty if the image has the key's name
 };
 
-/// A command, or a separator of its menu if it has no name.
+/// A command; without a name, a separator in its menu.
 struct CommandSpec {
-    /// The menu that it stands in, or the command's own name for a menu that is nothing but this command.
-    /// Empty for a key alone, such as "F3", which counts in the main window and in the modeless windows
-    /// beside it.
+    /// Its menu; its own name if it is itself on the menu bar. Empty for a command with only a shortcut, such
+    /// as "F3", which works in the main window and its modeless windows.
     std::string_view menu;
     std::string_view name{};
     std::string_view caption{};   ///< "&" marks the access key
-    std::string_view shortcut{};  ///< as shown behind the caption, such as "Ctrl+N"; empty for none
-    std::string_view hint{};      ///< what it does, in a few words
+    std::string_view shortcut{};  ///< such as "Ctrl+N"; empty for none
+    std::string_view hint{};      ///< what the command does, in a few words
     ToolButtonSpec button{};
 };
 
@@ -31,8 +30,8 @@ struct MenuSpec {
     std::string_view caption;
 };
 
-/// Everything by which the main window offers commands: the menus from the left, the commands of each menu
-/// from the top.
+/// All commands of the main window: the menus from left to right, and the commands of each menu from top to
+/// bottom.
 struct CommandTables {
     std::span<const MenuSpec> menus;
     std::span<const CommandSpec> commands;

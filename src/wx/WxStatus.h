@@ -10,9 +10,9 @@
 
 namespace trevandix {
 
-/// The status bar, with one field for each StatusField. A field shows the first line of its text, shortened in
-/// the middle if it is too long; the tooltip shows the whole text. The hint of a menu entry or button is shown
-/// instead of the selection.
+/// The status bar, with one field for each StatusField. A field shows the first line of its text, shortened
+/// in the middle if it is too long; the tooltip shows the whole text. The hint of a menu entry or button is
+/// shown instead of the selection.
 class WxStatusBar : public wxStatusBar {
 public:
     explicit WxStatusBar(wxWindow* parent);
