@@ -1,53 +1,26 @@
-// Random commands until there have been as many as told: for a night, where the fuzzer looks for new ways
-// through the program and this one goes the same ways again and again. The sequence that found a fault, or
-// ended the program, is left in a file.
-//     fuzz-Steps [STEPS]    1,000,000 unless told
-//     fuzz-Steps FILE       that sequence once more
-#include <cstddef>
+// Random users until there have been as many steps as told, each compared with the reference:
+// for a night, where the tests take seconds. A difference is printed with the steps that are needed for it.
+//     fuzz-Steps [STEPS [SEED]]    1,000,000 steps unless told, walks of 2,000 from the seed on, 1 unless
+//     told
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
-#include <filesystem>
-#include <random>
-#include <string>
 
-#include "FakePlatform.h"
-#include "Targets.h"
-
-namespace {
-
-constexpr std::size_t kLongest = 2000;  // steps of one sequence
-const std::string kFile = "steps.bin";
-
-std::string randomBytes(unsigned seed) {
-    std::mt19937 random(seed);
-    std::string bytes(40 * kLongest, '\0');
-    for (char& byte : bytes) byte = static_cast<char>(random());
-    return bytes;
-}
-
-}  // namespace
+#include "RandomSteps.h"
 
 int main(int count, char** arguments) {
-    const std::string argument = count > 1 ? arguments[1] : "1000000";
-    const bool replay = std::filesystem::exists(argument);
-    const unsigned long long wanted = replay ? 1 : std::strtoull(argument.c_str(), nullptr, 10);
-    std::random_device seeds;
+    constexpr std::size_t kLongest = 2000;
+    const unsigned long long wanted = count > 1 ? std::strtoull(arguments[1], nullptr, 10) : 1'000'000;
+    unsigned seed = count > 2 ? static_cast<unsigned>(std::strtoul(arguments[2], nullptr, 10)) : 1;
     unsigned long long steps = 0;
-    int sequences = 0;
-    while (steps < wanted) {
-        const std::string bytes = replay ? trevandix::testing::readFile(argument) : randomBytes(seeds());
-        if (!replay) trevandix::testing::writeFile(kFile, bytes);
-        try {
-            steps += trevandix::fuzz::Commands(bytes, {.mostSteps = kLongest});
-        } catch (const std::exception& fault) {
-            std::printf("after %llu steps: %s; again: fuzz-Steps %s\n", steps, fault.what(),
-                        replay ? argument.c_str() : kFile.c_str());
-            return 1;
-        }
-        ++sequences;
+    for (; steps < wanted; ++seed) {
+        const auto walked = trevandix::testing::walk(seed, kLongest, seed % 4 == 0);
+        steps += walked.steps.size();
+        if (walked.difference.empty()) continue;
+        std::printf("seed %u, step %zu:\n%s\n", seed, walked.steps.size(), walked.difference.c_str());
+        std::fflush(stdout);  // finding the steps that are needed may take a while
+        std::printf("%s\n", walked.told().c_str());
+        return 1;
     }
-    if (!replay) std::filesystem::remove(kFile);
-    std::printf("%llu steps in %d sequences: tree and collections agreed after each\n", steps, sequences);
+    std::printf("%llu steps: editor and reference agreed after each\n", steps);
     return 0;
 }

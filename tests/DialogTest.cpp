@@ -291,32 +291,6 @@ TEST(Dialogs, ADataTypeOfAnotherNameKeepsItsNode) {
     work(place, "edit holding register", {{"", "txtReadCode=3"}});
 }
 
-TEST(Dialogs, AChosenTablePresetsTheCodes) {
-    DialogPlace place;
-    const std::string noWriting =
-        "txtWriteCode=|txtSingleCode=|chkSingle=off|off=txtWriteCode chkSingle txtSingleCode|txtReadCode=";
-    work(place, "ModBus; mnuAddMBType",
-         {{"cmbMBType=input status", noWriting + "2"},
-          {"cmbMBType=coil", "txtReadCode=1|txtWriteCode=15|txtSingleCode=5|chkSingle=on|off="},
-          {"cmbMBType=input register", noWriting + "4"},
-          {"cmbMBType=holding register", "txtReadCode=3|txtWriteCode=16|txtSingleCode=6|chkSingle=on|off="},
-          {"chkSingle", "txtSingleCode=|off=txtSingleCode"},
-          {"chkSingle", "off="}});
-}
-
-// Also from a branch that lists items.
-TEST(Dialogs, OnlyTheNodesThatTheyAddToOpenThem) {
-    DialogPlace place;
-    plant(place, {"U.B.I"});
-    for (const auto& [key, opened] : Fields{{"top", "frmPLC"},
-                                            {"ModBus", "frmModBus"},
-                                            {"holding register", ""},
-                                            {"U", "frmBranch frmItems"},
-                                            {"U.B", "frmModBus frmBranch frmItems"},
-                                            {"U.B.I", ""}})
-        play(place, {{key + "; mnuAddPlc; mnuAddMBType; mnuAddBranch; mnuAddItem", "opens " + opened}});
-}
-
 TEST(ItemDialog, TheTableDecidesTypesAndRightsAndTheTypeDecidesBitAndElements) {
     DialogPlace place;
     plant(place, {"ModBus.coil", "ModBus.my register", "U.B.I"});
@@ -416,14 +390,6 @@ TEST(ItemDialog, TheGroupPanelTakesNumbersOnly) {
         form.fill("cmdGroup|cmdOkNumber");
         EXPECT_EQ(place.pointer.shapes.front(), Pointer::Hourglass);
     });
-}
-
-TEST(ItemDialog, ARecordSharedByADraggedCopyIsEditedUnderTheNodesKey) {
-    DialogPlace place;
-    plant(place, {"U.B.Run", "U.C/"});
-    play(place, {{"copy U.B.Run to U.C; edit U.B.Run: txtAddress=77", ""}});
-    EXPECT_EQ(place.item("U.B.Run").nAddress(), 77);
-    EXPECT_EQ(place.item("U.C.Run").nAddress(), 0);
 }
 
 }  // namespace

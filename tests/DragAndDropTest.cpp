@@ -47,31 +47,6 @@ TEST(DragAndDrop, MovesAndCopiesWhereItMay) {
     }
 }
 
-TEST(DragAndDrop, ACopySharesItsRecords) {
-    PlantedWorkplace place({"U", "U.A/", "U.A.S/", "U.A.S.x", "V"});
-    play(place, {{"copy U.A to V", "tree V: A(S(x))"}});
-    EXPECT_EQ(place.configuration.items.at("U.A.S.x"), place.configuration.items.at("V.A.S.x"));
-    EXPECT_EQ(place.configuration.branches.at("U.A.S"), place.configuration.branches.at("V.A.S"));
-    EXPECT_EQ(place.item("U.A.S.x").sKey(), "V.A.S.x");
-    // The source is found by its node's key still, whatever its record says.
-    play(place, {{"drag U.A.S to U", "tree U: A S(x)"},
-                 {"U.S; mnuDelete",
-                  "tree top: ModBus U(A) V(A(S(x))) | said Are you sure you want to delete S and all "
-                  "its items?"}});
-}
-
-TEST(DragAndDrop, AMoveKeepsOrderLookAndASortedParent) {
-    PlantedWorkplace place(
-        {"U", "U.A/", "U.A.z", "U.A.a", "U.A.m/", "U.A.m.q", "V", "V.Z/", "V.a", "W", "W.x"});
-    play(place,
-         {{"V; drag U.A to V", "tree V: a A(z a m(q)) Z"},
-          {"drag W to V.Z", "tree top: ModBus U V(a A(z a m(q)) Z(W))"}});  // a unit, without its records
-    EXPECT_EQ(place.node("V.A.m").tag(), NodeTag::Branch);
-    EXPECT_EQ(place.node("V.A.m.q").look().selectedImage, Image::Item);
-    EXPECT_EQ(place.node("V.Z.W").tag(), NodeTag::Plc);
-    EXPECT_TRUE(place.configuration.units.contains("W") && place.configuration.items.contains("W.x"));
-}
-
 TEST(DragAndDrop, AFailureHalfWayKeepsWhatWasDone) {
     for (const std::string way : {"drag", "copy"}) {
         // The item "A.x" of V takes the key that the branch's item needs.

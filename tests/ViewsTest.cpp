@@ -67,18 +67,6 @@ TEST(Views, ListAndCommandsOfEveryKindOfNode) {
     expectOn(start);
 }
 
-// A sub-branch that comes first keeps the bulk pastes off although items follow it. After a copy by dragging
-// two nodes share a record, which names the copy; each row still leads to its own node.
-TEST(Views, RowsOfABranch) {
-    PlantedWorkplace place({"P", "P.A/", "P.A.AAA/", "P.A.Run", "P.A.alpha", "P.B/"});
-    play(place, {{"copy P.A.Run to P.B; P.A", "list P.A: alpha Run"}});
-    EXPECT_FALSE(place.window.menus["mnuPasteName"]);
-    EXPECT_EQ(place.list.rows().at(1).key, "P.A.Run");
-    play(place, {{"P.B", "list P.B: Run"}});
-    EXPECT_TRUE(place.window.menus["mnuPasteName"]);
-    EXPECT_EQ(place.list.rows().at(0).key, "P.B.Run");
-}
-
 // What hides or deletes the selected node runs the select-node routine on the one that is selected then. A
 // row whose node has gone only reports the error.
 TEST(Views, ListShowsTheSelectedNode) {

@@ -13,7 +13,6 @@
 #include <stdexcept>
 
 #include "FakePlatform.h"
-#include "Targets.h"
 #include "editor/CommandTable.h"
 #include "wx/WxBasics.h"
 #include "wx/WxListView.h"
@@ -63,10 +62,7 @@ public:
             &RandomUser::drag,          &RandomUser::find,      &RandomUser::openMenu,
             &RandomUser::choose};
         messages_.answers.assign(4, below(3) == 0 ? Answer::No : Answer::Yes);
-        forms_.scripts.assign(1, [this](FakeForm& form) {
-            fuzz::fillDialog(
-                form, [this] { return below(256); }, [this] { return name(); });
-        });
+        forms_.scripts.assign(1, [this](FakeForm& form) { fillDialog(form); });
         clipboard_.contents = name() + "\r\n" + name();
         const std::vector<std::string> before = rowKeys();
         did_.clear();
@@ -87,6 +83,32 @@ private:
     unsigned below(std::size_t count) { return static_cast<unsigned>(random_() % count); }
     std::string name() {
         return std::string(1, static_cast<char>('A' + below(26))) + std::to_string(below(90));
+    }
+
+    // A form has not every control, and not each can be used at all times.
+    static void tryTo(const std::function<void()>& action) {
+        try {
+            action();
+        } catch (const RuntimeError&) {
+        } catch (const std::logic_error&) {
+        }
+    }
+
+    void fillDialog(FakeForm& form) {
+        for (const std::string field :
+             {"txtName", "txtBranchName", "txtItemName", "txtComment", "txtUI", "txtAddress"}) {
+            const bool number = field == "txtUI" || field == "txtAddress";
+            tryTo([&] { form.type(field, number ? std::to_string(below(256)) : name()); });
+        }
+        for (const char* list : {"cmbMBType", "cmbModbusType", "cmbDataType", "cmbAccessRight", "cmbBit"}) {
+            tryTo([&] {
+                const Texts items = form.items(list);
+                if (!items.empty()) form.choose(list, items[below(items.size())]);
+            });
+        }
+        for (const char* button :
+             {below(4) == 0 ? "cmdAdd" : "cmdOk", below(8) == 0 ? "cmdCancel" : "cmdOk", "Command2"})
+            tryTo([&] { form.press(button); });
     }
 
     // Until neither input nor anything that it has caused is under way.

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+#include "FakePlatform.h"
+#include "Reference.h"
+
+namespace trevandix::testing {
+
+/// The editor without a screen, and the reference beside it.
+class Desk {
+public:
+    Desk();
+    /// Does the step on both. The first line in which they differ then; empty when they do not.
+    std::string apply(const Step& step);
+    const Reference& reference() const { return reference_; }
+
+private:
+    void act(const Step& step);
+    void work(FakeForm& form, const Texts& entries);
+    Texts seen();
+    TreeNode* node(const std::string& key);
+
+    Workplace place_;
+    Reference reference_;
+    Texts log_;
+    FakeForm* find_ = nullptr;
+    std::uint64_t revision_ = 0;
+    Texts content_;
+};
+
+}  // namespace trevandix::testing

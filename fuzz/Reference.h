@@ -1,0 +1,206 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace trevandix::testing {
+
+/// One thing that a user does. `verb` is a command, or one of: click, edit (a double click), expand, collapse
+/// and drag, copy with a node's `key`; rows, editRow, sort, focus; find, next, endFind. `arg` is the target,
+/// the rows, the header, the view, the text to find, the clipboard or the file, each where it is wanted.
+/// `entries` go into the dialog, `answers` to the questions: y, n, c.
+struct Step {
+    std::string verb;
+    std::string key{};
+    std::string arg{};
+    std::vector<std::string> entries{};
+    std::string answers{};
+    std::string told() const;
+};
+
+/// The rules of the editor once more, in maps and vectors and as they are described: what the editor is
+/// compared with. A value: copies are states to come back to.
+class Reference {
+public:
+    using Texts = std::vector<std::string>;
+    using Record = std::map<std::string, std::string>;  // texts by the names of fields
+    struct Node {
+        std::string key, text, tag, image, selectedImage;
+        bool expanded = false, sorted = false;
+        int parent = 0;
+        std::vector<int> children{};
+    };
+    struct Row {
+        std::string key, icon;
+        Texts cells;
+    };
+    /// A dialog that is open: its controls by their names.
+    struct Box {
+        std::string text{};
+        Texts items{};
+        bool on = true, checked = false;
+    };
+    struct Sheet {
+        std::string name;
+        bool edit = false;
+        std::map<std::string, Box> boxes{};
+        bool open = true, panel = false;
+        std::string oldKey{};
+        Record old{};
+        std::string& text(const std::string& box) { return boxes.at(box).text; }
+    };
+
+    /// `folder` with its separator at the end.
+    explicit Reference(std::string folder) : folder_(std::move(folder)) {}
+
+    void apply(const Step& step);
+    /// Everything there is to see, and what was said and asked since the step began. The same lines for the
+    /// editor come from `seenIn`.
+    Texts seen() const;
+
+    /// The lines of a file of it, sorted, as the order of siblings is no change; empty when it cannot be
+    /// written.
+    Texts content();
+
+    // What the choice of the next step looks at.
+    std::vector<int> order() const;
+    const Node& node(int id) const { return nodes_.at(id); }
+    int find(const std::string& key) const;
+    int selected() const { return selected_; }
+    std::size_t rowCount() const { return rows_.size(); }
+    const Row& row(std::size_t row) const { return rows_.at(row); }
+    const std::vector<std::size_t>& selectedRows() const { return selectedRows_; }
+    bool treeVisible() const { return treeVisible_; }
+    bool enabled(const std::string& command) const;
+    /// False for a file whose texts a parser may take for markup: what comes of it is told elsewhere.
+    bool readable(const std::string& name) const {
+        return files_.contains(folder_ + name) && !doubtful_.contains(folder_ + name);
+    }
+
+private:
+    struct Failure {
+        int number;
+        std::string procedure{};
+    };
+    using Body = std::function<void()>;
+    using Entry = std::pair<std::string, int>;  // key and record
+
+    // Tree and collections, as their errors tell: 5 no record, 457 key taken, 35601 no node, 35602 key taken.
+    int at(const std::string& key) const;
+    int add(int parent, const std::string& key, const std::string& text, const std::string& tag,
+            const std::string& image, const std::string& selectedImage);
+    void place(int id);
+    void remove(int id);
+    void sort(int id);
+    void makeVisible(int id);
+    void rename(int id, const std::string& key, const std::string& text);
+    bool lies(int id, int top) const;
+    int below(int id, int after) const;
+    std::vector<int> subtree(int top) const;
+    const Entry* entry(const std::string& tag, const std::string& key) const;
+    int recordAt(const std::string& tag, const std::string& key) const;
+    Record& record(const std::string& tag, const std::string& key) { return records_[recordAt(tag, key)]; }
+    void put(const std::string& tag, const std::string& key, int record);
+    void drop(const std::string& tag, const std::string& key);
+    void dropRecords(int top);
+    int store(Record record);
+    int addWithRecord(const std::string& tag, int record, int parent, const std::string& selectedImage);
+
+    void guarded(const std::string& procedure, const Body& body);
+    void say(const std::string& text) { log_.push_back("say " + text); }
+    char ask(const std::string& text);
+    void enable(const std::string& situation);
+    void enableFor(int id);
+
+    void select(int id);
+    void fillList(int id);
+    void addRow(const std::string& tag, const std::string& key, bool index);
+    void sortRows();
+    void selectRows(const std::set<std::string>& keys);
+    void showAs(int mode);
+    void clickList();
+    void editSelected(const Texts& entries);
+    void command(const Step& step);
+    void addObject(const std::string& command, const Texts& entries);
+    void copyItems();
+    void pasteItems();
+    void deleteObjects();
+    void deleteRows();
+    void drag(int source, int target, bool copies);
+    void copyBelow(int source, int target);
+    void shareRecord(int source, int target);
+    void pasteTexts(bool names, const std::string& clipboard, const Texts& entries);
+    void pasteNames(const Texts& lines, const std::vector<std::size_t>& rows);
+    bool nameClashes(const Texts& lines, const std::vector<std::size_t>& rows) const;
+    void lookFor(const std::string& text, int passed);
+
+    void initObjects();
+    char askToSave(const std::string& question, const std::string& choice);
+    void newConfiguration(const std::string& choice, const Texts& entries);
+    void open(const std::string& path);
+    void buildRoot();
+    void save(const std::string& choice);
+    void saveAs(const std::string& choice);
+    bool write();
+    void close(const std::string& choice);
+    void read(const std::string& bytes);
+    std::string written(bool& plain);
+    void writeBelow(int id, int depth, std::string& out, bool& plain);
+
+    Sheet sheet(const std::string& name, bool edit, const Texts& boxes);
+    void work(Sheet& sheet, const Texts& entries);
+    bool enter(Sheet& sheet, const std::string& entry);
+    std::string shown(const Sheet& sheet) const;
+    void pressed(Sheet& sheet, const std::string& control);
+    bool nameTaken(const std::string& tag, const std::string& name, bool edit);
+    Sheet unitSheet(bool edit);
+    Sheet typeSheet(bool edit);
+    Sheet itemSheet(bool edit);
+    std::string wrongUnit(Sheet& sheet) const;
+    std::string wrongItem(Sheet& sheet) const;
+    void confirmUnit(Sheet& sheet);
+    void confirmType(Sheet& sheet);
+    void confirmBranch(Sheet& sheet);
+    bool confirmItem(Sheet& sheet);
+    void replace(const std::string& tag, const std::string& oldKey, Record record);
+    void chooseTable(Sheet& sheet);
+    void chooseLabel(Sheet& sheet);
+    void presetType(Sheet& sheet);
+    void addAndIncrement(Sheet& sheet);
+    void addGroup(Sheet& sheet);
+
+    std::string folder_;
+    std::map<int, Node> nodes_;  // numbered in order of addition
+    int nextNode_ = 1, root_ = 0, selected_ = 0, highlight_ = 0;
+    std::map<std::string, std::vector<Entry>> collections_;
+    std::map<int, Record> records_;
+    std::string kind_ = "TrevandixTcpIp", path_;
+    bool open_ = false, saved_ = false, treeVisible_ = false, panelVisible_ = false;
+    std::map<std::string, int> counters_;
+    int pasteCounter_ = 1;
+    std::vector<int> buffer_{-1};
+    std::string enabled_ = "start", focus_ = "none";
+    bool listVisible_ = false, listSorted_ = false;
+    std::size_t sortKey_ = 0;
+    int mode_ = 3;
+    std::optional<std::string> subject_;
+    Texts columns_;
+    std::vector<Row> rows_;
+    std::vector<std::size_t> selectedRows_;
+    bool finding_ = false;
+    int matches_ = 0;
+    bool added_ = false;                        // the dialog's result
+    std::map<std::string, std::string> files_;  // bytes by path
+    std::set<std::string> doubtful_;
+    std::string wrote_, answers_;
+    Texts log_;
+};
+
+Reference::Texts pieces(const std::string& text, const std::string& separator);
+
+}  // namespace trevandix::testing
