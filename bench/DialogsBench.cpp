@@ -3,7 +3,7 @@
 
 #include <cstdlib>
 
-#include "DialogSteps.h"
+#include "Plant.h"
 
 namespace trevandix::bench {
 
@@ -15,16 +15,15 @@ using namespace trevandix::testing;
 void addGroup(benchmark::State& state) {
     for (auto _ : state) {
         state.PauseTiming();
-        auto place = std::make_unique<Workplace>();
-        startPlant(*place);
-        addUnit(*place, "Unit", "1");
-        addBranch(*place, "Unit", "Branch");  // selected, its children not sorted yet
+        auto place =
+            std::make_unique<PlantedWorkplace>(Texts{"ModBus.holding register", "Unit", "Unit.Branch/"});
+        place->at("Unit.Branch");
         state.ResumeTiming();
         runDialog(*place, "mnuAddItem", [&](FakeForm& form) {
-            fillItem(form, "First");
-            form.press("cmdGroup");
-            form.type("txtNumbItems", std::to_string(state.range(0)));
-            form.press("cmdOkNumber");
+            form.fill(
+                "txtItemName=First|cmbModbusType=holding register|cmbDataType=signed 16 bit|"
+                "txtAddress=1|cmbAccessRight=READ|cmdGroup|txtNumbItems=" +
+                std::to_string(state.range(0)) + "|cmdOkNumber");
         });
         state.PauseTiming();
         if (place->configuration.items.size() != static_cast<std::size_t>(state.range(0))) std::abort();
@@ -37,16 +36,12 @@ BENCHMARK(addGroup)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillise
 
 // Renaming a unit with `range(0)` items in 100 branches below it.
 void renameUnit(benchmark::State& state) {
-    Workplace place;
-    startPlant(place);
-    addUnit(place, "Unit0", "1");
-    for (int branch = 0; branch < 100; ++branch) addBranch(place, "Unit0", "Branch" + std::to_string(branch));
+    PlantedWorkplace place({"Unit0"});
+    for (int branch = 0; branch < 100; ++branch)
+        plantBranch(place.configuration, place.node("Unit0"), "Branch" + std::to_string(branch));
     for (std::int64_t i = 0; i < state.range(0); ++i) {
-        TreeNode& container = place.node("Unit0.Branch" + std::to_string(i % 100));
-        clsItem item;
-        item.sName("Item" + std::to_string(i));
-        item.sKey(makeKey(item.sName(), container, false));
-        place.configuration.addItem(std::move(item), container);
+        plantItem(place.configuration, place.node("Unit0.Branch" + std::to_string(i % 100)),
+                  "Item" + std::to_string(i));
     }
     int name = 0;
     for (auto _ : state) {
