@@ -117,16 +117,17 @@ private:
     void attributes(const std::vector<std::string>& fixed) {
         std::string_view rest = content_;
         if (depth_ != 2 || !rest.starts_with(fixed.front())) fail(fixed.front());
+        rest.remove_prefix(fixed.front().size());
         if (!rest.ends_with(fixed.back()) || rest.find('\r') != std::string_view::npos) fail(fixed.back());
         rest.remove_suffix(fixed.back().size());
-        std::string mendedLine(fixed.back());
-        for (std::size_t i = fixed.size() - 1; i-- > 0;) {
-            const std::size_t place = i == 0 ? 0 : rest.rfind(fixed[i]);
+        std::string behind(fixed.back());
+        for (std::size_t i = fixed.size() - 1; i-- > 1;) {
+            const std::size_t place = rest.rfind(fixed[i]);
             if (place == std::string_view::npos) fail(fixed[i]);
-            mendedLine.insert(0, fixed[i] + escaped(rest.substr(place + fixed[i].size())));
+            behind.insert(0, fixed[i] + escaped(rest.substr(place + fixed[i].size())));
             rest = rest.substr(0, place);
         }
-        print(mendedLine);
+        print(fixed.front() + escaped(rest) + behind);
     }
 
     // Everything below a unit. Walks without recursion: branches may nest as deeply as they like.
