@@ -35,9 +35,10 @@ struct Character {
 // do. Everything else that looks like one is what somebody typed.
 Character characterAt(std::string_view bytes) {
     constexpr std::string_view kPrefix = "&#x";
+    constexpr std::size_t kLongest = kPrefix.size() + 7;  // six digits and ";"
     const Character byte{static_cast<unsigned char>(bytes.front()), 1};
     if (!bytes.starts_with(kPrefix)) return byte;
-    const std::size_t stop = bytes.find(';');
+    const std::size_t stop = bytes.substr(0, kLongest).find(';');
     if (stop == std::string_view::npos) return byte;
     const std::string_view digits = bytes.substr(kPrefix.size(), stop - kPrefix.size());
     unsigned value = 0;
