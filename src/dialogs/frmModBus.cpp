@@ -9,7 +9,7 @@ namespace trevandix {
 
 namespace {
 
-// The buttons come before the single write code: kept, that is the order of the Tab key.
+// In Tab order: the buttons come before the single write code.
 constexpr std::array kControls{
     ControlSpec{ControlKind::Heading, "lblHeading", "Enter ModBus data Type properties:"},
     ControlSpec{ControlKind::Choice, "cmbMBType", "Mod Bus Data Type"}.describedAs(

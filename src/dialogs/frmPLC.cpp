@@ -135,7 +135,7 @@ bool frmPLC::CheckFields(const UnitFields& unit) {
 void frmPLC::cmdOk_Click() {
     const UnitFields unit = fields();
     if (!CheckFields(unit)) {
-        form_->close();  // unlike the other dialogs: kept, users know it so
+        form_->close();  // unlike the other dialogs, which stay open
         return;
     }
     Configuration& configuration = context_.configuration;

@@ -122,8 +122,7 @@ void ClipboardEditing::deleteNode(TreeNode& node) {
             return deleteItem(node);
         case NodeTag::Config:
         case NodeTag::ModBus:
-        case NodeTag::DataType:  // stays although Delete is enabled for it: kept, items may still use the
-                                 // type
+        case NodeTag::DataType:  // Delete is enabled but does nothing: items may still use the type
             return;
     }
 }

@@ -54,7 +54,7 @@ void EnMenuButt(CommandBar& commands, const EnablingRow& row) {
         if (!command.button.key.empty()) commands.enableButton(command.button.key, row[command.flag]);
     }
     commands.enableMenu("mnuFile", row[fileO]);
-    // Delete counts for the Objects menu and not for Edit, where it stands: kept, users know it so.
+    // Delete enables the Objects menu, not the Edit menu that it stands in.
     commands.enableMenu("mnuObjects", row[ambO] || row[abrO] || row[aitO] || row[aplO] || row[dltO]);
     commands.enableMenu("mnuEdit", row[cpyO] || row[cutO] || row[pstO]);
     commands.enableMenu("mnuView", row[vewO]);

@@ -138,7 +138,7 @@ void FileCommands::finishLoad() {
     context_.enable(Situation::AfterNew);
     context_.platform.window.focusTree();
     reading_ = true;
-    context_.platform.window.processEvents();  // keys that were pressed meanwhile come to nothing
+    context_.platform.window.processEvents();  // discards keys typed during the load
     reading_ = false;
 }
 

@@ -69,7 +69,7 @@ void Recovery::idle(Time now, Time lastInput) {
     try {
         write({});
     } catch (const std::exception&) {
-        // A full disk, or a command in the middle of its work: another try later.
+        // A full disk, or a command that is still running: tries again later.
     }
 }
 
@@ -96,7 +96,7 @@ void Recovery::keepForNextStart() {
     reportErrors(context_.platform.messages, "keepForNextStart", [&] {
         write(FileStamp{0, std::chrono::file_clock::now()}.localTime());
     });
-    files_.leave();  // what a failure has kept from before stays the best there is
+    files_.leave();  // after a failed write, the content kept before remains
     forget();
 }
 

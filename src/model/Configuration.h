@@ -80,8 +80,8 @@ public:
     void replaceItem(TreeNode& node, clsItem record);
     void replaceBranch(TreeNode& node, clsBranch record);
     void replaceUnit(TreeNode& node, clsPLC record);
-    /// The node keeps its key and text, and the old record is gone even when the new name is taken: kept,
-    /// that is how users know it. Errors: InvalidCall, KeyInCollection.
+    /// The node keeps its key and text. The old record is gone even when the new name is taken. Errors:
+    /// InvalidCall, KeyInCollection.
     void replaceDataType(const Key& editedName, clsModBusType record);
 
     /// Also for the other places that share the record. Errors: InvalidCall when there is no such item.

@@ -16,7 +16,7 @@ ItemPlace advanced(ItemPlace place, std::string_view table, std::string_view lab
         const std::int32_t total = place.bit + count;
         return {place.address + total / kRegisterBits, total % kRegisterBits};
     }
-    // One register more than an even number of bytes needs: kept, plants are laid out by it.
+    // An even number of bytes gets one register more than it needs: existing plants are laid out like that.
     if (type->bits == kByteBits) return {place.address + toInt32(count / 2.0) + 1, place.bit};
     return {place.address + count * (type->bits / kRegisterBits), place.bit};
 }

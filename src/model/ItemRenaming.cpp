@@ -19,7 +19,7 @@ public:
         for (ItemRenaming& renaming : renamings_) {
             if (!renaming.failure) claim(renaming);
         }
-        // Whoever stays keeps its key from the one that wanted it, which stays as well, and so on.
+        // An item that stays keeps its key, so the item that wanted this key stays too, and so on.
         while (!staying_.empty()) {
             const auto wanted = claims_.find(staying_.back()->key);
             staying_.pop_back();

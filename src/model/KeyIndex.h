@@ -36,7 +36,7 @@ public:
         std::size_t hole = search(key);
         if (cells_[hole].mark == kFree) return;
         --size_;
-        // What follows without a gap moves up where that brings it no further than to its own first place.
+        // Backward-shift deletion: fill the hole unless the entry would move before its home slot.
         for (std::size_t next = after(hole); cells_[next].mark != kFree; next = after(next)) {
             const std::size_t home = cells_[next].mark & mask();
             if (((next - home) & mask()) < ((next - hole) & mask())) continue;

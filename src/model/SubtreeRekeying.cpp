@@ -62,7 +62,7 @@ void SubtreeRekeying::check(const TreeNode& container) const {
     }
 }
 
-// First everything goes out under its old key, then in under the new one: a new key may be another's old one.
+// Removes all old keys before it adds the new ones: a new key may be the old key of another node.
 void SubtreeRekeying::apply() {
     for (Step& step : steps_) {
         if (step.node->tag() == NodeTag::Item) {

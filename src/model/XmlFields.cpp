@@ -20,7 +20,7 @@ std::string_view requiredAttribute(const XmlElement& element, std::string_view n
 }
 
 std::string attributeStart(std::string_view name) {
-    // The blanks around these equals signs and no others: kept, existing files are compared by their bytes.
+    // Blanks stand around these equals signs only: existing files are compared byte by byte.
     const bool blanks = name == "address" || name == "readcode";
     return " " + std::string(name) + (blanks ? " = \"" : "=\"");
 }

@@ -31,8 +31,8 @@ struct Character {
     std::size_t length;  // in the file
 };
 
-// The writer makes references with capitals and without leading zeros, and only where a single byte does not
-// do. Everything else that looks like one is what somebody typed.
+// The writer makes references with capital digits and without leading zeros, and only for characters outside
+// Latin-1. Anything else that looks like a reference is typed text.
 Character characterAt(std::string_view bytes) {
     constexpr std::string_view kPrefix = "&#x";
     constexpr std::size_t kLongest = kPrefix.size() + 7;  // six digits and ";"
@@ -193,7 +193,7 @@ private:
         return depth_ == depth && content_.starts_with(content);
     }
 
-    // What becomes of the current line, and on to the next.
+    // Prints this for the current line, and goes on to the next.
     void print(std::string_view content) {
         (out_ += content) += '\n';
         nextLine();
@@ -203,7 +203,7 @@ private:
         at_ = std::min(bytes_.find('\n', at_), bytes_.size() - 1) + 1;
         beginLine();
     }
-    // A copy that was made as a text file on the way has lost the first half of its line ends.
+    // A file that was transferred in text mode has line ends without CR.
     std::size_t lineStop() const {
         const std::size_t end = std::min(bytes_.find('\n', at_), bytes_.size());
         return end > at_ && bytes_[end - 1] == '\r' ? end - 1 : end;
