@@ -148,7 +148,7 @@ void Reference::pasteNames(const Texts& lines, const std::vector<std::size_t>& r
         rows_[each.row].cells[0] = each.name;
         rows_[each.row].key = each.newKey;
     }
-    if (!going.empty()) saved_ = false;
+    if (!going.empty() || failed.empty()) saved_ = false;
     if (!failed.empty()) throw Failure{failed.begin()->second};
 }
 

@@ -70,6 +70,7 @@ TEST(BulkPaste, PreviewWarnsWhenRowsAreNotInAddressOrder) {
 TEST(BulkPaste, EveryItemGetsItsNameOrKeepsItsOwn) {
     const std::string inCollection = failure(kKeyInCollection, "mnuPasteName_Click")[0];
     const std::string space = " | said Character ( ) not acceptable in string b c";
+    const std::string space2 = " / " + space.substr(8);
     // Onto a, b, c.
     for (const auto& [text, seen] :
          Fields{{" x \r\ny\r\nz\r\n", "list U.A: *x *y *z d | tree U.A: d S(b) x y z"},
@@ -77,6 +78,7 @@ TEST(BulkPaste, EveryItemGetsItsNameOrKeepsItsOwn) {
                 {"x\r\nb c\r\nz", "list U.A: *x *b *z d | tree U.A: b d S(b) x z" + space},
                 {"x\r\nS.b\r\nz", "list U.A: *x *b *z d | said Character (.) not acceptable in string S.b"},
                 {"x\r\nx\r\nz", "list U.A: *x *b *z d | said " + inCollection},
+                {"b c\r\nb c\r\nb c", "list U.A: *a *b *c d" + space + space2 + space2},
                 {"b\r\nb c\r\nz", "list U.A: *a *b *z d" + space + " / " + inCollection},
                 {"b\r\nc\r\nb c", "saved | list U.A: *a *b *c d" + space + " / " + inCollection},
                 {"b\r\na\r\nb", "list U.A: *b *a *c d | said " + inCollection},

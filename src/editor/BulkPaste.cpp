@@ -95,15 +95,18 @@ void BulkPaste::applyNames(const Lines& lines, const Rows& rows) {
         context_.configuration.renameItems(renamings);
     }
     std::optional<ErrorNumber> failure;
+    bool anyRenamed = false;
     for (std::size_t i = 0; i < renamings.size(); ++i) {
         if (renamings[i].failure) {
             if (!failure) failure = renamings[i].failure;
             continue;
         }
-        context_.configuration.setSaved(false);
+        anyRenamed = true;
         context_.list.setKey(renamed[i], renamings[i].newKey);
         context_.list.setCell(renamed[i], 0, renamings[i].name);
     }
+    // A paste that ends without an error counts as an edit, even where every line was refused.
+    if (anyRenamed || !failure) context_.configuration.setSaved(false);
     if (failure) throw RuntimeError(*failure);
 }
 
