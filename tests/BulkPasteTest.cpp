@@ -79,7 +79,6 @@ TEST(BulkPaste, EveryItemGetsItsNameOrKeepsItsOwn) {
                 {"x\r\nS.b\r\nz", "list U.A: *x *b *z d | said Character (.) not acceptable in string S.b"},
                 {"x\r\nx\r\nz", "list U.A: *x *b *z d | said " + inCollection},
                 {"b c\r\nb c\r\nb c", "list U.A: *a *b *c d" + space + space2 + space2},
-                {"b\r\nb c\r\nz", "list U.A: *a *b *z d" + space + " / " + inCollection},
                 {"b\r\nc\r\nb c", "saved | list U.A: *a *b *c d" + space + " / " + inCollection},
                 {"b\r\na\r\nb", "list U.A: *b *a *c d | said " + inCollection},
                 {"S\r\na\r\nz",
