@@ -6,7 +6,7 @@
 
 namespace trevandix::testing {
 
-TEST(AccessKeys, TakesTheFirstFreeLetterOfAWordThenAnyFreeOne) {
+TEST(AccessKeys, PreferTheFirstLetterOfAWord) {
     AccessKeys keys;
     keys.reserve("E&xit");
     for (const auto& [caption, marked] : Fields{{"Add Item", "&Add Item"},

@@ -31,7 +31,7 @@ struct BulkWorkplace : PlantedWorkplace {
 
 }  // namespace
 
-TEST(BulkPaste, LinesAsOtherProgramsLeaveThem) {
+TEST(BulkPaste, SplitsClipboardTextIntoLines) {
     const std::vector<std::pair<std::string_view, Texts>> cases{
         {"a\r\nb\r\n", {"a", "b"}},
         {"a\r\nb", {"a", "b"}},
@@ -67,7 +67,7 @@ TEST(BulkPaste, PreviewWarnsWhenRowsAreNotInAddressOrder) {
 }
 
 // All that can be renamed is, also where names are exchanged; the rest stays as it was.
-TEST(BulkPaste, EveryItemGetsItsNameOrKeepsItsOwn) {
+TEST(BulkPaste, RenamesEveryItemThatCanBeRenamed) {
     const std::string inCollection = failure(kKeyInCollection, "mnuPasteName_Click")[0];
     const std::string space = " | said Character ( ) not acceptable in string b c";
     const std::string space2 = " / " + space.substr(8);
@@ -101,7 +101,7 @@ TEST(BulkPaste, EveryItemGetsItsNameOrKeepsItsOwn) {
     }
 }
 
-TEST(BulkPaste, CommentsAndItemsAlone) {
+TEST(BulkPaste, PastesCommentsAndSingleItems) {
     BulkWorkplace place;
     play(place, {{"U.A; clipboard: x; mnuPasteName: ", "said Invalid selection"},
                  {"clipboard: ; U.A: b c; mnuPasteComment: ", "said Empty clipboard !"},

@@ -4,7 +4,7 @@
 
 namespace trevandix::testing {
 
-TEST(ClipboardEditing, PasteSaysWhatFailed) {
+TEST(ClipboardEditing, PasteReportsWhatFailed) {
     PlantedWorkplace place({"U", "U.A/", "U.B/", "U.B.y/", "U.A.x", "U.A.y", "U.A.z"});
     auto& buffer = behindTheDoor(place.configuration.state).copyBuffer;
     buffer.clear();

@@ -38,7 +38,7 @@ struct DialogPlace : Workplace {
     }
 };
 
-TEST(Dialogs, ShowAgainWhatWasEntered) {
+TEST(Dialogs, EditingShowsWhatWasEntered) {
     for (const auto& [parent, command, proposed, entered, seen, edited, shown] :
          std::vector<std::array<std::string, 7>>{
              {"top", "mnuAddPlc",
@@ -85,7 +85,7 @@ TEST(Dialogs, ShowAgainWhatWasEntered) {
     }
 }
 
-TEST(Dialogs, CheckUnits) {
+TEST(Dialogs, UnitFieldsAreChecked) {
     const std::string range = "UI identifier must be between 0 and 254.";
     const std::string number = "Invalid Port name. Missing port number.";
     const std::string differs = "Plc U has the same port but different ";
@@ -129,7 +129,7 @@ TEST(Dialogs, CheckUnits) {
                {"edit U: txtName=V|cmbBaud=9600", "said " + differs + "Baud Rate"}});
 }
 
-TEST(Dialogs, CheckItems) {
+TEST(Dialogs, ItemFieldsAreChecked) {
     const std::string range = "Memory address field is not valid. It must be between 0 and 65535.";
     DialogPlace place;
     plant(place, {"U.B.Other"});
@@ -151,7 +151,7 @@ TEST(Dialogs, CheckItems) {
 
 // Values that a dialog does not offer, as files may hold them: Ok keeps them, or says what is wrong with
 // them.
-TEST(Dialogs, OkKeepsWhatNobodyTouches) {
+TEST(Dialogs, OkKeepsUnusualValuesThatNobodyEdited) {
     const std::string unusual = " a  \"b\"\r\n<c>\t& ";
     using Units = std::vector<std::pair<void (*)(clsPLC&), std::string>>;
     const Units tcpIp{{[](clsPLC& u) { u.setAddress(" a  \"b\"\r\n<c>\t& "), u.setTimeout(-5); }, ""},
@@ -231,7 +231,7 @@ TEST(Dialogs, OkKeepsWhatNobodyTouches) {
     EXPECT_EQ(place.configuration.branches.at("U.")->sName(), "");
 }
 
-TEST(Dialogs, CheckDataTypes) {
+TEST(Dialogs, DataTypeFieldsAreChecked) {
     DialogPlace place;
     place.check("ModBus; mnuAddMBType",
                 {{"", "Check Read Function code"},
@@ -251,7 +251,7 @@ TEST(Dialogs, CheckDataTypes) {
     EXPECT_EQ(place.configuration.dataTypes.size(), 3U);
 }
 
-TEST(Dialogs, CheckBranches) {
+TEST(Dialogs, BranchNamesAreChecked) {
     DialogPlace place;
     plant(place, {"U./"});
     plantBranch(place.configuration, place.node("U"), "a.b");
@@ -269,7 +269,7 @@ TEST(Dialogs, CheckBranches) {
                   "list U.last: U | said " + failure(kOverflow, "mnuAddBranch_Click")[0]}});
 }
 
-TEST(Dialogs, ADataTypeOfAnotherNameKeepsItsNode) {
+TEST(Dialogs, RenamedDataTypeKeepsItsNode) {
     DialogPlace place;
     const auto& types = place.configuration.dataTypes;
     behindTheDoor(*types.at("holding register")).setSingleWrCode(0);
@@ -291,7 +291,7 @@ TEST(Dialogs, ADataTypeOfAnotherNameKeepsItsNode) {
     work(place, "edit holding register", {{"", "txtReadCode=3"}});
 }
 
-TEST(ItemDialog, TheTableDecidesTypesAndRightsAndTheTypeDecidesBitAndElements) {
+TEST(ItemDialog, TableLimitsTypesAndRightsAndTypeEnablesBitAndElements) {
     DialogPlace place;
     plant(place, {"ModBus.coil", "ModBus.my register", "U.B.I"});
     place.item("U.B.I").sDataType("holding register:array");
@@ -320,7 +320,7 @@ TEST(ItemDialog, TheTableDecidesTypesAndRightsAndTheTypeDecidesBitAndElements) {
           {"cmbDataType=array|cmbAccessRight=rw", "open=yes"}});
 }
 
-TEST(ItemDialog, EveryValueTypeMovesByItsSize) {
+TEST(ItemDialog, AddressAdvancesByTheSizeOfTheValue) {
     const std::string hr = "holding register";
     struct Case {
         std::string table, labels;
@@ -351,7 +351,7 @@ TEST(ItemDialog, EveryValueTypeMovesByItsSize) {
 }
 
 // A name that is taken; and one that passes the check, but whose key does not.
-TEST(ItemDialog, AGroupStopsAtTheFirstRefusal) {
+TEST(ItemDialog, GroupStopsAtTheFirstRefusedItem) {
     DialogPlace place;
     plant(place, {"U.B.New_Item_2", "U.C/", "U.C.New_Item_3/"});
     for (const auto& [branch, message] :
@@ -369,7 +369,7 @@ TEST(ItemDialog, AGroupStopsAtTheFirstRefusal) {
     work(place, "edit U.B.New_Item_1", {{"", "txtAddress=11|cmbBit=14|txtElements=20|txtComment="}});
 }
 
-TEST(ItemDialog, TheGroupPanelTakesNumbersOnly) {
+TEST(ItemDialog, GroupPanelAcceptsOnlyNumbers) {
     const std::string again = "hidden=|off=frmMain | said ";  // for another try
     const std::string invalid = again + "Number of items is not valid.";
     const std::string item =

@@ -9,7 +9,7 @@ const std::string kRefused = " | said Unable to drag nodes here";
 const std::string kInUse = " | said Name already in use at this level. Move not allowed";
 }  // namespace
 
-TEST(DragAndDrop, MovesAndCopiesWhereItMay) {
+TEST(DragAndDrop, MovesAndCopiesOnlyToAllowedTargets) {
     struct Case {
         std::string source;
         std::string target;
@@ -47,7 +47,7 @@ TEST(DragAndDrop, MovesAndCopiesWhereItMay) {
     }
 }
 
-TEST(DragAndDrop, AFailureHalfWayKeepsWhatWasDone) {
+TEST(DragAndDrop, FailedDropKeepsWhatWasCopied) {
     for (const std::string way : {"drag", "copy"}) {
         // The item "A.x" of V takes the key that the branch's item needs.
         PlantedWorkplace place({"U", "U.A/", "U.A.w", "U.A.x", "V"});
@@ -63,7 +63,7 @@ TEST(DragAndDrop, AFailureHalfWayKeepsWhatWasDone) {
     }
 }
 
-TEST(DragAndDrop, EndsWithoutADrop) {
+TEST(DragAndDrop, CanEndWithoutADrop) {
     PlantedWorkplace place({"U", "U.x", "V", "V.x"});
     const auto start = [&] {
         place.editor.TreeView1_MouseDown(&place.node("U.x"), {});

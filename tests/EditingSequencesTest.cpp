@@ -11,14 +11,14 @@
 
 namespace trevandix::testing {
 
-TEST(EditingSequences, EveryStepDoesWhatTheReferenceDoes) {
+TEST(EditingSequences, RandomStepsMatchTheReference) {
     for (unsigned seed = 1; seed <= 16; ++seed) {
         const Walk walked = walk(seed, 1500, seed % 4 == 0);
         ASSERT_EQ(walked.told(), "") << "seed " << seed;
     }
 }
 
-TEST(EditingSequences, EveryDisagreementIsNamed) {
+TEST(EditingSequences, InvariantsReportEveryDisagreement) {
     const Key item("U.B.x");
     const std::vector<std::pair<std::function<void(Configuration&)>, Texts>> rows{
         {[](Configuration&) {}, {}},
@@ -40,7 +40,7 @@ TEST(EditingSequences, EveryDisagreementIsNamed) {
 }
 
 #if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__)
-TEST(EditingSequences, AThousandRoundsOfOpenAndCloseKeepNoMemory) {
+TEST(EditingSequences, OpenAndCloseLeakNoMemory) {
     Workplace place;
     const std::string text = readFile(std::filesystem::path(TREVANDIX_SAMPLES) / "water-works.xml");
     const auto afterRounds = [&](int rounds) {

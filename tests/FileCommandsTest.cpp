@@ -45,7 +45,7 @@ TEST(FileCommands, SamplesComeBackByteForByte) {
     }
 }
 
-TEST(FileCommands, NewStartsEmptyBesideTheProgram) {
+TEST(FileCommands, NewConfigurationIsEmptyAndSavedBesideTheProgram) {
     Workplace place;
     EXPECT_FALSE(place.window.treeVisible);
     place.newConfiguration(kRtu);
@@ -63,7 +63,7 @@ TEST(FileCommands, NewStartsEmptyBesideTheProgram) {
     EXPECT_EQ(place.configuration.state.interfaceKind, kRtu);
 }
 
-TEST(FileCommands, SaveAsksBeforeItOverwrites) {
+TEST(FileCommands, SaveAsksBeforeOverwriting) {
     Changed place;
     const std::string question = "said File " + place.path("test.xml") + " already existing. Overwrite?";
     place.messages.answers = {Answer::Cancel};
@@ -84,7 +84,7 @@ TEST(FileCommands, SaveAsksBeforeItOverwrites) {
 }
 
 // A save that fails is told once; nothing is published and the configuration stays unsaved.
-TEST(FileCommands, FailedSaves) {
+TEST(FileCommands, FailedSaveIsReportedOnceAndNotPublished) {
     Changed place;
     std::filesystem::create_directory(place.folder / "folder.xml");
     for (const auto& [path, error] : Fields{{place.path("missing/x.xml"), "53  File not found"},
@@ -101,7 +101,7 @@ TEST(FileCommands, FailedSaves) {
 }
 
 // New, Open and Close ask when there are changes; what each answer leads to.
-TEST(FileCommands, SaveQuestions) {
+TEST(FileCommands, NewOpenAndCloseAskToSaveChanges) {
     for (const std::string command : {"mnuNewCfg", "mnuOpenCfg", "mnuCloseCfg"}) {
         const std::string question = command == "mnuCloseCfg"
                                          ? "said Do you want to save this configuration?"
@@ -122,7 +122,7 @@ TEST(FileCommands, SaveQuestions) {
     }
 }
 
-TEST(FileCommands, CloseAndExit) {
+TEST(FileCommands, CloseAndExitAskOnceAndEndTheConfiguration) {
     Changed place;
     place.messages.answers = {Answer::No};
     place.run("mnuCloseCfg");

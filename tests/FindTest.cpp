@@ -17,7 +17,7 @@ struct FindWorkplace : PlantedWorkplace {
 
 }  // namespace
 
-TEST(Find, PrefixWithoutRegardToCaseInOrderOfAddition) {
+TEST(Find, MatchesPrefixesIgnoringCaseInOrderOfAddition) {
     for (const auto& [text, key] : Fields{{"TANKS", "TANKS"},
                                           {"Tank9", "TANKS.tank9"},
                                           {"MAINt", "U.Tank.MainTank"},
@@ -32,7 +32,7 @@ TEST(Find, PrefixWithoutRegardToCaseInOrderOfAddition) {
     }
 }
 
-TEST(Find, NextKeepsItsOwnCount) {
+TEST(Find, FindNextCountsIndependentlyOfFind) {
     FindWorkplace place;
     play(place, {{"next: tank", "list TANKS: x"},
                  {"next: tank", "list TANKS.tank9: x"},
@@ -50,7 +50,7 @@ TEST(Find, NextKeepsItsOwnCount) {
                  {"next: tank", "list TANKS.tank9: x"}});
 }
 
-TEST(Find, ShowsWhatItFindsAndOutlivesTheConfiguration) {
+TEST(Find, ShowsTheMatchAndSurvivesClosingTheConfiguration) {
     FindWorkplace place;
     EXPECT_EQ(place.forms.last->focused, "txtFind");
     place.configuration.tree.setExpanded(place.node("U"), false);

@@ -89,7 +89,7 @@ std::string oneItem(std::string_view comment) {
 
 // Whatever names and comments hold: what every program can read comes back, and so does what the parser
 // refuses.
-TEST(Mending, WhatIsSavedIsOpened) {
+TEST(Mending, SavedFilesOpenWithTheSameContent) {
     constexpr unsigned kPlants = 1000;
     unsigned refused = 0;
     unsigned readable = 0;
@@ -112,7 +112,7 @@ TEST(Mending, WhatIsSavedIsOpened) {
 }
 
 // Each text as a comment and in names: how it stands in the mended file, and that it comes back.
-TEST(Mending, EscapesValuesAndCarriesNames) {
+TEST(Mending, EscapesValuesAndEncodesBranchNames) {
     const Fields table{
         {"", ""},
         {"plain", "plain"},
@@ -146,7 +146,7 @@ TEST(Mending, EscapesValuesAndCarriesNames) {
 }
 
 // What keeps other programs from reading the file is named after saving, the first such text before all else.
-TEST(Mending, SaysWhatKeepsOtherProgramsFromReading) {
+TEST(Mending, NamesTheFirstTextThatOtherProgramsCannotRead) {
     const Fields table{
         {"P.\xC3\x84-1_x/", ""},
         {"P.12\" > 'x'", ""},
@@ -170,7 +170,7 @@ TEST(Mending, SaysWhatKeepsOtherProgramsFromReading) {
 }
 
 // Neither XML nor the writer's shape: the place that reading got to, and what is wrong there.
-TEST(Mending, NamesLineAndReason) {
+TEST(Mending, ErrorsNameLineAndReason) {
     const std::string bad = oneItem("a<b");
     const std::string front = " Error n. 1001  The file is not well-formed XML: line ";
     const Fields table{
@@ -189,7 +189,7 @@ TEST(Mending, NamesLineAndReason) {
 
 // A file with a line or a character less is refused, or opens with all its items: never does a value reach
 // into the next item's lines and take them for its own.
-TEST(Mending, DamagedFilesLoseNothingWithoutAWord) {
+TEST(Mending, DamagedFilesAreRefusedOrKeepAllItems) {
     for (const auto& [comment, kind] :
          Fields{{"plain", "TrevandixRTU"}, {"a<b", "TrevandixRTU"}, {"a<b", "TrevandixTcpIp"}}) {
         PlantedWorkplace place({"P", "P.B/", "P.B.I", "P.B.J", "Q", "Q.B/", "Q.B.I", "Q.B.J", "ModBus.coil",
@@ -225,7 +225,7 @@ TEST(Mending, DamagedFilesLoseNothingWithoutAWord) {
 }
 
 // Bounded time and memory, and a message that says what is wrong.
-TEST(HostileFiles, AreRefusedWithTheirReason) {
+TEST(HostileFiles, AreRefusedWithAReason) {
     using namespace std::string_literals;
     std::string nested;
     for (const char* tag : {"<B>", "</B>"}) {
@@ -263,7 +263,7 @@ TEST(HostileFiles, AreRefusedWithTheirReason) {
 }
 
 // A file beyond the limit is refused by its size, before any memory is taken for it.
-TEST(HostileFiles, HugeFilesAreNotRead) {
+TEST(HostileFiles, TooLargeFilesAreNotRead) {
     Workplace place;
     const std::string path = place.path("huge.xml");
     writeFile(path, "x");

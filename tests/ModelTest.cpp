@@ -26,7 +26,7 @@ constexpr NodeLook kItemLook{NodeTag::Item, Image::Item};
 
 }  // namespace
 
-TEST(Keys, ParentIsCutAtTheLastFullStop) {
+TEST(Keys, ParentKeyEndsBeforeTheLastDot) {
     for (const auto& [key, parent] :
          Fields{{"PLC1.Area.Run", "PLC1.Area"}, {"PLC1", ""}, {"PLC1.Area.", "PLC1.Area"}, {".", ""}})
         EXPECT_EQ(Key(key).parent(), parent) << key;
@@ -35,7 +35,7 @@ TEST(Keys, ParentIsCutAtTheLastFullStop) {
     EXPECT_NE(Key("PLC1.Run"), Key("PLC1.run"));
 }
 
-TEST(StructureTree, SortsWithoutRegardToCaseAndStaysSorted) {
+TEST(StructureTree, SortsIgnoringCaseAndStaysSorted) {
     EditableTree tree;
     TreeNode& root = tree.addRoot("root", {NodeTag::Config});
     for (const char* name : {"pump", "Valve", "alarm", "Pump", "äther"})
@@ -60,7 +60,7 @@ TEST(Numbers, LeadingNumberIgnoresWhatFollows) {
     for (const auto& [text, value] : table) EXPECT_EQ(leadingNumber(text), value) << text;
 }
 
-TEST(Numbers, WholeTextsAndRanges) {
+TEST(Numbers, WholeNumbersAndRangesAreChecked) {
     for (const char* text : {"1", " 1 ", "-1.5", "+.5", "1e5", "5."}) EXPECT_TRUE(isNumeric(text)) << text;
     for (const char* text : {"", " ", "1a", "a", "1 2", "--1", "e5", ".", "inf", "0x1"})
         EXPECT_FALSE(isNumeric(text)) << text;
@@ -88,7 +88,7 @@ TEST(Numbers, WholeTextsAndRanges) {
     EXPECT_THROW(raised(32767), RuntimeError);
 }
 
-TEST(TypeNames, BothWaysForEveryTableAndValueType) {
+TEST(TypeNames, ConvertBothWaysForEveryTableAndValueType) {
     for (const auto& [table, file] : Fields{{"input status", "INPUTSTATUS"},
                                             {"coil", "COIL"},
                                             {"input register", "IREGISTER"},
@@ -118,7 +118,7 @@ TEST(TypeNames, BothWaysForEveryTableAndValueType) {
     EXPECT_EQ(splitDataType("my:string:b").label, "string:b");
 }
 
-TEST(Refusals, NameTheFieldsOfAnItemInTheirOrder) {
+TEST(Refusals, NameTheItemFieldsInOrder) {
     ItemFields item;
     std::string fields;
     for (std::string* field :
@@ -130,11 +130,11 @@ TEST(Refusals, NameTheFieldsOfAnItemInTheirOrder) {
     EXPECT_FALSE(refusal(item));
 }
 
-TEST(Texts, CapitalsOfTheAlphabetsInUse) {
+TEST(Texts, UpperCasesLatinGreekAndCyrillicLetters) {
     EXPECT_EQ(upperCased("area_ß-äöü-ÿ-žč-жя-ω"), "AREA_ß-ÄÖÜ-Ÿ-ŽČ-ЖЯ-Ω");
 }
 
-TEST(ItemRecord, RowOfTheList) {
+TEST(ItemRecord, ShowsAddressAndSortKeyInTheList) {
     const auto row = [](std::string_view type, int address, std::int16_t bit, std::int16_t elements) {
         clsItem item;
         item.sDataType(type);

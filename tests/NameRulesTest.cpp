@@ -8,7 +8,7 @@ namespace trevandix::testing {
 
 namespace {
 
-TEST(NameRules, TheFirstForbiddenCharacterOfTheListIsNamed) {
+TEST(NameRules, FirstForbiddenCharacterIsNamed) {
     const std::string forbidden = " .,:;\\/|";
     for (std::size_t i = 0; i < forbidden.size(); ++i) {
         const std::string name = "a" + forbidden.substr(i + 1) + "b" + forbidden.substr(i, 1);
@@ -18,14 +18,14 @@ TEST(NameRules, TheFirstForbiddenCharacterOfTheListIsNamed) {
     for (const char* name : {"Level-1_A", "", "h\xC3\xB6he<&>"}) EXPECT_FALSE(forbiddenCharacter(name));
 }
 
-TEST(NameRules, NumericBoxesKeepNumbersAndItemNamesKeepWordCharacters) {
+TEST(NameRules, KeyFiltersDiscardOtherCharacters) {
     EXPECT_EQ(entered(KeyFilter::Numeric, "x1e-2.5 +,7\tA3"), "1-2.5 7");
     EXPECT_EQ(entered(KeyFilter::ItemName, "N\xC3\xA9w Item.3-a_Z\rb"), "NwItem3-a_Z");
     EXPECT_EQ(entered(KeyFilter::None, "a b\xC3\xA9\nc"), "a b\xC3\xA9");
     EXPECT_TRUE(keeps(KeyFilter::Numeric, 8) && keeps(KeyFilter::ItemName, 8));
 }
 
-TEST(NameRules, DuplicatesAreSiblingsOfTheSameKindWithExactlyTheName) {
+TEST(NameRules, DuplicatesAreSiblingsOfTheSameKindAndName) {
     for (const bool sorted : {false, true}) {
         PlantedWorkplace place({"U", "U.A", "U.a", "U.ab", "U.b/", "U.B", "U.\xC3\xA9", "U.own"});
         StructureTree& tree = place.configuration.tree;
@@ -44,7 +44,7 @@ TEST(NameRules, DuplicatesAreSiblingsOfTheSameKindWithExactlyTheName) {
 }
 
 // Renamed units and branches give new keys to all below them, or change nothing.
-TEST(NameRules, NewKeysBelowARenamedNode) {
+TEST(NameRules, RenamingChangesAllKeysBelowOrNothing) {
     const std::string inCollection = " | said " + failure(kKeyInCollection, "cmdOk_Click")[0];
     const std::string notUnique = " | said " + failure(kKeyNotUnique, "cmdOk_Click")[0];
     const std::string taken = " | said " + kNameTaken[0];

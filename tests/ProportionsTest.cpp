@@ -10,7 +10,7 @@ namespace trevandix::testing {
 
 using Parts = std::vector<int>;
 
-TEST(Proportions, SharesStayFromSmallToLargeAndBack) {
+TEST(Proportions, SharesSurviveResizing) {
     const Parts parts{391, 97, 203, 309};  // of 1000: a whole that they fill
     const Parts least{60, 30, 90, 10};
     Proportions proportions;
@@ -31,7 +31,7 @@ TEST(Proportions, SharesStayFromSmallToLargeAndBack) {
     EXPECT_EQ(proportions.scaled(1000), parts);
 }
 
-TEST(Proportions, TheLargestPartsGiveWay) {
+TEST(Proportions, LargestPartsShrinkFirst) {
     EXPECT_EQ(widened({200, 100, 100, 100}, {90, 90, 90, 140}, 500), (Parts{166, 97, 97, 140}));
     EXPECT_EQ(widened({400, 400, 10}, {60, 60, 60}, 500), (Parts{375, 375, 60}));  // scrolled before as well
     EXPECT_EQ(widened({200, 100}, {90, 90}, 1000), (Parts{200, 100}));

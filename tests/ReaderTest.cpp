@@ -48,7 +48,7 @@ void expectRefused(Workplace& place, const std::string& message) {
 
 }  // namespace
 
-TEST(Reader, TakesWhateverCaseOrderAndExtrasFilesHave) {
+TEST(Reader, IgnoresCaseOrderAndUnknownElements) {
     Workplace place;
     place.openText(
         "<?xml version='1.0'?><!-- plant --><voskMODBUSrtucfg><other/><modbus>"
@@ -73,7 +73,7 @@ TEST(Reader, TakesWhateverCaseOrderAndExtrasFilesHave) {
 }
 
 // Markup inside well-formed files: whatever the parser accepts, it alone reads, escaped text too.
-TEST(Reader, LeavesXmlToTheParser) {
+TEST(Reader, ReadsMarkupInWellFormedFilesAsXml) {
     const std::string from = "<address>1</address>";
     for (const std::string by :
          {"<address><![CDATA[77]]></address>", "<address><!-- was 76 -->77</address>",
@@ -89,7 +89,7 @@ TEST(Reader, LeavesXmlToTheParser) {
 }
 
 // A comment in each encoding that files declare, and with markup, comes back as the same text.
-TEST(Reader, KnowsTheEncodingsOfFiles) {
+TEST(Reader, ReadsEveryDeclaredEncoding) {
     const auto with = [](std::string_view encoding, std::string_view comment) {
         return replaced(replaced(good(), "ISO-8859-1", encoding), "<comment>",
                         "<comment>" + std::string(comment));
@@ -114,7 +114,7 @@ TEST(Reader, KnowsTheEncodingsOfFiles) {
 
 // Each bad file: the message, no open configuration, nothing written, nothing that could be saved over the
 // file. What was read before the failure stays.
-TEST(Reader, RefusesBadFilesWithTheirMessage) {
+TEST(Reader, RefusesBadFilesWithAMessage) {
     const std::string two = fileText({kType}, {unit("PLC1", tagText(4, "Run") + "\r\n"), unit("PLC1", "")});
     const auto with = [](std::string_view what, std::string_view by) { return replaced(good(), what, by); };
     const std::string address = "<address>1</address>";
@@ -165,7 +165,7 @@ TEST(Reader, RefusesBadFilesWithTheirMessage) {
     }
 }
 
-TEST(Reader, NestsAsDeeplyAsTheFileDoes) {
+TEST(Reader, ReadsAndWritesDeeplyNestedBranches) {
     std::string deep = tagText(4, "Deep");
     for (int level = 0; level < 10'000; ++level) deep = "<B>" + deep + "</B>";
     Workplace place;
@@ -181,7 +181,7 @@ TEST(Reader, NestsAsDeeplyAsTheFileDoes) {
 
 // The panel counts every item, stays below 100, and a user's clicks in the middle of a load do no harm. The
 // counter of items goes on above 32767.
-TEST(Reader, ShowsProgressAndSurvivesItsUser) {
+TEST(Reader, ShowsProgressAndIgnoresCommandsWhileLoading) {
     constexpr std::size_t kItems = 32'770;
     std::string tags;
     for (std::size_t i = 0; i < kItems; ++i) tags += tagText(4, "I" + std::to_string(i)) + "\r\n";

@@ -60,7 +60,7 @@ struct Next : Edited {
 
 }  // namespace
 
-TEST(Recovery, KeepsChangedWorkWhenTheUserPauses) {
+TEST(Recovery, WritesChangesWhenTheUserPauses) {
     Edited place;
     place.tick(0, 100);
     EXPECT_TRUE(place.files().empty());  // nothing to lose
@@ -82,7 +82,7 @@ TEST(Recovery, KeepsChangedWorkWhenTheUserPauses) {
 }
 
 // Saved or declined. It stays where the user wants to save, cannot, and the window closes all the same.
-TEST(Recovery, GoesAwayWithTheReason) {
+TEST(Recovery, IsDeletedAfterSavingOrDeclining) {
     for (const std::string way : {"mnuSaveCfg", "mnuCloseCfg", "mnuNewCfg", "mnuExit", ""}) {
         Edited place;
         plant(place, {"U.b"});
@@ -99,7 +99,7 @@ TEST(Recovery, GoesAwayWithTheReason) {
     }
 }
 
-TEST(Recovery, AfterACrash) {
+TEST(Recovery, OffersUnsavedWorkAfterACrash) {
     Edited place;
     plant(place, {"U.b"});
     place.tick(3, 3);
@@ -130,7 +130,7 @@ TEST(Recovery, AfterACrash) {
 }
 
 // Changes that the saved flag does not know are not asked about. Several configurations may be left in a run.
-TEST(Recovery, KeepsWhatWasLeftUnasked) {
+TEST(Recovery, KeepsChangesThatNoQuestionCovers) {
     for (const std::string way : {"mnuCloseCfg", "mnuNewCfg", "mnuOpenCfg", "mnuExit", ""}) {
         SCOPED_TRACE(way);
         Edited place;
@@ -169,7 +169,7 @@ TEST(Recovery, KeepsWhatWasLeftUnasked) {
 
 // A unit dragged onto another leaves a configuration that no save takes; the rest of the work is kept all the
 // same.
-TEST(Recovery, KeepsWhatCanBeKept) {
+TEST(Recovery, SkipsUnitsThatCannotBeSaved) {
     Edited place;
     plant(place, {"V", "V.c"});
     drag(place, "U", "V");
@@ -183,7 +183,7 @@ TEST(Recovery, KeepsWhatCanBeKept) {
 
 // What has no whole content is not offered; what cannot be read is named once, kept, and in the way of
 // nothing.
-TEST(Recovery, UnreadableWorkIsPutAside) {
+TEST(Recovery, ReportsUnreadableWorkOnceAndKeepsIt) {
     Edited place;
     const fs::path state = place.folder / "state";
     const std::string path = place.path("test.xml");
@@ -220,7 +220,7 @@ TEST(Recovery, UnreadableWorkIsPutAside) {
     EXPECT_TRUE(fs::exists(path));
 }
 
-TEST(Recovery, EditorsThatLiveKeepTheirFiles) {
+TEST(Recovery, RunningEditorsKeepTheirFiles) {
     Edited one;
     Edited two(one.folder / "state");
     plant(one, {"U.one"});

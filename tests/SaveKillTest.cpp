@@ -129,7 +129,7 @@ TEST(SaveKill, OldOrNewContentSurvivesAKillAtEverySystemCall) {
     EXPECT_NE(std::find_if(synced, calls.end(), deletes), calls.end());
 }
 
-TEST(SaveKill, AFullDiskKeepsTheOldContent) {
+TEST(SaveKill, FullDiskKeepsTheOldContent) {
     Large place;
     const int code = inChild([&] {
         const fs::path disk = place.folder / "disk";
@@ -155,7 +155,7 @@ TEST(SaveKill, AFullDiskKeepsTheOldContent) {
 }
 
 // Refused before anything is touched.
-TEST(SaveKill, MissingRightsTouchNothing) {
+TEST(SaveKill, MissingPermissionsChangeNothing) {
     for (const bool folderToo : {false, true}) {
         Large place;
         const std::string path = place.path("test.xml");
@@ -174,7 +174,7 @@ TEST(SaveKill, MissingRightsTouchNothing) {
     }
 }
 
-TEST(SaveKill, LinksAndRightsStay) {
+TEST(SaveKill, LinksAndPermissionsAreKept) {
     Large place;
     const fs::path real = place.folder / "real.xml";
     fs::rename(place.path("test.xml"), real);

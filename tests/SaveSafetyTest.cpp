@@ -35,7 +35,7 @@ Texts names(const fs::path& folder) {
 
 // A record without which the writer stops half-way, again and again: what a save left is no content to keep,
 // and what it rescued is never replaced. A good save leaves no trace.
-TEST(SaveSafety, FailedSavesKeepTheLastWholeFile) {
+TEST(SaveSafety, FailedSavesKeepTheLastCompleteFile) {
     Changed place;
     const std::string path = place.path("test.xml");
     auto& items = behindTheDoor(place.configuration.items);
@@ -68,7 +68,7 @@ TEST(SaveSafety, FailedSavesKeepTheLastWholeFile) {
 
 // A program that is killed in mid-save leaves a file that is cut off, or none. The last whole backup is
 // named.
-TEST(SaveSafety, OpenNamesTheBackupOfAFileThatWasCutOff) {
+TEST(SaveSafety, OpenNamesTheBackupOfATruncatedFile) {
     Changed place;
     const std::string path = place.path("test.xml");
     const std::string half = place.old.substr(0, place.old.size() / 2);
@@ -93,7 +93,7 @@ TEST(SaveSafety, OpenNamesTheBackupOfAFileThatWasCutOff) {
     }
 }
 
-TEST(SaveSafety, AsksBeforeItOverwritesWhatAnotherProgramWrote) {
+TEST(SaveSafety, AsksBeforeOverwritingChangesOfAnotherProgram) {
     Changed place;
     const std::string path = place.path("test.xml");
     const std::string usual = "File " + path + " already existing. Overwrite?";

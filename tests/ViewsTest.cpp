@@ -69,7 +69,7 @@ TEST(Views, ListAndCommandsOfEveryKindOfNode) {
 
 // What hides or deletes the selected node runs the select-node routine on the one that is selected then. A
 // row whose node has gone only reports the error.
-TEST(Views, ListShowsTheSelectedNode) {
+TEST(Views, ListFollowsTheSelectedNode) {
     PlantedWorkplace place({"P", "P.A/", "P.A.B/", "P.A.B.x", "P.A.y", "P.C/", "P.C.z", "Q", "R"});
     const std::string sure = " | said Are you sure you want to delete ";
     place.at("P.A.B.x").editor.treeExpansionChanged(place.node("P.A"), false);
@@ -87,7 +87,7 @@ TEST(Views, ListShowsTheSelectedNode) {
 
 // Rows keep their selection when they are sorted, which is always ascending, shown otherwise or shown again,
 // and the commands go with it.
-TEST(Views, RowsStaySelected) {
+TEST(Views, RowsStaySelectedWhenSortedOrRefreshed) {
     PlantedWorkplace place(
         {"ModBus.holding register", "P", "P.A/", "P.A.a", "P.A.b", "P.A.c", "P.B/", "P.B.d"});
     place.item("P.A.c").sComment("1");
@@ -149,7 +149,7 @@ TEST(Views, StatusBarFollowsTheEditor) {
     play(place, {{"mnuCloseCfg", "selection  | counts  | state "}});
 }
 
-TEST(Views, StateFollowsTheContent) {
+TEST(Views, SavedStateFollowsTheContent) {
     const std::string names = "; U.A: a b; mnuPasteName: ";
     const std::string comments = "; U.A: a b; mnuPasteComment: ";
     const Texts unchanged{

@@ -114,7 +114,7 @@ Texts readByServer(const Workplace& place, const Texts& files) {
 
 // Below a key that lasts until the system stops, none that stays can be made. No right to write is the same
 // to the program: the call fails.
-TEST_F(Published, SaysWhenItIsRefusedInEitherView) {
+TEST_F(Published, ReportsARefusalInEitherView) {
     for (const REGSAM view : kViews) {
         ASSERT_TRUE(makeKey(kKey, REG_OPTION_VOLATILE, view));
         EXPECT_FALSE(SystemRegistry().publish(kKind + "\\Kind", "C:\\plant.xml"));
@@ -124,7 +124,7 @@ TEST_F(Published, SaysWhenItIsRefusedInEitherView) {
     }
 }
 
-TEST(Server, FindsWhatTheEditorSaves) {
+TEST(Server, ParsesWhatTheEditorSaves) {
     const fs::path samples = TREVANDIX_SAMPLES;
     const std::string other =
         replaced(fileText({}, {"\t\t<PLC name=\"P\" address = \"\" id=\"1\" timeout=\"1\">\r\n"
@@ -146,7 +146,7 @@ TEST(Server, FindsWhatTheEditorSaves) {
 }
 
 // Refused before anything is touched; elsewhere neither hinders the change of a file's name.
-TEST(WindowsFiles, OpenElsewhereOrReadOnlyAreNotSaved) {
+TEST(WindowsFiles, LockedOrReadOnlyFilesAreNotSaved) {
     PlantedWorkplace place({"U", "U.a"});
     const std::string old = place.saved();
     const std::string path = place.path("test.xml");
