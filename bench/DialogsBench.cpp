@@ -1,4 +1,4 @@
-// Adding groups of items and renaming units through the dialogs, without a screen.
+// Adds groups of items and renames units through the dialogs, without a screen.
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
@@ -11,7 +11,7 @@ namespace {
 
 using namespace trevandix::testing;
 
-// A group of `range(0)` items in one branch: the cost per item must not grow with its siblings.
+// A group of `range(0)` items in one branch. The cost per item must not grow with the number of siblings.
 void addGroup(benchmark::State& state) {
     for (auto _ : state) {
         state.PauseTiming();
@@ -34,7 +34,7 @@ void addGroup(benchmark::State& state) {
 }
 BENCHMARK(addGroup)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillisecond);
 
-// Renaming a unit with `range(0)` items in 100 branches below it.
+// Renames a unit with `range(0)` items in 100 branches.
 void renameUnit(benchmark::State& state) {
     PlantedWorkplace place({"Unit0"});
     for (int branch = 0; branch < 100; ++branch)

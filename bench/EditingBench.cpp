@@ -1,5 +1,5 @@
-// The editing commands on many items, without a screen. Each should take time in proportion to what it
-// touches.
+// Editing commands on many items, without a screen. Each should take time proportional to the items it
+// changes.
 #include <benchmark/benchmark.h>
 
 #include <numeric>
@@ -15,8 +15,8 @@ using testing::Workplace;
 
 constexpr std::size_t kItemsPerBranch = 100;
 
-/// Unit U with branch A of that many items and an empty branch B; and unit V with 100,000 items beside them,
-/// which no command touches. Tree and list show branch A, all of its rows selected.
+/// Unit U with a branch A of that many items and an empty branch B, and a unit V with 100,000 items that no
+/// command changes. The tree and the list show branch A; all of its rows are selected.
 struct Plant : Workplace {
     explicit Plant(std::size_t items) {
         constexpr std::size_t kBystanders = 100'000;
@@ -57,12 +57,12 @@ struct Plant : Workplace {
     }
 };
 
-/// No message but the question before a deletion.
+/// Accepts only the question before a deletion.
 bool onlyAsked(const std::vector<std::string>& messages) {
     return messages.empty() || (messages.size() == 1 && messages[0].starts_with("Are you sure"));
 }
 
-/// Times one command, each time on a fresh plant.
+/// Times one command, with a new configuration for each run.
 template <typename Prepare, typename Command, typename Good>
 void measure(benchmark::State& state, Prepare prepare, Command command, Good good) {
     const auto items = static_cast<std::size_t>(state.range(0));
@@ -117,7 +117,7 @@ void pasteNames(benchmark::State& state) {
     measure(
         state,
         [](Plant& plant, std::size_t items) {
-            // Each takes the name of the row before it, the hardest case.
+            // Each item takes the name of the row before it, which is the hardest case.
             std::string& text = plant.clipboard.contents;
             text = plant.list.rows().back().text + "\r\n";
             for (std::size_t i = 0; i + 1 < items; ++i) text += plant.list.rows()[i].text + "\r\n";
@@ -133,7 +133,7 @@ void dragBranch(benchmark::State& state) {
     measure(
         state,
         [](Plant& plant, std::size_t items) {
-            // The items in branches of a hundred, as plants have them.
+            // 100 items per branch, as is usual.
             plant.window.focus = FocusedView::List;
             plant.run("mnuDelete");
             for (std::size_t i = 0; i * kItemsPerBranch < items; ++i) {

@@ -1,4 +1,4 @@
-// Reading and writing a plant's file, beside a bare parse and a raw write of the same bytes.
+// Reads and writes configuration files, compared with a bare parse and a raw write of the same bytes.
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -23,7 +23,7 @@ namespace {
 
 using testing::readFile;
 
-// Resident bytes of this process.
+// Resident memory of this process in bytes.
 std::size_t resident() {
     std::ifstream statm("/proc/self/statm");
     std::size_t pages = 0;
@@ -31,7 +31,7 @@ std::size_t resident() {
     return pages * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 }
 
-// The most bytes of this process that have been resident at once.
+// Peak resident memory of this process in bytes.
 std::size_t mostResident() {
     rusage used{};
     getrusage(RUSAGE_SELF, &used);
@@ -50,9 +50,8 @@ struct Loaded {
 
 using Measure = double (*)(const char* path);
 
-// Makes each measurement in a new process, forked from one that has done nothing before. So every reading
-// starts with the heap of a program just started; in one process it would find memory that earlier runs made
-// resident, and pay for their frees, by whichever benchmark went before.
+// Runs each measurement in a new process, forked from a server that has done nothing else, so that each
+// starts with a fresh heap. In one process the result would depend on the benchmarks that ran before.
 class FreshProcesses {
 public:
     FreshProcesses() {
@@ -80,7 +79,7 @@ private:
         std::array<char, 512> path;
     };
 
-    // Ends with the benchmarks, or when a measurement fails.
+    // Ends with the benchmarks or when a measurement fails.
     [[noreturn]] void serve() const {
         Order order{};
         int status = 0;
@@ -101,7 +100,7 @@ private:
 
 const FreshProcesses freshProcesses;
 
-// Of processor time, so that what else runs on the machine counts as little as it can.
+// CPU time, because it depends least on what else the machine does.
 template <typename Work>
 double seconds(Work work) {
     const std::clock_t start = std::clock();
@@ -119,7 +118,7 @@ void perItem(benchmark::State& state) {
                            benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
-// Neither reading is charged with freeing what it leaves behind.
+// Neither time includes freeing the result.
 double bareParse(const char* path) {
     pugi::xml_document document;
     return seconds([&] {
@@ -137,7 +136,7 @@ void BareParse(benchmark::State& state) {
     perItem(state);
 }
 
-/// How many times as long as the yardstick, measured in turns: what else the machine does then slows both.
+/// The ratio of two times, measured alternately so that other work on the machine affects both.
 class Ratio {
 public:
     void add(double own, double yardstick) {
@@ -163,7 +162,7 @@ void Read(benchmark::State& state) {
     perItem(state);
 }
 
-// By the wall clock: a save waits for the disk, the raw write does not.
+// Wall-clock time, because a save waits for the disk (the raw write does not).
 template <typename Work>
 double elapsed(Work work) {
     const auto start = std::chrono::steady_clock::now();
@@ -172,7 +171,7 @@ double elapsed(Work work) {
 }
 
 double rawWrite(const std::string& bytes) {
-    // A file of its own: one that a save has brought to the disk takes longer to remove.
+    // Not the file that is saved: deleting a synced file takes longer.
     const std::string path = outputFile() + ".raw";
     return elapsed([&] {
         std::remove(path.c_str());
@@ -203,7 +202,7 @@ void Write(benchmark::State& state) {
     perItem(state);
 }
 
-// After reading, and at the worst moment of it.
+// Memory used after reading, and the peak while reading.
 void Memory(benchmark::State& state) {
     for (auto _ : state) {
         const auto kept = [](const char* path) {

@@ -5,11 +5,12 @@
 
 namespace trevandix::bench {
 
-/// The path of a configuration file with that many items (about 250 bytes each): one branch for 100 items,
-/// ten branches a unit. Made once and kept in the system's folder for temporary files until the program ends.
+/// The path of a configuration file with that many items, about 250 bytes each: 100 items per branch, ten
+/// branches per unit. The file is made once, in the system's temporary folder, and deleted when the program
+/// ends.
 const std::string& plantFile(std::size_t items);
 
-/// Where benchmarks write.
+/// The file that the benchmarks write.
 std::string outputFile();
 
 }  // namespace trevandix::bench

@@ -6,7 +6,7 @@
 namespace trevandix::fuzz {
 
 void Commands(std::string_view bytes) {
-    constexpr std::size_t kBytesOfAStep = 4;  // about; the last steps make do with the first of every choice
+    constexpr std::size_t kBytesOfAStep = 4;  // approximately; the last steps use 0 for missing choices
     const auto next = [&](unsigned limit) {
         if (bytes.empty()) return 0U;
         const auto byte = static_cast<unsigned char>(bytes.front());

@@ -96,7 +96,7 @@ std::string shown(const FakeForm& form) {
 
 Desk::Desk() : reference_(place_.path("")), content_(reference_.content()) {
     place_.messages.onShow = [this](std::string_view text) {
-        std::string said(text);  // where a kept file is, other tests know
+        std::string said(text);  // other tests check where the backup is
         for (const char* where : {": the previous file is kept as ", ": a whole copy is "})
             if (const std::size_t at = said.find(where); at != std::string::npos)
                 said.erase(at, said.rfind(" in ") - at);

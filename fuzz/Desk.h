@@ -7,11 +7,11 @@
 
 namespace trevandix::testing {
 
-/// The editor without a screen, and the reference beside it.
+/// The editor without a screen, and the reference that it is compared with.
 class Desk {
 public:
     Desk();
-    /// Does the step on both. The first line in which they differ then; empty when they do not.
+    /// Performs the step on both. Returns the first line that differs; empty if none does.
     std::string apply(const Step& step);
     const Reference& reference() const { return reference_; }
 

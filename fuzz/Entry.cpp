@@ -1,4 +1,4 @@
-// The one entry point of all fuzzers; TREVANDIX_TARGET names the function that it runs.
+// The entry point of each fuzzer. TREVANDIX_TARGET is the function to run.
 #include <cstddef>
 #include <cstdint>
 

@@ -19,7 +19,7 @@ void require(bool condition, const char* what) {
     if (!condition) throw std::logic_error(what);
 }
 
-// A folder of this process alone.
+// A temporary folder for this process only.
 struct Folder {
     Folder() { std::filesystem::create_directories(path); }
     ~Folder() {
@@ -63,8 +63,8 @@ void Reader(std::string_view bytes) {
     const std::string copy = (folder() / "written.xml").string();
     ConfigurationWriter(opened).write(copy);
     Configuration again;
-    require(read(again, copy), "what was saved cannot be opened");
-    require(records(again) == records(opened), "saving lost something");
+    require(read(again, copy), "the saved file cannot be opened");
+    require(records(again) == records(opened), "saving lost records");
 }
 
 void Mending(std::string_view bytes) {
@@ -74,9 +74,9 @@ void Mending(std::string_view bytes) {
         PugiXmlParser().parse(text);
     } catch (const XmlParseError& error) {
         const bool byMending = std::string_view(error.what()).find(", expected ") != std::string_view::npos;
-        require(byMending && error.line() >= 1, "mended, and still no XML");
+        require(byMending && error.line() >= 1, "the mended text is not well-formed");
     }
-    // Line ends could be those of the file; references of the writer's kind are read as it means them.
+    // Skips line ends, which would end the line in the file, and references, which the reader decodes.
     if (bytes.find_first_of(std::string_view("\0\n", 2)) != std::string_view::npos ||
         bytes.find("&#x") != std::string_view::npos)
         return;
@@ -89,7 +89,7 @@ void Mending(std::string_view bytes) {
     std::string buffer;
     std::string latin1;
     appendLatin1(latin1, element.text(buffer));
-    require(latin1 == bytes, "another comment than was saved");
+    require(latin1 == bytes, "the comment differs from the saved one");
 }
 
 }  // namespace trevandix::fuzz

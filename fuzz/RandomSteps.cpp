@@ -7,7 +7,7 @@ namespace trevandix::testing {
 
 namespace {
 
-// How often of all.
+// Relative frequencies.
 const std::vector<std::pair<std::string, unsigned>> kVerbs{
     {"click", 80},        {"edit", 40},        {"rows", 110},        {"editRow", 12},
     {"collapse", 4},      {"expand", 4},       {"sort", 6},          {"drag", 24},
@@ -22,7 +22,7 @@ const std::vector<std::pair<std::string, unsigned>> kVerbs{
 const Texts kRowVerbs{"mnuCopy",         "mnuCopy", "mnuPasteName", "mnuPasteName",
                       "mnuPasteComment", "mnuCut",  "sort",         "rows"};
 
-/// What is typed or chosen, and how often of eight times.
+/// What to type or choose in a field, and how often out of eight times.
 struct Entries {
     std::string field;
     unsigned often;
@@ -80,7 +80,7 @@ const Texts kFiles{"one.xml", "two.xml", "TrevandixTcpIp.xml", "TrevandixRTU.xml
 const Texts kLines{"A", "a", "B", "N1", "N2", "N3", "N4", "N5", "N6", " x ", "b c", "B.A", "", "coil"};
 const Texts kSought{"a", "N", "new", "mod", "", "co", "zz"};
 
-/// Chooses the next step by what can be seen.
+/// Chooses the next step from what the reference shows.
 class User {
 public:
     User(const Choice& choice, const Reference& reference, bool careless)
@@ -89,7 +89,7 @@ public:
     Step next() {
         if (!reference_.treeVisible()) return file(choice_(3) == 0 ? "mnuOpenCfg" : "mnuNewCfg");
         for (int tries = 0; tries < 8; ++tries) {
-            // Who selects rows mostly has something in mind.
+            // With rows selected, prefers a command for rows.
             const bool rows = reference_.selectedRows().size() > 0 && often(4);
             Step step{rows ? one(kRowVerbs) : verb()};
             if (!reference_.enabled(step.verb)) continue;
@@ -117,7 +117,7 @@ private:
         return "click";
     }
 
-    // Now and then of a kind of which there are few.
+    // Sometimes chooses the kind of node first, so that rare kinds get their share.
     std::string anyKey() {
         std::vector<int> ids = reference_.order();
         const std::string tag = one(Texts{"config", "modbus", "datatype", "plc", "branch", "item"});
@@ -191,7 +191,7 @@ private:
         step.arg = often(1) ? "" : one(kFiles);
         if (verb == "mnuOpenCfg") {
             if (!reference_.readable(step.arg)) step.arg.clear();
-            step.answers = "n";  // or it might save over the file that it opens
+            step.answers = "n";  // a Yes could overwrite the file before it is opened
             return step;
         }
         for (unsigned answers = choice_(4); answers > 0; --answers) step.answers += one(std::string("yyync"));
@@ -233,7 +233,7 @@ Walk walk(unsigned seed, std::size_t most, bool careless) {
     return walk([&](unsigned limit) { return static_cast<unsigned>(random() % limit); }, most, careless);
 }
 
-// Leaves out pieces of the walk, long ones first, as long as some difference remains.
+// Removes parts of the walk, long ones first, as long as a difference remains.
 std::string Walk::told() const {
     if (difference.empty()) return {};
     std::vector<Step> left = steps;

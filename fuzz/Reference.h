@@ -10,10 +10,10 @@
 
 namespace trevandix::testing {
 
-/// One thing that a user does. `verb` is a command, or one of: click, edit (a double click), expand, collapse
-/// and drag, copy with a node's `key`; rows, editRow, sort, focus; find, next, endFind. `arg` is the target,
-/// the rows, the header, the view, the text to find, the clipboard or the file, each where it is wanted.
-/// `entries` go into the dialog, `answers` to the questions: y, n, c.
+/// A user action. `verb` is a command, or click, edit (double click), expand, collapse, drag or copy with a
+/// node's `key`, or rows, editRow, sort, focus, find, next or endFind. Depending on the verb, `arg` is the
+/// target, the rows, the header, the view, the text to find, the clipboard or the file. `entries` go into the
+/// dialog. `answers` are for the questions: y, n or c.
 struct Step {
     std::string verb;
     std::string key{};
@@ -23,12 +23,12 @@ struct Step {
     std::string told() const;
 };
 
-/// The rules of the editor once more, in maps and vectors and as they are described: what the editor is
-/// compared with. A value: copies are states to come back to.
+/// A second implementation of the editor's rules in maps and vectors, written for simplicity. Can be copied
+/// to save its state.
 class Reference {
 public:
     using Texts = std::vector<std::string>;
-    using Record = std::map<std::string, std::string>;  // texts by the names of fields
+    using Record = std::map<std::string, std::string>;  // texts by field name
     struct Node {
         std::string key, text, tag, image, selectedImage;
         bool expanded = false, sorted = false;
@@ -39,7 +39,7 @@ public:
         std::string key, icon;
         Texts cells;
     };
-    /// A dialog that is open: its controls by their names.
+    /// An open dialog: its controls by name.
     struct Box {
         std::string text{};
         Texts items{};
@@ -55,19 +55,19 @@ public:
         std::string& text(const std::string& box) { return boxes.at(box).text; }
     };
 
-    /// `folder` with its separator at the end.
+    /// `folder` ends with a separator.
     explicit Reference(std::string folder) : folder_(std::move(folder)) {}
 
     void apply(const Step& step);
-    /// Everything there is to see, and what was said and asked since the step began. The same lines for the
-    /// editor come from `seenIn`.
+    /// Everything that the user sees, and the messages since the step began. `seenIn` returns the same lines
+    /// for the editor.
     Texts seen() const;
 
-    /// The lines of a file of it, sorted, as the order of siblings is no change; empty when it cannot be
+    /// The lines of its file, sorted because the order of siblings is no change. Empty if it cannot be
     /// written.
     Texts content();
 
-    // What the choice of the next step looks at.
+    // State that the choice of the next step depends on.
     std::vector<int> order() const;
     const Node& node(int id) const { return nodes_.at(id); }
     int find(const std::string& key) const;
@@ -77,7 +77,7 @@ public:
     const std::vector<std::size_t>& selectedRows() const { return selectedRows_; }
     bool treeVisible() const { return treeVisible_; }
     bool enabled(const std::string& command) const;
-    /// False for a file whose texts a parser may take for markup: what comes of it is told elsewhere.
+    /// False for a file with texts that a parser may take for markup; other tests cover these.
     bool readable(const std::string& name) const {
         return files_.contains(folder_ + name) && !doubtful_.contains(folder_ + name);
     }
@@ -90,7 +90,8 @@ private:
     using Body = std::function<void()>;
     using Entry = std::pair<std::string, int>;  // key and record
 
-    // Tree and collections, as their errors tell: 5 no record, 457 key taken, 35601 no node, 35602 key taken.
+    // Tree and collections. They throw 5 (no record), 457 (key taken in collection), 35601 (no node) and
+    // 35602 (key taken in tree).
     int at(const std::string& key) const;
     int add(int parent, const std::string& key, const std::string& text, const std::string& tag,
             const std::string& image, const std::string& selectedImage);
@@ -195,7 +196,7 @@ private:
     bool finding_ = false;
     int matches_ = 0;
     bool added_ = false;                        // the dialog's result
-    std::map<std::string, std::string> files_;  // bytes by path
+    std::map<std::string, std::string> files_;  // content by path
     std::set<std::string> doubtful_;
     std::string wrote_, answers_;
     Texts log_;

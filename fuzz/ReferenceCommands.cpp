@@ -1,4 +1,4 @@
-// What a user does in the main window.
+// User actions in the main window.
 #include "ReferenceTexts.h"
 
 namespace trevandix::testing {
@@ -96,7 +96,7 @@ void Reference::copyItems() {
             const std::string& text = rows_[row].cells[0];
             if (begins(text, "New_Item") || begins(text, "Copied_Item")) return say(refused);
             buffer_.resize(++slots, -1);
-            // Where the row's item is gone, the slot stays as it was.
+            // If the row's item is gone, this throws and the slot keeps its old value.
             buffer_.back() = recordAt("item", rows_[row].key);
         }
     } else if (focus_ == "tree" && selected_ != 0) {

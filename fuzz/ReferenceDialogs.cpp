@@ -1,4 +1,4 @@
-// The dialogs in common, and that of branches.
+// What all dialogs have in common, and the branch dialog.
 #include <algorithm>
 
 #include "ReferenceTexts.h"
@@ -50,7 +50,7 @@ void Reference::work(Sheet& sheet, const Texts& entries) {
     }
 }
 
-// False for what a user cannot do.
+// Returns false for an action that is impossible for a user.
 bool Reference::enter(Sheet& sheet, const std::string& entry) {
     const std::size_t end = entry.find('=');
     const std::string name = entry.substr(0, end);
@@ -184,15 +184,15 @@ void Reference::editSelected(const Texts& entries) {
     } else if (tag == "item") {
         Sheet made = itemSheet(true);
         work(made, entries);
-        // Its row stays its row, also under another name.
+        // The item keeps its row, even if it was renamed.
         const auto row = std::ranges::find(rows_, made.oldKey, &Row::key);
         if (row != rows_.end()) row->key = nodes_.at(selected_).key;
         select(nodes_.at(selected_).parent);
     }
 }
 
-// Puts the record in the place of the one under the selected node's key. What is below gets keys that follow;
-// a key that is taken refuses all.
+// Replaces the record under the selected node's key and gives everything below new keys. Changes nothing if
+// one of the keys is taken.
 void Reference::replace(const std::string& tag, const std::string& oldKey, Record record) {
     const int top = selected_;
     recordAt(tag, oldKey);
@@ -210,11 +210,11 @@ void Reference::replace(const std::string& tag, const std::string& oldKey, Recor
     const auto leaves = [&](int id) {
         return std::ranges::any_of(moves, [&](const auto& move) { return move.first == id; });
     };
-    std::rotate(moves.begin(), moves.begin() + 1, moves.end());  // what is below is looked at first
+    std::rotate(moves.begin(), moves.begin() + 1, moves.end());  // checks the nodes below first
     for (const auto& [id, key] : moves) {
         const Node& node = nodes_.at(id);
         const int taker = find(key);
-        // A key that only something below gives up is not free for the top yet.
+        // The top node cannot take a key that a node below it still has.
         const bool free = taker == 0 || (id == top ? taker == top : leaves(taker));
         const bool recordLeaves = taker != 0 && free && nodes_.at(taker).tag == node.tag;
         if (entry(node.tag, key) != nullptr && !recordLeaves) throw Failure{457};

@@ -1,4 +1,4 @@
-// New, Open, Save and Close, and what the files hold.
+// New, Open, Save and Close, and the files.
 #include <algorithm>
 #include <cctype>
 #include <functional>
@@ -45,7 +45,7 @@ std::string labelOf(const std::map<std::string, std::string>& words, const std::
     return std::ranges::find(words, word, [](const auto& pair) { return pair.second; })->first;
 }
 
-/// No parser takes any of it for something else.
+/// True if no parser can take any part of the text for markup.
 bool isPlain(const std::string& text, const std::string& besides) {
     return std::ranges::all_of(text, [&](char c) {
         return std::isalnum(static_cast<unsigned char>(c)) != 0 || besides.find(c) != std::string::npos;
@@ -79,7 +79,7 @@ void Reference::buildRoot() {
     makeVisible(add(root_, "ModBus", "ModBus", "modbus", "main", ""));
 }
 
-/// 'q' for a question that ends the command, 'a' when it was answered, '-' when it was not asked.
+/// Returns 'q' to end the command, 'a' if the question was answered, '-' if it was not asked.
 char Reference::askToSave(const std::string& question, const std::string& choice) {
     if (!open_ || saved_) return '-';
     if (ask(question) != 'y') return 'a';
@@ -237,11 +237,11 @@ void Reference::writeBelow(int id, int depth, std::string& out, bool& plain) {
     }
 }
 
-// --- reading what was written
+// --- reading
 
 void Reference::read(const std::string& bytes) {
-    std::vector<int> holders;  // units and branches that are open
-    Record fields;             // of the element that is open: a unit or an item
+    std::vector<int> holders;  // open units and branches
+    Record fields;             // of the open unit or item
     const auto text = [](const std::string& line, const std::string& before) {
         const std::size_t from = line.find(before) + before.size();
         return line.substr(from, line.find('"', from) - from);

@@ -1,4 +1,4 @@
-// The dialog of items.
+// The item dialog.
 #include <cmath>
 
 #include "ReferenceTexts.h"

@@ -1,4 +1,4 @@
-// Messages, usable commands and the list; and everything as lines.
+// Messages, enabled commands and the list, and the description of everything as lines.
 #include <algorithm>
 #include <set>
 #include <utility>
@@ -72,12 +72,12 @@ char Reference::ask(const std::string& text) {
     return answer;
 }
 
-// Without a configuration nothing else becomes usable.
+// Without a configuration, no further commands become enabled.
 void Reference::enable(const std::string& situation) {
     if (open_ || situation == "start" || situation == "busy") enabled_ = situation;
 }
 
-// Of a branch, the first child decides about the bulk pastes.
+// For a branch, its first child decides whether the bulk pastes are enabled.
 void Reference::enableFor(int id) {
     const Node& chosen = nodes_.at(id);
     const bool itemFirst = chosen.tag == "branch" && !chosen.children.empty() &&
@@ -100,7 +100,7 @@ void Reference::select(int id) {
     if (focus_ == "list") clickList();
 }
 
-// Rows of the same node stay selected.
+// Keeps the selection if the list showed the same node before.
 void Reference::fillList(int id) {
     std::set<std::string> kept;
     if (subject_ == nodes_.at(id).key)
@@ -159,7 +159,7 @@ void Reference::addRow(const std::string& tag, const std::string& key, bool inde
     rows_.push_back(row);
 }
 
-// Rows stay selected.
+// Keeps the selection.
 void Reference::sortRows() {
     if (!listSorted_) return;
     std::set<std::string> kept;
@@ -176,7 +176,7 @@ void Reference::selectRows(const std::set<std::string>& keys) {
         if (keys.contains(rows_[row].key)) selectedRows_.push_back(row);
 }
 
-// Another mode sorts again what has been renamed in place.
+// A change of the view mode sorts rows that were renamed in place.
 void Reference::showAs(int mode) {
     if (std::exchange(mode_, mode) != mode) sortRows();
 }

@@ -1,4 +1,4 @@
-// Drags, and names and comments from the clipboard.
+// Dragging, and pasting names and comments.
 #include <algorithm>
 #include <set>
 
@@ -25,7 +25,7 @@ void Reference::drag(int source, int target, bool copies) {
     highlight_ = 0;
 }
 
-// The record stands under both keys, and names the new one.
+// The record is stored under both keys; its own key is the new one.
 void Reference::shareRecord(int source, int target) {
     const Node& from = nodes_.at(source);
     const Node& to = nodes_.at(target);
@@ -50,7 +50,7 @@ void Reference::copyBelow(int source, int target) {
     }
 }
 
-// A line that ends the text gives no line of its own.
+// A line end at the end of the text does not begin another line.
 void Reference::pasteTexts(bool names, const std::string& clipboard, const Texts& entries) {
     if (clipboard.empty()) return say("Empty clipboard !");
     Texts lines = pieces(clipboard, "\r\n");
@@ -84,24 +84,24 @@ bool Reference::nameClashes(const Texts& lines, const std::vector<std::size_t>& 
     for (const std::size_t row : rows) leaving.insert(rows_[row].key);
     return selected_ != 0 && std::ranges::any_of(lines, [&](const std::string& line) {
                const std::string key = nodes_.at(selected_).key + "." + line;
-               const bool beside = line.find('.') == std::string::npos;  // below a branch it is no clash
+               const bool beside = line.find('.') == std::string::npos;  // no clash below a branch
                return beside && entry("item", key) != nullptr && !leaving.contains(key);
            });
 }
 
-// Who cannot get the new name keeps the old one, which may keep another from it.
+// An item that cannot get its new name keeps the old one, and may thus block the renaming of another.
 void Reference::pasteNames(const Texts& lines, const std::vector<std::size_t>& rows) {
     struct Renaming {
         std::string key, name, newKey;
         std::size_t row, line;
     };
     std::vector<Renaming> going;
-    std::map<std::size_t, int> failed;  // by lines; the first one is told
+    std::map<std::size_t, int> failed;  // by line; only the first is reported
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const std::size_t refused = lines[i].find_first_of(" .,:;\\/|");
         const std::string key = rows_[rows[i]].key;
         if (refused == std::string::npos) {
-            // After a drop two rows may have one key.
+            // After a drop two rows may have the same key.
             if (std::ranges::count(going, key, &Renaming::key) > 0) {
                 failed[i] = 5;
                 continue;

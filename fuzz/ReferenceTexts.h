@@ -58,7 +58,7 @@ inline std::optional<double> numberOf(const std::string& text) {
     return number;
 }
 
-/// Rounded, halves to even; empty when out of range.
+/// Rounds halves to even; empty when out of range.
 inline std::string whole(double number, double least, double most) {
     const double rounded = std::nearbyint(number);
     if (rounded < least || rounded > most) return "";
@@ -69,7 +69,7 @@ inline bool takesElements(const std::string& label) {
     return holds(label, "array") || label == "string";
 }
 
-/// A list that lacks the value gets it as its last entry.
+/// Appends the value to a list that lacks it.
 inline void withOwn(Reference::Box& list, const std::string& own) {
     if (std::ranges::count(list.items, own) == 0) list.items.push_back(own);
     list.text = own;

@@ -27,7 +27,7 @@ int Reference::add(int parent, const std::string& key, const std::string& text, 
     return id;
 }
 
-// At the end, or below a sorted parent behind the texts that do not come later.
+// At the end, or in a sorted parent after all texts that are not greater.
 void Reference::place(int id) {
     Node& parent = nodes_.at(nodes_.at(id).parent);
     std::erase(parent.children, id);
@@ -109,7 +109,7 @@ void Reference::drop(const std::string& tag, const std::string& key) {
     std::erase_if(collections_[tag], [&](const Entry& each) { return each.first == key; });
 }
 
-// Of what lies below, only items and branches of branches have records that go along.
+// Below the top, only items and branches have records to remove.
 void Reference::dropRecords(int top) {
     const Node& gone = nodes_.at(top);
     if (gone.tag != "item" && gone.tag != "branch") return;
@@ -123,7 +123,7 @@ int Reference::store(Record record) {
     return id;
 }
 
-// The node of a record whose name the tree refuses takes the record out again.
+// Removes the record again if the tree refuses its key.
 int Reference::addWithRecord(const std::string& tag, int record, int parent,
                              const std::string& selectedImage) {
     const std::string key = records_[record].at("key");

@@ -1,4 +1,4 @@
-// The dialogs of units and data types.
+// The unit and data type dialogs.
 #include <cstdint>
 #include <limits>
 
@@ -52,7 +52,7 @@ Reference::Sheet Reference::unitSheet(bool edit) {
     return made;
 }
 
-/// Nothing when the fields hold.
+/// Returns the message for the first invalid field; empty if all are valid.
 std::string Reference::wrongUnit(Sheet& s) const {
     const auto id = numberOf(s.text("txtUI"));
     if (s.text("txtName").empty()) return "Name field is empty.";

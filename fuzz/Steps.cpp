@@ -1,7 +1,6 @@
-// Random users until there have been as many steps as told, each compared with the reference:
-// for a night, where the tests take seconds. A difference is printed with the steps that are needed for it.
-//     fuzz-Steps [STEPS [SEED]]    1,000,000 steps unless told, walks of 2,000 from the seed on, 1 unless
-//     told
+// Compares random users with the reference for a given number of steps, for example overnight. Prints a
+// difference and the few steps that cause it.
+//     fuzz-Steps [STEPS [SEED]]    default: 1,000,000 steps in walks of 2,000, from seed 1
 #include <cstdio>
 #include <cstdlib>
 
@@ -17,7 +16,7 @@ int main(int count, char** arguments) {
         steps += walked.steps.size();
         if (walked.difference.empty()) continue;
         std::printf("seed %u, step %zu:\n%s\n", seed, walked.steps.size(), walked.difference.c_str());
-        std::fflush(stdout);  // finding the steps that are needed may take a while
+        std::fflush(stdout);  // reducing the steps may take a while
         std::printf("%s\n", walked.told().c_str());
         return 1;
     }

@@ -4,20 +4,20 @@
 
 namespace trevandix::fuzz {
 
-// Each takes any bytes and throws std::logic_error when the editor does what it must never do. The tests
-// replay the corpus and every input that once found a fault through the same functions.
+// Each function accepts any bytes and throws std::logic_error if the editor does something wrong. The unit
+// tests run the same functions on the corpus and on every input that once revealed a fault.
 
-/// The bytes as a configuration file: opened or refused, tree and collections agree, and what was opened can
-/// be saved and opened again.
+/// Opens the bytes as a configuration file. Tree and collections must agree, and a configuration that was
+/// opened must survive saving and opening again.
 void Reader(std::string_view bytes);
-/// The bytes as a file that is no XML: refused with a line, or mended into what the parser accepts. And as a
-/// comment: it comes back from the mended file.
+/// Mends the bytes as a malformed file: the result must be well-formed, or the error must name a line. Also
+/// uses the bytes as a comment, which must come back from the mended file.
 void Mending(std::string_view bytes);
-/// The bytes as a type: converting there and back settles after one round.
+/// Converts the bytes as a type name in both directions; the result must be stable after one round.
 void TypeNames(std::string_view bytes);
-/// The bytes as clipboard text: nothing but blanks and line ends is lost.
+/// Splits the bytes as clipboard text; only spaces and line ends may be lost.
 void Clipboard(std::string_view bytes);
-/// The bytes as a user's choices: after each step the editor is what the reference makes of it.
+/// Uses the bytes as a user's choices; the editor must match the reference after each step.
 void Commands(std::string_view bytes);
 
 }  // namespace trevandix::fuzz

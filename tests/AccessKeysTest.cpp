@@ -1,4 +1,4 @@
-// Which letter of a caption the Alt key goes with.
+// Tests how captions get access keys (Alt and a letter).
 #include <gtest/gtest.h>
 
 #include "FakePlatform.h"
@@ -12,7 +12,7 @@ TEST(AccessKeys, PreferTheFirstLetterOfAWord) {
     for (const auto& [caption, marked] : Fields{{"Add Item", "&Add Item"},
                                                 {"Add Group....", "Add &Group...."},
                                                 {"Address", "A&ddress"},
-                                                {"aa", "aa"},  // none is free
+                                                {"aa", "aa"},  // no free letter
                                                 {"X-axis", "X-ax&is"},
                                                 {"E&xit", "E&xit"},
                                                 {"R&&D 2", "&R&&D 2"},
@@ -21,7 +21,7 @@ TEST(AccessKeys, PreferTheFirstLetterOfAWord) {
                                                 {"\xC3\xA9t\xC3\xA9", "\xC3\xA9&t\xC3\xA9"},
                                                 {"", ""}})
         EXPECT_EQ(keys.marked(caption), marked);
-    // A control that changes its caption gives its letter back, for itself too.
+    // When a control changes its caption, its old letter becomes free, for the control itself too.
     EXPECT_EQ(keys.marked("Group", AccessKeys::keyOf("Add &Group....")), "&Group");
     EXPECT_EQ(keys.marked("Save", 'G'), "&Save");
     EXPECT_EQ(keys.marked("Go"), "&Go");

@@ -12,7 +12,8 @@ struct BulkWorkplace : PlantedWorkplace {
               {"U", "U.A/", "U.A.a", "U.A.b", "U.A.c", "U.A.d", "U.A.S/", "U.A.S.b", "U.B/", "U.B.q"}) {
         click("U.A");
     }
-    /// Pastes the text onto the rows, which a space sets apart; the preview, lines and cells set apart too.
+    /// Pastes the text onto the rows (names separated by spaces). Returns the preview: a line per row, "|"
+    /// after each cell.
     std::string preview(const std::string& rows, std::string_view text, std::string_view command) {
         std::string shown;
         clipboard.contents = text;
@@ -59,19 +60,19 @@ TEST(BulkPaste, PreviewWarnsWhenRowsAreNotInAddressOrder) {
               "Item comment||New Item comment|Item|\n|<---|x, y: z|a, 9|\nold|<---|x|b, 40|\n");
     for (const char* command : {"mnuPasteName", "mnuPasteComment"})
         EXPECT_TRUE(place.preview("a b c", "x\r\ny\r\nz", command).ends_with("not in order"));
-    // By table, address and bit; a click on the header of the index brings them into this order.
+    // A click on the Index header sorts by table, address and bit.
     place.editor.ListView1_ColumnClick(6);
     EXPECT_EQ(place.preview("a b c", "x\r\ny\r\nz", "mnuPasteName"),
               "Item name||New Item name|Address|\na|<---|x|9|\nc|<---|y|10|\nb|<---|z|40|\n");
     play(place, {{"", "tree U.A: a b c d S(b) | saved"}});
 }
 
-// All that can be renamed is, also where names are exchanged; the rest stays as it was.
+// Items that can be renamed are renamed, even if they swap names; the others keep their names.
 TEST(BulkPaste, RenamesEveryItemThatCanBeRenamed) {
     const std::string inCollection = failure(kKeyInCollection, "mnuPasteName_Click")[0];
     const std::string space = " | said Character ( ) not acceptable in string b c";
     const std::string space2 = " / " + space.substr(8);
-    // Onto a, b, c.
+    // Pasted onto a, b and c.
     for (const auto& [text, seen] :
          Fields{{" x \r\ny\r\nz\r\n", "list U.A: *x *y *z d | tree U.A: d S(b) x y z"},
                 {"b\r\nc\r\na", "list U.A: *b *c *a d"},
@@ -93,7 +94,7 @@ TEST(BulkPaste, RenamesEveryItemThatCanBeRenamed) {
         const bool refused = seen.starts_with("saved");
         play(place, {{"clipboard: " + text + "; U.A: a b c; mnuPasteName: ", seen},
                      {"", refused ? "tree U.A: a b c d S(b)" : "unsaved"}});
-        // The rows stand for the renamed items from now on, each with its own comment.
+        // The rows now belong to the renamed items, each with its own comment.
         for (std::size_t row = 0; row < 3; ++row) {
             const clsItem& item = place.item(place.list.rows()[row].key);
             EXPECT_EQ(item.sName() + item.sComment(), place.list.rows()[row].text + "abc"[row]) << text;
@@ -106,14 +107,14 @@ TEST(BulkPaste, PastesCommentsAndSingleItems) {
     play(place, {{"U.A; clipboard: x; mnuPasteName: ", "said Invalid selection"},
                  {"clipboard: ; U.A: b c; mnuPasteComment: ", "said Empty clipboard !"},
                  {"clipboard: x\r\ny\r\nz; mnuPasteComment: ", "saved | said Invalid selection"},
-                 {"clipboard: a, b: c\r\nd; mnuPasteComment: ", "unsaved"}});  // names would clash
+                 {"clipboard: a, b: c\r\nd; mnuPasteComment: ", "unsaved"}});  // not allowed in names
     EXPECT_EQ(place.item("U.A.b").sComment(), "a, b: c");
     EXPECT_EQ(place.list.cell(1, 1), "a, b: c");
-    // An error message, as the clash test looks below the item.
+    // With an item selected, the clash is found only by the collection.
     play(place, {{"clipboard: b; U.A.a: a; mnuPasteName: ",
                   "tree U.A: a b c d S(b) | said " + failure(kKeyInCollection, "mnuPasteName_Click")[0]},
                  {"clipboard: x; mnuPasteName: ", "tree U.A: b c d S(b) x"},
-                 // The row of an item that has gone.
+                 // The row's item has been dragged away.
                  {"U.A: b; drag U.A.b to U.B; mnuPasteComment: ",
                   "said " + failure(kInvalidCall, "mnuPasteComment_Click")[0]},
                  {"clipboard: y; mnuPasteName: ",

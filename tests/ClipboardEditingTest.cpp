@@ -13,7 +13,7 @@ TEST(ClipboardEditing, PasteReportsWhatFailed) {
     play(place,
          {{"mnuPaste", "said Copied object can not be added here "},
           {"U.A: x y z; mnuCopy; top; mnuPaste; U; mnuPaste; ModBus; mnuPaste; U.A.x; mnuPaste", ""},
-          // The sub-branch y has the key.
+          // The branch y already has this key.
           {"U.B; mnuPaste", "tree U: A(x y z) B(x y) | said " + failure(kKeyNotUnique, "mnuPaste_Click")[0]},
           {"mnuPaste", "said " + failure(kKeyInCollection, "mnuPaste_Click")[0]}});
     EXPECT_EQ(place.configuration.state.pasteCounter, 0);

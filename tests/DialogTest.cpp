@@ -1,4 +1,4 @@
-// The four property dialogs: what they propose, check, add and change.
+// Tests the four property dialogs: proposed values, checks, adding and editing.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -13,7 +13,7 @@ namespace {
 const std::string kNoCom = "Invalid Port name. It must begin with \"COM\"";
 const std::string kSerialOff = "|off=txtPort cmbBaud cmbParity cmbData cmbStop cmbFlow txtSilent";
 
-/// A unit U with a branch B; all data types but coil.
+/// A unit U with a branch B, and all data types except coil.
 struct DialogPlace : Workplace {
     explicit DialogPlace(std::string_view kind = kTcpIp) {
         newConfiguration(kind);
@@ -23,8 +23,8 @@ struct DialogPlace : Workplace {
                       "unsaved"}});
         configuration.setSaved(true);
     }
-    /// What is entered before Ok is pressed, and what is said then, nothing where it is accepted; what the
-    /// dialog shows when it is refused.
+    /// Each row: the fields entered before Ok, and the expected message (empty: accepted). `refused` is what
+    /// the dialog shows after a refusal.
     void check(const std::string& steps, const Fields& rows, const std::string& refused = "open=yes") {
         Fields lines;
         for (const auto& [fields, message] : rows)
@@ -64,7 +64,7 @@ TEST(Dialogs, EditingShowsWhatWasEntered) {
               "txtElements",
               "txtItemName=I a.b|cmbModbusType=holding register|cmbDataType=boolean array|txtComment=pump|"
               "txtAddress=40|cmbBit=3|txtElements=8|cmbAccessRight=WRITE",
-              "list U.B: Iab", "U.B.Iab",  // what is no word character did not get in
+              "list U.B: Iab", "U.B.Iab",  // the key filter dropped space and dot
               "cmbModbusType=holding register|cmbDataType=boolean "
               "array|txtComment=pump|txtAddress=40|cmbBit=3|"
               "txtElements=8|cmbAccessRight=WRITE|cmdOk=Confirm Modify|off=cmdAdd cmdGroup"},
@@ -102,8 +102,8 @@ TEST(Dialogs, UnitFieldsAreChecked) {
                 "open=no");
     tcpIp.check("top; mnuAddPlc", {{"txtName=U", kNameTaken[0]},
                                    {"txtName=u|txtTimeout=3e9", failure(kOverflow, "cmdOk_Click")[0]},
-                                   {"txtTimeout=30", ""}});  // another case is another name
-    // The tree has one name space for units, data types and the folder.
+                                   {"txtTimeout=30", ""}});  // names are case-sensitive
+    // Units, data types and the ModBus folder share one name space in the tree.
     play(tcpIp, {{"top; mnuAddPlc: txtName=ModBus|txtUI=3",
                   "said " + failure(kKeyNotUnique, "mnuAddPlc_Click")[0]}});
 
@@ -123,7 +123,7 @@ TEST(Dialogs, UnitFieldsAreChecked) {
                {"cmbData=8.0|txtTimeout=1|txtSilent=99", ""},
                {"txtUI=2|txtPort=COM12|cmbBaud=2400", ""}},
               "open=no");
-    // Only a renamed unit is compared with its own old self.
+    // The port check skips the edited unit itself, unless it is renamed.
     play(rtu, {{"edit U: txtPort=COM4|cmbBaud=19200", ""},
                {"edit U: cmbBaud=2400", ""},
                {"edit U: txtName=V|cmbBaud=9600", "said " + differs + "Baud Rate"}});
@@ -146,16 +146,15 @@ TEST(Dialogs, ItemFieldsAreChecked) {
                                     {"cmbAccessRight=WRITE|txtElements=40000", kNameTaken[0]},
                                     {"txtItemName=I", failure(kOverflow, "cmdOk_Click")[0]},
                                     {"txtElements=0", ""}});
-    play(place, {{"", "list U.B: I Other"}});  // the list shows it once the dialog is closed
+    play(place, {{"", "list U.B: I Other"}});  // updated when the dialog closes
 }
 
-// Values that a dialog does not offer, as files may hold them: Ok keeps them, or says what is wrong with
-// them.
+// Files may contain values that a dialog does not offer. Ok keeps them or reports what is invalid.
 TEST(Dialogs, OkKeepsUnusualValuesThatNobodyEdited) {
     const std::string unusual = " a  \"b\"\r\n<c>\t& ";
     using Units = std::vector<std::pair<void (*)(clsPLC&), std::string>>;
     const Units tcpIp{{[](clsPLC& u) { u.setAddress(" a  \"b\"\r\n<c>\t& "), u.setTimeout(-5); }, ""},
-                      {[](clsPLC& u) { u.setUI(9); }, ""},  // another unit has it too
+                      {[](clsPLC& u) { u.setUI(9); }, ""},  // also the identifier of another unit
                       {[](clsPLC& u) { u.setUI(255); }, "UI identifier must be between 0 and 254."},
                       {[](clsPLC& u) { u.setAddress(""); }, "Address field is empty."}};
     const Units rtu{{[](clsPLC& u) {
@@ -184,7 +183,8 @@ TEST(Dialogs, OkKeepsUnusualValuesThatNobodyEdited) {
         return item.sDataType() + "|" + item.sAccessRight() + "|" + std::to_string(item.nAddress()) + "|" +
                std::to_string(item.nBitNumber()) + "|" + std::to_string(item.nElements());
     };
-    // Type, right, address, bit, elements; what is said; what Ok makes of it where that is something else.
+    // Each row: type, access right, address, bit and elements; the expected message; the values after Ok if
+    // they differ.
     for (const auto& [before, message, after] : std::vector<std::array<std::string, 3>>{
              {"holding register:64 bit|rw|0|0|0"},
              {"holding register:array|READ|0|0|3"},
@@ -195,7 +195,7 @@ TEST(Dialogs, OkKeepsUnusualValuesThatNobodyEdited) {
              {"holding register:string|READ|0|3|4", "", "holding register:string|READ|0|0|4"},
              {"holding register:64 bit|READ|0|3|4", "", "holding register:64 bit|READ|0|0|0"},
              {"coil:boolean array|READ|0|3|4", "", "coil:boolean array|READ|0|0|4"},
-             {"coil:string|READ|0|3|4", "", "coil:boolean|READ|0|0|0"},  // coils are booleans
+             {"coil:string|READ|0|3|4", "", "coil:boolean|READ|0|0|0"},  // coils are always boolean
              {"my table:string|READ|0|0|-3", "Number of elements field is not valid."},
              {"holding register:string|READ|-7|0|0", range},
              {"my table:boolean|READ|70000|99|9", range},
@@ -218,7 +218,7 @@ TEST(Dialogs, OkKeepsUnusualValuesThatNobodyEdited) {
 
     DialogPlace place;
     clsModBusType type;
-    type.setName("my input");  // an input table is never written
+    type.setName("my input");  // input tables get no write code
     type.setReadCode(255);
     type.setWriteCode(255);
     place.configuration.addDataType(type);
@@ -235,7 +235,7 @@ TEST(Dialogs, DataTypeFieldsAreChecked) {
     DialogPlace place;
     place.check("ModBus; mnuAddMBType",
                 {{"", "Check Read Function code"},
-                 // Codes without a name: no node could stand for it.
+                 // A type without a name cannot have a node.
                  {"txtReadCode=1|txtWriteCode=1", failure(kInvalidCall, "cmdOk_Click")[0]},
                  {"cmbMBType=holding register|txtReadCode=x", "ModBus type already existing"},
                  {"cmbMBType=coil|txtReadCode=x|txtWriteCode=x", "Check Read Function code"},
@@ -244,7 +244,7 @@ TEST(Dialogs, DataTypeFieldsAreChecked) {
                  {"txtSingleCode=300", failure(kOverflow, "cmdOk_Click")[0]},
                  {"txtSingleCode=6", ""}});
     EXPECT_EQ(place.list.rows().size(), 4U);
-    // Without the folder for its node a type does not stay.
+    // Without the ModBus folder, a new type is removed again.
     play(place, {{"edit coil: cmbMBType=input status", "said " + failure(kKeyInCollection, "cmdOk_Click")[0]},
                  {"drag ModBus to U; U.B; mnuAddMBType: cmbMBType=coil",
                   "said " + failure("35601  Element not found", "mnuAddMBType_Click")[0]}});
@@ -259,7 +259,7 @@ TEST(Dialogs, BranchNamesAreChecked) {
     place.check("U; mnuAddBranch", {{"txtBranchName=a.b", kNameTaken[0]}, {"txtBranchName=", kNameTaken[0]}});
     const std::string notUnique = "said " + failure(kKeyNotUnique, "mnuAddBranch_Click")[0];
     play(place,
-         {// A sibling item has the key: the check lets the name pass, the tree does not.
+         {// A sibling item has the same key: the name check passes, the tree refuses.
           {"U; mnuAddBranch: txtBranchName=Run", notUnique},
           // Under U.a, "b" has the key of "a.b" under U.
           {"U; mnuAddBranch: txtBranchName=a", ""},
@@ -285,7 +285,7 @@ TEST(Dialogs, RenamedDataTypeKeepsItsNode) {
     EXPECT_FALSE(types.contains("input status"));  // not restored
     work(place, "edit holding register",
          {{"", "txtReadCode= | said " + failure(kInvalidCall, "Form_Load")[0]}});
-    // The node without a record gets the new one.
+    // A node that lost its record gets the new record.
     play(place, {{"ModBus; mnuAddMBType: cmbMBType=holding register",
                   "tree ModBus: holding register input register input status"}});
     work(place, "edit holding register", {{"", "txtReadCode=3"}});
@@ -313,7 +313,7 @@ TEST(ItemDialog, TableLimitsTypesAndRightsAndTypeEnablesBitAndElements) {
           {"cmbDataType=boolean array", "off=cmbBit"},
           {"cmbModbusType=my register", offers("2", "3")},
           {"cmbDataType=boolean", "off=txtElements"}});
-    // Unusual values of the record belong to its own table only.
+    // The record's unusual values are offered for its own table only.
     work(place, "edit U.B.I",
          {{"cmbModbusType=input register", "cmbDataType.count=15|cmbAccessRight.count=1"},
           {"cmbModbusType=holding register", "cmbDataType.count=16|cmbAccessRight.count=4"},
@@ -350,7 +350,7 @@ TEST(ItemDialog, AddressAdvancesByTheSizeOfTheValue) {
     }
 }
 
-// A name that is taken; and one that passes the check, but whose key does not.
+// In U.B the name is taken; in U.C the name is free but a branch has the key.
 TEST(ItemDialog, GroupStopsAtTheFirstRefusedItem) {
     DialogPlace place;
     plant(place, {"U.B.New_Item_2", "U.C/", "U.C.New_Item_3/"});
@@ -370,7 +370,7 @@ TEST(ItemDialog, GroupStopsAtTheFirstRefusedItem) {
 }
 
 TEST(ItemDialog, GroupPanelAcceptsOnlyNumbers) {
-    const std::string again = "hidden=|off=frmMain | said ";  // for another try
+    const std::string again = "hidden=|off=frmMain | said ";  // the panel stays open
     const std::string invalid = again + "Number of items is not valid.";
     const std::string item =
         "txtItemName=First|cmbModbusType=input register|cmbDataType=boolean "

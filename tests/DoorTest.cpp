@@ -1,5 +1,5 @@
-// What a file would hold changes through the edits of the configuration alone: nothing else compiles. Each
-// use is one that a configuration of open parts would allow.
+// Checks at compile time that content changes only through the edits of `Configuration`. Every use below
+// compiles with `OpenParts`, in which all members are public.
 #include <concepts>
 
 #include "model/Configuration.h"

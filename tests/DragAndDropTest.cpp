@@ -13,7 +13,7 @@ TEST(DragAndDrop, MovesAndCopiesOnlyToAllowedTargets) {
     struct Case {
         std::string source;
         std::string target;
-        std::string result;  // the new key, or what is said instead
+        std::string result;  // the new key, or the expected message
     };
     const std::vector<Case> cases{
         {"U.A.x", "V", "V.x"},           {"U.A.B", "V.A", "V.A.B"},    {"U.A.x", "top", ".x"},
@@ -28,7 +28,7 @@ TEST(DragAndDrop, MovesAndCopiesOnlyToAllowedTargets) {
             PlantedWorkplace place(
                 {"U", "U.A/", "U.A.B/", "U.A.B.x", "U.A.x", "V", "V.A/", "V.B/", "V.B.x", "V.run"});
             const bool done = c.result != "" && c.result != kRefused && c.result != kInUse;
-            EXPECT_EQ(drag(place, c.source, c.target, control), done);  // the pointer told it beforehand
+            EXPECT_EQ(drag(place, c.source, c.target, control), done);  // as the pointer showed
             play(place,
                  {{"", done ? "saved" : "saved | tree top: ModBus U(A(B(x) x)) V(A B(x) run)" + c.result}});
             EXPECT_EQ(place.messages.icon, c.result == kRefused ? Icon::Exclamation
@@ -49,12 +49,12 @@ TEST(DragAndDrop, MovesAndCopiesOnlyToAllowedTargets) {
 
 TEST(DragAndDrop, FailedDropKeepsWhatWasCopied) {
     for (const std::string way : {"drag", "copy"}) {
-        // The item "A.x" of V takes the key that the branch's item needs.
+        // The item "A.x" of V has the key that the copy of U.A.x needs.
         PlantedWorkplace place({"U", "U.A/", "U.A.w", "U.A.x", "V"});
         plantItem(place.configuration, place.node("V"), "A.x");
         play(place, {{way + " U.A to V", "tree top: ModBus U(A(w x)) V(A.x A(w))" + kInUse}});
         EXPECT_EQ(place.wrong(), Texts()) << "nodes without their records";
-        // A record left without a node refuses its key without a word.
+        // A record without a node has the key: the drop fails without a message.
         play(place, {{"drag V to U.A", ""}});
         behindTheDoor(place.configuration.tree)
             .addChild(*place.configuration.tree.root(), "V", "V", {NodeTag::Plc});
@@ -76,11 +76,11 @@ TEST(DragAndDrop, CanEndWithoutADrop) {
     place.editor.dragCancelled();
     EXPECT_EQ(place.configuration.tree.dropHighlight(), nullptr);
     EXPECT_EQ(place.pointer.shapes.back(), Pointer::Default);
-    play(place, {{"drag U.x to V", "tree V: x" + kInUse}});  // the highlight stays
+    play(place, {{"drag U.x to V", "tree V: x" + kInUse}});  // the highlight remains
     start();
-    place.editor.TreeView1_OLEDragDrop();  // over nothing
+    place.editor.TreeView1_OLEDragDrop();  // over no node
     EXPECT_EQ(place.pointer.shapes.back(), Pointer::Default);
-    // The dragged node has gone meanwhile.
+    // The dragged node is removed during the drag.
     start();
     place.editor.TreeView1_OLEDragOver(&place.node("V"));
     place.configuration.removeItem("U.x");

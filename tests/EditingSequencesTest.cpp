@@ -1,5 +1,5 @@
-// Random users: after each step the editor is what the plain rules of the reference make of it. The check of
-// tree and collections that other tests rely on finds what it is there for, and nothing leaks.
+// Compares random users with the reference after each step. Also tests the invariant checks themselves, and
+// that opening and closing leaks no memory.
 #include <gtest/gtest.h>
 
 #ifdef __GLIBC__

@@ -99,7 +99,7 @@ void FakeForm::showModeless() {
 void FakeForm::close() {
     if (!open) return;
     open = false;
-    const Handler handler = closed_;  // it may destroy the form
+    const Handler handler = closed_;  // a copy, because it may destroy the form
     if (handler) handler();
 }
 
@@ -235,7 +235,7 @@ void Workplace::run(std::string_view command) {
 }
 
 void Workplace::edit(std::string_view key) {
-    const bool mayPart = click(key).tag() == NodeTag::DataType;  // keeps its node when renamed
+    const bool mayPart = click(key).tag() == NodeTag::DataType;  // a renamed type keeps its node
     checked("a double click", mayPart, [&] { editor.TreeView1_DblClick(); });
 }
 

@@ -16,18 +16,18 @@
 namespace trevandix::testing {
 
 using Texts = std::vector<std::string>;
-/// Texts by the names of their controls.
+/// Control names with texts.
 using Fields = std::vector<std::pair<std::string, std::string>>;
 
-/// Records every box and answers from a script; unscripted boxes get the first button.
+/// Records every message box and answers from `answers`; without an entry it presses the first button.
 struct FakeMessages : Messages {
     Answer show(std::string_view text, Buttons choice, Icon kind) override;
     Texts texts;
     Buttons buttons = Buttons::Ok;  ///< of the last box
     Icon icon = Icon::None;
     std::deque<Answer> answers;
-    std::function<void(std::string_view)> onShow;  ///< what there is to see meanwhile
-    /// The texts so far, which are forgotten.
+    std::function<void(std::string_view)> onShow;  ///< called while the box is open
+    /// Returns the recorded texts and clears them.
     Texts take() { return std::exchange(texts, {}); }
 };
 
@@ -35,8 +35,8 @@ struct FakeFileDialog : FileDialog {
     std::optional<std::string> open(std::string_view title, std::string_view filter) override;
     std::optional<std::string> save(std::string_view title, std::string_view filter,
                                     std::string_view proposedName) override;
-    std::optional<std::string> choice;  ///< what the user picks; nothing for Cancel
-    Texts calls;                        ///< title|filter|proposal
+    std::optional<std::string> choice;  ///< the chosen file; nothing for Cancel
+    Texts calls;                        ///< title|filter|proposed name
 };
 
 struct FakeClipboard : Clipboard {
@@ -55,8 +55,7 @@ struct FakePointer : MousePointer {
     std::vector<Pointer> shapes;
 };
 
-/// A form without a screen. `showModal` runs the test's script, which presses, types and reads as a user
-/// would.
+/// A form without a screen. `showModal` runs the test's script, which types, presses and reads like a user.
 struct FakeForm : Form {
     explicit FakeForm(const FormSpec& shape);
     std::string text(std::string_view name) const override { return state(name).box.text(state(name).text); }
@@ -78,17 +77,16 @@ struct FakeForm : Form {
     void showModeless() override;
     void close() override;
 
-    // What a user does: replaces a text box's contents, through its filter; picks an entry of a list;
-    // switches a check box, or chooses an option; presses a button; does all of that in turn, told
-    // as "field=text|button|box". Each refuses (throws std::logic_error) what a disabled or hidden control
-    // would not let him.
+    // User actions: type replaces the text of a box, through its filter; choose picks a list entry; toggle
+    // switches a check box or chooses an option; press presses a button; fill does these in turn, given as
+    // "field=text|button|box". They throw std::logic_error for a disabled or hidden control.
     void type(std::string_view name, std::string_view text);
     void choose(std::string_view name, std::string_view item);
     void toggle(std::string_view name);
     void press(std::string_view name);
     void fill(std::string_view fields);
-    /// The same fields, told in the same way, with what they show now. Besides: "FIELD.count" for the length
-    /// of a list, "off" and "hidden" for the controls that are out of use or sight, "focus", "open".
+    /// Returns the same fields in the same form with their present values. Also accepts "FIELD.count" (length
+    /// of a list), "off" and "hidden" (names of disabled and hidden controls), "focus" and "open".
     std::string shown(std::string_view fields) const;
 
     const FormSpec& shape;
@@ -115,13 +113,13 @@ private:
     Handler activated_;
 };
 
-/// Hands out forms; each newly shown one runs the next script, or closes when there is none.
+/// Each form that is created gets the next script; without a script a modal form closes at once.
 struct FakeForms : Forms {
     using Script = std::function<void(FakeForm&)>;
     std::unique_ptr<Form> create(const FormSpec& shape) override;
     std::deque<Script> scripts;
     Texts shown;               ///< names of the forms created
-    FakeForm* last = nullptr;  ///< valid while the modeless form lives
+    FakeForm* last = nullptr;  ///< valid while the modeless form exists
 };
 
 struct FakeListDisplay : ListDisplay {
@@ -163,7 +161,7 @@ struct FakeWindow : MainWindow, CommandBar {
     std::map<std::string, bool, std::less<>> menus;
 };
 
-/// A new folder, which goes away with everything in it.
+/// A new folder; the destructor deletes it and its contents.
 class OwnFolder {
 public:
     OwnFolder();
@@ -174,7 +172,7 @@ public:
     std::filesystem::path path;
 };
 
-/// What a configuration gives out as const, to bring about what no edit does.
+/// Makes a const part of a configuration writable, to create states that no edit creates.
 template <typename Part>
 Part& behindTheDoor(const Part& part) {
     return const_cast<Part&>(part);
@@ -183,12 +181,12 @@ inline EditableTree& behindTheDoor(StructureTree& tree) {
     return static_cast<EditableTree&>(tree);
 }
 
-/// The whole editor on doubles, with a folder of its own that goes away with it.
+/// The whole editor on test doubles, with its own temporary folder.
 class Workplace {
-    OwnFolder ownFolder_;  // first, so that nothing in it is open any more when it goes
+    OwnFolder ownFolder_;  // first member, so that all files are closed before it is deleted
 
 public:
-    /// Unsaved work is kept in a folder of its own, unless another is named.
+    /// `state` is the folder for recovery files; by default a subfolder of `folder`.
     explicit Workplace(const std::filesystem::path& state = {});
 
     FakeMessages messages;
@@ -206,26 +204,26 @@ public:
     Platform platform;
     frmEditing editor;
 
-    /// An empty configuration of the kind, as New makes it.
+    /// Runs New for this interface kind.
     void newConfiguration(std::string_view interfaceKind);
-    /// Writes the bytes to a file of the folder and opens it.
+    /// Writes the bytes to a file in `folder` and opens it.
     void openText(std::string_view bytes, const std::string& name = "test.xml");
     std::string path(const std::string& name) const { return (folder / name).string(); }
-    /// Clicks the node with the key; the first node for an empty key.
+    /// Clicks the node with this key; the root for an empty key.
     TreeNode& click(std::string_view key);
     TreeNode& node(std::string_view key) { return configuration.tree.at(Key(key)); }
     bool has(std::string_view key) const { return configuration.tree.find(Key(key)) != nullptr; }
     clsItem& item(std::string_view key) { return behindTheDoor(*configuration.items.at(Key(key))); }
-    /// Empty for the first node, and for none.
+    /// Empty if the root or nothing is selected.
     std::string selectedKey() const {
         const TreeNode* node = configuration.tree.selected();
         return node != nullptr ? node->key().str() : "";
     }
-    /// Selects list rows by their text, as by the mouse, with the focus in the list.
+    /// Moves the focus to the list and selects the rows with these texts.
     void selectRows(const Texts& texts);
 
-    // A command, a double click on the node, and the drop of a node that is being dragged. Each throws when
-    // tree and collections, agreeing before, do not agree afterwards.
+    // A command, a double click on a node, and dropping the dragged node. They throw if tree and collections
+    // agreed before but do not agree afterwards.
     void run(std::string_view command);
     void edit(std::string_view key);
     void drop(const TreeNode& source);
@@ -234,19 +232,18 @@ private:
     void checked(std::string_view what, bool mayPart, const std::function<void()>& step);
 };
 
-/// The texts that the separator sets apart.
+/// Splits the text at each separator.
 Texts split(std::string_view text, std::string_view separator = "|");
-/// Throws std::logic_error when the text does not hold `what`.
+/// Errors: std::logic_error if the text does not contain `what`.
 std::string replaced(std::string text, std::string_view what, std::string_view by);
 std::string readFile(const std::filesystem::path& path);
 void writeFile(const std::filesystem::path& path, std::string_view bytes);
 
 using trevandix::disagreements;
 
-/// A file of the writer's shape around the given lines of data types and units (TCP/IP unless `rtu`), CR LF
-/// added.
+/// A file as the writer formats it, with the given lines of data types and units. Adds CR LF.
 std::string fileText(const Texts& dataTypes, const Texts& units, bool rtu = false);
-/// One tag element's lines at a depth.
+/// The lines of one item element at a depth.
 std::string tagText(int depth, std::string_view name, std::string_view type = "HREGISTER VT_I2",
                     int address = 1, std::string_view comment = "");
 

@@ -1,4 +1,5 @@
-// New, Open, Save, Save As, Close, Exit and publication, as the user meets them; the writer by its bytes.
+// Tests New, Open, Save, Save As, Close, Exit and publication as the user sees them, and the bytes of the
+// saved files.
 #include <gtest/gtest.h>
 
 #include "Plant.h"
@@ -21,7 +22,7 @@ const std::string kRtuFile = fileText(
      "\t\t\t\t\t<elements>8</elements>\r\n\t\t\t\t</tag>\r\n\t\t\t</tags>\r\n\t\t</PLC>"},
     true);
 
-// An open, changed configuration of one unit.
+// An open configuration with one unit and unsaved changes.
 struct Changed : Workplace {
     Changed() {
         openText(kRtuFile);
@@ -56,7 +57,7 @@ TEST(FileCommands, NewConfigurationIsEmptyAndSavedBesideTheProgram) {
     play(place, {{"mnuSaveCfg", "said " + file + " saved"}});
     EXPECT_EQ(place.registry.published, (Fields{{"TrevandixRTU", file}}));
     EXPECT_EQ(readFile(file), fileText({}, {}, true));
-    // A dialog closed by its title bar leaves the kind as it was.
+    // Closing the dialog by its title bar keeps the interface kind.
     behindTheDoor(place.configuration.state).unitCounter = 3;
     place.run("mnuNewCfg");
     EXPECT_EQ(place.configuration.state.unitCounter, 0);
@@ -68,7 +69,7 @@ TEST(FileCommands, SaveAsksBeforeOverwriting) {
     const std::string question = "said File " + place.path("test.xml") + " already existing. Overwrite?";
     place.messages.answers = {Answer::Cancel};
     play(place, {{"mnuSaveCfg", question + " | unsaved"},
-                 {"no; mnuSaveCfg", question + " | unsaved"}});  // leads to Save As, cancelled in silence
+                 {"no; mnuSaveCfg", question + " | unsaved"}});  // opens Save As, which is cancelled
     EXPECT_EQ(place.messages.buttons, Buttons::YesNoCancel);
     EXPECT_EQ(place.fileDialog.calls.back(),
               "Save configuration|configuration files |*.xml|TrevandixRTU.xml");
@@ -78,12 +79,11 @@ TEST(FileCommands, SaveAsksBeforeOverwriting) {
     play(place, {{"no; mnuSaveCfg", question + " | saved"}});
     EXPECT_EQ(readFile(other), kRtuFile);
     EXPECT_EQ(place.configuration.tree.root()->text(), other);
-    place.registry.refuses = true;  // silent
+    place.registry.refuses = true;  // causes no message
     play(place, {{"mnuSaveCfg",
                   "saved | said File " + other + " already existing. Overwrite? / " + other + " saved"}});
 }
 
-// A save that fails is told once; nothing is published and the configuration stays unsaved.
 TEST(FileCommands, FailedSaveIsReportedOnceAndNotPublished) {
     Changed place;
     std::filesystem::create_directory(place.folder / "folder.xml");
@@ -100,21 +100,21 @@ TEST(FileCommands, FailedSaveIsReportedOnceAndNotPublished) {
     }
 }
 
-// New, Open and Close ask when there are changes; what each answer leads to.
+// The questions when there are unsaved changes, and the effect of each answer.
 TEST(FileCommands, NewOpenAndCloseAskToSaveChanges) {
     for (const std::string command : {"mnuNewCfg", "mnuOpenCfg", "mnuCloseCfg"}) {
         const std::string question = command == "mnuCloseCfg"
                                          ? "said Do you want to save this configuration?"
                                          : "said Do you want to save active configuration?";
         Changed stays;
-        stays.messages.answers = {Answer::Yes, Answer::Cancel};  // wants to save, then declines to overwrite
+        stays.messages.answers = {Answer::Yes, Answer::Cancel};  // save, but do not overwrite
         play(stays, {{command, "opens  | tree top: B\xC3\xBCro(ZONE(EMPTY) Bits) ModBus | " + question +
                                    " / File " + stays.path("test.xml") + " already existing. Overwrite?"}});
         EXPECT_TRUE(stays.configuration.state.configurationOpen);
 
         Changed goes;
         play(goes, {{"no; " + command, question}});
-        EXPECT_EQ(goes.configuration.units.empty(), command != "mnuOpenCfg");  // Open's dialog was cancelled
+        EXPECT_EQ(goes.configuration.units.empty(), command != "mnuOpenCfg");  // Open was cancelled
 
         Changed unchanged;
         unchanged.configuration.setSaved(true);
@@ -134,12 +134,12 @@ TEST(FileCommands, CloseAndExitAskOnceAndEndTheConfiguration) {
     for (const Answer answer : {Answer::Yes, Answer::No}) {
         for (const bool exits : {true, false}) {
             Changed leaving;
-            // A save that comes to nothing does not hold the window.
+            // The window closes even if saving was cancelled.
             leaving.messages.answers = {answer, Answer::Cancel};
             if (exits) leaving.run("mnuExit");
             EXPECT_EQ(leaving.window.closed, exits);
             EXPECT_EQ(leaving.messages.texts.empty(), !exits);
-            leaving.editor.Form_Unload();  // which asks no second time
+            leaving.editor.Form_Unload();  // does not ask again
             const Texts asked = leaving.messages.take();
             EXPECT_EQ(asked.size(), answer == Answer::Yes ? 2U : 1U);
             EXPECT_EQ(asked[0], "Do you want to save active configuration?");

@@ -27,7 +27,7 @@ TEST(Find, MatchesPrefixesIgnoringCaseInOrderOfAddition) {
                                           {"\xC3\xA4R", "U.Tank.\xC3\x84rger"},
                                           {"ank", "U.x"}}) {
         FindWorkplace place;
-        play(place, {{"find: " + text, "list " + key + ": x"}});  // the rows are as they were
+        play(place, {{"find: " + text, "list " + key + ": x"}});  // the list is unchanged
         EXPECT_EQ(place.window.focus, key == "U.x" ? FocusedView::None : FocusedView::Tree);
     }
 }
@@ -37,16 +37,16 @@ TEST(Find, FindNextCountsIndependentlyOfFind) {
     play(place, {{"next: tank", "list TANKS: x"},
                  {"next: tank", "list TANKS.tank9: x"},
                  {"find: tank", "list U.Tank: x"},
-                 {"next: tank", "list U.Tank: x"}});  // the fourth is not there
+                 {"next: tank", "list U.Tank: x"}});  // there is no fourth match
     place.forms.last->press("cmdCancel");
-    place.run("cmdNext");  // the key does nothing with the window closed
+    place.run("cmdNext");  // F3 does nothing while the window is closed
     play(place, {{"mnuFind", "opens frmFind"},
                  {"next: tank", "list TANKS: x"},
-                 {"mnuFind", "opens "}});  // comes to the front only
+                 {"mnuFind", "opens "}});  // only raises the open window
     place.run("cmdNext");
     play(place, {{"", "list TANKS.tank9: x"}, {"next: ", ""}});
     place.forms.last->press("cmdCancel");
-    play(place, {{"mnuFind; next: ", "list TANKS.tank9: x"},  // counts all the same
+    play(place, {{"mnuFind; next: ", "list TANKS.tank9: x"},  // an empty text counts too
                  {"next: tank", "list TANKS.tank9: x"}});
 }
 

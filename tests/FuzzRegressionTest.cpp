@@ -1,4 +1,5 @@
-// Replays the seeds of the fuzzers and every input that once found a fault, as they are and mangled.
+// Runs the fuzz targets on all seeds and on every input that once revealed a fault, both unchanged and
+// mutated.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -11,7 +12,7 @@ namespace trevandix::testing {
 
 namespace {
 
-// Truncated, doubled or changed at random places.
+// Truncates, repeats or changes random parts.
 std::string mangled(std::string bytes, std::mt19937& random) {
     for (int change = 0; change < 3 && !bytes.empty(); ++change) {
         const auto at = random() % bytes.size();

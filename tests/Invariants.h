@@ -7,12 +7,12 @@
 
 namespace trevandix {
 
-/// Every way in which the tree itself is broken: links, counts, order, index. Always empty.
+/// Returns every fault in the tree's links, counts, order and index. Must always be empty.
 std::vector<std::string> brokenLinks(const StructureTree& tree);
 
-/// The same, and every way in which tree and collections disagree while a configuration is open. Empty but
-/// after the few edits that are known to part them: a data type given another name, and drags of what is
-/// neither branch nor item.
+/// Returns these faults and, while a configuration is open, every disagreement between tree and collections.
+/// Empty except after the few edits that may separate them: renaming a data type, and dragging anything but
+/// branches and items.
 std::vector<std::string> disagreements(const Configuration& configuration);
 
 }  // namespace trevandix

@@ -1,4 +1,4 @@
-// Files that are no XML because values are written as they are, and files that mean harm.
+// Tests files that are not well-formed because values are not escaped, and malicious files.
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -15,7 +15,7 @@ namespace trevandix::testing {
 
 namespace {
 
-// A configuration as its file gives it, much quicker made than a whole editor.
+// Reads a file without a whole editor, which is much faster.
 struct Opened : Configuration {
     explicit Opened(const std::string& path) {
         begin("");
@@ -29,8 +29,8 @@ struct Written : Configuration {
     void write(const std::string& path) const { ConfigurationWriter(*this).write(path); }
 };
 
-// Units, branches and items with texts of a few pieces, so that whole files are now and then well-formed by
-// chance; with a seed that four divides, texts that no program stumbles over.
+// Adds random units, branches and items whose texts combine a few pieces, so that some files are well-formed
+// by chance. Seeds divisible by four use only texts that are safe in XML.
 void fillAtRandom(Configuration& configuration, unsigned seed) {
     static const Texts kPieces = split(
         "A|b|Tank 1|1| |-|+|&|<|>|\"|'|]]>|/|=|!|?|;|#|tag|TAG|<tag>|</tag>|</comment>|<comment>|</name>|"
@@ -50,7 +50,7 @@ void fillAtRandom(Configuration& configuration, unsigned seed) {
     configuration.setInterfaceKind(pick(2) == 0 ? kRtu : kTcpIp);
     TreeNode* container = nullptr;
     for (std::size_t step = 2 + pick(14); step > 0; --step) {
-        // No two are one, in capitals neither.
+        // Unique, even in upper case.
         const std::string name = (seed % 4 == 0 ? "n" : "") + text() + std::to_string(step);
         if (container == nullptr || pick(10) == 0) {
             plantUnit(configuration, name, text()).setCom(text());
@@ -67,7 +67,7 @@ void fillAtRandom(Configuration& configuration, unsigned seed) {
 }
 
 struct Folder : Workplace {
-    /// The one message of a file that is refused.
+    /// Opens the bytes, which must be refused; returns the single message.
     std::string refusal(std::string_view bytes) {
         openText(bytes);
         EXPECT_FALSE(configuration.state.configurationOpen);
@@ -87,8 +87,7 @@ std::string oneItem(std::string_view comment) {
 
 }  // namespace
 
-// Whatever names and comments hold: what every program can read comes back, and so does what the parser
-// refuses.
+// Both well-formed files and those that the parser refuses come back with the same content.
 TEST(Mending, SavedFilesOpenWithTheSameContent) {
     constexpr unsigned kPlants = 1000;
     unsigned refused = 0;
@@ -101,7 +100,7 @@ TEST(Mending, SavedFilesOpenWithTheSameContent) {
         written.write(path);
         const bool all = whatMakesUnreadable(written).empty();
         const bool xml = isXml(readFile(path));
-        if (xml && !all) continue;  // a parser takes some of the text for markup
+        if (xml && !all) continue;  // some text is read as markup
         SCOPED_TRACE("seed " + std::to_string(seed) + "\n" + readFile(path));
         EXPECT_TRUE(xml || !all);
         ++(xml ? readable : refused);
@@ -111,7 +110,8 @@ TEST(Mending, SavedFilesOpenWithTheSameContent) {
     EXPECT_GT(readable, kPlants / 5);
 }
 
-// Each text as a comment and in names: how it stands in the mended file, and that it comes back.
+// Uses each text as a comment and as a name. Checks how the mended file contains it and that reading restores
+// it.
 TEST(Mending, EscapesValuesAndEncodesBranchNames) {
     const Fields table{
         {"", ""},
@@ -145,7 +145,7 @@ TEST(Mending, EscapesValuesAndEncodesBranchNames) {
     }
 }
 
-// What keeps other programs from reading the file is named after saving, the first such text before all else.
+// After saving, the status bar names the first text that other programs cannot read.
 TEST(Mending, NamesTheFirstTextThatOtherProgramsCannotRead) {
     const Fields table{
         {"P.\xC3\x84-1_x/", ""},
@@ -169,7 +169,7 @@ TEST(Mending, NamesTheFirstTextThatOtherProgramsCannotRead) {
                   place.path("test.xml"));
 }
 
-// Neither XML nor the writer's shape: the place that reading got to, and what is wrong there.
+// Files that are neither well-formed nor written by the editor.
 TEST(Mending, ErrorsNameLineAndReason) {
     const std::string bad = oneItem("a<b");
     const std::string front = " Error n. 1001  The file is not well-formed XML: line ";
@@ -187,8 +187,8 @@ TEST(Mending, ErrorsNameLineAndReason) {
     EXPECT_EQ(place.item("P.Run").sComment(), "a<b");
 }
 
-// A file with a line or a character less is refused, or opens with all its items: never does a value reach
-// into the next item's lines and take them for its own.
+// A file that lacks one character or one line is refused or opens with all its items. A value must never
+// swallow the lines of the next item.
 TEST(Mending, DamagedFilesAreRefusedOrKeepAllItems) {
     for (const auto& [comment, kind] :
          Fields{{"plain", "TrevandixRTU"}, {"a<b", "TrevandixRTU"}, {"a<b", "TrevandixTcpIp"}}) {
@@ -224,7 +224,7 @@ TEST(Mending, DamagedFilesAreRefusedOrKeepAllItems) {
     }
 }
 
-// Bounded time and memory, and a message that says what is wrong.
+// Such files need bounded time and memory, and the message names the cause.
 TEST(HostileFiles, AreRefusedWithAReason) {
     using namespace std::string_literals;
     std::string nested;
@@ -251,23 +251,23 @@ TEST(HostileFiles, AreRefusedWithAReason) {
     for (const char* half : {"&#xD83D;", "&#56832;"}) {
         const std::string message = place.refusal(replaced(oneItem(half), "ISO-8859-1", "UTF-8"));
         EXPECT_NE(message.find("line 10, half a UTF-16 pair"), std::string::npos) << message;
-        place.openText(oneItem(half));  // of the writer's shape: then it is what somebody typed
+        place.openText(oneItem(half));  // in a file of the editor this is plain text
         EXPECT_EQ(place.item("P.Run").sComment(), half);
     }
     place.openText(comment16("\x3D\xD8\x00\xDE"s));
     EXPECT_EQ(place.item("P.Run").sComment(), "\xF0\x9F\x98\x80");
-    // Entities of a document type are not expanded, so that none can grow beyond all bounds.
+    // Document type entities are not expanded, because nested entities can grow without limit.
     const std::string entities = "<!DOCTYPE x [<!ENTITY a \"ha\"><!ENTITY b \"&a;&a;\">]>\r\n<VOSK";
     place.openText(replaced(oneItem("&b;"), "<VOSK", entities));
     EXPECT_EQ(place.item("P.Run").sComment(), "&b;");
 }
 
-// A file beyond the limit is refused by its size, before any memory is taken for it.
+// Refused by its size, before memory is allocated.
 TEST(HostileFiles, TooLargeFilesAreNotRead) {
     Workplace place;
     const std::string path = place.path("huge.xml");
     writeFile(path, "x");
-    std::error_code failed;  // takes no room on the disk, where the disk knows how to
+    std::error_code failed;  // makes a sparse file if the file system can
     std::filesystem::resize_file(path, kLargestFile + 1, failed);
     if (failed) GTEST_SKIP() << "no file of that size here";
     place.editor.openFile(path);

@@ -1,4 +1,4 @@
-// Keys, collections, the tree, numbers and type names: the ground that every command stands on.
+// Tests keys, collections, the tree, numbers and type names.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -107,7 +107,7 @@ TEST(TypeNames, ConvertBothWaysForEveryTableAndValueType) {
     EXPECT_EQ(all,
               " VT_BOOL| VT_UI2| VT_UI4| VT_I2| VT_I4| VT_R4| VT_BOOL ARRAY| VT_UI1 ARRAY| VT_UI2 ARRAY| "
               "VT_UI4 ARRAY| VT_I1 ARRAY| VT_I2 ARRAY| VT_I4 ARRAY| VT_R4 ARRAY| VT_BSTR|");
-    // What is unknown is left out rather than guessed.
+    // Unknown names are left out.
     EXPECT_EQ(fileTypeName("my table:boolean"), " VT_BOOL");
     EXPECT_EQ(fileTypeName("coil:nonsense"), "COIL");
     EXPECT_EQ(displayTypeLabel("VT_I2"), ":signed 16 bit");

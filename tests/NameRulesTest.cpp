@@ -43,19 +43,19 @@ TEST(NameRules, DuplicatesAreSiblingsOfTheSameKindAndName) {
     }
 }
 
-// Renamed units and branches give new keys to all below them, or change nothing.
+// Renaming a unit or branch changes the keys of everything below it, or nothing.
 TEST(NameRules, RenamingChangesAllKeysBelowOrNothing) {
     const std::string inCollection = " | said " + failure(kKeyInCollection, "cmdOk_Click")[0];
     const std::string notUnique = " | said " + failure(kKeyNotUnique, "cmdOk_Click")[0];
     const std::string taken = " | said " + kNameTaken[0];
     const std::string whole = "tree top: ModBus P(Q.S) U(A(R T(l)) A.V B.A S Z)";
     for (const auto& [step, seen] :
-         Fields{// A new key may be one that another node is just leaving.
+         Fields{// A new key may be the old key of another node below.
                 {"edit U: txtName=U.B", "tree top: ModBus P(Q.S) U.B(A(R T(l)) A.V B.A S Z)"},
                 {"edit U: txtName=P.Q", whole + notUnique},
                 {"edit U: txtName=ModBus", whole + notUnique},
                 {"edit U.A.T: txtBranchName=V", whole + inCollection},
-                {"edit U.A.T: txtBranchName=R", whole + notUnique},  // an item's key
+                {"edit U.A.T: txtBranchName=R", whole + notUnique},  // key of an item
                 {"edit U: txtName=P", whole + taken},
                 {"edit U.A: txtBranchName=A.V", whole + taken},
                 {"edit U.S: txtItemName=Z", whole + taken},
@@ -64,13 +64,13 @@ TEST(NameRules, RenamingChangesAllKeysBelowOrNothing) {
         PlantedWorkplace place({"U", "U.A/", "U.A.T/", "U.A.T.l", "U.A.R", "U.S", "U.Z", "P"});
         for (const char* name : {"B.A", "A.V"}) plantBranch(place.configuration, place.node("U"), name);
         plantBranch(place.configuration, place.node("P"), "Q.S");
-        play(place, {{"P; U; U.A; top", ""}});  // a click sorts, as a later edit will
+        play(place, {{"P; U; U.A; top", ""}});  // clicking sorts the children, as the edit will
         const Texts before = fileContents(place.configuration);
         play(place, {{step, seen}});
         EXPECT_EQ(fileContents(place.configuration) == before, seen.starts_with(whole));
         EXPECT_EQ(place.wrong(), Texts{});
     }
-    // Two nodes that would get one key: the one has a key that does not follow from its place.
+    // Two nodes would get the same key, because one has a key that does not match its place.
     PlantedWorkplace place({"U", "U.S"});
     clsItem twin;
     twin.sName("S");

@@ -140,7 +140,7 @@ std::string listed(const Workplace& place) {
     return joined(texts, " ");
 }
 
-// In the shape of what is wanted.
+// Returns the same parts as `wanted`, with their present values.
 std::string seen(Workplace& place, const std::string& wanted) {
     auto& status = place.window.status;
     const std::string flag = place.configuration.state.saved ? "saved" : "unsaved";
@@ -229,7 +229,7 @@ Texts fileContents(const Configuration& configuration) {
     for (const TreeNode* n = nextBelow(root, root); n != nullptr; n = nextBelow(*n, root)) {
         std::string place;
         for (const TreeNode* up = n; up != &root; up = up->parent()) {
-            // A shared record puts its one name into all its places.
+            // A shared record is written with its own name in every place.
             std::string name =
                 up->tag() == NodeTag::Item ? configuration.items.at(up->key())->sName() : up->text();
             if (up->tag() == NodeTag::Branch) name = upperCased(name);

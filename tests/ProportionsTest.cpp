@@ -1,4 +1,4 @@
-// What keeps sash and columns in proportion when a window is resized.
+// Tests how sash and columns keep their proportions when a window is resized.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -11,7 +11,7 @@ namespace trevandix::testing {
 using Parts = std::vector<int>;
 
 TEST(Proportions, SharesSurviveResizing) {
-    const Parts parts{391, 97, 203, 309};  // of 1000: a whole that they fill
+    const Parts parts{391, 97, 203, 309};  // add up to 1000
     const Parts least{60, 30, 90, 10};
     Proportions proportions;
     EXPECT_TRUE(proportions.scaled(640).empty());
@@ -27,13 +27,13 @@ TEST(Proportions, SharesSurviveResizing) {
         }
     }
     EXPECT_EQ(proportions.scaled(1000), parts);
-    proportions.keep({500}, 0);  // a window that is not laid out yet
+    proportions.keep({500}, 0);  // the window is not laid out yet
     EXPECT_EQ(proportions.scaled(1000), parts);
 }
 
 TEST(Proportions, LargestPartsShrinkFirst) {
     EXPECT_EQ(widened({200, 100, 100, 100}, {90, 90, 90, 140}, 500), (Parts{166, 97, 97, 140}));
-    EXPECT_EQ(widened({400, 400, 10}, {60, 60, 60}, 500), (Parts{375, 375, 60}));  // scrolled before as well
+    EXPECT_EQ(widened({400, 400, 10}, {60, 60, 60}, 500), (Parts{375, 375, 60}));  // was too wide before
     EXPECT_EQ(widened({200, 100}, {90, 90}, 1000), (Parts{200, 100}));
     EXPECT_EQ(capped({120, 40, 900}, 600), (Parts{120, 40, 440}));
     EXPECT_EQ(capped({500, 40, 900}, 600), (Parts{280, 40, 280}));

@@ -1,4 +1,4 @@
-// What the reader makes of files, good and bad.
+// Tests how the reader handles valid and invalid files.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -27,7 +27,7 @@ std::string rtu(const std::string& fields) {
     return fileText({}, {"<PLC>" + fields + "</PLC>"}, true);
 }
 
-// In UTF-16, little endian, with its byte-order mark.
+// Encodes as UTF-16, little endian, with byte-order mark.
 std::string utf16(std::string_view text) {
     std::string bytes = "\xFF\xFE";
     for (std::size_t at = 0; at < text.size();) {
@@ -38,7 +38,7 @@ std::string utf16(std::string_view text) {
     return bytes;
 }
 
-// One message that begins so, and nothing open.
+// Expects one message with this beginning, and no open configuration.
 void expectRefused(Workplace& place, const std::string& message) {
     const Texts texts = place.messages.take();
     ASSERT_EQ(texts.size(), 1U);
@@ -72,7 +72,7 @@ TEST(Reader, IgnoresCaseOrderAndUnknownElements) {
     EXPECT_TRUE(place.node("P.AREA").expanded() && place.node("P.AREA.SUB-1").expanded());
 }
 
-// Markup inside well-formed files: whatever the parser accepts, it alone reads, escaped text too.
+// Markup in well-formed files is read as XML defines it.
 TEST(Reader, ReadsMarkupInWellFormedFilesAsXml) {
     const std::string from = "<address>1</address>";
     for (const std::string by :
@@ -88,7 +88,7 @@ TEST(Reader, ReadsMarkupInWellFormedFilesAsXml) {
     EXPECT_EQ(place.configuration.units.at("P")->getUI(), 7);
 }
 
-// A comment in each encoding that files declare, and with markup, comes back as the same text.
+// The same comment in every supported encoding, with and without markup.
 TEST(Reader, ReadsEveryDeclaredEncoding) {
     const auto with = [](std::string_view encoding, std::string_view comment) {
         return replaced(replaced(good(), "ISO-8859-1", encoding), "<comment>",
@@ -112,8 +112,8 @@ TEST(Reader, ReadsEveryDeclaredEncoding) {
     }
 }
 
-// Each bad file: the message, no open configuration, nothing written, nothing that could be saved over the
-// file. What was read before the failure stays.
+// A bad file gives a message and leaves no configuration open. It is not changed, and nothing can be saved
+// over it. What was read before the failure stays.
 TEST(Reader, RefusesBadFilesWithAMessage) {
     const std::string two = fileText({kType}, {unit("PLC1", tagText(4, "Run") + "\r\n"), unit("PLC1", "")});
     const auto with = [](std::string_view what, std::string_view by) { return replaced(good(), what, by); };
@@ -179,8 +179,7 @@ TEST(Reader, ReadsAndWritesDeeplyNestedBranches) {
     EXPECT_EQ(place.configuration.tree.size(), 0U);
 }
 
-// The panel counts every item, stays below 100, and a user's clicks in the middle of a load do no harm. The
-// counter of items goes on above 32767.
+// Loading counts every item, and commands given meanwhile do no harm. Item numbers continue above 32767.
 TEST(Reader, ShowsProgressAndIgnoresCommandsWhileLoading) {
     constexpr std::size_t kItems = 32'770;
     std::string tags;
@@ -188,7 +187,7 @@ TEST(Reader, ShowsProgressAndIgnoresCommandsWhileLoading) {
     Workplace place;
     int pumped = 0;
     place.window.onEvents = [&] {
-        // Before the first item: time enough for the next one to come while items are read.
+        // Waits until the next events are due while items are being read.
         if (++pumped == 1) return std::this_thread::sleep_for(std::chrono::milliseconds(50));
         for (const char* command : {"mnuNewCfg", "mnuOpenCfg", "mnuSaveCfg", "mnuCloseCfg", "mnuDelete"})
             place.run(command);

@@ -1,4 +1,4 @@
-// Unsaved work on the disk: when it is written, what it holds, who is offered it, when it goes away.
+// Tests unsaved work on the disk: when it is written, its content, who is offered it, and when it is deleted.
 #include <gtest/gtest.h>
 
 #include "FakePlatform.h"
@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 struct Edited : PlantedWorkplace {
     explicit Edited(const fs::path& state = {}) : PlantedWorkplace({"U", "U.a"}, state) { saved(); }
 
-    /// The window's timer, seconds after the start, the user having done nothing for `pause` seconds.
+    /// Runs the window's timer `second` seconds after the start; the user has been idle for `pause` seconds.
     void tick(int second, int pause) {
         const auto now = start + second * 1s;
         editor.idle(now, now - pause * 1s);
@@ -31,12 +31,12 @@ struct Edited : PlantedWorkplace {
         }
         return found;
     }
-    /// By a command, or by the window that closes.
+    /// Runs the command; an empty one closes the window.
     void leave(const std::string& way) {
         if (!way.empty()) run(way);
         if (way.empty() || way == "mnuExit") editor.Form_Unload();
     }
-    /// What a file of the configuration as it is now would hold.
+    /// The file that saving the configuration now would write.
     std::string wanted() {
         ConfigurationWriter(configuration).write(path("wanted.xml"));
         return readFile(path("wanted.xml"));
@@ -45,12 +45,12 @@ struct Edited : PlantedWorkplace {
     const std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
 };
 
-/// The next start when the editor has died just now: finds its files, without its locks, and is offered them.
+/// The next start after a crash: finds the earlier run's files, without its locks, and offers them.
 struct Next : Edited {
     Next(const Edited& before, Answer answer, Answer second = Answer::No) {
         fs::create_directory(folder / "state");
         for (const fs::path& file : before.files()) {
-            const bool lock = file.extension() == ".lock";  // one that is held cannot be read everywhere
+            const bool lock = file.extension() == ".lock";  // a held lock cannot be read on every system
             writeFile(folder / "state" / file.filename(), lock ? "" : readFile(file));
         }
         messages.answers = {answer, second};
@@ -63,25 +63,25 @@ struct Next : Edited {
 TEST(Recovery, WritesChangesWhenTheUserPauses) {
     Edited place;
     place.tick(0, 100);
-    EXPECT_TRUE(place.files().empty());  // nothing to lose
+    EXPECT_TRUE(place.files().empty());  // no changes
     std::string before;
-    // Seconds, of which so many are a pause; whether the work is written then.
+    // At `second`, after a pause of `pause` seconds: expects the work to be written or not.
     const auto expectAt = [&](int second, int pause, bool written) {
         place.tick(second, pause);
         if (written) before = place.wanted();
         EXPECT_EQ(place.kept(), before.empty() ? Texts{} : Texts{before}) << second;
     };
     plant(place, {"U.b"});
-    expectAt(1, 1, false);  // he is at work
+    expectAt(1, 1, false);  // pause too short
     expectAt(3, 3, true);
     plant(place, {"U.c"});
-    expectAt(10, 5, false);  // too soon after the last
+    expectAt(10, 5, false);  // too soon after the last write
     expectAt(49, 0, false);  // no pause
-    expectAt(50, 0, true);   // too long without one
+    expectAt(50, 0, true);   // waited too long for a pause
     EXPECT_EQ(place.files().size(), 3U);
 }
 
-// Saved or declined. It stays where the user wants to save, cannot, and the window closes all the same.
+// It is kept if the user wants to save while closing the window and saving fails.
 TEST(Recovery, IsDeletedAfterSavingOrDeclining) {
     for (const std::string way : {"mnuSaveCfg", "mnuCloseCfg", "mnuNewCfg", "mnuExit", ""}) {
         Edited place;
@@ -115,9 +115,9 @@ TEST(Recovery, OffersUnsavedWorkAfterACrash) {
     EXPECT_EQ(next.wanted(), place.wanted());
     EXPECT_EQ(next.wrong(), Texts{});
 
-    Next third(next, Answer::Yes);  // the second run died before it had kept anything of its own
+    Next third(next, Answer::Yes);  // the second run crashed before it wrote anything
     third.tick(3, 3);
-    EXPECT_EQ(third.files().size(), 3U);  // its own in the place of the others
+    EXPECT_EQ(third.files().size(), 3U);  // replace the earlier run's files
     third.messages.texts.clear();
     third.messages.answers = {Answer::No};
     third.run("mnuSaveCfg");
@@ -129,7 +129,7 @@ TEST(Recovery, OffersUnsavedWorkAfterACrash) {
     EXPECT_EQ(declines.messages.take().size(), 1U);
 }
 
-// Changes that the saved flag does not know are not asked about. Several configurations may be left in a run.
+// Changes that do not clear the saved flag. One run may leave several configurations.
 TEST(Recovery, KeepsChangesThatNoQuestionCovers) {
     for (const std::string way : {"mnuCloseCfg", "mnuNewCfg", "mnuOpenCfg", "mnuExit", ""}) {
         SCOPED_TRACE(way);
@@ -158,7 +158,7 @@ TEST(Recovery, KeepsChangesThatNoQuestionCovers) {
         EXPECT_EQ(next.wanted(), wanted);
         EXPECT_FALSE(next.configuration.state.saved);
     }
-    // Where it cannot be kept, the user is told, and the configuration closes all the same.
+    // If the work cannot be written, the user is told and the configuration closes anyway.
     Edited full;
     writeFile(full.folder / "state", "no folder");
     full.at("U.a").run("mnuDelete");
@@ -167,8 +167,7 @@ TEST(Recovery, KeepsChangesThatNoQuestionCovers) {
     EXPECT_FALSE(full.window.treeVisible);
 }
 
-// A unit dragged onto another leaves a configuration that no save takes; the rest of the work is kept all the
-// same.
+// A unit dragged onto another unit makes saving fail. Recovery keeps everything else.
 TEST(Recovery, SkipsUnitsThatCannotBeSaved) {
     Edited place;
     plant(place, {"V", "V.c"});
@@ -181,8 +180,7 @@ TEST(Recovery, SkipsUnitsThatCannotBeSaved) {
     EXPECT_TRUE(next.has("V.c") && next.has("V.d"));
 }
 
-// What has no whole content is not offered; what cannot be read is named once, kept, and in the way of
-// nothing.
+// Incomplete work is not offered. Unreadable work is reported once, kept, and does not disturb later starts.
 TEST(Recovery, ReportsUnreadableWorkOnceAndKeepsIt) {
     Edited place;
     const fs::path state = place.folder / "state";
@@ -216,7 +214,7 @@ TEST(Recovery, ReportsUnreadableWorkOnceAndKeepsIt) {
     }
     EXPECT_FALSE(place.window.panelVisible || place.editor.offerRecovery());
     EXPECT_EQ(place.messages.take(), Texts{});
-    EXPECT_EQ(place.files().size(), 3U);  // those, without notes and locks
+    EXPECT_EQ(place.files().size(), 3U);  // without notes and locks
     EXPECT_TRUE(fs::exists(path));
 }
 

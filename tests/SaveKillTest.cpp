@@ -1,5 +1,4 @@
-// What only a process of its own can show: kills at every step of a save, a full disk, missing rights, a
-// crash.
+// Tests that need a child process: a kill at every system call of a save, a full disk, missing permissions.
 #ifdef __linux__
 
 #include <gtest/gtest.h>
@@ -27,7 +26,7 @@ namespace fs = std::filesystem;
 constexpr int kNotPossible = 77;
 constexpr uid_t kNobody = 65534;
 
-// More than the writer writes at once, so that a save takes several writes.
+// Larger than the write buffer, so that a save takes several writes.
 struct Large : PlantedWorkplace {
     Large() : PlantedWorkplace({"U", "U.B/"}) {
         std::vector<std::string> keys;
@@ -40,7 +39,7 @@ struct Large : PlantedWorkplace {
     std::string after;
 };
 
-/// Runs the body in a process of its own; its result becomes the exit code.
+/// Runs the body in a child process; its result becomes the exit code.
 template <typename Body>
 int inChild(Body body) {
     const pid_t child = fork();
@@ -58,8 +57,8 @@ int inChild(Body body) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-/// Runs the body in a process that stops at every entry to the system and every return from it, and is killed
-/// where `goOn`, which gets the process at each stop, says no. False when it came to its own end.
+/// Runs the body in a child process that stops at every entry to and return from a system call. Calls `goOn`
+/// at each stop and kills the child when it returns false. Returns false if the child ended by itself.
 template <typename Body, typename GoOn>
 bool killed(Body body, GoOn goOn) {
     const pid_t child = fork();
@@ -88,16 +87,15 @@ bool mayTrace() {
 
 }  // namespace
 
-// And the new one is on the disk before the old one goes, or a machine that loses its power would have
-// neither.
+// The new file must be synced before the backup is deleted; otherwise a power failure could lose both.
 TEST(SaveKill, OldOrNewContentSurvivesAKillAtEverySystemCall) {
     if (!mayTrace()) GTEST_SKIP() << "this system lets no process trace another";
     Large place;
     const std::string path = place.path("test.xml");
     int asOld = 0;
-    std::set<std::size_t> partly;  // sizes of the new file on its way
+    std::set<std::size_t> partly;  // sizes of the unfinished new file
     int step = 1;
-    std::vector<std::uint64_t> calls;  // entries and returns
+    std::vector<std::uint64_t> calls;  // number of each entry, 0 for a return
     const auto stopAtStep = [&](pid_t process) {
         __ptrace_syscall_info info{};
         ptrace(PTRACE_GET_SYSCALL_INFO, process, sizeof(info), &info);
@@ -114,7 +112,7 @@ TEST(SaveKill, OldOrNewContentSurvivesAKillAtEverySystemCall) {
         writeFile(path, place.before);
     }
     EXPECT_GT(asOld, 0);
-    EXPECT_GE(partly.size(), 3U);  // begun, after the first write, after the second
+    EXPECT_GE(partly.size(), 3U);  // empty, after the first and after the second write
     EXPECT_EQ(readFile(path), place.after);
     EXPECT_FALSE(fs::exists(path + ".bak"));
     const auto synced = std::ranges::find(calls, static_cast<std::uint64_t>(SYS_fsync));
@@ -134,7 +132,7 @@ TEST(SaveKill, FullDiskKeepsTheOldContent) {
     const int code = inChild([&] {
         const fs::path disk = place.folder / "disk";
         fs::create_directory(disk);
-        // A disk that no other process sees, and that is gone with this one.
+        // A file system that only this process sees and that disappears with it.
         if (unshare(CLONE_NEWNS) != 0 || mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
             mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=128k") != 0) {
             return kNotPossible;
@@ -154,7 +152,7 @@ TEST(SaveKill, FullDiskKeepsTheOldContent) {
     EXPECT_EQ(code, 0);
 }
 
-// Refused before anything is touched.
+// Refused before any file is changed.
 TEST(SaveKill, MissingPermissionsChangeNothing) {
     for (const bool folderToo : {false, true}) {
         Large place;
@@ -180,7 +178,7 @@ TEST(SaveKill, LinksAndPermissionsAreKept) {
     fs::rename(place.path("test.xml"), real);
     fs::create_symlink("real.xml", place.path("test.xml"));
     chmod(real.c_str(), 0640);
-    const bool given = chown(real.c_str(), kNobody, kNobody) == 0;  // as root only
+    const bool given = chown(real.c_str(), kNobody, kNobody) == 0;  // needs root
     place.run("mnuSaveCfg");
     EXPECT_TRUE(fs::is_symlink(place.path("test.xml")));
     EXPECT_EQ(readFile(real), place.after);
@@ -197,7 +195,7 @@ TEST(SaveKill, LinksAndPermissionsAreKept) {
     EXPECT_EQ(place.messages.take().back(), " Error n. 75  Path/File access error in CreateXML");
     EXPECT_TRUE(fs::is_fifo(pipe));
     place.messages.answers = {Answer::No};
-    place.editor.openFile(pipe);  // returns, though nobody writes
+    place.editor.openFile(pipe);  // must not wait for a writer
     EXPECT_EQ(place.messages.take().back(), " Error n. 75  Path/File access error in ImportXML");
 }
 

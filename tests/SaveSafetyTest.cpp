@@ -1,4 +1,4 @@
-// Saves that fail or are killed: the old or the new content is always there in full, and the user is told.
+// Tests failed and interrupted saves: the old or the new content is always complete, and the user is told.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// An open configuration, its file as it was, and one more item.
+// An open configuration with a saved file and one unsaved item.
 struct Changed : PlantedWorkplace {
     Changed() : PlantedWorkplace({"U", "U.a"}) {
         old = saved();
@@ -33,8 +33,8 @@ Texts names(const fs::path& folder) {
 
 }  // namespace
 
-// A record without which the writer stops half-way, again and again: what a save left is no content to keep,
-// and what it rescued is never replaced. A good save leaves no trace.
+// A missing record makes the writer fail half-way, repeatedly. The partial file never becomes the backup, and
+// no backup is overwritten. A successful save leaves no other file.
 TEST(SaveSafety, FailedSavesKeepTheLastCompleteFile) {
     Changed place;
     const std::string path = place.path("test.xml");
@@ -66,8 +66,7 @@ TEST(SaveSafety, FailedSavesKeepTheLastCompleteFile) {
     EXPECT_EQ(readFile(path + ".bak"), rescued);
 }
 
-// A program that is killed in mid-save leaves a file that is cut off, or none. The last whole backup is
-// named.
+// A program killed while saving leaves a truncated file or none. The message names the last complete backup.
 TEST(SaveSafety, OpenNamesTheBackupOfATruncatedFile) {
     Changed place;
     const std::string path = place.path("test.xml");
@@ -97,7 +96,7 @@ TEST(SaveSafety, AsksBeforeOverwritingChangesOfAnotherProgram) {
     Changed place;
     const std::string path = place.path("test.xml");
     const std::string usual = "File " + path + " already existing. Overwrite?";
-    // Only another size, only another time.
+    // First only the size differs, then only the time.
     for (const bool size : {true, false}) {
         const auto before = fs::last_write_time(path);
         const auto after = before + std::chrono::seconds(size ? 0 : 90);

@@ -1,4 +1,4 @@
-// What the tree and the list show, and which commands each situation offers.
+// Tests what tree, list and status bar show, and which commands each situation enables.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -26,7 +26,7 @@ TEST(Views, ListAndCommandsOfEveryKindOfNode) {
 
     Workplace place;
     place.openText(readFile(std::filesystem::path(TREVANDIX_SAMPLES) / "water-works.xml"));
-    const auto expectOn = [&](const std::string& names) {  // exactly these menu entries
+    const auto expectOn = [&](const std::string& names) {  // exactly these menu entries are enabled
         std::set<std::string> on;
         for (const auto& [name, enabled] : place.window.menus) {
             if (enabled) on.insert(name);
@@ -57,18 +57,18 @@ TEST(Views, ListAndCommandsOfEveryKindOfNode) {
         EXPECT_EQ(shown, headers);
         EXPECT_EQ(place.list.rows().size(), rows);
         expectOn(on);
-        // Without columns the mode stays.
+        // The mode changes only with the columns.
         EXPECT_EQ(place.list.mode(), headers.empty() ? ListMode::Icon : ListMode::Report);
     }
     place.click("ModBus");
     EXPECT_EQ(place.list.cell(0, 0), "input status");
-    EXPECT_EQ(place.list.cell(0, 2), "");  // a code of 0 leaves its cell empty
+    EXPECT_EQ(place.list.cell(0, 2), "");  // a code of 0 leaves the cell empty
     place.run("mnuCloseCfg");
     expectOn(start);
 }
 
-// What hides or deletes the selected node runs the select-node routine on the one that is selected then. A
-// row whose node has gone only reports the error.
+// When the selected node is hidden or deleted, the list shows the node that is selected next. Opening a row
+// whose node is gone reports an error and does nothing else.
 TEST(Views, ListFollowsTheSelectedNode) {
     PlantedWorkplace place({"P", "P.A/", "P.A.B/", "P.A.B.x", "P.A.y", "P.C/", "P.C.z", "Q", "R"});
     const std::string sure = " | said Are you sure you want to delete ";
@@ -85,8 +85,8 @@ TEST(Views, ListFollowsTheSelectedNode) {
            "list P.C: *z | opens  | said " + failure("35601  Element not found", "ListView1_DblClick")[0]}});
 }
 
-// Rows keep their selection when they are sorted, which is always ascending, shown otherwise or shown again,
-// and the commands go with it.
+// Rows keep their selection when they are sorted (always ascending), shown in another mode or refreshed, and
+// the enabled commands match it.
 TEST(Views, RowsStaySelectedWhenSortedOrRefreshed) {
     PlantedWorkplace place(
         {"ModBus.holding register", "P", "P.A/", "P.A.a", "P.A.b", "P.A.c", "P.B/", "P.B.d"});
@@ -100,14 +100,13 @@ TEST(Views, RowsStaySelectedWhenSortedOrRefreshed) {
     EXPECT_TRUE(place.window.menus["mnuCopy"]);
     play(place, {{"mnuDelete", "list P.A: a" + sure}});
     EXPECT_FALSE(place.window.menus["mnuCopy"]);
-    // Another node's rows begin afresh, also where the same item is among them.
+    // The rows of another node are not selected, even if the same item is among them.
     play(place, {{"P.A: a; openObject: txtItemName=renamed", "list P.A: *renamed"},
                  {"P.B: d", "list P.B: *d"},
                  {"P.B.d", "list P.B.d: d"}});
     EXPECT_TRUE(place.list.sorted() && place.list.sortKey() == 1U);
 }
 
-// The status bar follows every way in which selection, contents and file change.
 TEST(Views, StatusBarFollowsTheEditor) {
     PlantedWorkplace place({"U", "U.B/", "U.B.x", "U.B.xy"});
     auto& status = place.window.status;
@@ -133,12 +132,12 @@ TEST(Views, StatusBarFollowsTheEditor) {
     play(place, {{"Boiler1", "selection Boiler1: COM1, 19200, 8E1, identifier 1"}});
     place.openText(fileText({}, {}), "small.xml");
     plant(place, {"U", "U.B/", "U.B.x"});
-    for (const bool capitals : {false, true, false}) {  // said once, where there is reason to
+    for (const bool capitals : {false, true, false}) {  // said once, if there is a reason
         if (capitals) plant(place, {"U.small/"});
         place.run("mnuSaveCfg");
         EXPECT_EQ(status[StatusField::Notice].starts_with("Branch names come back in capitals"), capitals);
     }
-    // While the message box is up, the bar tells what has been done.
+    // The status bar is up to date while the message box is open.
     place.messages.take();
     play(place, {{"U; mnuAddBranch: txtBranchName=D", ""}});
     place.messages.onShow = [&](std::string_view text) {
@@ -176,10 +175,10 @@ TEST(Views, SavedStateFollowsTheContent) {
         "clipboard: x\r\ny" + comments,
         "edit W.i: txtAddress=2",
         "edit W: txtUI=2",
-        "edit V: txtUI=3",  // moves behind another
+        "edit V: txtUI=3",  // moves V to the end of the collection
         "edit U.C: txtBranchName=D",
         "edit holding register: txtReadCode=2",
-        // The node without a record gets the new one.
+        // A node that lost its record gets the new record.
         "edit holding register: cmbMBType=coil; mnuSaveCfg; ModBus; mnuAddMBType: cmbMBType=holding register",
     };
     for (const auto& [state, cases] :
@@ -225,7 +224,7 @@ TEST(Commands, EveryButtonRunsItsCommand) {
     };
     const auto buttons = std::ranges::count_if(
         commandRows(), [](const CommandRow& command) { return !command.button.key.empty(); });
-    EXPECT_EQ(cases.size(), buttons + 1U);  // F2 has two rows, Paste none of its own
+    EXPECT_EQ(cases.size(), buttons + 1U);  // F2 has two rows, Paste has none of its own
     for (const auto& [steps, seen] : cases) {
         PlantedWorkplace place({"U", "U.A/", "U.B/", "U.A.x"});
         place.fileDialog.choice = place.path("missing.xml");
@@ -238,8 +237,8 @@ TEST(Commands, EveryButtonRunsItsCommand) {
     }
 }
 
-// No name, shortcut, button, place or access key of a menu is there twice, and every command stands in a menu
-// or has a key.
+// Names, shortcuts, buttons, button places and the access keys of each menu are unique. Every command has a
+// menu or a shortcut.
 TEST(Commands, TablesFitTogether) {
     std::set<std::string> taken;
     const auto take = [&](std::string kind, std::string_view text) {

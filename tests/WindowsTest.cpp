@@ -1,5 +1,5 @@
-// What only Windows has: the registry and the server's XML parser, both seen from other processes; files that
-// another program holds.
+// Tests for Windows only: the registry and the server's XML parser as other processes see them, and files
+// that another program has open.
 #ifdef _WIN32
 
 #include <gtest/gtest.h>
@@ -21,14 +21,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Beside the interface kinds, so that no server notices.
+// A key of its own, so that no server notices.
 const std::string kKind = "TrevandixSelfTest";
 const std::wstring kMaker = L"Software\\VOSKAutomation";
 const std::wstring kKey = kMaker + L"\\TrevandixSelfTest";
 constexpr std::array<REGSAM, 2> kViews{KEY_WOW64_64KEY, KEY_WOW64_32KEY};
 
-/// True when the key was not there before. It stays until deleted, or with REG_OPTION_VOLATILE until the
-/// system stops.
+/// True if the key did not exist. With REG_OPTION_VOLATILE it lasts until the system stops, otherwise until
+/// it is deleted.
 bool makeKey(const std::wstring& path, DWORD option, REGSAM view) {
     HKEY key = nullptr;
     DWORD disposition = 0;
@@ -46,7 +46,7 @@ void removePublished() {
     }
 }
 
-/// The maker's key, as every published configuration needs it; taken away again where it was not there.
+/// Creates the company's key, which publishing needs, and deletes it afterwards if it did not exist before.
 struct Published : ::testing::Test {
     Published() {
         removePublished();
@@ -63,7 +63,7 @@ private:
     std::vector<REGSAM> made_;
 };
 
-/// A text as tests/server/read.js prints it.
+/// Formats a text as tests/server/read.js prints it.
 std::string printed(std::string_view text) {
     constexpr std::string_view kBlanks = " \t\r\n";
     text = text.substr(0, text.find_last_not_of(kBlanks) + 1);
@@ -78,7 +78,7 @@ std::string printed(std::string_view text) {
     return line;
 }
 
-/// What read.js prints of an element that is what the editor's own parser finds.
+/// Formats an element of the editor's parser as read.js prints it.
 std::string printed(const XmlElement& element, int depth = 0) {
     std::string line = std::to_string(depth) + printed(element.name());
     for (const char* name : {"name", "address", "id", "timeout", "readcode", "writecode", "singlewrcode"}) {
@@ -92,7 +92,7 @@ std::string printed(const XmlElement& element, int depth = 0) {
     return line + "\r\n" + below;
 }
 
-/// What the server finds in each file; "refused" where its parser does not take it.
+/// What the server's parser reads from each file; "refused" for a file that it does not accept.
 Texts readByServer(const Workplace& place, const Texts& files) {
     const fs::path script = fs::absolute(TREVANDIX_SERVER).make_preferred() / "read.js";
     const fs::path output = place.folder / "server.txt";
@@ -112,8 +112,7 @@ Texts readByServer(const Workplace& place, const Texts& files) {
 
 }  // namespace
 
-// Below a key that lasts until the system stops, none that stays can be made. No right to write is the same
-// to the program: the call fails.
+// No permanent key can be created below a volatile one, so the call fails as it does without permission.
 TEST_F(Published, ReportsARefusalInEitherView) {
     for (const REGSAM view : kViews) {
         ASSERT_TRUE(makeKey(kKey, REG_OPTION_VOLATILE, view));
@@ -135,7 +134,7 @@ TEST(Server, ParsesWhatTheEditorSaves) {
         Workplace place;
         place.openText(text);
         place.run("mnuSaveCfg");
-        // So that it cannot succeed by not looking, another configuration beside it.
+        // A second, different file proves that the files are really read.
         writeFile(place.path("other.xml"),
                   replaced(readFile(place.path("test.xml")), "</OPC_DA>", "<x/></OPC_DA>"));
         const Texts found = readByServer(place, {"test.xml", "other.xml"});
@@ -145,7 +144,7 @@ TEST(Server, ParsesWhatTheEditorSaves) {
     }
 }
 
-// Refused before anything is touched; elsewhere neither hinders the change of a file's name.
+// Refused before anything changes; Linux would allow renaming such files.
 TEST(WindowsFiles, LockedOrReadOnlyFilesAreNotSaved) {
     PlantedWorkplace place({"U", "U.a"});
     const std::string old = place.saved();
@@ -158,7 +157,7 @@ TEST(WindowsFiles, LockedOrReadOnlyFilesAreNotSaved) {
         EXPECT_FALSE(place.configuration.state.saved);
         EXPECT_EQ(std::distance(fs::directory_iterator(place.folder), {}), 1);
     };
-    // By a program that lets others do nothing, only read, or all but rename and delete.
+    // Another program has the file open and shares nothing, reading, or reading and writing.
     for (const DWORD share : std::vector<DWORD>{0, FILE_SHARE_READ, FILE_SHARE_READ | FILE_SHARE_WRITE}) {
         const HANDLE held = CreateFileW(fromUtf8(path).c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING,
                                         FILE_ATTRIBUTE_NORMAL, nullptr);

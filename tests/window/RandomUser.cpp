@@ -1,5 +1,6 @@
-// A random user at the real main window: clicks, keys, drags, menus and finds by real input, with dialogs and
-// message boxes that answer at random. After each step the window must agree with the editor.
+// Tests the real main window with random clicks, keys, drags, menus and searches, sent as real input. Dialogs
+// and message boxes are test doubles that answer at random. After each step the window must agree with the
+// editor.
 //     trevandix-random-user [STEPS [SEED]]
 #include <wx/app.h>
 #include <wx/evtloop.h>
@@ -24,7 +25,7 @@ namespace {
 
 constexpr char kSample[] = "/water-works.xml";
 
-/// Passes on which commands are enabled and remembers it.
+/// Records which commands are enabled and passes the calls on.
 struct Enabled : CommandBar {
     explicit Enabled(CommandBar& shown) : bar(shown) {}
     void enableMenu(std::string_view name, bool enabled) override {
@@ -50,7 +51,7 @@ public:
     }
     ~RandomUser() {
         window_->attach(nullptr);
-        delete window_;  // now, while what it shows still lives
+        delete window_;  // before the objects that it shows
     }
 
     void step() {
@@ -85,7 +86,7 @@ private:
         return std::string(1, static_cast<char>('A' + below(26))) + std::to_string(below(90));
     }
 
-    // A form has not every control, and not each can be used at all times.
+    // Ignores missing and disabled controls.
     static void tryTo(const std::function<void()>& action) {
         try {
             action();
@@ -111,7 +112,7 @@ private:
             tryTo([&] { form.press(button); });
     }
 
-    // Until neither input nor anything that it has caused is under way.
+    // Runs the event loop until no input and none of its effects are pending.
     void settle() {
         wxEventLoopBase& loop = *wxEventLoopBase::GetActive();
         for (int calm = 0; calm < 6; ++calm) {
@@ -136,7 +137,7 @@ private:
                 static_cast<int>(below(static_cast<std::size_t>(size.y)))};
     }
 
-    // Mostly where the lines' texts and triangles are.
+    // Mostly in the part with texts and triangles.
     wxPoint pointInTree() {
         wxPoint point = pointIn(*tree_);
         if (below(8) != 0) point.x = point.x / 3;
@@ -157,7 +158,7 @@ private:
         below(8) == 0 ? input_.MouseDblClick() : input_.MouseClick();
     }
 
-    // Of a node above the selected one, where there is such a triangle in sight.
+    // Clicks the triangle of a node above the selected one, if it is visible.
     void clickTriangle() {
         const TreeNode* node = configuration_.tree.selected();
         for (unsigned levels = 1 + below(4); levels > 0 && node->parent() != nullptr; --levels)
@@ -209,7 +210,7 @@ private:
         }
     }
 
-    // Branches and items only: dragged units part from their records.
+    // Drags only branches and items, because dragged units lose their records.
     void drag() {
         const wxPoint from = pointInTree();
         const TreeNode* node = tree_->nodeAt(from);
@@ -222,7 +223,7 @@ private:
         settle();
         for (int moves = 0; moves < 3; ++moves) moveTo(*tree_, pointInTree());
         if (below(6) == 0) input_.Char(WXK_ESCAPE);
-        watchdog_.StartOnce(150);  // where it was no drag, a menu opens
+        watchdog_.StartOnce(150);  // closes the context menu that opens if no drag started
         input_.MouseUp(wxMOUSE_BTN_RIGHT);
         settle();
         if (copies) input_.KeyUp(WXK_CONTROL);
@@ -269,7 +270,7 @@ private:
         loose_ = false;
     }
 
-    // Sorted, as the user may have sorted the list.
+    // Sorted, because the user may have sorted the list.
     std::vector<std::string> rowKeys() const {
         std::vector<std::string> keys;
         for (const ListRow& row : list_.rows()) keys.push_back(row.key);
@@ -289,24 +290,24 @@ private:
             expect(up->expanded(), "the selected node is hidden: " + selected->key().str());
         for (const TreeNode* node = tree.root(); node != nullptr; node = nextBelow(*node, *tree.root()))
             expect(node->childCount() == 0 || tree_->showsExpanded(*node) == node->expanded(),
-                   "shown otherwise than expanded: " + node->key().str());
+                   "wrongly expanded or collapsed: " + node->key().str());
         const TreeNode* toggled = toggled_ ? tree.find(toggled_->first) : nullptr;
         if (toggled != nullptr)
             expect(toggled->expanded() == toggled_->second,
-                   "its triangle does nothing: " + toggled->key().str());
+                   "the triangle did nothing: " + toggled->key().str());
         compareList(before);
-        // A data type that got another name leaves its node behind.
+        // Renaming a data type leaves its node behind.
         for (const std::string& fault : disagreements(configuration_))
             expect(fault.starts_with("datatype "), fault);
     }
 
-    // The rows are those of the selected node, or still the earlier ones where the step may leave them so.
+    // The rows must be those of the selected node, or unchanged if the step may leave the list behind.
     void compareList(const std::vector<std::string>& before) {
         if (configuration_.tree.selected()->tag() == NodeTag::ModBus)
-            return;  // records without nodes are shown too
+            return;  // also shows records without nodes
         const std::vector<std::string> keys = rowKeys();
         for (const std::size_t row : list_.selectedRows())
-            expect(row < keys.size(), "a row that is not there is selected");
+            expect(row < keys.size(), "a missing row is selected");
         if (keys == wantedKeys(*configuration_.tree.selected())) {
             loose_ = false;
             return;
@@ -346,13 +347,13 @@ private:
                        parser_,   forms_,      *window_,   commands_, "."};
     frmEditing editor_{platform_, configuration_, list_};
     WxTreeView* tree_ = nullptr;
-    FakeForm* find_ = nullptr;  ///< from the first find on
+    FakeForm* find_ = nullptr;  ///< set by the first search
     wxUIActionSimulator input_;
     wxTimer watchdog_;
     std::string did_;
-    std::optional<std::pair<Key, bool>>
-        toggled_;         ///< a node whose triangle was clicked, and what it is to be
-    bool loose_ = false;  ///< the list may show something else than the selected node's contents
+    /// The node whose triangle was clicked, and whether it must be expanded now.
+    std::optional<std::pair<Key, bool>> toggled_;
+    bool loose_ = false;  ///< the list need not show the contents of the selected node
 };
 
 }  // namespace
