@@ -1,4 +1,4 @@
-# Writes OUTPUT, a source file with every drawing of the folder ICONS.
+# Writes OUTPUT, a source file that contains all SVG files of the folder ICONS.
 file(GLOB files ${ICONS}/*.svg)
 list(SORT files)
 set(rows "")

@@ -1,5 +1,5 @@
-# trevandix_embedded: Icons.h (the drawings, compiled in so that the program is one file) and Version.h (names, version
-# and contact data, the one source of caption, message boxes and About box).
+# trevandix_embedded: Icons.h (icons compiled into the program) and Version.h (names, version and contact data for the
+# caption, message boxes and About box).
 set(generated ${CMAKE_BINARY_DIR}/generated)
 file(GLOB icon_files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/resources/icons/*.svg)
 add_custom_command(
@@ -17,7 +17,7 @@ if(GIT_FOUND)
     if(commit_line MATCHES "^([^ ]+) ([^ ]+)$")
         set(TREVANDIX_COMMIT ${CMAKE_MATCH_1})
         set(TREVANDIX_DATE ${CMAKE_MATCH_2})
-        # The record of where HEAD has been: it changes with every commit, and then all this is done again.
+        # HEAD's log changes with every commit, which makes CMake configure again.
         execute_process(COMMAND ${GIT_EXECUTABLE} rev-parse --path-format=absolute --git-path logs/HEAD
                         WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} OUTPUT_VARIABLE head_log
                         OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)

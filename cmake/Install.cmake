@@ -1,5 +1,4 @@
-# What `cmake --install` puts in place on Linux; the Debian package is made from it. The manual is there once
-# tools/manual.sh has made it.
+# `cmake --install` on Linux, which the Debian package uses too. The manual is installed if tools/manual.sh has made it.
 if(NOT UNIX)
     return()
 endif()

@@ -1,4 +1,4 @@
-# Provides pugixml::pugixml, GTest::gtest, GTest::gtest_main, benchmark::benchmark and trevandix_wxwidgets (the toolkit).
+# Defines pugixml::pugixml, GTest::gtest, GTest::gtest_main, benchmark::benchmark and trevandix_wxwidgets.
 if(TREVANDIX_WINDOWS_PREFIX)
     include(${CMAKE_CURRENT_LIST_DIR}/WindowsLibraries.cmake)
     return()

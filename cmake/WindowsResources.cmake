@@ -1,6 +1,5 @@
-# trevandix_add_windows_resources(TARGET ICON): gives an executable its version resource, manifest and icon.
-# ICON is an SVG file. Names and version come from these variables, so that the caption, the About box and the
-# version resource can share one source.
+# trevandix_add_windows_resources(TARGET SVG): adds version resource, manifest and icon to an executable. The names
+# below also appear in the caption and the About box.
 set(TREVANDIX_COMPANY "VOSK Automation" CACHE STRING "Company shown in the file's properties")
 set(TREVANDIX_PRODUCT "Trevandix Configuration Editor" CACHE STRING "Product shown in the file's properties")
 set(TREVANDIX_DESCRIPTION "Trevandix Configuration Editor" CACHE STRING "Description shown in the file's properties")
@@ -8,8 +7,7 @@ mark_as_advanced(TREVANDIX_COMPANY TREVANDIX_PRODUCT TREVANDIX_DESCRIPTION)
 
 set(TREVANDIX_WINDOWS_RESOURCES "${CMAKE_CURRENT_LIST_DIR}/../resources/windows")
 
-# All sizes that Explorer, the task bar and the caption ask for between 100 % and 250 % scaling. The largest is
-# stored as PNG, as Windows expects it.
+# All sizes that Explorer, task bar and caption use at 100 % to 250 % scaling. Windows expects the largest as PNG.
 function(trevandix_add_icon svg ico)
   set(folder "${ico}.parts")
   file(MAKE_DIRECTORY "${folder}")
@@ -34,7 +32,7 @@ function(trevandix_add_windows_resources target svg)
   configure_file("${TREVANDIX_WINDOWS_RESOURCES}/trevandix-editor.rc.in" "${folder}/${target}.rc" @ONLY)
   target_sources(${target} PRIVATE "${folder}/${target}.rc")
 
-  # Without the two drawing tools (a native build, say) the program has wx's icon instead of its own.
+  # Without these two tools, for example in a native build, the program has wx's icon.
   find_program(RSVG_CONVERT rsvg-convert)
   find_program(ICOTOOL icotool)
   mark_as_advanced(RSVG_CONVERT ICOTOOL)

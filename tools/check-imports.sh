@@ -1,16 +1,16 @@
 #!/usr/bin/env bash
-# tools/check-imports.sh EXE...: fails when a program would not start on Windows 7, because it imports
-# a DLL or a function that Windows 7 lacks. Such functions are to be looked up at run time.
-# --list EXE prints "dll function" lines instead; --self-test makes programs that must be refused and sees that they are.
+# tools/check-imports.sh EXE...: fails if a program would not start on Windows 7 because it imports a DLL or function
+# that Windows 7 lacks. Look up such functions at run time.
+# --list EXE prints "dll function" lines. --self-test builds programs that must be refused and checks that they are.
 set -euo pipefail
 
 triplet=x86_64-w64-mingw32
 
-# What every Windows 7 has in its system folder. The api-ms-win-* sets and ucrtbase.dll came later.
+# DLLs in the system folder of every Windows 7. The api-ms-win-* sets and ucrtbase.dll came later.
 system_dlls='advapi32 bcrypt comctl32 comdlg32 crypt32 dwmapi gdi32 gdiplus imm32 kernel32 msimg32 msvcrt ntdll ole32
     oleacc oleaut32 psapi rpcrt4 secur32 shell32 shlwapi user32 uxtheme version winhttp wininet winmm winspool.drv ws2_32'
 
-# Newer functions that the compiler's headers declare for Windows 7 all the same, or not at all.
+# Newer functions that the compiler's headers declare for Windows 7 anyway, or not at all.
 newer_by_hand='AddDllDirectory RemoveDllDirectory SetDefaultDllDirectories GetSystemTimePreciseAsFileTime
     GetOverlappedResultEx WaitOnAddress WakeByAddressSingle WakeByAddressAll InitializeSynchronizationBarrier
     EnterSynchronizationBarrier DeleteSynchronizationBarrier SetThreadDescription GetThreadDescription
@@ -31,7 +31,7 @@ declared_functions() {
         grep -oE '\b[A-Za-z_][A-Za-z0-9_]* *\(' | tr -d ' (' | LC_ALL=C sort -u
 }
 
-# Functions after Windows 7: what the headers declare for Windows 10 beyond Windows 7, and those listed above.
+# Functions newer than Windows 7: those that the headers declare only for Windows 10, and those listed above.
 newer_functions() {
     LC_ALL=C comm -13 <(declared_functions 0x0601) <(declared_functions 0x0A00)
     tr -s ' \n' '\n' <<<"$newer_by_hand"
@@ -47,8 +47,8 @@ imports() {
         { inside = dll != "" }'
 }
 
-# missing_on_windows7 NEWER: prints what Windows 7 would miss of the imports on standard input. The path functions
-# beginning with PathCch are a family that came with Windows 8.
+# missing_on_windows7 NEWER: prints those imports on standard input that Windows 7 lacks. All functions that begin with
+# PathCch came with Windows 8.
 missing_on_windows7() {
     awk -v dlls="$system_dlls" -v newer="$1" '
         BEGIN {
@@ -63,7 +63,7 @@ check() {
     local newer exe list missing failed=0
     newer=$(newer_functions)
     if [ "$(wc -l <<<"$newer")" -lt 150 ]; then
-        echo "the compiler's headers were not understood" >&2
+        echo "cannot read the functions from the compiler's headers" >&2
         return 2
     fi
     for exe in "$@"; do
@@ -83,7 +83,7 @@ check() {
     return "$failed"
 }
 
-# must_refuse WORDS SOURCE [LIBRARY]: builds a program and expects a refusal that names WORDS.
+# must_refuse WORDS SOURCE [LIBRARY]: builds a program that must be refused with a message containing WORDS.
 must_refuse() {
     local folder message code=0
     folder=$(mktemp -d)
@@ -103,7 +103,7 @@ self_test() {
     must_refuse 'api-ms-win-core-synch-l1-2-0 (the DLL), for WaitOnAddress' \
         'int main() { return WaitOnAddress(0, 0, 0, 0); }' -lsynchronization
     must_refuse 'ucrtbase' 'int _o_exit(int); int main() { return _o_exit(1); }' -lucrtbase
-    echo "made-up programs are refused"
+    echo "self-test: all test programs are refused"
 }
 
 case ${1:-} in

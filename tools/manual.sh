@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# tools/manual.sh FOLDER: makes FOLDER/manual.html and its pictures from docs/manual.md, for F1.
+# tools/manual.sh FOLDER: converts docs/manual.md to FOLDER/manual.html, which F1 opens, and copies its pictures.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 folder=$1
@@ -18,7 +18,7 @@ mkdir -p "$folder/pictures"
     printf '</body></html>\n'
 } >"$folder/manual.html"
 
-# Only the pictures that the manual shows.
+# Copies only the pictures that the manual uses.
 grep -oE '\]\(pictures/[^)]+\)' "$root/docs/manual.md" | sed 's/^](//; s/)$//' | sort -u | while read -r picture; do
     cp "$root/docs/$picture" "$folder/pictures/"
 done

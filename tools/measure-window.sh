@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# tools/measure-window.sh PROGRAM [ITEMS]: how long the real window is at work with what people do most, on a file of
-# ITEMS items (100,000 unless told), of which a tenth stands in one branch. Runs on a virtual display of its own; a
-# program that ends in .exe runs under Wine (then call it through tools/windows.sh display).
+# tools/measure-window.sh PROGRAM [ITEMS]: measures common actions in the real window, with a file of ITEMS items
+# (default: 100,000), a tenth of them in one branch. Uses its own virtual display. A program that ends in .exe runs
+# under Wine; start the script with "tools/windows.sh display" then.
 #
-# What is measured is the processor time that the program's first thread takes from a key until it rests again, so other
-# work on the machine does not count. It is more than the time for which the window answers nobody: what the toolkit
-# draws afterwards, in many short steps, is part of it. That time is measured beside it for a program of Windows, by
-# another program that asks its window all the while (window-answers.cpp); there other work does count.
+# Prints the CPU time of the program's main thread from a key press until the program is idle again, so other work on
+# the machine does not count. This includes drawing in many short steps, so the window is blocked for less time than
+# that. For a Windows program, window-answers.cpp also measures how long the window does not answer; this does depend on
+# other work on the machine.
 set -euo pipefail
 program=$(realpath "$1")
 items=${2:-100000}
@@ -51,10 +51,10 @@ plant() {
         }' >"$1"
 }
 
-# Processor time so far in milliseconds.
+# CPU time so far, in milliseconds.
 busy() { awk '{ printf "%d\n", $1 / 1000000 }' "/proc/$thread/task/$thread/schedstat"; }
 
-# Waits until the program rests and prints the time that it has taken since $1.
+# Waits until the program is idle and prints the CPU time used since $1.
 rested() {
     local since=$1 before=-1 now still=0
     while [ $still -lt 6 ]; do
@@ -66,7 +66,8 @@ rested() {
     echo $((now - since))
 }
 
-# Prints for how long at most the window of a Windows program gave no answer since the last call, "-" for others.
+# Prints the longest time, in ms, for which a Windows program's window did not answer since the last call; "-" for
+# others.
 silent() {
     if [[ $program != *.exe ]]; then
         echo -
@@ -78,7 +79,7 @@ silent() {
     cat "$folder/silent"
 }
 
-# measured WHAT ACTION...: prints what one press or click costs.
+# measured WHAT ACTION...: performs the action and prints its cost.
 measured() {
     local what=$1 start spent
     shift
@@ -90,7 +91,7 @@ measured() {
     printf '| %s | %s | %s |\n' "$what" "$spent" "$(silent)"
 }
 
-# measure WHAT KEY...: presses the keys one after the other; the last one counts.
+# measure WHAT KEY...: presses the keys one after the other and measures the last one.
 measure() {
     local what=$1 last=${*: -1}
     shift
@@ -98,7 +99,7 @@ measure() {
     measured "$what" xdotool key "$last"
 }
 
-# The header of the second column, the comments, in no order of the names.
+# Clicks the header of the comments, whose order differs from that of the names.
 sort_column() {
     local WINDOW WIDTH HEIGHT top=79
     if [[ $program == *.exe ]]; then top=64; fi
@@ -107,8 +108,8 @@ sort_column() {
     measured "sort them by their comments" xdotool click 1
 }
 
-# scroll WHAT X Y: turns the wheel over a place of the window, two notches a frame of 60 Hz. Prints what a frame costs:
-# it is smooth while that stays well below the 16 ms there are.
+# scroll WHAT X Y: turns the mouse wheel at a point of the window, two notches per frame of 60 Hz, and prints the cost
+# per frame. Scrolling is smooth if a frame takes much less than 16 ms.
 scroll() {
     local frames=100 start
     xdotool mousemove --window "$(xdotool getactivewindow)" "$2" "$3"
@@ -129,7 +130,7 @@ await() {
     exit 1
 }
 
-# Wine gives the keyboard to the main window, the window manager keeps it in the smaller one: the mouse leaves that.
+# Closes the find window. Under Wine the keyboard is in the main window, so it must be closed with the mouse.
 leave_find() {
     local WINDOW WIDTH HEIGHT
     if [[ $program == *.exe ]]; then
@@ -179,7 +180,7 @@ xdotool type Added
 xdotool key alt+a
 xdotool type 1
 measure "add an item" Return
-# Beyond 32,767 items the counter of default names is full, which a box tells behind the item added.
+# Above 32,767 items a message box reports that the item counter is full.
 until [ "$(xdotool getactivewindow getwindowname)" = "$main" ]; do
     xdotool key Escape
     sleep 0.3

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # tools/package.sh version: prints the version of the packages.
-# tools/package.sh BUILD: makes the Debian package build/package/trevandix-editor_VERSION_ARCHITECTURE.deb from a build folder
-# by cmake --install, with icons in all sizes and the documents that Debian wants.
+# tools/package.sh BUILD: makes build/package/trevandix-editor_VERSION_ARCHITECTURE.deb from a build folder, using cmake
+# --install, with icons in all sizes and the documents that Debian requires.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
@@ -48,7 +48,7 @@ put_documents() {
     gzip -9nc CHANGELOG.md >"$documents/CHANGELOG.md.gz"
 }
 
-# The libraries that the program really loads, with the versions that have what it uses.
+# The packages of the libraries that the program uses, with their minimum versions.
 library_packages() {
     mkdir -p "$work/debian"
     printf 'Source: %s\n\nPackage: %s\nArchitecture: any\n' $name $name >"$work/debian/control"
@@ -73,7 +73,7 @@ Description: configuration editor for a Modbus OPC server
  units, branches and items.
 TEXT
     (cd "$tree" && find usr -type f -print0 | sort -z | xargs -0 md5sum) >"$tree/DEBIAN/md5sums"
-    # Desktop, icon and file type caches are brought up to date by triggers of the packages that own them.
+    # No maintainer scripts: triggers of other packages update the caches of desktop entries, icons and file types.
 }
 
 setting() { sed -n "s/^set($1 \"\([^\"]*\)\".*/\1/p" CMakeLists.txt; }

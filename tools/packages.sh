@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Debian packages that a script needs, installed when they are missing (through sudo when not root).
+# install_packages PACKAGE...: installs missing Debian packages, with sudo unless run as root.
 
 as_root() {
     if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi

@@ -1,21 +1,21 @@
 #!/usr/bin/env bash
-# pictures.sh [FOLDER]: the pictures of the documents, taken from the running program (TREVANDIX_PROGRAM), which is
-# driven as in the window tests. Without FOLDER they go to docs/pictures.
+# pictures.sh [FOLDER]: takes the screenshots for the documents from the running program (TREVANDIX_PROGRAM), driven as
+# in the window tests. The default FOLDER is docs/pictures.
 . "$(dirname "$0")/../tests/window/lib.sh"
 . "$window_root/tests/window/dialogs.sh"
 
 pictures=$(realpath -m "${1:-$window_root/docs/pictures}")
 mkdir -p "$pictures"
 
-# shot NAME: the window that has the keyboard, with its frame, in few colours.
+# shot NAME: the active window with its frame, reduced to few colours.
 shot() {
     local picture=$pictures/$1.png
-    sleep 0.4 # the last drawing
+    sleep 0.4 # until drawing has finished
     import -frame -window "$(xdotool getactivewindow)" png:- |
         convert - -strip +dither -colors 128 -depth 8 -define png:compression-level=9 "$picture"
 }
 
-# shot_of NAME TITLE [KEY...]: the same of a dialog, which the keys then leave.
+# shot_of NAME TITLE [KEY...]: the same for a dialog; the keys then close it.
 shot_of() {
     await "$2"
     shot "$1"
@@ -23,7 +23,7 @@ shot_of() {
     await "$main"
 }
 
-plant=${folder%/*}/plant # a path that looks well
+plant=${folder%/*}/plant # a short path for the screenshots
 mkdir "$plant"
 trap 'finish; rm -r "$plant"' EXIT
 cp "$window_root"/samples/*.xml "$plant"
@@ -45,7 +45,7 @@ shot item
 fill_item "holding register" Flow "m3/h" 100 7 3
 keys alt+g
 shot item-group
-keys Return # adds one
+keys Return # adds one item
 leave_dialog
 go 3 Return
 shot_of item-edit "$item" Escape

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# tools/try-package.sh: tries what ./dev package has made as its users get it; as root, since it makes a root folder.
-# The Debian package: installed into a bare Debian 12, started there on a file that the desktop opens with it, removed.
-# The Windows zip: unpacked into a folder with a blank in its name and started under Wine.
+# tools/try-package.sh: installs and starts the packages of ./dev package as a user would. Needs root for chroot.
+# The Debian package is installed in a minimal Debian 12, opened with a configuration from the desktop, and removed. The
+# Windows zip is unpacked in a folder with a space in its name and started under Wine.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
@@ -21,25 +21,25 @@ fail() {
     exit 1
 }
 
-# shown PICTURE COMMAND...: starts the command on the display, waits for the main window, takes its picture, in which the
-# file is to be seen, and asks it to close.
+# shown PICTURE COMMAND...: runs the command, waits for the main window, takes a screenshot, which must show the file,
+# and closes the program.
 shown() {
     local picture=$1 window
     shift
     "$@" >"$work/output" 2>&1 &
     window=$(timeout 60 xdotool search --sync --onlyvisible --name "^$title\$" | head -n 1) || true
     [ -n "$window" ] || fail "no main window: $(cat "$work/output")"
-    sleep 3 # reads and draws
+    sleep 3 # until the file is open and drawn
     import -window root "$picture"
     xdotool windowactivate --sync "$window" key alt+f x
     for _ in {1..100}; do
         if ! xdotool getwindowname "$window" >/dev/null 2>&1; then
-            say "started and closed; $picture shows it"
+            say "started and closed; screenshot: $picture"
             return
         fi
         sleep 0.1
     done
-    fail "the program does not close; $picture"
+    fail "the program does not close; screenshot: $picture"
 }
 
 # ---------------------------------------------------------------- Debian
@@ -47,19 +47,19 @@ shown() {
 inside() { chroot "$clean" env DEBIAN_FRONTEND=noninteractive "$@"; }
 
 make_clean_root() {
-    say "making a bare Debian"
+    say "installing a minimal Debian"
     debootstrap --variant=minbase bookworm "$clean" >"$work/debootstrap.log"
     mount -t proc proc "$clean/proc"
     mkdir -p "$clean/tmp/.X11-unix"
     mount --bind /tmp/.X11-unix "$clean/tmp/.X11-unix"
     inside apt-get -qq update
-    # What every desktop has.
+    # Every desktop has these.
     inside apt-get -qq -y install --no-install-recommends xdg-utils desktop-file-utils shared-mime-info \
         hicolor-icon-theme libglib2.0-bin >"$work/apt.log" 2>&1
     inside useradd -m engineer
 }
 
-# What could not be unmounted belongs to the machine: then the folder stays.
+# Keeps the folder if something is still mounted there, because that belongs to the machine.
 remove_clean_root() {
     local place
     for place in tmp/.X11-unix proc; do
@@ -73,7 +73,7 @@ traces() { inside find / -xdev \( -path /proc -o -path /tmp -o -path /home -o -p
 
 try_debian() {
     local package=$1 file=water-works.xml
-    clean=$(mktemp -d /var/tmp/trevandix-clean-XXXXXX) # not under build/, which may be mounted nodev
+    clean=$(mktemp -d /var/tmp/trevandix-clean-XXXXXX) # build/ may be mounted with nodev
     trap remove_clean_root EXIT
     chmod 755 "$clean"
     make_clean_root
@@ -90,7 +90,7 @@ try_debian() {
     local left
     left=$(traces | grep -v '^/var/log/' || true)
     [ -z "$left" ] || fail "left behind: $left"
-    say "removed without trace"
+    say "removed completely"
 }
 
 # ---------------------------------------------------------------- Windows

@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
-# The Windows program, made on Debian 12 with MinGW-w64 and tried under Wine.
+# Builds the Windows program on Debian 12 with MinGW-w64 and runs it under Wine.
 #
-#   tools/windows.sh setup   packages, libraries and Wine's folder; quick when all is there
-#   tools/windows.sh build   build/windows/trevandix-editor.exe and a portable zip (runs setup first)
-#   tools/windows.sh test    unit tests and window test under Wine in a virtual display (runs build first)
-#   tools/windows.sh wine EXE [ARGUMENT...]   one program under Wine
-#   tools/windows.sh prefix  prints where the libraries are
+#   tools/windows.sh setup   installs packages, builds the libraries and makes Wine's folder, unless they exist
+#   tools/windows.sh build   makes build/windows/trevandix-editor.exe and a portable zip (runs setup first)
+#   tools/windows.sh test    runs unit and window tests under Wine on a virtual display (runs build first)
+#   tools/windows.sh wine EXE [ARGUMENT...]   runs a program under Wine
+#   tools/windows.sh display COMMAND...   runs a command on a virtual display with Wine's folder
+#   tools/windows.sh prefix  prints the folder of the libraries
 #
-# TREVANDIX_CACHE names the folder that keeps the libraries between builds
-# (otherwise XDG_CACHE_HOME or ~/.cache, there trevandix-editor).
+# The libraries and Wine's folder are kept in TREVANDIX_CACHE (default: trevandix-editor in XDG_CACHE_HOME or ~/.cache).
 
 windows_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 windows_cache=${TREVANDIX_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/trevandix-editor}
@@ -20,7 +20,7 @@ windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev cmake ninja-buil
     wine wine64 fonts-wine fonts-liberation libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2
     libxrender1 xvfb openbox xdotool imagemagick xclip)
 
-# Source packages, in the order they are built: wxWidgets needs libpng.
+# Source packages in build order: wxWidgets needs libpng.
 windows_sources=(pugixml libpng1.6 googletest wxwidgets3.2)
 
 windows_pugixml_options=(-DPUGIXML_BUILD_TESTS=OFF)
@@ -30,7 +30,7 @@ windows_googletest_options=(-DBUILD_GMOCK=OFF -DINSTALL_GTEST=ON)
 windows_wxwidgets_options=(
     "-DZLIB_LIBRARY=/usr/$windows_triplet/lib/libz.a" "-DZLIB_INCLUDE_DIR=/usr/$windows_triplet/include"
     -DwxBUILD_USE_STATIC_RUNTIME=ON -DwxUSE_ZLIB=sys -DwxUSE_LIBPNG=sys -DwxUSE_NANOSVG=builtin)
-# Each of these would bring a further library, or a part of wx that the editor has no use for.
+# Parts of wx that the editor does not use, or that would need further libraries.
 for windows_feature in LIBJPEG LIBTIFF EXPAT REGEX LIBLZMA \
     XML XRC HTML STC AUI PROPGRID RIBBON RICHTEXT MEDIACTRL OPENGL WEBVIEW WEBVIEW_IE WEBVIEW_EDGE DEBUGREPORT \
     HELP MS_HTML_HELP WXHTML_HELP DOC_VIEW_ARCHITECTURE MDI MDI_ARCHITECTURE \
@@ -43,7 +43,7 @@ done
 
 say() { printf '%s\n' "windows: $*" >&2; }
 
-# Runs a command as the administrator.
+# Runs a command as root.
 as_root() {
     if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
 }
@@ -62,8 +62,8 @@ install_packages() {
         install --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# Reads deb822 stanzas and prints the source twin of each binary one. Stanzas of other vendors (no component "main"
-# in a suite of this release) are left out: many of them offer no sources, which would make "update" fail.
+# Reads deb822 stanzas and prints a source stanza for each binary one. Leaves out other vendors (whose suite is not this
+# release with the component "main"), because many have no sources and "apt update" would fail.
 deb822_source_twins() {
     awk -v release="$1" '
         BEGIN { RS = ""; FS = "\n" }
@@ -81,19 +81,19 @@ deb822_source_twins() {
         }'
 }
 
-# The same for lines of the older one-line form.
+# The same for lines in the older one-line format.
 list_source_twins() {
     awk -v release="$1" '/^deb / && !/ cdrom:/ && index($0, " " release) && / main/ { sub(/^deb/, "deb-src"); print }'
 }
 
-# add_source_entries FILE: writes its standard input to a file of apt's list folder, unless there is none.
+# add_source_entries FILE: writes standard input to a file in apt's list folder, unless it is empty.
 add_source_entries() {
     local entries
     entries=$(cat)
     if [ -n "$entries" ]; then as_root tee "/etc/apt/sources.list.d/$1" <<<"$entries" >/dev/null; fi
 }
 
-# Lets apt know where the sources are, from where it gets the binary packages; leaves apt alone if it knows already.
+# Adds the source packages to apt's lists if they are not known yet.
 enable_source_packages() {
     local release folder=/etc/apt/sources.list.d
     if apt-cache showsrc "${windows_sources[@]}" >/dev/null 2>&1; then return; fi
@@ -109,8 +109,8 @@ enable_source_packages() {
     as_root apt-get -qq -o DPkg::Lock::Timeout=300 update
 }
 
-# Unpacks one source package into the current folder. A mirror may list a newest version that it no longer or not yet
-# holds, therefore the others are tried after it.
+# Unpacks one source package into the current folder. Tries the newest version first, then the others, because a mirror
+# may not have the newest one.
 fetch_listed() {
     local package=$1 version
     fetch_answer="apt does not know it"
@@ -120,7 +120,7 @@ fetch_listed() {
     return 1
 }
 
-# The same, once more with new lists where all that the lists of this machine name has gone.
+# The same; updates apt's lists and tries again if no listed version is available.
 fetch_source() {
     if fetch_listed "$1"; then return; fi
     as_root apt-get -qq -o DPkg::Lock::Timeout=300 update
@@ -131,7 +131,7 @@ fetch_source() {
 
 # ---------------------------------------------------------------- libraries
 
-# Prints the folder of the libraries; another compiler, option or way of building means another folder.
+# Prints the folder of the libraries. Its name depends on compiler, options and build steps.
 library_prefix() {
     local key
     key=$({
@@ -144,8 +144,8 @@ library_prefix() {
     printf '%s\n' "$windows_cache/windows-${key:0:12}"
 }
 
-# build_library NAME PREFIX WORK OPTION...: configures, builds and installs the source WORK/NAME-*. The real prefix is
-# named only when installing, because wx writes the configured one into the program.
+# build_library NAME PREFIX WORK OPTION...: configures, builds and installs the source WORK/NAME-*. Only the install
+# step gets the real prefix, because wx stores the configured one in the program.
 build_library() {
     local name=$1 prefix=$2 work=$3 source log
     shift 3
@@ -161,7 +161,7 @@ build_library() {
     return 1
 }
 
-# The program contains these libraries, so their terms travel with it.
+# The program contains these libraries, so their licences are distributed with it.
 keep_licences() {
     local prefix=$1 work=$2 file name
     mkdir -p "$prefix/licences"
@@ -187,8 +187,8 @@ build_libraries() {
     keep_licences "$prefix" "$work" && (cd "$work" && printf '%s\n' *.dsc) >"$prefix/stamp" && rm -rf "$work"
 }
 
-# once STAMP COMMAND...: runs the command unless the stamp is there, one process at a time. The command writes the
-# stamp last, so work that was broken off is done again.
+# once STAMP COMMAND...: runs the command unless the stamp exists, in one process at a time. The command writes the
+# stamp last, so interrupted work is repeated.
 once() {
     local stamp=$1
     shift
@@ -202,7 +202,7 @@ once() {
 
 # ---------------------------------------------------------------- Wine
 
-# The folder is Wine's own world (registry, drive C:). No menu entries on the host, no questions about Mono and Gecko.
+# Wine's folder contains its registry and drive C:. No menu entries on the host, no questions about Mono and Gecko.
 use_wine() {
     export WINEPREFIX=$windows_cache/wine WINEDEBUG=-all WINEARCH=win64
     export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
@@ -216,11 +216,11 @@ make_wine_folder() {
 
 manages_windows() { xdotool get_desktop >/dev/null 2>&1; }
 
-# Runs a command in a virtual display of its own, with a window manager, and ends both after it.
+# Runs a command on its own virtual display with a window manager, and stops both afterwards.
 with_display() {
     local number code=0 manager server
     number=$(mktemp)
-    # Without -noreset the display starts over when its first visitor leaves, and turns away who comes meanwhile.
+    # Without -noreset the display restarts when its first client leaves, and refuses others meanwhile.
     Xvfb -displayfd 3 -noreset -screen 0 1280x900x24 -nolisten tcp 3>"$number" 2>/dev/null &
     server=$!
     for _ in {1..100}; do if [ -s "$number" ]; then break; else sleep 0.1; fi; done
@@ -265,7 +265,7 @@ windows_build() {
     pack_portable "$prefix"
 }
 
-# One folder to unpack anywhere: the program, the samples, the manual, the terms of what is inside.
+# The portable folder: the program, the samples, the manual and the licences.
 pack_portable() {
     local prefix=$1 folder=$windows_output/trevandix-editor extra
     rm -rf "$folder" "$folder.zip"
@@ -284,8 +284,8 @@ pack_portable() {
 windows_test() {
     windows_build
     "$windows_root/tools/check-imports.sh" --self-test
-    # The tests share one Wine folder and its registry, so two checkouts take turns. flock -o keeps Wine's server,
-    # which outlives the programs, from holding the lock.
+    # Tests of all checkouts share one Wine folder and registry, so only one may run. With flock -o, Wine's server,
+    # which outlives the programs, does not keep the lock.
     flock -o "$windows_cache/wine.lock" "$windows_root/tools/windows.sh" test-built
 }
 
@@ -302,7 +302,7 @@ run_unit_tests() {
     fi
 }
 
-# The flows of tests/window, the same keys as on Linux.
+# The scripts of tests/window, with the same keys as on Linux.
 run_window_test() {
     local flow
     for flow in new open-view-save editing large random crash portable; do
@@ -344,5 +344,5 @@ windows_main() {
 if [ "${BASH_SOURCE[0]}" = "$0" ]; then
     set -euo pipefail
     windows_main "$@"
-    exit # so that the file may be edited while it runs
+    exit # so that editing this file does not affect a running script
 fi

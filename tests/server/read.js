@@ -1,8 +1,8 @@
-// Reads configurations through the system's XML parser, as the OPC server does, and prints what it finds there:
+// Reads configurations with the system's XML parser, as the OPC server does, and prints their content:
 //     cscript //nologo read.js FILE...
-// An element a line: its depth, its name, its attributes, and its text where it holds no elements. Everything but plain
-// characters is printed by its number, so that no code page has a say. A line "end" follows each file, "refused" stands
-// for one that the parser does not take.
+// Each line is one element: depth, name, attributes and, if it contains no elements, its text. Characters outside ASCII
+// are printed as numbers, so that the code page has no effect. After each file comes a line "end"; a file that the
+// parser does not accept gives "refused".
 
 var document = new ActiveXObject("MSXML2.DOMDocument");
 var names = ["name", "address", "id", "timeout", "readcode", "writecode", "singlewrcode"];

@@ -1,12 +1,12 @@
-"""accessible.py TITLE [NAME]: asks the window of this title, as a screen reader does, what it holds. Fails when a control
-that can take the keyboard, or a menu entry, has no name or no description; or when none has the keyboard whose name
-begins with NAME."""
+"""accessible.py TITLE [NAME]: reads the window with this title as a screen reader does. Fails if a focusable control or
+a menu entry has no name or no description, or if the control with the focus has a name that does not begin with
+NAME."""
 import sys
 
 import pyatspi
 
 OWN_TEXTS = {pyatspi.ROLE_MENU_ITEM, pyatspi.ROLE_CHECK_MENU_ITEM}
-CHOICES = {pyatspi.ROLE_COMBO_BOX}  # their entries speak for themselves
+CHOICES = {pyatspi.ROLE_COMBO_BOX}  # their entries need no description
 
 
 def everything(top):
@@ -38,9 +38,9 @@ things = [thing for thing in everything(top) if described(thing)]
 bad = [f'{thing.getRoleName()} "{thing.name}": "{thing.description}"' for thing in things
        if not thing.name or not thing.description]
 if len(things) < 3:
-    bad.append(f"only {len(things)} controls are told")
+    bad.append(f"only {len(things)} controls are visible to screen readers")
 if len(sys.argv) > 2:
     focused = [thing.name for thing in everything(top) if thing.getState().contains(pyatspi.STATE_FOCUSED)]
     if not any(name.startswith(sys.argv[2]) for name in focused):
-        bad.append(f"the keyboard is in {focused}, expected {sys.argv[2]}")
+        bad.append(f"the focus is on {focused}, expected {sys.argv[2]}")
 sys.exit("\n".join(bad) or 0)

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# What a screen reader is told of every window: each control has a name and a description, and the selected row of tree
-# and list is said.
+# Checks what a screen reader gets: each control has a name and a description, and the selected row of tree and list is
+# announced.
 . "$(dirname "$0")/lib.sh"
 . "$(dirname "$0")/dialogs.sh"
 
-# A bus of its own. What it starts for screen readers keeps its socket in the home that lib.sh has made; elsewhere it
-# would take the place of another run's.
+# A separate bus. The accessibility service keeps its socket in the home folder made by lib.sh, so that runs do not
+# disturb each other.
 dbus-daemon --session --print-address=3 3>"$folder/bus" &
 servers+=($!)
 until_true 10 test -s "$folder/bus" || fail "no bus for screen readers"
@@ -13,7 +13,7 @@ DBUS_SESSION_BUS_ADDRESS=$(cat "$folder/bus")
 export DBUS_SESSION_BUS_ADDRESS
 unset NO_AT_BRIDGE
 
-# told TITLE [NAME]: what is shown comes to the screen reader a little later.
+# told TITLE [NAME]: tries for a while, because screen readers get changes with a delay.
 told() {
     await "$1"
     until_true 5 asked "$@" || fail "$1: $(cat "$folder/told")"
@@ -39,7 +39,7 @@ open_dialog i "$item"
 told "$item" "Item Name"
 keys alt+g
 told "$item"
-keys Escape # the panel
+keys Escape # closes the panel
 leave_dialog
 keys Home alt+o u
 told "$unit" "Unit Name"
@@ -58,7 +58,7 @@ keys ctrl+n
 told "Select ModBus interface"
 confirm_dialog
 keys Down alt+o a
-told "$types" # a list of this toolkit tells nobody that it has the keyboard
+told "$types" # a GTK drop-down list does not announce the focus
 leave_dialog
 keys alt+F4
 answer alt+n

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The program is killed with unsaved work; the next start offers it, takes it back, and tidies up when it ends. The path
-# of the file has letters of many scripts: opened from the command line, saved with a change, published.
+# Kills the program with unsaved work. The next start offers the work, recovers it, and cleans up when it ends. Opening,
+# saving and publishing also work with a path in several scripts.
 . "$(dirname "$0")/lib.sh"
 . "$(dirname "$0")/dialogs.sh"
 

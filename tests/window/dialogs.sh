@@ -1,12 +1,12 @@
 # shellcheck shell=bash
-# The steps of the property dialogs, by their access keys: the underlined letters, the same on every system.
+# Steps in the property dialogs, using access keys (underlined letters), which are the same on every system.
 
 types="ModBus Data Type Properties"
 unit="Unit Properties"
 branch="Branch Name"
 item="Item Properties"
 
-new_configuration() { # [KEY... to the other interface]
+new_configuration() { # [KEY... that choose the other interface]
     menu f n
     await "Select ModBus interface"
     keys "$@" Return
@@ -36,7 +36,7 @@ find_item() { # TEXT KEY
     await_tree
 }
 
-# The tree gets the keyboard. Wine tells its programs so, but not the window manager.
+# Waits until the tree has the focus. Under Wine the window manager does not know.
 await_tree() {
     if [ -n "$under_wine" ]; then sleep 0.2 && settle; else await "$main"; fi
 }
@@ -57,13 +57,13 @@ fill_text() { # ACCESS KEY, TEXT
     replaced "$2"
 }
 
-pasted() { # ACCESS KEY, TEXT in printf's form
+pasted() { # ACCESS KEY, TEXT in printf format
     if [ -n "$under_wine" ]; then
         copied "$2"
         keys "alt+$1" ctrl+a ctrl+v
         return
     fi
-    # GTK asks for the text and goes on; the keys that come next must find it there. This owner goes when it has answered.
+    # GTK requests the text asynchronously, so this waits until xclip has delivered it and ended.
     local owner
     # shellcheck disable=SC2059
     printf "$2" | xclip -selection clipboard -loops 1
@@ -78,7 +78,7 @@ add_type() { # ENTRY
     confirm_dialog
 }
 
-# Fields in the order of the Tab key; those that are out of use are passed over.
+# Fields in tab order, without disabled fields.
 fill_unit() { # NAME FIELD...
     local field
     replaced "$1"
@@ -88,7 +88,7 @@ fill_unit() { # NAME FIELD...
     done
 }
 
-# From an editable list to the next field; in GTK the list's arrow takes the keyboard as well.
+# Leaves an editable list; in GTK its arrow gets the focus too.
 leave_combo() {
     keys Tab
     if [ -z "$under_wine" ]; then keys Tab; fi
@@ -100,11 +100,11 @@ add_branch() { # NAME
     confirm_dialog
 }
 
-# Places of the tables in the list, in the order in which add_type added them.
+# Positions of the tables in the list, in the order in which add_type added them.
 declare -A tables=(["input status"]=1 ["coil"]=2 ["input register"]=3 ["holding register"]=4)
 
-# fill_item TABLE NAME COMMENT ADDRESS TYPE RIGHT; type and right by their places in their lists. An empty name is left
-# as it is.
+# fill_item TABLE NAME COMMENT ADDRESS TYPE RIGHT: TYPE and RIGHT are positions in their lists. An empty NAME keeps the
+# proposed one.
 fill_item() {
     keys alt+m
     choose "${tables[$1]}"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Copy, cut, paste and delete by keys in the list and in the tree; dragging with the right button, and with the control
-# key; names and comments from the clipboard; the find window; the context menu. Comments show the tree from row 0.
+# Copy, cut, paste and delete in list and tree, moving and copying by dragging, names and comments from the clipboard,
+# the find window, and the context menu. The comments show the tree with row numbers from 0.
 . "$(dirname "$0")/lib.sh"
 . "$(dirname "$0")/dialogs.sh"
 
@@ -11,7 +11,7 @@ start "$plant"
 
 go 3 Tab ctrl+a ctrl+c Tab # from the list
 go 11 ctrl+v
-steps ctrl+v # the names are taken now
+steps ctrl+v # again: the names exist now
 answer Return "$main"
 go 4 ctrl+x # Level, from the tree
 answer alt+y "$main"
@@ -23,13 +23,13 @@ go 3 ctrl+v
 go 12 Tab End Delete # Speed, in the list
 answer alt+y "$main"
 steps Tab
-# Declined, nothing goes.
+# After No, nothing is deleted.
 go 12 Delete
 answer alt+n "$main"
 
 drag 11 3 # Run
 # 3 AREA (Mode, Mode_0, Run, Speed), 8 POOL (9 NEST (Level, Valve)), 12 SPARE (Level, Mode)
-drag 6 4 # nothing is dropped on an item
+drag 6 4 # an item accepts no drop
 answer Return "$main"
 press_right 7
 move_to 12
@@ -56,7 +56,7 @@ confirm_dialog
 steps Tab
 go 3 # sorts the new names
 
-# Find Next passes the first match, SPARE; F3 does the same as the button.
+# Find Next skips the first match, SPARE; F3 does the same.
 while read -r text key name; do
     find_item "$text" "$key"
     keys Return

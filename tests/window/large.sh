@@ -1,10 +1,9 @@
 #!/usr/bin/env bash
-# Deleting many items takes a tree its time: meanwhile the program goes on answering, and what is done then is done to
-# the right nodes.
+# Deleting many items takes time. Meanwhile the program must answer, and commands must act on the right nodes.
 . "$(dirname "$0")/lib.sh"
 . "$(dirname "$0")/dialogs.sh"
 
-# items NAME COUNT: a branch with so many items.
+# items NAME COUNT: a branch with COUNT items.
 items() {
     printf '<%s>\n' "$1"
     seq -f "<tag><name>$1_%05.0f</name><comment/><address>1</address><datatype>HREGISTER VT_I2</datatype>" "$2" |
@@ -25,11 +24,11 @@ start "$folder/plant.xml"
 go 2 Tab ctrl+a
 keys Delete
 answer alt+y
-until_true 15 is_active "$main" # nothing is waited for beyond that
-keys Tab Left Down Delete       # the branch behind the lines that go
+until_true 15 is_active "$main" # does not wait until the lines are removed
+keys Tab Left Down Delete # the branch after the lines being removed
 answer alt+y
 until_true 15 is_active "$main"
-keys Up Return # a line that goes, or a branch: either way a branch is opened
+keys Up Return # must open a branch, not a line that is being removed
 await "$branch"
 leave_dialog
 find_item FIRST Return

@@ -1,10 +1,10 @@
 # shellcheck shell=bash
-# What the flows of this folder share. A flow drives the real program with real keys and a real mouse, on a virtual
-# display of its own, and compares what is then on disk. TREVANDIX_PROGRAM names the program; one that ends in .exe
-# runs under Wine (tools/windows.sh display provides the display and Wine's folder).
+# Shared functions of the window tests. A test drives the real program with real key presses and a real mouse pointer on
+# its own virtual display, and checks the resulting files. TREVANDIX_PROGRAM is the program; one that ends in .exe runs
+# under Wine (tools/windows.sh display provides the display and Wine's folder).
 #
-# Nothing waits for a fixed time where a condition can be waited for: windows by the title of the active one, files by
-# being there. On failure a picture of the screen and the program's output stay in build/window-tests.
+# Tests wait for conditions, not for fixed times, wherever possible: for the title of the active window, or for a file.
+# After a failure, build/window-tests contains a screenshot and the program's output.
 
 set -euo pipefail
 window_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
@@ -19,9 +19,9 @@ export LC_ALL=C.UTF-8
 
 folder=$(mktemp -d)
 editor=
-servers=() # display and window manager, when they are our own
+servers=() # display and window manager, if started here
 
-# A home of its own, so that no setting of the person who runs this has a say. Wine keeps its own.
+# A separate home folder, so that the user's settings have no effect. Wine has its own.
 if [ -z "$under_wine" ]; then
     export HOME=$folder/home XDG_CONFIG_HOME=$folder/config XDG_RUNTIME_DIR=$folder/run
     export XDG_STATE_HOME=$folder/state XDG_DATA_HOME=$folder/data XDG_CACHE_HOME=$folder/cache
@@ -29,7 +29,7 @@ if [ -z "$under_wine" ]; then
     unset WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS
     mkdir -p "$HOME" "$XDG_CONFIG_HOME"
     mkdir -m 700 "$XDG_RUNTIME_DIR"
-    # Without -noreset the display starts over when its first visitor leaves, and turns away who comes meanwhile.
+    # Without -noreset the display restarts when its first client leaves, and refuses others meanwhile.
     Xvfb -displayfd 3 -noreset -screen 0 "${WINDOW_TEST_SCREEN:-1280x900}x24" -nolisten tcp 3>"$folder/display" 2>/dev/null &
     servers=($!)
     for _ in {1..200}; do if [ -s "$folder/display" ]; then break; else sleep 0.05; fi; done
@@ -38,7 +38,7 @@ if [ -z "$under_wine" ]; then
     openbox >"$folder/openbox" 2>&1 &
     servers+=($!)
 else
-    rm -rf "${WINEPREFIX:?}"/drive_c/users/*/AppData/Local/VOSKAutomation # what a failed flow left to be taken back
+    rm -rf "${WINEPREFIX:?}"/drive_c/users/*/AppData/Local/VOSKAutomation # recovery files of a failed test
 fi
 mkdir -p "$results"
 
@@ -62,7 +62,7 @@ fail() {
     exit 1
 }
 
-# until_true SECONDS COMMAND...: 0 once the command succeeds, 1 when the time is over.
+# until_true SECONDS COMMAND...: returns 0 when the command succeeds, 1 after SECONDS.
 until_true() {
     local end=$((SECONDS + $1 + 1))
     shift
@@ -75,14 +75,14 @@ until_true() {
 active_title() { xdotool getactivewindow getwindowname 2>/dev/null; }
 is_active() { [ "$(active_title)" = "$1" ] && [ "$(xdotool getwindowfocus getwindowname 2>/dev/null)" = "$1" ]; }
 
-# Waits until the window of this title has the keyboard.
+# Waits until the window with this title has the focus.
 await() {
     until_true 15 is_active "$1" || fail "expected the window \"$1\", the active one is \"$(active_title)\""
-    settle # what the window manager knows, Wine is still to be told
+    settle # Wine learns it later than the window manager
 }
 
-# Under Wine: waits until the program and Wine's server have nothing left to do, for three seconds at most. A machine that
-# is busy with other things makes them slow, not idle: then they wait for the processor, not for input.
+# Under Wine: waits until the program and Wine's server are idle, for three seconds at most. On a busy machine they wait
+# for the CPU, which does not count as idle.
 settle() {
     if [ -z "$under_wine" ]; then return; fi
     local calm=0 end=$((SECONDS + 3))
@@ -103,13 +103,13 @@ at_work() {
     return 1
 }
 
-# The path as the program writes it.
+# The path in the program's notation.
 native() {
     if [ -n "$under_wine" ]; then printf 'Z:%s' "${1//\//\\}"; else printf '%s' "$1"; fi
 }
 
-# start [FILE]: starts the program and waits for its window, and until the file is open; start_asked for a question of its
-# own.
+# start [FILE]: starts the program and waits until its window is shown and the file is open. start_asked expects a
+# question instead.
 start() {
     launch "$main" "$@"
     if [ $# -gt 0 ]; then until_loaded; fi
@@ -127,7 +127,7 @@ launch() { # TITLE [FILE]
     wine_servers=()
     if [ -n "$under_wine" ]; then until_true 10 find_wine_servers || fail "Wine has no server"; fi
     until_true 30 is_active "$title" || fail "the program does not show the window \"$title\""
-    said_at_start=$(wc -c <"$folder/output") # GTK always complains about the first layout of a toolbar
+    said_at_start=$(wc -c <"$folder/output") # GTK always complains about the first toolbar layout
 }
 find_wine_servers() {
     local process
@@ -137,7 +137,7 @@ find_wine_servers() {
     [ ${#wine_servers[@]} != 0 ]
 }
 
-# Waits for the program's end, which must be a good one.
+# Waits for the program to end and checks its exit code and output.
 await_end() {
     local code=0
     until_true 15 eval "! kill -0 $editor 2>/dev/null" || fail "the program did not end"
@@ -150,26 +150,26 @@ await_end() {
     fi
 }
 
-# Milliseconds from key to key; Wine loses some that come quicker.
+# Milliseconds between key presses; Wine loses faster ones.
 if [ -n "$under_wine" ]; then key_delay=20; else key_delay=4; fi
 keys() { xdotool key --delay "$key_delay" "$@"; }
 typed() { xdotool type --delay "$key_delay" -- "$1"; }
 times() { for ((n = 0; n < $1; ++n)); do printf '%s ' "$2"; done; }
 
-# The n-th entry, from 1, of the drop-down list that has the keyboard.
+# choose N: chooses the N-th entry, from 1, of the drop-down list that has the focus.
 choose() {
     # shellcheck disable=SC2046
     keys Home $(times $(($1 - 1)) Down)
 }
 
-# replaced TEXT: replaces what the text box with the keyboard holds.
+# replaced TEXT: replaces the text of the text box that has the focus.
 replaced() {
     keys ctrl+a
     if [ -n "$1" ]; then typed "$1"; else keys BackSpace; fi
 }
 
-# answer KEY [TITLE]: answers the message box that is in front, and waits for the window that comes then. A box that has
-# just come up may miss a key.
+# answer KEY [TITLE]: answers the message box and waits for the window with this title. A new box may miss a key press,
+# so this tries several times.
 answer() {
     local asked
     await "$box"
@@ -185,8 +185,8 @@ answer() {
 }
 is_gone() { ! xdotool getwindowname "$1" >/dev/null 2>&1; }
 
-# menu LETTER KEY...: opens a menu of the menu bar by its letter and goes on with further keys. Wine may lose keys that
-# come before the menu is there, or open none while a command runs.
+# menu LETTER KEY...: opens a menu of the menu bar and presses further keys. Wine may lose keys before the menu is
+# shown, or ignore them while a command runs.
 menu() {
     if [ -z "$under_wine" ]; then
         keys "alt+$1" "${@:2}"
@@ -222,7 +222,7 @@ same_bytes() {
     fail "the file is not the expected one; kept as build/window-tests/$flow.xml"
 }
 
-# published KIND PATH: what the server would find.
+# published KIND PATH: checks the path that the server would find.
 published() {
     local view value
     if [ -z "$under_wine" ]; then
@@ -230,7 +230,7 @@ published() {
         until_true 5 grep -qsx "ConfigFile=$2" "$value" || fail "published is \"$(cat "$value")\", expected $2"
         return
     fi
-    for view in 32 64; do # exported, because the answers of "query" have the characters of one code page only
+    for view in 32 64; do # "reg query" prints only one code page
         wine reg export "HKLM\\Software\\VOSKAutomation\\$1" "$(native "$folder/published.reg")" /y "/reg:$view" >/dev/null
         value=$(iconv -f UTF-16 -t UTF-8 "$folder/published.reg" | tr -d '\r' | sed -n 's/^"ConfigFile"="\(.*\)"$/\1/p')
         [ "${value//\\\\/\\}" = "$(native "$2")" ] ||
@@ -238,7 +238,7 @@ published() {
     done
 }
 
-# Commands are refused while a file is read; this one changes nothing.
+# Commands are refused while a file is read. Find changes nothing.
 until_loaded() {
     until_true 60 find_opens || fail "the file is not open"
     keys Escape
@@ -249,7 +249,7 @@ find_opens() {
     until_true 0 is_active "Find Item"
 }
 
-# What the text box with the keyboard holds, by way of the clipboard.
+# holds TEXT: checks the text of the text box that has the focus, using the clipboard.
 holds() {
     local value
     printf '' | xclip -selection clipboard
@@ -259,15 +259,15 @@ holds() {
     [ "$value" = "$1" ] || fail "the field holds \"$value\", expected \"$1\""
 }
 
-# type_path PATH: into the system's file dialog.
+# type_path PATH: types it into the system's file dialog.
 type_path() {
     keys ctrl+a
     typed "$(native "$1")"
     keys Return
 }
 
-# The main window: its id and its size, WINDOW, WIDTH and HEIGHT. The id is looked for once, because a search fails where
-# another window goes meanwhile.
+# Sets WINDOW, WIDTH and HEIGHT of the main window. Searches for its id only once, because a search fails if another
+# window disappears meanwhile.
 main_id=
 main_window() {
     if [ -z "$main_id" ]; then until_true 10 find_main_window || fail "no main window"; fi
@@ -277,7 +277,7 @@ find_main_window() {
     main_id=$(xdotool search --onlyvisible --name "^$main\$" 2>/dev/null | head -n 1) && [ -n "$main_id" ]
 }
 
-# click_list PERCENT ROW [OPTION...]: the left button on a row of the list, or on its header.
+# click_list PERCENT ROW [OPTION...]: clicks a row of the list, or "header".
 click_list() {
     main_window
     local top=79 height=23 row=$2
@@ -287,7 +287,7 @@ click_list() {
         click "${@:3}" 1
 }
 
-# What the list looks like, in `picture` once it no longer changes.
+# A checksum of the list's picture; settled_list stores it in `picture` once it no longer changes.
 list_picture() {
     main_window
     import -window "$WINDOW" -crop "$((WIDTH * 55 / 100))x$((HEIGHT * 6 / 10))+$((WIDTH * 42 / 100))+70" rgb:- | md5sum
@@ -303,7 +303,7 @@ settled_list() {
     done
 }
 
-# Keys of which each needs what the one before has done. Wine shows rows and commands later than it takes keys.
+# Presses keys that each depend on the result of the one before. Wine accepts keys before it has shown that result.
 steps() {
     if [ -z "$under_wine" ]; then
         if [ $# != 0 ]; then keys "$@"; fi
@@ -316,7 +316,7 @@ steps() {
     done
 }
 
-# go ROW [KEY...]: selects a row of the tree, counted from 0, and goes on with further keys.
+# go ROW [KEY...]: selects a row of the tree, counted from 0, and presses further keys.
 go() {
     # shellcheck disable=SC2046
     keys Home $(times "$1" Down)
@@ -324,7 +324,7 @@ go() {
     steps "${@:2}"
 }
 
-# The pointer over a row of the tree.
+# Moves the pointer over a row of the tree.
 move_to() {
     main_window
     local top=80 height=23
@@ -338,7 +338,7 @@ press_right() {
     settle
 }
 
-# drag FROM TO: with the right button, over a row between.
+# drag FROM TO: drags with the right button, across a row in between.
 drag() {
     press_right "$1"
     move_to $((($1 + $2) / 2))
@@ -349,13 +349,14 @@ drag() {
     settle
 }
 
-# Puts a text, in printf's form, on the clipboard.
+# Puts a text in printf format on the clipboard.
 copied() {
     # shellcheck disable=SC2059
     printf "$1" | xclip -selection clipboard
 }
 
-# menu_entry KEY TITLE: chooses from a context menu, which is no window that could be waited for.
+# menu_entry KEY TITLE: chooses an entry of the context menu. xdotool cannot wait for that menu, so this tries until the
+# dialog opens.
 menu_entry() {
     until_true 10 entry_opens "$@" || fail "the menu does not open \"$2\""
 }

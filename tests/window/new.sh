@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Configurations from an empty start by keys alone. TCP/IP: every data type, a unit, nested branches, items of every table
-# and value type, one by one, in runs and as a group; an item and a branch edited; saved as, saved again. Serial RTU: a
-# unit with all its lists, a cancelled dialog, an item that is refused at first.
+# Creates configurations by keyboard only. TCP/IP: all data types, a unit, nested branches, items of every table and
+# value type added singly, in series and as a group; an item and a branch are edited; Save As, then Save. Serial RTU: a
+# unit with all its lists, a cancelled dialog, an item that is first refused.
 . "$(dirname "$0")/lib.sh"
 . "$(dirname "$0")/dialogs.sh"
 
@@ -17,30 +17,30 @@ confirm_dialog
 open_dialog i "$item"
 fill_item coil Run "" 5 1 3
 fill_text a 5
-keys ctrl+a x # not in a number: the address stays
+keys ctrl+a x # not a digit: the address stays
 keys alt+e
-typed Coils # the name has the keyboard, all of it selected
+typed Coils # the name has the focus and is selected
 fill_item coil "" "" 20 2 2
 fill_text n 16
 keys alt+e
 fill_item "input status" Door "" 0 1 1
-pasted c 'cabinet 1\r\ncabinet 2' # one line, one cell
+pasted c 'cabinet 1\r\ncabinet 2' # only the first line and cell
 pasted a '3\t55'
 confirm_dialog
 
 add_branch Area
 add_branch Tank1
 open_dialog i "$item"
-fill_item "holding register" "Le vel!&1" "tank level" 100 4 3 # the name takes neither blank nor sign
+fill_item "holding register" "Le vel!&1" "tank level" 100 4 3 # the filter drops space and signs
 keys alt+e alt+e
-fill_item "holding register" Alarm "" 10 1 1 # a run of bits that crosses the end of its register
+fill_item "holding register" Alarm "" 10 1 1 # bits that continue in the next register
 fill_bit 14
 keys alt+e alt+e alt+e
 fill_item "input register" Temp probe 200 6 1
 keys alt+g
-keys Escape alt+g # leaves the panel only
+keys Escape alt+g # closes the panel only
 replaced 3
-keys Return # the panel's own button
+keys Return # presses the panel's button
 fill_item "holding register" Flags "" 300 7 3
 fill_bit 10
 fill_text n 20
@@ -59,7 +59,7 @@ for type in {1..15}; do
 done
 leave_dialog
 
-# Enter on an item and on a branch opens its dialog.
+# Enter opens the dialog of an item and of a branch.
 keys Down Return
 await "$item"
 fill_text i Edited
@@ -75,12 +75,12 @@ same_bytes "$window_root/tests/window/expected/new-tcp.xml" "$folder/new-tcp.xml
 published TrevandixTcpIp "$folder/new-tcp.xml"
 
 rm "$folder/new-tcp.xml"
-keys ctrl+s # nothing there: no question
+keys ctrl+s # the file does not exist: no question
 answer Return "$main"
 same_bytes "$window_root/tests/window/expected/new-tcp.xml" "$folder/new-tcp.xml"
 
 menu f c
-new_configuration Down # chooses, not merely moves
+new_configuration Down # Down must choose, not only move the focus
 keys Down
 add_type 4
 keys Up
@@ -107,7 +107,7 @@ confirm_dialog # NewBranch0
 open_dialog i "$item"
 tables["holding register"]=1
 fill_item "holding register" Level "" 65536 6 3
-keys Return # beyond the last address
+keys Return # above the last address
 answer Return "$item"
 fill_text a 65535
 confirm_dialog

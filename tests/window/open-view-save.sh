@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# A file named on the command line: looked at in every way the list has, sorted by the mouse, saved through each answer
-# of the overwrite question, closed and opened again; a file that is none; the question at the end.
+# Opens a file from the command line, shows it in all view modes, sorts it with the mouse, saves it with each answer to
+# the overwrite question, closes it and opens it again; then an invalid command line and the question when leaving.
 . "$(dirname "$0")/lib.sh"
 . "$(dirname "$0")/dialogs.sh"
 
 plant=$folder/plant.xml
 cp "$window_root/samples/water-works.xml" "$plant"
 
-# Told instead of starting, needs no display.
+# These print a text instead of starting, without a display.
 if [ -z "$under_wine" ]; then
     DISPLAY='' "$program" --help | grep '^Usage: ' >/dev/null || fail "--help shows no usage"
     code=0
@@ -24,14 +24,14 @@ open_file() {
 
 start "$plant"
 
-# The tree begins with its root, so the third row is a branch, which a double click opens.
+# The third row is a branch; a double click opens its dialog.
 move_to 2
 xdotool click --repeat 2 --delay 60 1
 await "$branch"
 holds ANALYSERS
 leave_dialog
 
-# The ways of showing a branch's items differ, and the last is the first again. GTK shows small icons as a list.
+# The view modes look different, and Report restores the first view. GTK shows small icons as a list.
 keys Home Down Down # a branch
 settled_list
 report=$picture
@@ -44,7 +44,7 @@ done
 menu v r
 until_true 5 eval '[ "$(list_picture)" = "$report" ]' || fail "View, Report is not what was shown at first"
 
-# By comment, ascending also at the second click; a double click on the second row opens it.
+# Sorts by comment, ascending even at the second click; a double click opens the second row.
 for _ in 1 2; do click_list 60 header; done
 click_list 10 2 --repeat 2 --delay 60
 await "$item"
@@ -53,7 +53,7 @@ holds Redox
 leave_dialog
 
 keys ctrl+s
-answer Escape "$main" # neither yes nor no
+answer Escape "$main" # is Cancel
 keys ctrl+s
 answer alt+n "Save configuration"
 leave_dialog
@@ -71,12 +71,12 @@ open_file "$plant"
 await "$main"
 until_loaded
 
-# Closing asks after an edit; declined, the file stays as it was.
+# Close asks after an edit; after No the file is unchanged.
 keys Home Down Down
 add_branch Extra
 menu f c
 await "$box"
-for key in Escape alt+F4; do # no answers: the question stays
+for key in Escape alt+F4; do # these do not answer the question
     keys "$key"
     sleep 0.5
     await "$box"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The portable zip that stands beside the Windows program, unpacked into a folder with blanks and other letters: opens
-# and publishes its own sample, and F1 hands its own manual to the browser. TREVANDIX_PROGRAM is the program that the zip was made of.
+# Unpacks the portable zip, made from TREVANDIX_PROGRAM, into a folder with spaces and umlauts. The program must open
+# and publish its own sample, and F1 must open its own manual.
 . "$(dirname "$0")/lib.sh"
 . "$(dirname "$0")/dialogs.sh"
 
@@ -9,7 +9,7 @@ unzip -q "$(dirname "$program")/trevandix-editor.zip" -d "$unpacked"
 cmp -s "$program" "$unpacked/trevandix-editor/trevandix-editor.exe" || fail "the zip holds another program"
 program=$unpacked/trevandix-editor/trevandix-editor.exe
 
-# In the place of a browser, which Wine's folder has none of: keeps what it is given.
+# Replaces the browser, which Wine does not have, with a script that copies the file it is given.
 classes='HKLM\Software\Classes'
 kept=$(native "$folder/shown.html")
 printf 'new ActiveXObject("Scripting.FileSystemObject").CopyFile(WScript.Arguments.Item(0), "%s");' \

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# A random user at the real main window: after each step highlight, rows and tree agree with the editor.
+# Random input in the real main window: after each step, selection, rows and tree must agree with the editor.
 . "$(dirname "$0")/lib.sh"
 
 user=("$(dirname "$program")/trevandix-random-user")
