@@ -40,9 +40,8 @@ menu v r
 menu o b
 shot_of branch "$branch" Escape
 open_dialog i "$item"
-fill_item "holding register" Flow "m3/h" 100 1 3
+fill_item "holding register" Flow "m3/h" 100 6 3
 shot item
-fill_item "holding register" Flow "m3/h" 100 7 3
 keys alt+g
 shot item-group
 keys Return # adds one item
