@@ -8,7 +8,7 @@
 # disturb each other.
 dbus-daemon --session --print-address=3 3>"$folder/bus" &
 servers+=($!)
-until_true 10 test -s "$folder/bus" || fail "no bus for screen readers"
+until_true 10 test -s "$folder/bus" || fail "the D-Bus session did not start"
 DBUS_SESSION_BUS_ADDRESS=$(cat "$folder/bus")
 export DBUS_SESSION_BUS_ADDRESS
 unset NO_AT_BRIDGE

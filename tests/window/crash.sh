@@ -17,7 +17,7 @@ cp "$window_root/samples/water-works.xml" "$plant"
 start "$plant"
 go 2 # a branch
 add_branch Unsaved
-until_true 10 eval "grep -qs '<Unsaved>' '$state'/*.xml" || fail "the work is not kept: $(ls "$state" 2>&1)"
+until_true 10 eval "grep -qs '<Unsaved>' '$state'/*.xml" || fail "unsaved work was not written: $(ls "$state" 2>&1)"
 kill -9 "$editor"
 { wait "$editor"; } 2>"$folder/killed" || true
 
@@ -28,9 +28,9 @@ keys ctrl+s
 answer alt+y
 answer Return "$main"
 grep -q '<UNSAVED>' "$plant" || fail "the work was not recovered"
-[ "$(grep -vc UNSAVED "$plant")" = "$(wc -l <"$window_root/samples/water-works.xml")" ] || fail "more has changed"
+[ "$(grep -vc UNSAVED "$plant")" = "$(wc -l <"$window_root/samples/water-works.xml")" ] || fail "other lines changed too"
 published TrevandixTcpIp "$plant"
-[ "$(ls "$plants")" = "$(basename "$plant")" ] || fail "there is more than the file: $(ls "$plants")"
+[ "$(ls "$plants")" = "$(basename "$plant")" ] || fail "unexpected files: $(ls "$plants")"
 
 leave_program
-[ -z "$(ls "$state")" ] || fail "left behind: $(ls "$state")"
+[ -z "$(ls "$state")" ] || fail "files left behind: $(ls "$state")"

@@ -37,5 +37,5 @@ add_branch ADDED
 
 save_as "$folder/written.xml"
 left=$(grep -oE '<tag>|</?(FIRST|SECOND|ADDED|THIRD)>' "$folder/written.xml" | tr -d '\n')
-[ "$left" = '<FIRST><ADDED></ADDED></FIRST><THIRD><tag></THIRD>' ] || fail "left is $left"
+[ "$left" = '<FIRST><ADDED></ADDED></FIRST><THIRD><tag></THIRD>' ] || fail "unexpected content: $left"
 leave_program

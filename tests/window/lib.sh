@@ -146,7 +146,7 @@ await_end() {
     [ "$code" = 0 ] || fail "the program ended with code $code"
     if [ -n "$under_wine" ]; then return; fi
     if tail -c "+$((said_at_start + 1))" "$folder/output" | grep -E 'CRITICAL|assert' >&2; then
-        fail "the toolkit complained"
+        fail "GTK printed warnings"
     fi
 }
 
@@ -219,7 +219,7 @@ same_bytes() {
     cmp -s "$1" "$2" && return
     cp "$2" "$results/$flow.xml"
     diff <(cat -A "$1") <(cat -A "$2") >&2 || true
-    fail "the file is not the expected one; kept as build/window-tests/$flow.xml"
+    fail "the file differs from the expected one; it is kept as build/window-tests/$flow.xml"
 }
 
 # published KIND PATH: checks the path that the server would find.

@@ -42,7 +42,7 @@ for entry in i s ${under_wine:+l}; do
     settled_list
 done
 menu v r
-until_true 5 eval '[ "$(list_picture)" = "$report" ]' || fail "View, Report is not what was shown at first"
+until_true 5 eval '[ "$(list_picture)" = "$report" ]' || fail "View, Report differs from the first view"
 
 # Sorts by comment, ascending even at the second click; a double click opens the second row.
 for _ in 1 2; do click_list 60 header; done

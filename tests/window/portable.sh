@@ -6,7 +6,7 @@
 
 unpacked="$folder/Größe und Menge"
 unzip -q "$(dirname "$program")/trevandix-editor.zip" -d "$unpacked"
-cmp -s "$program" "$unpacked/trevandix-editor/trevandix-editor.exe" || fail "the zip holds another program"
+cmp -s "$program" "$unpacked/trevandix-editor/trevandix-editor.exe" || fail "the zip contains another program"
 program=$unpacked/trevandix-editor/trevandix-editor.exe
 
 # Replaces the browser, which Wine does not have, with a script that copies the file it is given.
