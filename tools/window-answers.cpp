@@ -1,6 +1,6 @@
-// window-answers.exe TITLE FILE: queries the window with this title every ten milliseconds until it is closed.
-// Whenever FILE is empty, writes the longest time in milliseconds for which the window has not answered since
-// the last time.
+// window-answers.exe TITLE FILE: queries the window with this title every ten milliseconds until it is
+// closed. Whenever FILE is empty, writes the longest time in milliseconds for which the window has not
+// answered since the last time.
 #include <windows.h>
 
 #include <algorithm>
