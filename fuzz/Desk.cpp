@@ -159,6 +159,8 @@ void Desk::act(const Step& step) {
                 place_.display.selected.push_back(std::stoul(row));
         editor.ListView1_Click();
         if (step.verb == "editRow") editor.ListView1_DblClick();
+    } else if (step.verb == "undo" || step.verb == "redo") {
+        editor.commandChosen(step.verb == "undo" ? "mnuUndo" : "mnuRedo");
     } else if (step.verb == "sort") {
         editor.ListView1_ColumnClick(std::stoul(step.arg));
     } else if (step.verb == "focus") {
@@ -228,6 +230,7 @@ Texts Desk::seen() {
                                                   : "none") +
                     (place_.window.treeVisible ? " tree" : "") + (list.visible() ? " list" : "") +
                     (place_.window.panelVisible ? " panel" : ""));
+    lines.push_back(std::string(c.undoName().empty() ? "" : "undo ") + (c.redoName().empty() ? "" : "redo"));
     Texts usable;
     for (const auto& [menu, on] : place_.window.menus)
         if (on) usable.push_back(menu);

@@ -17,7 +17,7 @@ const std::vector<std::pair<std::string, unsigned>> kVerbs{
     {"mnuPaste", 32},     {"mnuDelete", 12},   {"mnuPasteName", 40}, {"mnuPasteComment", 16},
     {"mnuIcon", 2},       {"mnuSmallIcon", 2}, {"mnuList", 2},       {"mnuReport", 2},
     {"mnuNewCfg", 1},     {"mnuOpenCfg", 4},   {"mnuSaveCfg", 6},    {"mnuSaveAs", 3},
-    {"mnuCloseCfg", 1}};
+    {"mnuCloseCfg", 1},   {"undo", 50},        {"redo", 30}};
 
 const Texts kRowVerbs{"mnuCopy",         "mnuCopy", "mnuPasteName", "mnuPasteName",
                       "mnuPasteComment", "mnuCut",  "sort",         "rows"};
@@ -88,12 +88,16 @@ public:
 
     Step next() {
         if (!reference_.treeVisible()) return file(choice_(3) == 0 ? "mnuOpenCfg" : "mnuNewCfg");
+        // Who takes back something often goes on with it.
+        if (undoing_ && often(5)) return {often(4) ? "undo" : "redo"};
+        undoing_ = false;
         for (int tries = 0; tries < 8; ++tries) {
             // With rows selected, prefers a command for rows.
             const bool rows = reference_.selectedRows().size() > 0 && often(4);
             Step step{rows ? one(kRowVerbs) : verb()};
             if (!reference_.enabled(step.verb)) continue;
             complete(step);
+            undoing_ = step.verb == "undo";
             return step;
         }
         return {"click", anyKey()};
@@ -206,6 +210,7 @@ private:
     const Choice& choice_;
     const Reference& reference_;
     bool careless_;
+    bool undoing_ = false;
 };
 
 std::string differenceOf(const std::vector<Step>& steps) {
@@ -225,6 +230,13 @@ Walk walk(const Choice& choice, std::size_t most, bool careless) {
         walked.steps.push_back(user.next());
         walked.difference = desk.apply(walked.steps.back());
     }
+    // At last everything back, and everything again.
+    const auto goOn = [&](const Step& step) {
+        walked.steps.push_back(step);
+        walked.difference = desk.apply(step);
+    };
+    while (walked.difference.empty() && desk.reference().canUndo()) goOn({"undo"});
+    while (walked.difference.empty() && desk.reference().canRedo()) goOn({"redo"});
     return walked;
 }
 

@@ -11,9 +11,9 @@
 namespace trevandix::testing {
 
 /// A user action. `verb` is a command, or click, edit (double click), expand, collapse, drag or copy with a
-/// node's `key`, or rows, editRow, sort, focus, find, next or endFind. Depending on the verb, `arg` is the
-/// target, the rows, the header, the view, the text to find, the clipboard or the file. `entries` go into the
-/// dialog. `answers` are for the questions: y, n or c.
+/// node's `key`, or rows, editRow, sort, focus, find, next, endFind, undo or redo. Depending on the verb,
+/// `arg` is the target, the rows, the header, the view, the text to find, the clipboard or the file.
+/// `entries` go into the dialog. `answers` are for the questions: y, n or c.
 struct Step {
     std::string verb;
     std::string key{};
@@ -77,6 +77,8 @@ public:
     const std::vector<std::size_t>& selectedRows() const { return selectedRows_; }
     bool treeVisible() const { return treeVisible_; }
     bool enabled(const std::string& command) const;
+    bool canUndo() const { return !done_.empty(); }
+    bool canRedo() const { return !undone_.empty(); }
     /// False for a file with texts that a parser may take for markup; other tests cover these.
     bool readable(const std::string& name) const {
         return files_.contains(folder_ + name) && !doubtful_.contains(folder_ + name);
@@ -89,6 +91,22 @@ private:
     };
     using Body = std::function<void()>;
     using Entry = std::pair<std::string, int>;  // key and record
+
+    struct State {
+        std::map<int, Node> nodes;
+        std::map<std::string, std::vector<Entry>> collections;
+        std::map<int, Record> records;
+        std::map<std::string, int> counters;
+        int selected, mark;
+    };
+    State now() const { return {nodes_, collections_, records_, counters_, selected_, mark_}; }
+    std::string inFile() const;
+    void beginStep();
+    void endStep();
+    void turn(std::vector<std::pair<State, State>>& from, std::vector<std::pair<State, State>>& to,
+              State std::pair<State, State>::*aim);
+    void restore(const State& state);
+    void act(const Step& step);
 
     // Tree and collections. They throw 5 (no record), 457 (key taken in collection), 35601 (no node) and
     // 35602 (key taken in tree).
@@ -173,6 +191,7 @@ private:
     void chooseLabel(Sheet& sheet);
     void presetType(Sheet& sheet);
     void addAndIncrement(Sheet& sheet);
+    void addOne(Sheet& sheet);
     void addGroup(Sheet& sheet);
 
     std::string folder_;
@@ -200,6 +219,14 @@ private:
     std::set<std::string> doubtful_;
     std::string wrote_, answers_;
     Texts log_;
+    // Steps to undo and to redo, each with what was before and after it. A mark tells states that a file
+    // would tell apart.
+    std::vector<std::pair<State, State>> done_, undone_;
+    State begun_{};
+    std::string begunInFile_;
+    bool touched_ = false;
+    int mark_ = 0, lastMark_ = 0, savedMark_ = -1;
+    std::map<int, std::pair<bool, bool>> seen_;  // expanded and sorted, of nodes that are gone
 };
 
 Reference::Texts pieces(const std::string& text, const std::string& separator);

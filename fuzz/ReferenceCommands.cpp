@@ -7,12 +7,21 @@ void Reference::apply(const Step& step) {
     log_.clear();
     wrote_.clear();
     answers_ = step.answers;
+    if (step.verb == "undo") return turn(done_, undone_, &std::pair<State, State>::first);
+    if (step.verb == "redo") return turn(undone_, done_, &std::pair<State, State>::second);
+    beginStep();
+    act(step);
+    endStep();
+}
+
+void Reference::act(const Step& step) {
     const int id = find(step.key);
     const bool onNode = id != 0 && treeVisible_;
     if (step.verb == "click" || step.verb == "edit") {
         if (!onNode) return;
         focus_ = "tree";
         select(id);
+        beginStep();
         if (step.verb == "edit") guarded("TreeView1_DblClick", [&] { editSelected(step.entries); });
     } else if (step.verb == "expand" || step.verb == "collapse") {
         if (!onNode) return;
@@ -37,6 +46,7 @@ void Reference::apply(const Step& step) {
         if (step.verb == "rows") return;
         guarded("ListView1_DblClick", [&] {
             if (!selectedRows_.empty()) selected_ = at(rows_[selectedRows_.back()].key);
+            beginStep();
             guarded("TreeView1_DblClick", [&] { editSelected(step.entries); });
         });
     } else if (step.verb == "sort") {

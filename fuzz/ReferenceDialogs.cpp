@@ -87,7 +87,7 @@ void Reference::pressed(Sheet& sheet, const std::string& control) {
                                                {"cmbMBType", [&] { presetType(sheet); }},
                                                {"cmbModbusType", [&] { chooseTable(sheet); }},
                                                {"cmbDataType", [&] { chooseLabel(sheet); }},
-                                               {"cmdAdd", [&] { addAndIncrement(sheet); }},
+                                               {"cmdAdd", [&] { addOne(sheet); }},
                                                {"cmdGroup",
                                                 [&] {
                                                     sheet.panel = true;
@@ -126,6 +126,7 @@ void Reference::addObject(const std::string& command, const Texts& entries) {
         if (!added_) return;
         const auto [key, record] = collections_["plc"].back();
         drop("plc", key);
+        touched_ = false;
         selected_ = addWithRecord("plc", record, selected_, "");
         saved_ = false;
         ++counters_["plc"];
@@ -141,6 +142,7 @@ void Reference::addObject(const std::string& command, const Texts& entries) {
             makeVisible(selected_ = orphan);
         } else {
             drop("datatype", key);
+            touched_ = false;
             at("ModBus");
             selected_ = addWithRecord("datatype", record, folder, "");
         }
@@ -154,6 +156,7 @@ void Reference::addObject(const std::string& command, const Texts& entries) {
         if (!added_) return;
         const auto [key, record] = collections_["branch"].back();
         drop("branch", key);
+        touched_ = false;
         selected_ = addWithRecord("branch", record, selected_, "branch");
         saved_ = false;
         ++counters_["branch"];

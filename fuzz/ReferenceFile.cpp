@@ -71,6 +71,9 @@ void Reference::initObjects() {
     selectedRows_.clear();
     buffer_ = {-1};
     pasteCounter_ = 1;
+    done_.clear();
+    undone_.clear();
+    seen_.clear();
 }
 
 void Reference::buildRoot() {
@@ -105,6 +108,8 @@ void Reference::newConfiguration(const std::string& choice, const Texts& entries
     collections_.clear();
     counters_.clear();
     focus_ = "tree";
+    beginStep();
+    savedMark_ = -1;
 }
 
 void Reference::open(const std::string& path) {
@@ -128,6 +133,8 @@ void Reference::open(const std::string& path) {
     select(root_);
     enable("new");
     focus_ = "tree";
+    beginStep();
+    savedMark_ = mark_;
 }
 
 void Reference::save(const std::string& choice) {
@@ -151,11 +158,13 @@ bool Reference::write() {
         guarded("CreateXML", [&] { throw failure; });
         files_[path_].clear();
         doubtful_.insert(path_);
+        savedMark_ = -1;
         return saved_ = false;
     }
     doubtful_.erase(path_);
     if (!plain) doubtful_.insert(path_);
     wrote_ = kind_ + " " + path_ + " " + files_[path_];
+    savedMark_ = mark_;
     return saved_ = true;
 }
 
@@ -166,6 +175,7 @@ void Reference::close(const std::string& choice) {
     initObjects();
     enable("start");
     for (const char* tag : {"item", "plc", "branch"}) collections_[tag].clear();
+    beginStep();
 }
 
 // --- writing

@@ -150,6 +150,15 @@ void Reference::addAndIncrement(Sheet& s) {
     s.text("cmbBit") = std::to_string(bit);
 }
 
+// Each item that the button adds can be undone by itself.
+void Reference::addOne(Sheet& s) {
+    const int before = counters_["item"];
+    addAndIncrement(s);
+    if (counters_["item"] == before) return;
+    endStep();
+    beginStep();
+}
+
 void Reference::addGroup(Sheet& s) {
     const auto count = numberOf(s.text("txtNumbItems"));
     if (!count) return say("Number of items is not valid.");
@@ -159,8 +168,10 @@ void Reference::addGroup(Sheet& s) {
     for (int i = std::stoi(rounded); i > 0; --i) {
         const int before = counters_["item"];
         guarded("cmdAdd_Click", [&] { addAndIncrement(s); });
-        if (counters_["item"] == before) return;
+        if (counters_["item"] == before) break;
     }
+    endStep();
+    beginStep();
 }
 
 }  // namespace trevandix::testing

@@ -205,6 +205,7 @@ Texts Reference::seen() const {
     const auto any = [&](const Texts& commands) {
         return std::ranges::any_of(commands, [&](const std::string& each) { return enabled(each); });
     };
+    lines.push_back(std::string(canUndo() ? "undo " : "") + (canRedo() ? "redo" : ""));
     std::set<std::string> usable;
     for (const Texts& menus : kFlags)
         if (enabled(menus[0])) usable.insert(menus.begin(), menus.end());

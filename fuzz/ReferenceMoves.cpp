@@ -73,7 +73,9 @@ void Reference::pasteTexts(bool names, const std::string& clipboard, const Texts
     if (std::ranges::count(entries, "Command2") == 0) return;
     if (names) return pasteNames(lines, rows);
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        record("item", rows_[rows[i]].key)["comment"] = lines[i];
+        std::string& comment = record("item", rows_[rows[i]].key)["comment"];
+        touched_ = touched_ || comment != lines[i];
+        comment = lines[i];
         rows_[rows[i]].cells[1] = lines[i];
     }
     saved_ = false;

@@ -21,6 +21,7 @@ int Reference::at(const std::string& key) const {
 int Reference::add(int parent, const std::string& key, const std::string& text, const std::string& tag,
                    const std::string& image, const std::string& selectedImage) {
     if (parent != 0 && find(key) != 0) throw Failure{35602};
+    touched_ = true;
     const int id = nextNode_++;
     nodes_[id] = {key, text, tag, image, selectedImage, false, false, parent, {}};
     if (parent != 0) place(id);
@@ -64,7 +65,11 @@ void Reference::remove(int id) {
     }
     if (lies(highlight_, id)) highlight_ = 0;
     siblings.erase(place);
-    for (const int each : subtree(id)) nodes_.erase(each);
+    for (const int each : subtree(id)) {
+        seen_[each] = {nodes_.at(each).expanded, nodes_.at(each).sorted};
+        nodes_.erase(each);
+    }
+    touched_ = true;
 }
 
 void Reference::sort(int id) {
@@ -101,11 +106,13 @@ int Reference::recordAt(const std::string& tag, const std::string& key) const {
 
 void Reference::put(const std::string& tag, const std::string& key, int record) {
     if (entry(tag, key) != nullptr) throw Failure{457};
+    touched_ = true;
     collections_[tag].emplace_back(key, record);
 }
 
 void Reference::drop(const std::string& tag, const std::string& key) {
     recordAt(tag, key);
+    touched_ = true;
     std::erase_if(collections_[tag], [&](const Entry& each) { return each.first == key; });
 }
 
@@ -128,6 +135,7 @@ int Reference::addWithRecord(const std::string& tag, int record, int parent,
                              const std::string& selectedImage) {
     const std::string key = records_[record].at("key");
     const std::string name = records_[record].at("name");
+    const bool touched = touched_;
     put(tag, key, record);
     try {
         const int id = add(parent, key, name, tag, tag == "datatype" ? "item" : tag, selectedImage);
@@ -135,6 +143,7 @@ int Reference::addWithRecord(const std::string& tag, int record, int parent,
         return id;
     } catch (const Failure&) {
         drop(tag, key);
+        touched_ = touched;
         throw;
     }
 }

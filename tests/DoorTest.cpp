@@ -45,7 +45,7 @@ static_assert(closed(USE(c.branches.remove(""))));
 static_assert(closed(USE(c.dataTypes.clear())));
 
 static_assert(closed(USE(c.tree.addChild(*c.tree.root(), "", "", NodeLook{NodeTag::Item}))));
-static_assert(closed(USE(c.tree.remove(*c.tree.root()))));
+static_assert(closed(USE(c.tree.detach(*c.tree.root()))));
 static_assert(closed(USE(c.tree.setKey(*c.tree.root(), ""))));
 static_assert(closed(USE(c.tree.setText(*c.tree.root(), ""))));
 static_assert(closed(USE(c.tree.clear())));

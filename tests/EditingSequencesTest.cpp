@@ -23,7 +23,7 @@ TEST(EditingSequences, InvariantsReportEveryDisagreement) {
     const std::vector<std::pair<std::function<void(Configuration&)>, Texts>> rows{
         {[](Configuration&) {}, {}},
         {[&](Configuration& c) { behindTheDoor(c.items).remove(item); }, {"item node without record: U.B.x"}},
-        {[&](Configuration& c) { behindTheDoor(c.tree).remove(c.tree.at(item)); },
+        {[&](Configuration& c) { behindTheDoor(c.tree).detach(c.tree.at(item)); },
          {"item record without node: U.B.x"}},
         {[&](Configuration& c) { behindTheDoor(c.tree).setText(c.tree.at(item), "y"); },
          {"key of another place: U.B.x"}},

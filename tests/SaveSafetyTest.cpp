@@ -39,7 +39,7 @@ TEST(SaveSafety, FailedSavesKeepTheLastCompleteFile) {
     Changed place;
     const std::string path = place.path("test.xml");
     auto& items = behindTheDoor(place.configuration.items);
-    const auto item = items.remove("U.b");
+    const auto item = items.remove("U.b").record();
     for (int attempt = 0; attempt < 3; ++attempt) {
         place.run("mnuSaveCfg");
         EXPECT_EQ(place.messages.take().back(),

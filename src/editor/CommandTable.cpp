@@ -17,8 +17,8 @@ constexpr std::array kMenus{
 
 constexpr CommandRow row(std::string_view menu, std::string_view name, std::string_view caption,
                          std::string_view shortcut, std::string_view hint, ToolButtonSpec button,
-                         EnablingFlag flag, CommandRow::Handler run) {
-    return {{menu, name, caption, shortcut, hint, button}, flag, run};
+                         EnablingFlag flag, CommandRow::Handler run, std::string_view verb = {}) {
+    return {{menu, name, caption, shortcut, hint, button}, flag, run, verb};
 }
 constexpr CommandRow separator(std::string_view menu) {
     return {{menu}};
@@ -64,10 +64,12 @@ std::span<const CommandRow> commandRows() {
 
         row("mnuEdit", "mnuCopy", "&Copy", "Ctrl+C", "Copy the selected items", {"copy", 31}, cpyO,
             [](F& f) { f.clipboard_.mnuCopy_Click(); }),
-        row("mnuEdit", "mnuCut", "Cu&t", "Ctrl+X", "Copy the selected items and delete them", {"cut", 32},
-            cutO, [](F& f) { f.clipboard_.mnuCut_Click(); }),
-        row("mnuEdit", "mnuPaste", "&Paste", "Ctrl+V", "Paste the copied items into the selected branch",
-            {"paste", 33}, pstO, [](F& f) { f.clipboard_.mnuPaste_Click(); }),
+        row(
+            "mnuEdit", "mnuCut", "Cu&t", "Ctrl+X", "Copy the selected items and delete them", {"cut", 32},
+            cutO, [](F& f) { f.clipboard_.mnuCut_Click(); }, "Cut"),
+        row(
+            "mnuEdit", "mnuPaste", "&Paste", "Ctrl+V", "Paste the copied items into the selected branch",
+            {"paste", 33}, pstO, [](F& f) { f.clipboard_.mnuPaste_Click(); }, "Paste"),
         row("mnuEdit", "mnuDelete", "&Delete Object", "Del", "Delete the selected objects", {"delete", 34},
             dltO, [](F& f) { f.clipboard_.mnuDelete_Click(); }),
         separator("mnuEdit"),
@@ -93,6 +95,13 @@ std::span<const CommandRow> commandRows() {
             [](F& f) { f.context_.platform.window.showAboutBox(); }),
 
         row("", "openObject", "", "F2", "", {}, kAlways, [](F& f) { f.openObject(); }),
+        // In the context menus of tree and list
+        row(
+            "", "mnuUndo", "", "Ctrl+Z", "", {}, kAlways, [](F& f) { f.undo_.mnuUndo_Click(); }, kNoStep),
+        row(
+            "", "mnuRedo", "", "Ctrl+Y", "", {}, kAlways, [](F& f) { f.undo_.mnuRedo_Click(); }, kNoStep),
+        row(
+            "", "redo", "", "Ctrl+Shift+Z", "", {}, kAlways, [](F& f) { f.undo_.mnuRedo_Click(); }, kNoStep),
         // Find Next; does nothing unless the find window is open
         row("", "cmdNext", "", "F3", "", {}, kAlways, [](F& f) { f.find_.findNextByKey(); }),
     };

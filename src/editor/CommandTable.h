@@ -14,7 +14,10 @@ struct CommandRow : CommandSpec {
     using Handler = void (*)(frmEditing&);
     EnablingFlag flag = kAlways;
     Handler run = [](frmEditing&) {};
+    std::string_view verb{};  ///< of its step to undo, where its edits do not tell
 };
+/// The verb of a command that is no step.
+inline constexpr std::string_view kNoStep = "-";
 
 /// The commands of every menu from the top, then those that only a key runs.
 std::span<const CommandRow> commandRows();

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace trevandix {
 
@@ -52,6 +53,13 @@ struct ShiftState {
     bool alt = false;
 };
 
+/// An entry that the context menus of tree and list have besides those of the menus.
+struct ContextEntry {
+    std::string_view command;
+    std::string caption;  ///< with names in it, so "&" marks no access key
+    bool enabled = true;
+};
+
 enum class DropEffect { Copy = 1, Move = 2 };
 
 /// The user's actions in the main window. Implemented by the editor.
@@ -61,6 +69,8 @@ public:
     /// `command` is the name of a menu entry, also when it was chosen by shortcut.
     virtual void commandChosen(std::string_view command) = 0;
     virtual void Toolbar1_ButtonClick(std::string_view key) = 0;
+    /// What a context menu that opens now ends with.
+    virtual std::vector<ContextEntry> contextEntries() const = 0;
     /// Called every second, even while a dialog is open. `lastInput` is the time of the user's last input.
     virtual void idle(std::chrono::steady_clock::time_point now,
                       std::chrono::steady_clock::time_point lastInput) = 0;

@@ -9,10 +9,15 @@ frmEditing::frmEditing(Platform& platform, Configuration& configuration, ListVie
       context_{platform, configuration, list, news_},
       views_(context_),
       file_(context_, views_),
-      objects_(context_, views_, [this] { news_.update(); }),
+      objects_(context_, views_,
+               [this] {
+                   context_.configuration.beginNextStep();
+                   news_.update();
+               }),
       clipboard_(context_, views_),
       bulkPaste_(context_),
       drag_(context_),
+      undo_(context_, views_),
       find_(context_),
       recovery_(context_, file_) {
     file_.onUnsavedEnd([this] { recovery_.keepForNextStart(); });
@@ -30,6 +35,14 @@ void frmEditing::react(Work work) {
     news_.tell({});
     work();
     news_.update();
+}
+
+template <typename Work>
+void frmEditing::edit(Work work, std::string_view verb) {
+    react([&] {
+        const Configuration::Step step(context_.configuration, verb);
+        work();
+    });
 }
 
 void frmEditing::openFile(const std::string& filePath) {
@@ -51,9 +64,10 @@ bool frmEditing::offerRecovery() {
 }
 
 void frmEditing::commandChosen(std::string_view command) {
-    react([&] {
-        if (const CommandRow* row = commandNamed(command)) row->run(*this);
-    });
+    const CommandRow* row = commandNamed(command);
+    if (row == nullptr) return;
+    const auto run = [&] { row->run(*this); };
+    row->verb == kNoStep ? react(run) : edit(run, row->verb);
 }
 
 void frmEditing::Toolbar1_ButtonClick(std::string_view key) {
@@ -82,7 +96,7 @@ void frmEditing::TreeView1_GotFocus() {
 }
 
 void frmEditing::TreeView1_DblClick() {
-    react([&] { objects_.TreeView1_DblClick(); });
+    edit([&] { objects_.TreeView1_DblClick(); });
 }
 
 void frmEditing::treeExpansionChanged(TreeNode& node, bool expanded) {
@@ -135,7 +149,7 @@ void frmEditing::fileDropped(const std::string& filePath) {
 }
 
 void frmEditing::TreeView1_OLEDragDrop() {
-    react([&] { drag_.TreeView1_OLEDragDrop(); });
+    edit([&] { drag_.TreeView1_OLEDragDrop(); });
 }
 
 }  // namespace trevandix

@@ -12,6 +12,7 @@
 #include "editor/Recovery.h"
 #include "editor/StatusNews.h"
 #include "editor/TreeAndList.h"
+#include "editor/Undo.h"
 #include "editor/frmFind.h"
 
 namespace trevandix {
@@ -34,6 +35,7 @@ public:
 
     void commandChosen(std::string_view command) override;
     void Toolbar1_ButtonClick(std::string_view key) override;
+    std::vector<ContextEntry> contextEntries() const override { return undo_.contextEntries(); }
     bool loading() const override { return loading_; }
     void Form_Unload() override;
     void idle(std::chrono::steady_clock::time_point now,
@@ -63,6 +65,10 @@ private:
     template <typename Work>
     void react(Work work);
 
+    /// An event that may edit. All its edits are one step to undo.
+    template <typename Work>
+    void edit(Work work, std::string_view verb = {});
+
     StatusNews news_;
     EditorContext context_;
     TreeAndList views_;
@@ -71,6 +77,7 @@ private:
     ClipboardEditing clipboard_;
     BulkPaste bulkPaste_;
     DragAndDrop drag_;
+    Undo undo_;
     frmFind find_;
     Recovery recovery_;
     bool loading_ = true;

@@ -1,7 +1,9 @@
 #include "model/Configuration.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
+#include <ranges>
 #include <utility>
 
 #include "model/ItemRenaming.h"
@@ -13,6 +15,8 @@ namespace trevandix {
 
 namespace {
 
+constexpr std::uint64_t kNoRevision = std::numeric_limits<std::uint64_t>::max();
+
 // Default names go on behind the records that were read; the counter stops at its 16-bit limit.
 std::int16_t counterBehind(std::size_t records) {
     constexpr std::size_t kLimit = std::numeric_limits<std::int16_t>::max();
@@ -22,12 +26,14 @@ std::int16_t counterBehind(std::size_t records) {
 }  // namespace
 
 void Configuration::clearTree() {
+    hasHistory_ = false;
     content_.clearTree();
     state_.copyBuffer.assign(1, nullptr);
     state_.pasteCounter = 1;
 }
 
 void Configuration::begin(std::string_view filePath) {
+    hasHistory_ = false;
     content_.clear<clsPLC>();
     content_.clear<clsItem>();
     content_.clear<clsBranch>();
@@ -47,6 +53,7 @@ void Configuration::beginNew(std::string_view filePath) {
     state_.configurationOpen = true;
     state_.saved = false;
     setBase(false);
+    hasHistory_ = true;
 }
 
 void Configuration::endLoad() {
@@ -57,14 +64,16 @@ void Configuration::endLoad() {
     state_.configurationOpen = true;
     state_.saved = true;
     markSaved();
+    hasHistory_ = true;
 }
 
 void Configuration::markUnsaved() {
     state_.saved = false;
-    content_.touch();
+    baseRevision_ = kNoRevision;
 }
 
 void Configuration::close() {
+    hasHistory_ = false;
     content_.clear<clsItem>();
     content_.clear<clsPLC>();
     content_.clear<clsBranch>();
@@ -73,7 +82,7 @@ void Configuration::close() {
 
 void Configuration::setFilePath(std::string_view path) {
     state_.filePath = path;
-    if (tree.root() != nullptr) content_.setText(*tree.root(), path);
+    if (tree.root() != nullptr) content_.setRootText(path);
 }
 
 // The record, and with it `name`, lives on in the collection.
@@ -86,41 +95,53 @@ TreeNode& Configuration::add(std::shared_ptr<Record> record, const Key& key, Tre
     try {
         return content_.link(parent, key, name, look);
     } catch (...) {
-        content_.take<Record>(key);
+        content_.unput<Record>(key);
         throw;
     }
 }
 
 TreeNode& Configuration::addDataType(clsModBusType record) {
+    const Step step(*this);
     const auto added = std::make_shared<clsModBusType>(std::move(record));
     const Key key = added->getName();
-    TreeNode* orphan = tree.find(key);
-    if (orphan == nullptr || orphan->tag() != NodeTag::DataType) {
+    TreeNode* node = tree.find(key);
+    if (node != nullptr && node->tag() == NodeTag::DataType) {
+        content_.put(added, key);
+        content_.touch();
+    } else {
         TreeNode& folder = tree.at(Key(kModBusFolder));  // it may have been dragged elsewhere
-        return add(added, key, folder, added->getName(), {NodeTag::DataType, Image::Item});
+        node = &add(added, key, folder, added->getName(), {NodeTag::DataType, Image::Item});
     }
-    content_.put(added, key);
-    content_.touch();
-    return *orphan;
+    tell("Add", NodeTag::DataType, added->getName());
+    return *node;
 }
 
 TreeNode& Configuration::addUnit(clsPLC record, bool fromFile) {
     if (tree.root() == nullptr) throw RuntimeError(ErrorNumber::ObjectNotSet);
+    const Step step(*this);
     const auto added = std::make_shared<clsPLC>(std::move(record));
     const NodeLook look{NodeTag::Plc, Image::Plc, fromFile ? Image::Plc : Image::None};
-    return add(added, added->sKey(), *tree.root(), added->getName(), look);
+    TreeNode& node = add(added, added->sKey(), *tree.root(), added->getName(), look);
+    tell("Add", NodeTag::Plc, added->getName());
+    return node;
 }
 
 TreeNode& Configuration::addBranch(clsBranch record, TreeNode& parent) {
+    const Step step(*this);
     const auto added = std::make_shared<clsBranch>(std::move(record));
     const NodeLook look{NodeTag::Branch, Image::Branch, Image::Branch};
-    return add(added, added->sKey(), parent, added->sName(), look);
+    TreeNode& node = add(added, added->sKey(), parent, added->sName(), look);
+    tell("Add", NodeTag::Branch, added->sName());
+    return node;
 }
 
 TreeNode& Configuration::addItem(clsItem record, TreeNode& parent, Image selectedImage) {
+    const Step step(*this);
     const auto added = std::make_shared<clsItem>(std::move(record));
     const NodeLook look{NodeTag::Item, Image::Item, selectedImage};
-    return add(added, added->sKey(), parent, added->sName(), look);
+    TreeNode& node = add(added, added->sKey(), parent, added->sName(), look);
+    tell("Add", NodeTag::Item, added->sName());
+    return node;
 }
 
 template <typename Record>
@@ -128,6 +149,7 @@ void Configuration::replace(TreeNode& node, const std::shared_ptr<Record>& recor
                             std::string_view text) {
     const Key oldKey = node.key();
     if (!content_.records<Record>().contains(oldKey)) throw RuntimeError(ErrorNumber::InvalidCall);
+    const bool renames = node.text() != text;
     if (key == oldKey) {
         content_.take<Record>(oldKey);
         content_.put(record, key);
@@ -136,15 +158,17 @@ void Configuration::replace(TreeNode& node, const std::shared_ptr<Record>& recor
         try {
             content_.setKey(node, key);
         } catch (...) {
-            content_.take<Record>(key);
+            content_.unput<Record>(key);
             throw;
         }
         content_.take<Record>(oldKey);
     }
     content_.setText(node, text);
+    tell(renames ? "Rename" : "Edit", node.tag(), text);
 }
 
 void Configuration::replaceItem(TreeNode& node, clsItem record) {
+    const Step step(*this);
     const auto old = items.find(node.key());
     const auto added = std::make_shared<clsItem>(std::move(record));
     replace(node, added, added->sKey(), added->sName());
@@ -152,6 +176,7 @@ void Configuration::replaceItem(TreeNode& node, clsItem record) {
 }
 
 void Configuration::replaceBranch(TreeNode& node, clsBranch record) {
+    const Step step(*this);
     const auto added = std::make_shared<clsBranch>(std::move(record));
     SubtreeRekeying rekeying(content_, node, added->sKey());
     replace(node, added, added->sKey(), added->sName());
@@ -160,6 +185,7 @@ void Configuration::replaceBranch(TreeNode& node, clsBranch record) {
 
 // Units and data types are written in the order of their collections, where the new record comes last.
 void Configuration::replaceUnit(TreeNode& node, clsPLC record) {
+    const Step step(*this);
     const auto added = std::make_shared<clsPLC>(std::move(record));
     SubtreeRekeying rekeying(content_, node, added->sKey());
     const auto old = units.find(node.key());
@@ -171,43 +197,161 @@ void Configuration::replaceUnit(TreeNode& node, clsPLC record) {
 }
 
 void Configuration::replaceDataType(const Key& editedName, clsModBusType record) {
+    const Step step(*this);
     const auto old = dataTypes.at(editedName);
     if (old != dataTypes.last() || old->GetXmlTag() != record.GetXmlTag()) content_.touch();
     const Key name = record.getName();
     content_.take<clsModBusType>(editedName);
     content_.put(std::make_shared<clsModBusType>(std::move(record)), name);
+    tell("Edit", NodeTag::DataType, name);
+}
+
+void Configuration::setComment(const Key& item, std::string_view comment) {
+    const Step step(*this);
+    content_.setComment(item, comment);
+    tell("Comment", NodeTag::Item, items.at(item)->sName());
 }
 
 void Configuration::renameItems(std::vector<ItemRenaming>& renamings) {
+    const Step step(*this);
     trevandix::renameItems(content_, renamings);
+    for (const ItemRenaming& renaming : renamings) {
+        if (!renaming.failure) tell("Rename", NodeTag::Item, renaming.name);
+    }
 }
 
 void Configuration::removeItem(Key key) {
+    const Step step(*this);
     content_.take<clsItem>(key);
-    content_.unlink(tree.at(key));
+    TreeNode& node = tree.at(key);
+    const std::string name = node.text();
+    content_.unlink(node);
+    tell("Delete", NodeTag::Item, name);
 }
 
 void Configuration::removeBranch(TreeNode& node) {
+    const Step step(*this);
+    const std::string name = node.text();
     RemoveBranch(content_, node);
     content_.take<clsBranch>(node.key());
     content_.unlink(node);
+    tell("Delete", NodeTag::Branch, name);
 }
 
 void Configuration::removeUnit(TreeNode& node) {
+    const Step step(*this);
+    const std::string name = node.text();
     content_.take<clsPLC>(node.key());
     content_.unlink(node);
+    tell("Delete", NodeTag::Plc, name);
 }
 
 TreeNode& Configuration::copySubtree(const TreeNode& source, TreeNode& target) {
+    const Step step(*this);
+    tell("Copy", source.tag(), source.text());
     TreeNode& placed = recreate(content_, source, target);
     if (source.tag() == NodeTag::Branch) CopySubTree(content_, source, placed);
     return placed;
 }
 
 void Configuration::removeMoved(TreeNode& source) {
-    if (source.tag() == NodeTag::Item) return removeItem(source.key());
-    if (source.tag() == NodeTag::Branch) return removeBranch(source);
-    content_.unlink(source);
+    const Step step(*this);
+    if (source.tag() == NodeTag::Item) {
+        removeItem(source.key());
+    } else if (source.tag() == NodeTag::Branch) {
+        removeBranch(source);
+    } else {
+        content_.unlink(source);
+    }
+    deed_.verb = "Move";
+}
+
+Configuration::Step::Step(Configuration& configuration, std::string_view verb)
+    : configuration_(configuration) {
+    if (configuration_.steps_++ > 0) return;
+    configuration_.beginStep();
+    configuration_.deed_ = {.verb = std::string(verb), .verbStays = !verb.empty()};
+}
+
+Configuration::Step::~Step() {
+    if (--configuration_.steps_ == 0) configuration_.endStep();
+}
+
+void Configuration::beginStep() {
+    if (hasHistory_) content_.journal().begin(moment());
+}
+
+void Configuration::endStep() {
+    if (content_.journal().noting()) content_.journal().end(stepName(), moment());
+}
+
+void Configuration::beginNextStep() {
+    if (steps_ != 1) return;
+    endStep();
+    beginStep();
+    deed_.count = 0;
+}
+
+void Configuration::tell(std::string_view verb, NodeTag tag, std::string_view name) {
+    if (!content_.journal().noting()) return;
+    if (deed_.count == 0) {
+        if (!deed_.verbStays) deed_.verb = verb;
+        deed_.tag = tag;
+        deed_.name = name;
+        deed_.count = 1;
+    } else if (deed_.tag == tag && (deed_.verbStays || deed_.verb == verb)) {
+        ++deed_.count;
+    }
+}
+
+std::string Configuration::stepName() const {
+    struct Kind {
+        std::string_view one, many;
+    };
+    constexpr std::array<Kind, 6> kKinds{{{"configuration", "configurations"},
+                                          {"folder", "folders"},
+                                          {"data type", "data types"},
+                                          {"unit", "units"},
+                                          {"branch", "branches"},
+                                          {"item", "items"}}};
+    if (deed_.count == 0) return "Change";
+    const Kind& kind = kKinds.at(static_cast<std::size_t>(deed_.tag));
+    std::string name = deed_.verb + ' ';
+    if (deed_.count == 1) return name.append(kind.one).append(" ").append(deed_.name);
+    return name.append(std::to_string(deed_.count)).append(" ").append(kind.many);
+}
+
+Journal::Moment Configuration::moment() const {
+    return {tree.selected(), content_.revision(), state_};
+}
+
+std::string_view Configuration::undoName() const {
+    const Journal::Step* step = steps_ == 0 ? content_.journal().undoable() : nullptr;
+    return step == nullptr ? std::string_view() : step->name;
+}
+
+std::string_view Configuration::redoName() const {
+    const Journal::Step* step = steps_ == 0 ? content_.journal().redoable() : nullptr;
+    return step == nullptr ? std::string_view() : step->name;
+}
+
+TreeNode& Configuration::undo() {
+    Journal::Step& step = content_.journal().undo();
+    for (Change& change : std::views::reverse(step.changes)) content_.turn(change);
+    return arriveAt(step.before);
+}
+
+TreeNode& Configuration::redo() {
+    Journal::Step& step = content_.journal().redo();
+    for (Change& change : step.changes) content_.turn(change);
+    return arriveAt(step.after);
+}
+
+TreeNode& Configuration::arriveAt(const Journal::Moment& moment) {
+    content_.setRevision(moment.revision);
+    static_cast<Counters&>(state_) = moment.counters;
+    state_.saved = equalsFile();
+    return moment.selected != nullptr ? *moment.selected : *tree.root();
 }
 
 void Configuration::raiseCounter(NodeTag kind) {

@@ -21,7 +21,7 @@ inline constexpr std::string_view kModBusFolder = "ModBus";
 /// state. Everyone may look at them and change what only concerns the view; what a file would hold changes
 /// through the edits below and in no other way. Every node but the first and the ModBus folder has its record
 /// under the same key. The edits keep it so, apart from the few that say otherwise, and each changes
-/// collection and tree together or, when it throws, neither.
+/// collection and tree together or, when it throws, neither. Edits of an open configuration can be undone.
 class Configuration {
     Content content_;
     EditingState state_;
@@ -85,7 +85,7 @@ public:
     void replaceDataType(const Key& editedName, clsModBusType record);
 
     /// Also for the other places that share the record. Errors: InvalidCall when there is no such item.
-    void setComment(const Key& item, std::string_view comment) { content_.setComment(item, comment); }
+    void setComment(const Key& item, std::string_view comment);
     /// Renames many items at once, so that names can be swapped among them. What came of each is told in it.
     void renameItems(std::vector<ItemRenaming>& renamings);
 
@@ -105,6 +105,30 @@ public:
     /// records that the copy shares. Errors: as of `removeBranch`.
     void removeMoved(TreeNode& source);
 
+    // The history. It begins empty with a new configuration and one that was read; saving leaves it.
+    /// While one lives, all edits are one step, also when the last one failed.
+    class Step {
+    public:
+        /// The step is named by its edits ("Delete 3 items"), but with this verb if one is given.
+        explicit Step(Configuration& configuration, std::string_view verb = {});
+        ~Step();
+        Step(const Step&) = delete;
+        Step& operator=(const Step&) = delete;
+
+    private:
+        Configuration& configuration_;
+    };
+    /// Edits that follow are another step, as those of a dialog that stays open.
+    void beginNextStep();
+    /// Names of the steps that can be undone and redone next; empty when there is none, and during a step.
+    std::string_view undoName() const;
+    std::string_view redoName() const;
+    /// Takes back everything that the step changed in what a file would hold and in the numbers of default
+    /// names, or does it again. Sorted siblings stay sorted. The saved flag becomes that of the content.
+    /// Returns the node that was selected before the step, or after it. There is such a step.
+    TreeNode& undo();
+    TreeNode& redo();
+
     // The numbers of the next default names, and the copy buffer.
     /// Errors: Overflow.
     void raiseCounter(NodeTag kind);
@@ -116,6 +140,21 @@ public:
     void raisePasteCounter();
 
 private:
+    /// What the edits of the open step did to how many objects, the first of them by name.
+    struct Deed {
+        std::string verb;
+        bool verbStays = false;
+        NodeTag tag{};
+        std::string name{};
+        std::size_t count = 0;
+    };
+
+    void tell(std::string_view verb, NodeTag tag, std::string_view name);
+    void beginStep();
+    void endStep();
+    std::string stepName() const;
+    Journal::Moment moment() const;
+    TreeNode& arriveAt(const Journal::Moment& moment);
     template <typename Record>
     TreeNode& add(std::shared_ptr<Record> record, const Key& key, TreeNode& parent, std::string_view name,
                   const NodeLook& look);
@@ -129,6 +168,9 @@ private:
 
     std::uint64_t baseRevision_ = 0;
     bool inFile_ = false;
+    bool hasHistory_ = false;
+    int steps_ = 0;  // of those that live, one in the other
+    Deed deed_{};
 };
 
 /// The key of a record called `name` in `node`, or, for a record edited in place, beside it.

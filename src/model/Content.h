@@ -4,20 +4,15 @@
 #include <memory>
 #include <string_view>
 #include <tuple>
+#include <utility>
 
-#include "model/EditableTree.h"
-#include "model/EditingState.h"
-#include "model/KeyedCollection.h"
-#include "model/clsBranch.h"
-#include "model/clsItem.h"
-#include "model/clsModBusType.h"
-#include "model/clsPLC.h"
+#include "model/Journal.h"
 
 namespace trevandix {
 
 /// What `Configuration` owns, and the steps in which alone its edits change it. Each step changes one thing
-/// and could be taken back by another one. No step keeps records and nodes in agreement: that is what the
-/// edits are for. Only `Configuration` and its helpers have a changeable one.
+/// and notes in the journal how to take it back. No step keeps records and nodes in agreement: that is what
+/// the edits are for. Only `Configuration` and its helpers have a changeable one.
 class Content {
 public:
     template <typename Record>
@@ -28,14 +23,26 @@ public:
     /// For the view's state, which is no part of what the steps change.
     StructureTree& view() { return tree_; }
 
-    /// Another number after every step that a file would show.
-    std::uint64_t revision() const { return tree_.edits() + recordEdits_; }
+    Journal& journal() { return journal_; }
+    const Journal& journal() const { return journal_; }
+
+    /// Another number after every step that a file would show. Undo brings the former number back.
+    std::uint64_t revision() const { return revision_; }
+    void setRevision(std::uint64_t revision) { revision_ = revision; }
+    /// For a change of records that no other step shows as a new revision.
+    void touch() { revision_ = ++lastRevision_; }
 
     // Steps on collections.
     /// Puts the record at the end of its collection. Errors: KeyInCollection.
     template <typename Record>
     void put(std::shared_ptr<Record> record, const Key& key) {
-        collection<Record>().add(std::move(record), key);
+        note(EntryChange<Record>{collection<Record>().add(std::move(record), key)});
+    }
+    /// Takes back the last step, which was to put the record under the key.
+    template <typename Record>
+    void unput(const Key& key) {
+        collection<Record>().remove(key);
+        if (journal_.noting()) journal_.dropLast();
     }
     /// Puts the record under `from` at the end, under another key as well. Errors: InvalidCall,
     /// KeyInCollection.
@@ -48,34 +55,43 @@ public:
     /// Errors: InvalidCall when there is no such record.
     template <typename Record>
     std::shared_ptr<Record> take(const Key& key) {
-        return collection<Record>().remove(key);
-    }
-    template <typename Record>
-    void clear() {
-        collection<Record>().clear();
+        auto seat = collection<Record>().remove(key);
+        const std::shared_ptr<Record> record = seat.record();
+        note(EntryChange<Record>{std::move(seat)});
+        return record;
     }
 
     // Steps on a record, in every place that shares it.
     template <typename Record>
     void setRecordKey(const std::shared_ptr<Record>& record, const Key& key) {
+        note(RecordKeyChange<Record>{record, record->sKey()});
         record->sKey(key);
     }
     void setName(const std::shared_ptr<clsItem>& item, std::string_view name);
     /// Errors: InvalidCall when there is no such item.
     void setComment(const Key& item, std::string_view comment);
-    /// For a change of records that no other step shows as a new revision.
-    void touch() { ++recordEdits_; }
 
     // Steps on nodes, as those of the tree.
-    void addRoot(std::string_view text, const NodeLook& look) { tree_.addRoot(text, look); }
-    TreeNode& link(TreeNode& parent, const Key& key, std::string_view text, const NodeLook& look) {
-        return tree_.addChild(parent, key, text, look);
-    }
+    TreeNode& link(TreeNode& parent, const Key& key, std::string_view text, const NodeLook& look);
     /// The node goes with everything below it.
-    void unlink(TreeNode& node) { tree_.remove(node); }
-    void setKey(TreeNode& node, const Key& key) { tree_.setKey(node, key); }
-    void setText(TreeNode& node, std::string_view text) { tree_.setText(node, text); }
-    void clearTree() { tree_.clear(); }
+    void unlink(TreeNode& node);
+    void setKey(TreeNode& node, const Key& key);
+    void setText(TreeNode& node, std::string_view text);
+
+    /// Turns a noted change back, or forth again after that.
+    void turn(Change& change);
+
+    // What ends the history.
+    template <typename Record>
+    void clear() {
+        journal_.clear();
+        collection<Record>().clear();
+    }
+    void clearTree();
+
+    // The first node, which no step touches. Its text is no part of what a file holds.
+    void addRoot(std::string_view text, const NodeLook& look) { tree_.addRoot(text, look); }
+    void setRootText(std::string_view text) { tree_.setText(*tree_.root(), text); }
 
 private:
     template <typename Record>
@@ -86,8 +102,28 @@ private:
     std::tuple<KeyedCollection<clsPLC>, KeyedCollection<clsItem>, KeyedCollection<clsBranch>,
                KeyedCollection<clsModBusType>>
         collections_;
+    template <typename Turned>
+    void note(Turned&& change) {
+        if (journal_.noting()) journal_.note(std::forward<Turned>(change));
+    }
+    void turnIt(NodeChange& change);
+    void turnIt(NodeKeyChange& change);
+    void turnIt(NodeTextChange& change);
+    template <typename Record>
+    void turnIt(EntryChange<Record>& change) {
+        collection<Record>().flip(change.seat);
+    }
+    template <typename Record>
+    static void turnIt(RecordKeyChange<Record>& change) {
+        const Key now = change.record->sKey();
+        change.record->sKey(std::exchange(change.other, now));
+    }
+    static void turnIt(ItemTextChange& change);
+
     EditableTree tree_;
-    std::uint64_t recordEdits_ = 0;
+    Journal journal_;  // behind the tree, whose nodes it may hold
+    std::uint64_t revision_ = 0;
+    std::uint64_t lastRevision_ = 0;
 };
 
 }  // namespace trevandix

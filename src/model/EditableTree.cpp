@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/RuntimeError.h"
+#include "platform/Text.h"
 
 namespace trevandix {
 
@@ -18,13 +19,18 @@ TreeNode* EditableTree::create(const Key& key, std::string_view text, const Node
     node->look_ = look;
     if (!key.empty() && !index_.insert(node.get())) throw RuntimeError(ErrorNumber::KeyNotUnique);
     node->addedBefore_ = lastAdded_;
-    (lastAdded_ != nullptr ? lastAdded_->addedAfter_ : firstAdded_) = node.get();
-    lastAdded_ = node.get();
-    ++size_;
+    enterAdded(*node);
     return node.release();
 }
 
-// The node keeps its neighbours in the order of addition, so that it could go back between them.
+// Enters the node into the order of addition, between the neighbours that it names.
+void EditableTree::enterAdded(TreeNode& node) {
+    (node.addedBefore_ != nullptr ? node.addedBefore_->addedAfter_ : firstAdded_) = &node;
+    (node.addedAfter_ != nullptr ? node.addedAfter_->addedBefore_ : lastAdded_) = &node;
+    ++size_;
+}
+
+// The node keeps its neighbours in the order of addition, so that it can go back between them.
 void EditableTree::forget(TreeNode& node) {
     if (!node.key_.empty()) index_.erase(node.key_);
     (node.addedBefore_ != nullptr ? node.addedBefore_->addedAfter_ : firstAdded_) = node.addedAfter_;
@@ -44,7 +50,6 @@ TreeNode& EditableTree::addChild(TreeNode& parent, const Key& key, std::string_v
                                  const NodeLook& look) {
     TreeNode* node = create(key, text, look);
     linkBefore(parent, *node, sortedPlace(parent, *node));
-    ++edits_;
     if (observer_ != nullptr) observer_->nodeAdded(*node);
     return *node;
 }
@@ -56,12 +61,17 @@ void EditableTree::unlink(TreeNode& node) {
     --parent.childCount_;
 }
 
-// Where the node belongs among its siblings: the node that follows it, or nullptr for the end. Enters it
-// there.
-TreeNode* EditableTree::sortedPlace(TreeNode& parent, TreeNode& node) {
+// Enters the node among its sorted siblings, before one of them or behind all of equal text. Returns the
+// sibling that follows it; nullptr for the end, and where nothing is sorted.
+TreeNode* EditableTree::sortedPlace(TreeNode& parent, TreeNode& node, TreeNode* before) {
     if (parent.sorted_ == nullptr) return nullptr;
-    const auto place = std::next(parent.sorted_->insert(&node));
-    return place == parent.sorted_->end() ? nullptr : *place;
+    TreeNode::SortedChildren& children = *parent.sorted_;
+    const auto place =
+        before == nullptr
+            ? children.insert(&node)
+            : children.insert(std::find(children.lower_bound(before), children.end(), before), &node);
+    const auto next = std::next(place);
+    return next == children.end() ? nullptr : *next;
 }
 
 void EditableTree::forgetInSortedOrder(TreeNode& node) {
@@ -71,42 +81,57 @@ void EditableTree::forgetInSortedOrder(TreeNode& node) {
     if (place != end) node.parent_->sorted_->erase(place);
 }
 
-void EditableTree::remove(TreeNode& node) {
-    ++edits_;
+EditableTree::Detached EditableTree::detach(TreeNode& node) {
     if (observer_ != nullptr) observer_->nodeRemoved(node);
     const bool selectionGoes = liesIn(selected_, node);
     TreeNode* successor = node.next_ != nullptr       ? node.next_
                           : node.previous_ != nullptr ? node.previous_
                                                       : node.parent_;
-    if (node.parent_ != nullptr) {
-        forgetInSortedOrder(node);
-        unlink(node);
-    } else {
-        root_ = nullptr;
-    }
+    forgetInSortedOrder(node);
+    unlink(node);
     if (selectionGoes) selected_ = nullptr;
     for (TreeNode* n = &node; n != nullptr; n = nextBelow(*n, node)) forget(*n);
-    destroy(node);
     if (selectionGoes) select(successor);
+    return Detached(&node);
+}
+
+TreeNode& EditableTree::attach(Detached detached, TreeNode* place) {
+    TreeNode& node = *detached.release();
+    TreeNode& parent = *node.parent_;
+    linkBefore(parent, node, parent.sorted_ != nullptr ? sortedPlace(parent, node, place) : node.next_);
+    // Against the order in which they were forgotten, so that each finds its neighbours.
+    for (TreeNode* n = lastBelow(node); n != nullptr; n = previousBelow(*n, node)) {
+        if (!n->key_.empty()) index_.insert(n);
+        enterAdded(*n);
+    }
+    if (observer_ != nullptr) observer_->nodeAdded(node);
+    return node;
+}
+
+// Below a parent that is not sorted yet, a later sorting decides by the siblings of equal text.
+TreeNode* EditableTree::placeOf(const TreeNode& node) {
+    TreeNode* place = node.next_;
+    if (node.parent_ == nullptr || node.parent_->sorted_ != nullptr) return place;
+    while (place != nullptr && compareIgnoringCase(place->text_, node.text_) != 0) place = place->next_;
+    return place;
 }
 
 // Without recursion: a file may nest branches as deeply as it likes.
-void EditableTree::destroy(TreeNode& top) {
-    TreeNode* node = &top;
+void EditableTree::Destroy::operator()(TreeNode* top) const {
+    TreeNode* node = top;
     while (true) {
         while (node->firstChild_ != nullptr) node = node->firstChild_;
-        if (node == &top) break;
+        if (node == top) break;
         TreeNode* parent = node->parent_;
         parent->firstChild_ = node->next_;
         delete node;
         node = parent;
     }
-    delete &top;
+    delete top;
 }
 
 void EditableTree::clear() {
     if (root_ == nullptr) return;
-    ++edits_;
     selected_ = highlight_ = nullptr;
     for (TreeNode* node = firstAdded_; node != nullptr;) {
         TreeNode* next = node->addedAfter_;
@@ -119,15 +144,14 @@ void EditableTree::clear() {
     if (observer_ != nullptr) observer_->cleared();
 }
 
-void EditableTree::setText(TreeNode& node, std::string_view text) {
+void EditableTree::setText(TreeNode& node, std::string_view text, TreeNode* place) {
     if (node.text_ == text) return;
-    if (&node != root_) ++edits_;
     const bool sorted = node.parent_ != nullptr && node.parent_->sorted_ != nullptr;
     if (sorted) forgetInSortedOrder(node);
     node.text_ = text;
     if (observer_ != nullptr) observer_->textChanged(node);
     if (!sorted) return;
-    TreeNode* successor = sortedPlace(*node.parent_, node);
+    TreeNode* successor = sortedPlace(*node.parent_, node, place);
     if (successor == node.next_) return;
     unlink(node);
     linkBefore(*node.parent_, node, successor);

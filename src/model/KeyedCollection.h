@@ -62,21 +62,48 @@ public:
     KeyedCollection(const KeyedCollection&) = delete;
     KeyedCollection& operator=(const KeyedCollection&) = delete;
 
+    /// An entry of the collection, or one taken out of it that can go back to its place.
+    class Seat {
+    public:
+        Seat(Seat&&) noexcept = default;
+        Seat& operator=(Seat&&) noexcept = default;
+        const Pointer& record() const { return entry_->record; }
+
+    private:
+        friend KeyedCollection;
+        explicit Seat(Handle entry) : entry_(entry) {}
+        Handle entry_;
+        Handle next_{};  // while it is out: the entry that followed it
+        Entries out_{};  // holds it while it is out
+    };
+
     /// Errors: KeyInCollection; the collection is then unchanged.
-    void add(Pointer record, const Key& key) {
+    Seat add(Pointer record, const Key& key) {
         Entries added;
         added.emplace_back(std::move(record), key);
+        Seat seat(added.begin());
         if (!index_.insert(added.begin())) throw RuntimeError(ErrorNumber::KeyInCollection);
         entries_.splice(entries_.end(), added);
+        return seat;
     }
 
-    /// Returns the record removed. Errors: InvalidCall when no record has the key.
-    Pointer remove(const Key& key) {
-        const Handle place = handle(key);
-        Pointer record = std::move(place->record);
-        index_.erase(key);
-        entries_.erase(place);
-        return record;
+    /// Errors: InvalidCall when no record has the key.
+    Seat remove(const Key& key) {
+        Seat seat(handle(key));
+        flip(seat);
+        return seat;
+    }
+
+    /// Takes the entry out, or puts it back: all other changes since it was taken out have been taken back.
+    void flip(Seat& seat) {
+        if (seat.out_.empty()) {
+            index_.erase(seat.entry_->key());
+            seat.next_ = std::next(seat.entry_);
+            seat.out_.splice(seat.out_.end(), entries_, seat.entry_);
+        } else {
+            index_.insert(seat.entry_);
+            entries_.splice(seat.next_, seat.out_);
+        }
     }
 
     /// The record under the key, or nullptr.

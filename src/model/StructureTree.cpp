@@ -132,4 +132,16 @@ TreeNode* nextBelow(const TreeNode& node, const TreeNode& top) {
     return nullptr;
 }
 
+TreeNode* lastBelow(TreeNode& top) {
+    TreeNode* node = &top;
+    while (node->lastChild() != nullptr) node = node->lastChild();
+    return node;
+}
+
+TreeNode* previousBelow(const TreeNode& node, const TreeNode& top) {
+    if (&node == &top) return nullptr;
+    TreeNode* before = node.previousSibling();
+    return before == nullptr ? node.parent() : lastBelow(*before);
+}
+
 }  // namespace trevandix

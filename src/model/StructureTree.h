@@ -82,7 +82,9 @@ private:
 class TreeObserver {
 public:
     virtual ~TreeObserver() = default;
+    /// The node stands in the tree, with everything below it.
     virtual void nodeAdded(const TreeNode& node) = 0;
+    /// It goes, with everything below it.
     virtual void nodeRemoved(const TreeNode& node) = 0;
     virtual void textChanged(const TreeNode& node) = 0;
     /// The node stands at another place among the same siblings.
@@ -114,9 +116,6 @@ public:
     /// Errors: ElementNotFound.
     TreeNode& at(const Key& key) const;
     std::size_t size() const { return size_; }
-    /// Another number after every change that a file would show: a node added, removed or renamed. The first
-    /// node's text and the order of siblings do not count.
-    std::uint64_t edits() const { return edits_; }
     /// A child of the kind with exactly the text, `except` left out; nullptr when there is none. Logarithmic
     /// where the children are kept sorted, else a walk through them.
     static const TreeNode* childNamed(const TreeNode& parent, NodeTag tag, std::string_view text,
@@ -162,7 +161,6 @@ protected:
     TreeNode* firstAdded_ = nullptr;
     TreeNode* lastAdded_ = nullptr;
     std::size_t size_ = 0;
-    std::uint64_t edits_ = 0;
 };
 
 /// True when the node is `top` or below it; nullptr is nowhere.
@@ -170,5 +168,9 @@ bool liesIn(const TreeNode* node, const TreeNode& top);
 
 /// The next node of a walk through everything below `top`, parents before children; nullptr at the end.
 TreeNode* nextBelow(const TreeNode& node, const TreeNode& top);
+
+/// The same walk backwards, which begins with the last node below `top` and ends with `top`.
+TreeNode* lastBelow(TreeNode& top);
+TreeNode* previousBelow(const TreeNode& node, const TreeNode& top);
 
 }  // namespace trevandix

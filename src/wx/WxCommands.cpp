@@ -1,5 +1,7 @@
 #include "wx/WxCommands.h"
 
+#include <wx/textentry.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -164,6 +166,8 @@ void WxCommands::onTool(wxCommandEvent& event) {
 }
 
 bool WxCommands::followsShortcut(const wxKeyEvent& event) const {
+    // In a text box, Ctrl with a letter is the box's own.
+    if (event.ControlDown() && dynamic_cast<wxTextEntry*>(wxWindow::FindFocus()) != nullptr) return false;
     for (const CommandSpec& command : commands_) {
         wxAcceleratorEntry key;
         if (!command.menu.empty() || !key.FromString(toWx(command.shortcut))) continue;
@@ -188,11 +192,27 @@ void WxCommands::appendEntries(wxMenu& popup, std::string_view menu) {
     }
 }
 
-void WxCommands::popUp(wxWindow& window, const wxPoint& point,
-                       std::initializer_list<std::string_view> menus) {
+// Returns the entry's id.
+int WxCommands::appendEntry(wxMenu& popup, const ContextEntry& entry) const {
+    wxString text = wxControl::EscapeMnemonics(toWx(entry.caption));
+    text.Replace("\t", " ");  // would begin a shortcut
+    const auto command = std::ranges::find(commands_, entry.command, &CommandSpec::name);
+    if (command != commands_.end()) text += "\t" + toWx(command->shortcut);
+    wxMenuItem* item = popup.Append(wxID_ANY, text);
+    item->Enable(entry.enabled);
+    return item->GetId();
+}
+
+void WxCommands::popUp(wxWindow& window, const wxPoint& point, std::initializer_list<std::string_view> menus,
+                       const std::vector<ContextEntry>& more) {
     wxMenu popup;
     for (const std::string_view menu : menus) appendEntries(popup, menu);
+    popup.AppendSeparator();
+    std::vector<int> ids;
+    for (const ContextEntry& entry : more) ids.push_back(appendEntry(popup, entry));
     const int id = window.GetPopupMenuSelectionFromUser(popup, point);
+    if (const auto own = std::ranges::find(ids, id); own != ids.end())
+        return choose_(more[static_cast<std::size_t>(own - ids.begin())].command);
     const auto entry =
         std::ranges::find_if(entries_, [id](const Entry& each) { return each.item->GetId() == id; });
     if (entry != entries_.end() && entry->enabled) choose_(entry->name);

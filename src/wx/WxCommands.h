@@ -50,8 +50,10 @@ public:
     /// Runs the command of a shortcut that belongs to no menu entry. False when the key is no such shortcut.
     bool followsShortcut(const wxKeyEvent& event) const;
 
-    /// Opens a popup menu with the entries of `menus` at a point of `window` and runs the chosen command.
-    void popUp(wxWindow& window, const wxPoint& point, std::initializer_list<std::string_view> menus);
+    /// Opens a popup menu with the entries of `menus` and then `more` at a point of `window`, and runs the
+    /// chosen command.
+    void popUp(wxWindow& window, const wxPoint& point, std::initializer_list<std::string_view> menus,
+               const std::vector<ContextEntry>& more);
 
 private:
     struct Entry {
@@ -74,6 +76,7 @@ private:
     void appendCommand(wxMenu& menu, const CommandSpec& command);
     void buildToolBar();
     void appendEntries(wxMenu& popup, std::string_view menu);
+    int appendEntry(wxMenu& popup, const ContextEntry& entry) const;
     void onMenu(wxCommandEvent& event);
     void onTool(wxCommandEvent& event);
 

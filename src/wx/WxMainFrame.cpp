@@ -185,7 +185,9 @@ void WxMainFrame::focusTree() {
 void WxMainFrame::openMenu(wxWindow& window, const wxPoint& point) {
     // Handles pending events first: a right click selects a node, which decides what is enabled.
     perform([] {});
-    commands_->popUp(window, point, {"mnuObjects", "mnuEdit"});
+    const MainWindowEvents* events = gate_.attached();
+    if (events != nullptr)
+        commands_->popUp(window, point, {"mnuObjects", "mnuEdit"}, events->contextEntries());
 }
 
 void WxMainFrame::unload() {

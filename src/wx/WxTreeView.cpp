@@ -146,7 +146,7 @@ void WxTreeView::insertSubtree(const TreeNode& top) {
 void WxTreeView::nodeAdded(const TreeNode& node) {
     const ScopedIncrement quiet(quiet_);
     const wxWindowUpdateLocker frozen(this);
-    insert(node, Where::AtItsPlace);
+    insertSubtree(node);
 }
 
 void WxTreeView::forget(const TreeNode& node) {

@@ -1,0 +1,102 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "model/EditableTree.h"
+#include "model/EditingState.h"
+#include "model/KeyedCollection.h"
+#include "model/clsBranch.h"
+#include "model/clsItem.h"
+#include "model/clsModBusType.h"
+#include "model/clsPLC.h"
+
+namespace trevandix {
+
+// One thing that was changed, with what it takes to change it back and forth: each turn leaves here what the
+// next one needs.
+struct NodeChange {
+    TreeNode* node;
+    EditableTree::Detached out{};  ///< holds the node while it is not in the tree
+    TreeNode* place = nullptr;
+};
+struct NodeKeyChange {
+    TreeNode* node;
+    Key other;
+};
+struct NodeTextChange {
+    TreeNode* node;
+    std::string other;
+    TreeNode* place;
+};
+template <typename Record>
+struct EntryChange {
+    typename KeyedCollection<Record>::Seat seat;
+};
+template <typename Record>
+struct RecordKeyChange {
+    std::shared_ptr<Record> record;
+    Key other;
+};
+struct ItemTextChange {
+    std::shared_ptr<clsItem> item;
+    bool isName;  ///< else the comment
+    std::string other;
+};
+using Change = std::variant<NodeChange, NodeKeyChange, NodeTextChange, EntryChange<clsPLC>,
+                            EntryChange<clsItem>, EntryChange<clsBranch>, EntryChange<clsModBusType>,
+                            RecordKeyChange<clsItem>, RecordKeyChange<clsBranch>, ItemTextChange>;
+
+/// The history of the open configuration: steps to take back, from the oldest on, and steps taken back. It
+/// holds what is no longer in the configuration. Bounded by memory: the oldest steps go first, the newest
+/// stays whatever its size.
+class Journal {
+public:
+    /// What a step leads from or to, besides its changes.
+    struct Moment {
+        TreeNode* selected = nullptr;
+        std::uint64_t revision = 0;
+        Counters counters{};
+    };
+    struct Step {
+        std::string name;  ///< such as "Delete 3 items"
+        Moment before, after{};
+        std::vector<Change> changes{};
+        std::size_t bytes = 0;  ///< about what it keeps in memory
+    };
+
+    /// Bytes of all steps together.
+    static constexpr std::size_t kMostBytes = std::size_t{256} << 20;
+
+    /// Between `begin` and `end`, changes are noted. A step without changes is none; any other ends what
+    /// could be redone.
+    void begin(const Moment& before);
+    bool noting() const { return noting_; }
+    void note(Change change);
+    /// For a change that has been taken back by other means.
+    void dropLast() { open_.changes.pop_back(); }
+    void end(std::string name, const Moment& after);
+
+    /// The step that Undo takes back next and the one that Redo does again; nullptr when there is none.
+    const Step* undoable() const { return done_.empty() ? nullptr : &done_.back(); }
+    const Step* redoable() const { return undone_.empty() ? nullptr : &undone_.back(); }
+    /// Moves that step to the other side. The caller turns its changes, the last one first for an Undo.
+    Step& undo();
+    Step& redo();
+    void clear();
+
+private:
+    std::deque<Step> done_;
+    std::vector<Step> undone_;  // the one undone last at the end
+    Step open_{};
+    bool noting_ = false;
+    std::size_t bytes_ = 0;  // of done_
+};
+
+}  // namespace trevandix
