@@ -92,6 +92,7 @@ private:
     using Body = std::function<void()>;
     using Entry = std::pair<std::string, int>;  // key and record
 
+    /// What Undo goes back to.
     struct State {
         std::map<int, Node> nodes;
         std::map<std::string, std::vector<Entry>> collections;

@@ -15,7 +15,8 @@ std::string Reference::inFile() const {
         for (const auto& [key, record] : entries) {
             std::string line = tag + " " + key;
             if (tag == "plc" || tag == "datatype") line += " " + std::to_string(place++);
-            for (const auto& [field, text] : records_.at(record)) line += " " + field + "=" + text;
+            for (const auto& [field, text] : records_.at(record))
+                if (field != "key") line += " " + field + "=" + text;
             lines.push_back(line);
         }
     }
@@ -60,9 +61,9 @@ void Reference::restore(const State& state) {
     counters_ = state.counters;
     mark_ = state.mark;
     saved_ = mark_ == savedMark_;
-    const int shown = state.selected != 0 ? state.selected : root_;
-    select(shown);
-    makeVisible(shown);
+    selected_ = state.selected != 0 ? state.selected : root_;
+    select(selected_);
+    makeVisible(selected_);
 }
 
 }  // namespace trevandix::testing

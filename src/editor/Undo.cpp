@@ -26,7 +26,8 @@ void Undo::show(Turn turn, std::string_view step, std::string_view done, std::st
     std::string news = std::string(done).append(step).append(hint);
     {
         const StructureTree::Batch batch(context_.tree());
-        TreeNode& node = std::invoke(turn, context_.configuration);
+        std::invoke(turn, context_.configuration);
+        TreeNode& node = *context_.tree().selected();
         views_.TreeView1_NodeClick(node);
         context_.tree().ensureVisible(node);
     }

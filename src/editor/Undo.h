@@ -19,7 +19,7 @@ public:
     std::vector<ContextEntry> contextEntries() const;
 
 private:
-    using Turn = TreeNode& (Configuration::*)();
+    using Turn = void (Configuration::*)();
     void show(Turn turn, std::string_view step, std::string_view done, std::string_view hint);
 
     const EditorContext& context_;

@@ -335,23 +335,23 @@ std::string_view Configuration::redoName() const {
     return step == nullptr ? std::string_view() : step->name;
 }
 
-TreeNode& Configuration::undo() {
+void Configuration::undo() {
     Journal::Step& step = content_.journal().undo();
     for (Change& change : std::views::reverse(step.changes)) content_.turn(change);
-    return arriveAt(step.before);
+    arriveAt(step.before);
 }
 
-TreeNode& Configuration::redo() {
+void Configuration::redo() {
     Journal::Step& step = content_.journal().redo();
     for (Change& change : step.changes) content_.turn(change);
-    return arriveAt(step.after);
+    arriveAt(step.after);
 }
 
-TreeNode& Configuration::arriveAt(const Journal::Moment& moment) {
+void Configuration::arriveAt(const Journal::Moment& moment) {
     content_.setRevision(moment.revision);
     static_cast<Counters&>(state_) = moment.counters;
     state_.saved = equalsFile();
-    return moment.selected != nullptr ? *moment.selected : *tree.root();
+    tree.select(moment.selected != nullptr ? moment.selected : tree.root());
 }
 
 void Configuration::raiseCounter(NodeTag kind) {

@@ -125,9 +125,9 @@ public:
     std::string_view redoName() const;
     /// Takes back everything that the step changed in what a file would hold and in the numbers of default
     /// names, or does it again. Sorted siblings stay sorted. The saved flag becomes that of the content.
-    /// Returns the node that was selected before the step, or after it. There is such a step.
-    TreeNode& undo();
-    TreeNode& redo();
+    /// Selects the node that was selected before the step, or after it. There is such a step.
+    void undo();
+    void redo();
 
     // The numbers of the next default names, and the copy buffer.
     /// Errors: Overflow.
@@ -154,7 +154,7 @@ private:
     void endStep();
     std::string stepName() const;
     Journal::Moment moment() const;
-    TreeNode& arriveAt(const Journal::Moment& moment);
+    void arriveAt(const Journal::Moment& moment);
     template <typename Record>
     TreeNode& add(std::shared_ptr<Record> record, const Key& key, TreeNode& parent, std::string_view name,
                   const NodeLook& look);
