@@ -5,6 +5,7 @@
 #include <charconv>
 #include <optional>
 #include <pugixml.hpp>
+#include <vector>
 #ifdef __GLIBC__
 #include <malloc.h>
 #endif
@@ -19,59 +20,65 @@ using namespace std::string_view_literals;
 
 namespace {
 
-enum class Utf16 { No, LittleEndian, BigEndian };
-enum class Half { None, First, Second };
-constexpr std::string_view kHalfPair = "half a UTF-16 pair";
-
-Utf16 utf16Kind(std::string_view bytes) {
-    const auto begins = [&](std::string_view mark) { return bytes.starts_with(mark); };
-    if (begins("\xFF\xFE\0\0"sv) || begins("<\0\0\0"sv)) return Utf16::No;
-    if (begins("\xFF\xFE"sv) || begins("<\0"sv)) return Utf16::LittleEndian;
-    return begins("\xFE\xFF"sv) || begins("\0<"sv) ? Utf16::BigEndian : Utf16::No;
-}
-
 [[noreturn]] void throwAt(std::string_view bytes, std::size_t offset, std::string_view reason) {
     const auto end = bytes.begin() + static_cast<std::ptrdiff_t>(std::min(bytes.size(), offset));
     throw XmlParseError(1 + static_cast<std::size_t>(std::count(bytes.begin(), end, '\n')), reason);
 }
 
-void refuseHalfReferences(std::string_view bytes) {
-    constexpr std::string_view kBegin = "&#";
-    for (std::size_t at = bytes.find(kBegin); at != std::string_view::npos; at = bytes.find(kBegin, at + 1)) {
-        const std::size_t digits = at + kBegin.size();
-        const bool hexadecimal = bytes.substr(digits, 1) == "x";
-        unsigned character = 0;
-        std::from_chars(bytes.data() + digits + (hexadecimal ? 1 : 0), bytes.data() + bytes.size(), character,
-                        hexadecimal ? 16 : 10);
-        if (character >= 0xD800 && character <= 0xDFFF) throwAt(bytes, at, kHalfPair);
-    }
+bool isHalfPair(char32_t c) {
+    return c >= 0xD800 && c <= 0xDFFF;
+}
+bool isCharacter(char32_t c) {
+    return c != 0 && c <= 0x10FFFF && !isHalfPair(c);
 }
 
-// Throws the XmlParseError of a file that could not be parsed beyond `offset`.
-[[noreturn]] void throwParseError(std::string_view bytes, std::size_t offset, std::string_view reason) {
-    // pugixml takes a NUL byte for the end of the file and reports whatever is open there, so the NUL itself
-    // is reported. A NUL among the first bytes means UTF-16 or UTF-32.
-    const std::size_t nul = bytes.find('\0');
-    const bool strayNul = nul > 3 && nul != std::string_view::npos && !bytes.starts_with("\xFF\xFE"sv) &&
-                          !bytes.starts_with("\xFE\xFF"sv);
-    throwAt(bytes, strayNul ? nul : offset, strayNul ? "NUL byte in the text" : reason);
-}
+// How texts of more than one byte a character begin: with a byte-order mark or with "<".
+struct WideText {
+    std::string_view begin;
+    std::size_t unit;  // bytes
+    bool littleEndian;
+};
+constexpr std::array kWideTexts{
+    WideText{"\xFF\xFE\0\0"sv, 4, true}, WideText{"\0\0\xFE\xFF"sv, 4, false},
+    WideText{"<\0\0\0"sv, 4, true},      WideText{"\0\0\0<"sv, 4, false},
+    WideText{"\xFF\xFE"sv, 2, true},     WideText{"\xFE\xFF"sv, 2, false},
+    WideText{"<\0"sv, 2, true},          WideText{"\0<"sv, 2, false},
+};
 
-// Throws XmlParseError for an incomplete UTF-16 character or surrogate pair, which pugixml would silently
-// drop, and for a character reference to half a surrogate pair.
-void refuseHalfPairs(std::string_view bytes) {
-    const Utf16 kind = utf16Kind(bytes);
-    if (kind == Utf16::No) return refuseHalfReferences(bytes);
-    const std::size_t high = kind == Utf16::LittleEndian ? 1 : 0;
-    const auto half = [&](std::size_t at) {
-        const int bits = at + 1 < bytes.size() ? static_cast<unsigned char>(bytes[at + high]) & 0xFC : 0;
-        return bits == 0xD8 ? Half::First : bits == 0xDC ? Half::Second : Half::None;
+// UTF-16 or UTF-32 as UTF-8. Errors: XmlParseError.
+std::string narrowed(std::string_view bytes, const WideText& kind) {
+    const auto unitAt = [&](std::size_t at) {
+        char32_t unit = 0;
+        for (std::size_t i = 0; i < kind.unit && at < bytes.size(); ++i) {
+            const std::size_t place = kind.littleEndian ? kind.unit - 1 - i : i;
+            unit = unit << 8U | static_cast<unsigned char>(bytes[at + place]);
+        }
+        return unit;
     };
-    if (bytes.size() % 2 != 0) throwAt(bytes, bytes.size(), "half a UTF-16 character");
-    for (std::size_t at = 0; at < bytes.size(); at += 2) {
-        if (half(at) == Half::None) continue;
-        if (half(at) == Half::Second || half(at + 2) != Half::Second) throwAt(bytes, at, kHalfPair);
-        at += 2;
+    std::string text;
+    const std::string name = "UTF-" + std::to_string(kind.unit * 8);
+    if (bytes.size() % kind.unit != 0) throwAt(bytes, bytes.size(), "half a " + name + " character");
+    for (std::size_t at = 0; at < bytes.size(); at += kind.unit) {
+        char32_t c = unitAt(at);
+        if (kind.unit == 2 && isHalfPair(c)) {
+            const char32_t second = unitAt(at += kind.unit);
+            if (c >= 0xDC00 || second < 0xDC00 || !isHalfPair(second))
+                throwAt(text, text.size(), "half a UTF-16 pair");
+            c = 0x10000 + ((c & 0x3FFU) << 10U) + (second & 0x3FFU);
+        }
+        if (c != 0 && !isCharacter(c)) throwAt(text, text.size(), "invalid " + name);
+        appendUtf8(text, c);
+    }
+    return text;
+}
+
+void refuseInvalidUtf8(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t begin = at;
+        const char32_t c = nextCodePoint(text, at);
+        const std::size_t length = at - begin;
+        const std::size_t shortest = c < 0x80 ? 1 : c < 0x800 ? 2 : c < 0x10000 ? 3 : 4;
+        if (length != shortest || isHalfPair(c) || c > 0x10FFFF) throwAt(text, begin, "invalid UTF-8");
     }
 }
 
@@ -81,26 +88,32 @@ constexpr std::array<char16_t, 32> kWindows1252{
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
-// True when the XML declaration names the encoding, given in capitals.
-bool declares(std::string_view bytes, std::string_view encoding) {
-    if (!bytes.starts_with("<?xml")) return false;
-    const std::string_view start = bytes.substr(0, 512);
-    const std::string declaration = upperCased(start.substr(0, start.find("?>")));
-    const std::size_t place = declaration.find(encoding);
-    return place != std::string::npos && declaration.find_first_of("\"'", place) == place + encoding.size();
+// The encoding that the XML declaration names; empty when it names none.
+std::string_view declaredEncoding(std::string_view bytes) {
+    if (!bytes.starts_with("<?xml")) return {};
+    const std::string_view declaration = bytes.substr(0, bytes.find("?>"));
+    const std::size_t begin = declaration.find_first_of("\"'", declaration.find("encoding"));
+    if (begin == std::string_view::npos) return {};
+    const std::string_view value = declaration.substr(begin + 1);
+    return value.substr(0, value.find(declaration[begin]));
 }
 
-struct Text {
-    std::string bytes;
-    pugi::xml_encoding encoding;
-};
-
-// Converts single-byte encodings to UTF-8 and leaves others to pugixml. It could convert ISO-8859-1 too, but
-// would then report error positions in its own copy.
-Text decoded(std::string bytes) {
-    const bool windows = declares(bytes, "WINDOWS-1252");
-    if ((!windows && !declares(bytes, "ISO-8859-1")) || isAscii(bytes))
-        return {std::move(bytes), pugi::encoding_auto};
+// The text as UTF-8: pugixml would report error positions in a copy of its own, and it takes unknown
+// encodings and invalid characters for others. Errors: XmlParseError.
+std::string decoded(std::string bytes) {
+    for (const WideText& kind : kWideTexts) {
+        if (bytes.starts_with(kind.begin)) return narrowed(bytes, kind);
+    }
+    if (isAscii(bytes)) return bytes;
+    const std::string_view declared = declaredEncoding(bytes);
+    const std::string encoding = upperCased(declared);
+    const bool windows = encoding == "WINDOWS-1252";
+    if (!windows && encoding != "ISO-8859-1") {
+        if (!encoding.empty() && encoding != "UTF-8")
+            throw XmlParseError(1, "unknown encoding \"" + std::string(declared) + "\"");
+        refuseInvalidUtf8(bytes);
+        return bytes;
+    }
     std::string text;
     text.reserve(bytes.size() + bytes.size() / 8);
     for (const char byte : bytes) {
@@ -108,7 +121,24 @@ Text decoded(std::string bytes) {
         const char32_t character = windows && c >= 0x80 && c < 0xA0 ? kWindows1252[c - 0x80U] : 0;
         appendUtf8(text, character != 0 ? character : c);
     }
-    return {std::move(text), pugi::encoding_utf8};
+    return text;
+}
+
+// pugixml takes a NUL byte for the end of the text, and computes references without a limit.
+void refuseNoCharacters(std::string_view text) {
+    if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos)
+        throwAt(text, nul, "NUL in the text");
+    constexpr std::string_view kBegin = "&#";
+    for (std::size_t at = text.find(kBegin); at != std::string_view::npos; at = text.find(kBegin, at + 1)) {
+        std::string_view digits = text.substr(at + kBegin.size());
+        const bool hexadecimal = digits.starts_with('x');
+        if (hexadecimal) digits.remove_prefix(1);
+        unsigned character = 0;
+        const auto [end, error] =
+            std::from_chars(digits.data(), digits.data() + digits.size(), character, hexadecimal ? 16 : 10);
+        if (error != std::errc::invalid_argument && (error != std::errc() || !isCharacter(character)))
+            throwAt(text, at, "a reference to no character");
+    }
 }
 
 bool isBlank(std::string_view text) {
@@ -194,6 +224,23 @@ std::optional<Failure> contentOutsideRoot(const pugi::xml_document& document) {
     return std::nullopt;
 }
 
+// Only of the root's grandchildren: no others are read, and looking at every element would take a fifteenth
+// of the time that opening a file takes.
+std::optional<Failure> attributeTwice(const pugi::xml_document& document) {
+    std::vector<std::string_view> names;
+    for (const pugi::xml_node& section : document.document_element()) {
+        for (const pugi::xml_node& element : section) {
+            names.clear();
+            for (const pugi::xml_attribute& attribute : element.attributes())
+                names.emplace_back(attribute.name());
+            std::ranges::sort(names);
+            if (std::ranges::adjacent_find(names) != names.end())
+                return Failure{element.offset_debug(), "An attribute is given twice"};
+        }
+    }
+    return std::nullopt;
+}
+
 // Parsing overwrites the text. To find the line of an error, `again` provides the bytes once more.
 template <typename Again>
 std::unique_ptr<XmlDocument> parsed(std::string bytes, Again again) {
@@ -201,19 +248,19 @@ std::unique_ptr<XmlDocument> parsed(std::string bytes, Again again) {
     // Storing an element's text as its value halves the number of nodes.
     constexpr unsigned kOptions =
         pugi::parse_default | pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata | pugi::parse_fragment;
-    refuseHalfPairs(bytes);
-    Text text = decoded(std::move(bytes));
     auto made = std::make_unique<PugiDocument>();
-    made->source = std::move(text.bytes);
-    const pugi::xml_parse_result result =
-        made->document.load_buffer_inplace(made->source.data(), made->source.size(), kOptions, text.encoding);
+    made->source = decoded(std::move(bytes));
+    refuseNoCharacters(made->source);
+    const pugi::xml_parse_result result = made->document.load_buffer_inplace(
+        made->source.data(), made->source.size(), kOptions, pugi::encoding_utf8);
     if (result.status == pugi::status_out_of_memory) throw RuntimeError(ErrorNumber::OutOfMemory);
-    auto failure = result ? contentOutsideRoot(made->document)
-                          : std::optional(Failure{result.offset, result.description()});
+    std::optional<Failure> failure{{result.offset, result.description()}};
+    if (result) failure = contentOutsideRoot(made->document);
+    if (!failure) failure = attributeTwice(made->document);
     if (!failure) return std::unique_ptr<XmlDocument>(std::move(made));
     made.reset();
-    throwParseError(decoded(again()).bytes,
-                    static_cast<std::size_t>(std::max<std::ptrdiff_t>(failure->offset, 0)), failure->reason);
+    throwAt(decoded(again()), static_cast<std::size_t>(std::max<std::ptrdiff_t>(failure->offset, 0)),
+            failure->reason);
 }
 
 }  // namespace
