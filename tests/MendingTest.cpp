@@ -177,14 +177,30 @@ TEST(Mending, ErrorsNameLineAndReason) {
         {replaced(bad, "\t\t</PLC>\r\n", ""), "16, expected </PLC> in ImportXML"},
         {replaced(bad, "<address>1<", "<adress>1<"), "11, expected <address> in ImportXML"},
         {bad + "x", "19, expected the end of the file in ImportXML"},
+        {replaced(bad, "<tag>", "<TAG>"), "10, Error parsing start element tag in ImportXML"},
+        {replaced(bad, "\t\t\t</tags>", replaced(tagText(4, "b"), "<tag>", "<TAG>") + "\r\n\t\t\t</tags>"),
+         "15, expected <tag> in ImportXML"},
         {replaced(bad, "ISO-8859-1", "UTF-8"), "10, Error parsing start element tag in ImportXML"},
     };
     Folder place;
     for (const auto& [bytes, message] : table) EXPECT_EQ(place.refusal(bytes), front + message);
+}
+
+// What other programs do to a file that they do not understand, and what a parser could take for markup.
+TEST(Mending, TakesWhatWasOnlyTransferred) {
+    const std::string bad = oneItem("a<\xE4");
     std::string unixLines = bad;
     std::erase(unixLines, '\r');
-    place.openText(unixLines);
-    EXPECT_EQ(place.item("P.Run").sComment(), "a<b");
+    Folder place;
+    for (const auto& [bytes, unit] :
+         Fields{{unixLines, "P"},
+                {bad + "\r\n \t\n", "P"},
+                {"\xEF\xBB\xBF" + replaced(bad, "\xE4", "\xC3\xA4"), "P"},
+                {replaced(bad, "P\" address", "P\" id=\"5\" address"), "P\" id=\"5"},
+                {replaced(oneItem("a<\xE4"), "a<", "a&#60;"), "P"}}) {
+        place.openText(bytes);
+        EXPECT_EQ(place.item(unit + ".Run").sComment(), "a<ä");
+    }
 }
 
 // A file that lacks one character or one line is refused or opens with all its items. A value must never
@@ -241,18 +257,20 @@ TEST(HostileFiles, AreRefusedWithAReason) {
         {oneItem("").substr(0, 200) + std::string(5000, '\0'), "not a NUL byte"},
         {comment16("\x3D\xD8@\0"s), "half a UTF-16 pair"},
         {comment16("\x00\xDE@\0"s), "half a UTF-16 pair"},
+        {comment16("\0\0@\0"s), "line 10, NUL"},
         {wide + "x", "half a UTF-16 character"},
+        {wide + "\0\0<\0"s, "line 19, NUL"},
     };
     Folder place;
     for (const auto& [bytes, part] : table) {
         const std::string message = place.refusal(bytes);
         EXPECT_NE(message.find(part), std::string::npos) << message;
     }
-    for (const char* half : {"&#xD83D;", "&#56832;"}) {
-        const std::string message = place.refusal(replaced(oneItem(half), "ISO-8859-1", "UTF-8"));
-        EXPECT_NE(message.find("line 10, half a UTF-16 pair"), std::string::npos) << message;
-        place.openText(oneItem(half));  // in a file of the editor this is plain text
-        EXPECT_EQ(place.item("P.Run").sComment(), half);
+    for (const char* none : {"&#xD83D;", "&#56832;", "&#0;", "&#x110000;", "&#4294967361;"}) {
+        const std::string message = place.refusal(replaced(oneItem(none), "ISO-8859-1", "UTF-8"));
+        EXPECT_NE(message.find("line 10, a reference to no character"), std::string::npos) << message;
+        place.openText(oneItem(none));  // of the writer's shape: then it is what somebody typed
+        EXPECT_EQ(place.item("P.Run").sComment(), none);
     }
     place.openText(comment16("\x3D\xD8\x00\xDE"s));
     EXPECT_EQ(place.item("P.Run").sComment(), "\xF0\x9F\x98\x80");

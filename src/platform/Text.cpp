@@ -43,6 +43,16 @@ char32_t nextCodePoint(std::string_view text, std::size_t& position) {
     return c;
 }
 
+std::size_t invalidUtf8(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t begin = at;
+        const char32_t c = nextCodePoint(text, at);
+        const std::size_t shortest = c < 0x80 ? 1 : c < 0x800 ? 2 : c < 0x10000 ? 3 : 4;
+        if (at - begin != shortest || (c != 0 && !isCharacter(c))) return begin;
+    }
+    return std::string_view::npos;
+}
+
 void appendUtf8(std::string& out, char32_t c) {
     if (c < 0x80) {
         out += static_cast<char>(c);

@@ -7,6 +7,18 @@ namespace trevandix {
 
 bool isAscii(std::string_view text);
 
+/// Half of a UTF-16 pair, which is no character.
+constexpr bool isHalfPair(char32_t codePoint) {
+    return codePoint >= 0xD800 && codePoint <= 0xDFFF;
+}
+/// False for NUL too.
+constexpr bool isCharacter(char32_t codePoint) {
+    return codePoint != 0 && codePoint <= 0x10FFFF && !isHalfPair(codePoint);
+}
+
+/// Where the text stops to be UTF-8; npos when all of it is.
+std::size_t invalidUtf8(std::string_view text);
+
 /// Decodes the code point at `position` of UTF-8 `text` and moves `position` past it. An invalid byte is read
 /// as Latin-1, so that no text is lost.
 char32_t nextCodePoint(std::string_view text, std::size_t& position);

@@ -11,6 +11,7 @@
 #include "platform/Text.h"
 #include "platform/Xml.h"
 #include "xmlfile/FormatWords.h"
+#include "xmlfile/Latin1Lines.h"
 
 namespace trevandix {
 
@@ -45,8 +46,7 @@ Character characterAt(std::string_view bytes) {
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
     const bool own = error == std::errc() && end == digits.data() + digits.size() && digits.front() != '0' &&
                      std::ranges::none_of(digits, [](char c) { return c >= 'a'; });
-    const bool halfPair = value >= 0xD800 && value <= 0xDFFF;
-    if (!own || value <= 0xFF || value > 0x10FFFF || halfPair) return byte;
+    if (!own || value <= 0xFF || !isCharacter(value)) return byte;
     return {value, stop + 1};
 }
 
@@ -96,7 +96,7 @@ public:
         while (begins(2, "<PLC")) unit(rtu);
         line(1, "</OPC_DA>");
         line(0, "</" + root + ">");
-        if (at_ < bytes_.size()) fail("the end of the file");
+        if (bytes_.find_first_not_of(" \t\r\n", at_) != std::string_view::npos) fail("the end of the file");
         return std::move(out_);
     }
 
@@ -141,8 +141,14 @@ private:
                 item(depth);
             } else if (begins(depth, "<")) {
                 if (content_.size() < 2 || !content_.ends_with('>')) fail(">");
+                const std::size_t line = at_;
                 branches.push_back(content_.substr(1, content_.size() - 2));
                 print("<" + nameCarrying(inUtf8(branches.back())) + ">");
+                if (upperCased(branches.back()) == "TAG" && begins(depth + 1, "<name>") &&
+                    content_.ends_with("</name>")) {
+                    at_ = line;
+                    fail("<tag>");
+                }
             } else if (!branches.empty()) {
                 const std::string_view name = branches.back();
                 if (depth_ != depth - 1 || content_ != "</" + std::string(name) + ">")
@@ -233,7 +239,12 @@ private:
 }  // namespace
 
 std::string mended(std::string_view bytes) {
-    return Mending(bytes).run();
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    if (!bytes.starts_with(kMark)) return Mending(bytes).run();
+    if (invalidUtf8(bytes) != std::string_view::npos) throw XmlParseError(1, "expected UTF-8");
+    std::string latin1;
+    appendLatin1(latin1, bytes.substr(kMark.size()));
+    return Mending(latin1).run();
 }
 
 }  // namespace trevandix

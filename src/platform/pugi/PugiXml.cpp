@@ -25,13 +25,6 @@ namespace {
     throw XmlParseError(1 + static_cast<std::size_t>(std::count(bytes.begin(), end, '\n')), reason);
 }
 
-bool isHalfPair(char32_t c) {
-    return c >= 0xD800 && c <= 0xDFFF;
-}
-bool isCharacter(char32_t c) {
-    return c != 0 && c <= 0x10FFFF && !isHalfPair(c);
-}
-
 // How texts of more than one byte a character begin: with a byte-order mark or with "<".
 struct WideText {
     std::string_view begin;
@@ -72,16 +65,6 @@ std::string narrowed(std::string_view bytes, const WideText& kind) {
     return text;
 }
 
-void refuseInvalidUtf8(std::string_view text) {
-    for (std::size_t at = 0; at < text.size();) {
-        const std::size_t begin = at;
-        const char32_t c = nextCodePoint(text, at);
-        const std::size_t length = at - begin;
-        const std::size_t shortest = c < 0x80 ? 1 : c < 0x800 ? 2 : c < 0x10000 ? 3 : 4;
-        if (length != shortest || isHalfPair(c) || c > 0x10FFFF) throwAt(text, begin, "invalid UTF-8");
-    }
-}
-
 // Bytes 80 to 9F of Windows-1252; 0 for an unassigned byte, which is kept as a control character.
 constexpr std::array<char16_t, 32> kWindows1252{
     0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
@@ -111,7 +94,8 @@ std::string decoded(std::string bytes) {
     if (!windows && encoding != "ISO-8859-1") {
         if (!encoding.empty() && encoding != "UTF-8")
             throw XmlParseError(1, "unknown encoding \"" + std::string(declared) + "\"");
-        refuseInvalidUtf8(bytes);
+        const std::size_t invalid = invalidUtf8(bytes);
+        if (invalid != std::string::npos) throwAt(bytes, invalid, "invalid UTF-8");
         return bytes;
     }
     std::string text;
