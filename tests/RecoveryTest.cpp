@@ -101,7 +101,10 @@ TEST(Recovery, IsDeletedAfterSavingOrDeclining) {
 
 TEST(Recovery, OffersUnsavedWorkAfterACrash) {
     Edited place;
-    plant(place, {"U.b"});
+    // What a parser would take for markup.
+    plant(place, {"U.b", "U.tag/", "U.tag.name/", "U.tag.b", "U.B/", "U.B.Tag/"});
+    plantUnit(place.configuration, "V", "1.1.1.1\" port=\"77");
+    place.item("U.b").sComment("&amp;<b/>");
     place.tick(3, 3);
     writeFile(place.path("test.xml"), "written by another program");
     const std::string path = place.path("test.xml");
@@ -112,7 +115,7 @@ TEST(Recovery, OffersUnsavedWorkAfterACrash) {
     EXPECT_EQ(next.messages.buttons, Buttons::YesNo);
     EXPECT_EQ(next.configuration.tree.root()->text(), path);
     EXPECT_FALSE(next.configuration.state.saved);
-    EXPECT_EQ(next.wanted(), place.wanted());
+    EXPECT_EQ(fileContents(next.configuration), fileContents(place.configuration));
     EXPECT_EQ(next.wrong(), Texts{});
 
     Next third(next, Answer::Yes);  // the second run crashed before it wrote anything

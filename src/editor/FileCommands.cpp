@@ -13,6 +13,18 @@ constexpr std::string_view kFilter = "configuration files |*.xml";
 constexpr std::string_view kSaveActive = "Do you want to save active configuration?";
 constexpr std::string_view kSaveThis = "Do you want to save this configuration?";
 
+/// Sets a flag for the lifetime of this object.
+class FlagScope {
+public:
+    explicit FlagScope(bool& flag) : flag_(flag) { flag_ = true; }
+    ~FlagScope() { flag_ = false; }
+    FlagScope(const FlagScope&) = delete;
+    FlagScope& operator=(const FlagScope&) = delete;
+
+private:
+    bool& flag_;
+};
+
 }  // namespace
 
 FileCommands::SaveQuestion FileCommands::askToSave(std::string_view question) {
@@ -82,14 +94,14 @@ void FileCommands::openFile(const std::string& filePath) {
 void FileCommands::load(const std::string& filePath, SaveQuestion asked) {
     keepUnasked(asked);
     const auto stamp = FileStamp::of(filePath);  // before reading: who writes meanwhile is noticed
-    if (read(filePath, filePath)) file_.opened(stamp);
+    if (read(filePath, filePath, Origin::AnyProgram)) file_.opened(stamp);
 }
 
 bool FileCommands::recover(const std::string& content, const std::string& filePath,
                            const std::optional<FileStamp>& stamp) {
     bool recovered = false;
     context_.guarded("mnuOpenCfg_Click", [&] {
-        recovered = read(content, filePath);
+        recovered = read(content, filePath, Origin::OwnWriter);
         if (!recovered) return;
         file_.opened(stamp);
         context_.configuration.markUnsaved();
@@ -101,7 +113,7 @@ bool FileCommands::recover(const std::string& content, const std::string& filePa
     return recovered;
 }
 
-bool FileCommands::read(const std::string& source, const std::string& filePath) {
+bool FileCommands::read(const std::string& source, const std::string& filePath, Origin origin) {
     Configuration& configuration = context_.configuration;
     // From here on the old configuration is gone, and the new one is not there before it has been read whole.
     configuration.setOpen(false);
@@ -115,9 +127,8 @@ bool FileCommands::read(const std::string& source, const std::string& filePath) 
         window.showImportPanel(true);
         context_.enable(Situation::Busy);
         window.processEvents();
-        reading_ = true;
-        complete = ImportXML(configuration, source, context_.platform);
-        reading_ = false;
+        const FlagScope reading(reading_);
+        complete = ImportXML(configuration, source, origin, context_.platform);
     }
     if (complete) {
         finishLoad();
@@ -137,9 +148,8 @@ void FileCommands::finishLoad() {
     views_.TreeView1_NodeClick(*configuration.tree.root());
     context_.enable(Situation::AfterNew);
     context_.platform.window.focusTree();
-    reading_ = true;
+    const FlagScope reading(reading_);
     context_.platform.window.processEvents();  // discards keys typed during the load
-    reading_ = false;
 }
 
 bool FileCommands::writeAndPublish() {

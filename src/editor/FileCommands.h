@@ -11,6 +11,8 @@
 
 namespace trevandix {
 
+enum class Origin;
+
 /// New, Open, Save, Save As, Close and Exit, with publication of the saved path.
 class FileCommands {
 public:
@@ -46,7 +48,7 @@ private:
     bool ShowDialSave(std::string& fileName) const;
     void load(const std::string& filePath, SaveQuestion asked);
     void keepUnasked(SaveQuestion asked) const;
-    bool read(const std::string& source, const std::string& filePath);
+    bool read(const std::string& source, const std::string& filePath, Origin origin);
     void finishLoad();
     bool writeAndPublish();
     void save();

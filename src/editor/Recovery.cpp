@@ -78,7 +78,7 @@ void Recovery::write(const std::string& leftOn) {
     const std::string content = files_.nextContent();
     OutputFile file(content);
     Latin1Lines lines(file);
-    ConfigurationPrinter printer(context_.configuration, ConfigurationPrinter::Gaps::Skip);
+    ConfigurationPrinter printer(context_.configuration, ConfigurationPrinter::Purpose::Recovery);
     printer.printSome(lines, std::numeric_limits<std::size_t>::max());
     file.close();  // not synced: it is there for a crash of the program, not of the machine
     files_.commit({content, context_.state().filePath, file_.stamp(), leftOn});

@@ -13,7 +13,8 @@ namespace trevandix {
 
 /// Reads the file into the configuration, as `ConfigurationReader` does. False when the file is no
 /// configuration or reading failed; the user has been told then.
-bool ImportXML(Configuration& configuration, const std::string& filePath, const Platform& platform);
+bool ImportXML(Configuration& configuration, const std::string& filePath, Origin origin,
+               const Platform& platform);
 /// False when writing failed; the user has been told then.
 bool CreateXML(const Configuration& configuration, const std::string& filePath, SafeFile& file,
                const Platform& platform);

@@ -46,7 +46,7 @@ void ConfigurationPrinter::beginUnit(Latin1Lines& file) {
     const auto [key, unit] = *unit_;
     file.print(unit->GetXmlTag(configuration_.state.interfaceKind));
     file.print("\t\t\t<tags>");
-    unitNode_ = gaps_ == Gaps::Fail ? &configuration_.tree.at(key) : configuration_.tree.find(key);
+    unitNode_ = purpose_ == Purpose::File ? &configuration_.tree.at(key) : configuration_.tree.find(key);
     if (unitNode_ == nullptr) return endUnit(file);
     node_ = unitNode_->firstChild();
     depth_ = kUnitChildDepth;
@@ -65,31 +65,34 @@ void ConfigurationPrinter::end(Latin1Lines& file) {
     if (kind != nullptr) file.print("</" + std::string(kind->rootTag) + ">");
 }
 
+void ConfigurationPrinter::printTag(Latin1Lines& file, int depth, std::string_view begin,
+                                    const std::string& branch) const {
+    const bool looksLikeItem = purpose_ == Purpose::Recovery && branch == "tag";
+    file.print(Indentation(depth).append(begin) + (looksLikeItem ? "TAG" : branch) + ">");
+}
+
 // Walks without recursion: branches may nest as deeply as they like.
 void ConfigurationPrinter::PrintBranch(Latin1Lines& file, std::size_t& nodes) {
-    const auto endTag = [&](const TreeNode& branch, int depth) {
-        file.print(Indentation(depth) + "</" + branch.text() + ">");
-    };
     int depth = depth_;
     const TreeNode* node = node_;
     for (; node != nullptr && nodes > 0; --nodes) {
         if (node->tag() == NodeTag::Item) {
-            if (gaps_ == Gaps::Fail || configuration_.items.contains(node->key())) {
+            if (purpose_ == Purpose::File || configuration_.items.contains(node->key())) {
                 const clsItem& item = configuration_.items.at(node->key(), nextItem_);
                 file.printWith([&](std::string& out) { item.appendXmlTag(out, depth); });
             }
         } else {
-            file.print(Indentation(depth) + "<" + node->text() + ">");
+            printTag(file, depth, "<", node->text());
             if (node->firstChild() != nullptr) {
                 node = node->firstChild();
                 ++depth;
                 continue;
             }
-            endTag(*node, depth);
+            printTag(file, depth, "</", node->text());
         }
         while (node->nextSibling() == nullptr && node->parent() != unitNode_) {
             node = node->parent();
-            endTag(*node, --depth);
+            printTag(file, --depth, "</", node->text());
         }
         node = node->nextSibling();
     }

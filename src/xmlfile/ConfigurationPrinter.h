@@ -12,17 +12,20 @@ class Latin1Lines;
 /// in between.
 class ConfigurationPrinter {
 public:
-    /// What to do where a unit has no node or an item's node no record, as some drags leave them.
-    enum class Gaps {
-        Fail,  ///< ElementNotFound, InvalidCall
-        Skip,  ///< the rest is worth keeping
+    enum class Purpose {
+        /// A unit without a node or an item's node without a record, as some drags leave them, is an error:
+        /// ElementNotFound, InvalidCall.
+        File,
+        /// For `Origin::OwnWriter` of the reader. Skips such gaps, as the rest is worth keeping, and prints a
+        /// branch called "tag" in capitals, as it comes back anyway: "<tag>" is an item.
+        Recovery,
     };
 
-    explicit ConfigurationPrinter(const Configuration& configuration, Gaps gaps = Gaps::Fail)
-        : configuration_(configuration), gaps_(gaps) {}
+    explicit ConfigurationPrinter(const Configuration& configuration, Purpose purpose = Purpose::File)
+        : configuration_(configuration), purpose_(purpose) {}
 
     /// Prints on for about as many nodes. False when everything is printed. Errors: those of the file and of
-    /// gaps.
+    /// the purpose.
     bool printSome(Latin1Lines& file, std::size_t nodes);
 
 private:
@@ -32,9 +35,11 @@ private:
     void end(Latin1Lines& file);
     /// What is below a unit's node, in the order of the tree.
     void PrintBranch(Latin1Lines& file, std::size_t& nodes);
+    /// `begin` is "<" or "</".
+    void printTag(Latin1Lines& file, int depth, std::string_view begin, const std::string& branch) const;
 
     const Configuration& configuration_;
-    Gaps gaps_;
+    Purpose purpose_;
     bool begun_ = false;
     KeyedCollection<clsPLC>::Iterator unit_;
     KeyedCollection<clsItem>::Iterator nextItem_;  // the item expected next: both orders are mostly the same

@@ -18,14 +18,23 @@ void forEachElement(const XmlElement& parent, Read read) {
     for (XmlElement child = parent.firstChild(); child; child = child.nextSibling()) read(child);
 }
 
-// Mends only what the parser refuses. Where the file cannot be mended either, the failure further down in it
-// is told.
-std::unique_ptr<XmlDocument> parsedFile(XmlParser& parser, const std::string& filePath) {
+std::unique_ptr<XmlDocument> mendedFile(XmlParser& parser, const std::string& filePath) {
+    return parser.parse(mended(readWholeFile(filePath)));
+}
+
+// Where neither way can be gone, the failure further down in the file is told.
+std::unique_ptr<XmlDocument> parsedFile(XmlParser& parser, const std::string& filePath, Origin origin) {
+    if (origin == Origin::OwnWriter) {
+        try {
+            return mendedFile(parser, filePath);
+        } catch (const XmlParseError&) {
+        }
+    }
     try {
         return parser.load(filePath);
     } catch (const XmlParseError& notXml) {
         try {
-            return parser.parse(mended(readWholeFile(filePath)));
+            return mendedFile(parser, filePath);
         } catch (const XmlParseError& notOurs) {
             if (notOurs.line() > 1 && notOurs.line() >= notXml.line()) throw;
         }
@@ -64,9 +73,9 @@ ConfigurationReader::ConfigurationReader(Configuration& configuration, XmlParser
                                          std::function<void()> itemRead)
     : configuration_(configuration), parser_(parser), itemRead_(std::move(itemRead)) {}
 
-bool ConfigurationReader::read(const std::string& filePath) {
+bool ConfigurationReader::read(const std::string& filePath, Origin origin) {
     try {
-        return readDocument(*parsedFile(parser_, filePath));
+        return readDocument(*parsedFile(parser_, filePath, origin));
     } catch (const RuntimeError& failure) {
         const std::string backup = wholeBackupOf(filePath);
         if (backup.empty()) throw;

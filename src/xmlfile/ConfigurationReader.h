@@ -12,6 +12,12 @@ namespace trevandix {
 /// What the user is told of a file that is no configuration.
 inline constexpr std::string_view kNoConfiguration = "The configuration file is not valid.";
 
+/// Who wrote a file. Values stand in it unescaped, so that the same lines can mean two things.
+enum class Origin {
+    AnyProgram,  ///< XML, and only what the parser refuses is taken for lines of the writer
+    OwnWriter,   ///< lines of the writer, and only what those cannot be is taken for XML
+};
+
 /// Loads a configuration file into the collections and the tree, which already has its first node and the
 /// ModBus folder.
 class ConfigurationReader {
@@ -24,7 +30,7 @@ public:
     /// those of the parser, InvalidCall (no name), ObjectNotSet (something is missing), TypeMismatch,
     /// Overflow, KeyInCollection, KeyNotUnique; the description names a whole backup if one stands beside the
     /// file. What was read up to there stays.
-    bool read(const std::string& filePath);
+    bool read(const std::string& filePath, Origin origin = Origin::AnyProgram);
 
 private:
     bool readDocument(const XmlDocument& document);
