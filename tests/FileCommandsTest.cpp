@@ -87,10 +87,16 @@ TEST(FileCommands, SaveAsksBeforeOverwriting) {
 TEST(FileCommands, FailedSaveIsReportedOnceAndNotPublished) {
     Changed place;
     std::filesystem::create_directory(place.folder / "folder.xml");
-    for (const auto& [path, error] : Fields{{place.path("missing/x.xml"), "53  File not found"},
-                                            {place.path("folder.xml"), "75  Path/File access error"},
+    const std::string longest = place.path(std::string(252, 'n'));
+    writeFile(longest, "");
+    for (const auto& [path, error] : Fields{
+             {place.path("missing/x.xml"), "53  File not found"},
+             {place.path("folder.xml"), "75  Path/File access error"},
 #ifdef __linux__
-                                            {"/proc/version", "70  Permission denied"}
+             {"/proc/version", "70  Permission denied"},
+             {longest,
+              "75  Path/File access error: the name is too long for the "
+              "\".bak\" behind it that saving needs"},
 #endif
          }) {
         place.fileDialog.choice = path;
@@ -150,6 +156,28 @@ TEST(FileCommands, CloseAndExitAskOnceAndEndTheConfiguration) {
             EXPECT_TRUE(leaving.configuration.units.empty());
         }
     }
+}
+
+TEST(FileCommands, OpenResetsTheView) {
+    Changed place;
+    EditingState& state = behindTheDoor(place.configuration.state);
+    state.copyBuffer.resize(5);
+    state.pasteCounter = 9;
+    place.list.sortBy(1);
+    place.messages.answers = {Answer::No};
+    place.fileDialog.choice = (std::filesystem::path(TREVANDIX_SAMPLES) / "water-works.xml").string();
+    place.window.onEvents = [&] {
+        if (!place.window.panelVisible) throw std::runtime_error("in the midst of reading");
+    };
+    EXPECT_NO_THROW(place.run("mnuOpenCfg"));
+    place.window.onEvents = {};
+    place.messages.take();
+    place.run("mnuOpenCfg");
+    EXPECT_EQ(place.fileDialog.calls.back(), "Open as existing configuration|configuration files |*.xml");
+    EXPECT_TRUE(state.interfaceKind == kTcpIp && state.copyBuffer.size() == 1 && state.pasteCounter == 1);
+    EXPECT_FALSE(place.list.sorted());
+    EXPECT_EQ(place.list.rows().size(), 4U);
+    EXPECT_TRUE(place.window.menus["mnuAddPlc"] && !place.window.menus["mnuPaste"]);
 }
 
 }  // namespace trevandix::testing

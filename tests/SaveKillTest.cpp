@@ -1,6 +1,7 @@
 // Tests that need a child process: a kill at every system call of a save, a full disk, missing permissions.
 #ifdef __linux__
 
+#include <grp.h>
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/mount.h>
@@ -152,22 +153,33 @@ TEST(SaveKill, FullDiskKeepsTheOldContent) {
     EXPECT_EQ(code, 0);
 }
 
-// Refused before any file is changed.
-TEST(SaveKill, MissingPermissionsChangeNothing) {
-    for (const bool folderToo : {false, true}) {
+// Refused before anything is touched. Who may write another user's file leaves everybody the rights they had.
+TEST(SaveKill, RightsOfAnotherUsersFile) {
+    struct Row {
+        mode_t file, folder, after;  // 0: refused
+    };
+    for (const auto& [file, folder, after] :
+         {Row{0444, 0777, 0}, Row{0666, 0555, 0}, Row{0666, 0777, 0666}, Row{0662, 0777, 0622}}) {
+        SCOPED_TRACE(file);
         Large place;
         const std::string path = place.path("test.xml");
-        chmod(path.c_str(), folderToo ? 0666 : 0444);
-        chmod(place.folder.c_str(), folderToo ? 0555 : 0777);
+        chmod(path.c_str(), file);
+        chmod(place.folder.c_str(), folder);
         const int code = inChild([&] {
-            if (getuid() == 0 && setuid(kNobody) != 0) return kNotPossible;
+            if (getuid() == 0 && (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0))
+                return kNotPossible;
             place.run("mnuSaveCfg");
-            return place.messages.texts.back() == " Error n. 70  Permission denied in CreateXML" ? 0 : 1;
+            const std::string wanted =
+                after == 0 ? " Error n. 70  Permission denied in CreateXML" : path + " saved";
+            return place.messages.texts.back() == wanted ? 0 : 1;
         });
         chmod(place.folder.c_str(), 0777);
         if (code == kNotPossible) GTEST_SKIP() << "root cannot become another user here";
-        EXPECT_EQ(code, 0) << folderToo;
-        EXPECT_EQ(readFile(path), place.before);
+        EXPECT_EQ(code, 0);
+        EXPECT_EQ(readFile(path), after == 0 ? place.before : place.after);
+        struct stat now {};
+        ASSERT_EQ(stat(path.c_str(), &now), 0);
+        EXPECT_EQ(now.st_mode & 0777U, after == 0 || getuid() != 0 ? file : after);
         EXPECT_FALSE(fs::exists(path + ".bak"));
     }
 }

@@ -10,6 +10,8 @@
 #include "platform/RuntimeError.h"
 
 #ifdef _WIN32
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <windows.h>
 // After it: needs its types.
 #include <io.h>
@@ -35,6 +37,10 @@ std::error_code moveToFreeName(const std::string& from, const std::string& to) {
         case ERROR_ALREADY_EXISTS:
         case ERROR_FILE_EXISTS:
             return std::make_error_code(std::errc::file_exists);
+        case ERROR_FILENAME_EXCED_RANGE:
+        case ERROR_INVALID_NAME:
+        case ERROR_PATH_NOT_FOUND:  // the folder has the file, so the path is too long
+            return std::make_error_code(std::errc::filename_too_long);
         case ERROR_ACCESS_DENIED:
         case ERROR_SHARING_VIOLATION:
         case ERROR_LOCK_VIOLATION:
@@ -52,6 +58,15 @@ bool mayBeWritten(const std::string& path) {
 
 bool bringToDisk(std::FILE* file) {
     return _commit(_fileno(file)) == 0;
+}
+
+std::FILE* makeFile(const std::string& path) {
+    errno = 0;
+    const int handle =
+        _wopen(fromUtf8(path).c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
+    std::FILE* file = handle < 0 ? nullptr : _fdopen(handle, "wb");
+    if (file == nullptr) throwFileError(errno);
+    return file;
 }
 
 // A new file has those of its folder, as every program leaves it here.
@@ -86,6 +101,10 @@ bool mayBeWritten(const std::string& path) {
     return access(path.c_str(), W_OK) == 0 || (errno != EACCES && errno != EROFS);
 }
 
+std::FILE* makeFile(const std::string& path) {
+    return openFile(path, "wbx");
+}
+
 // What is no file on a disk cannot be brought there.
 bool bringToDisk(std::FILE* file) {
     return fsync(fileno(file)) == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
@@ -95,13 +114,13 @@ void copyRights(const std::string& from, const std::string& to) {
     struct stat model {};
     struct stat made {};
     if (stat(from.c_str(), &model) != 0 || stat(to.c_str(), &made) != 0) return;
-    // The group alone as well: that is what a user who does not own the file may often set. Without it, what
-    // the group was allowed is not for another one.
+    // The group alone as well: that is what a user who does not own the file may often set. Without it, the
+    // file's new group may do what everybody may.
     mode_t mode = model.st_mode & 0777U;
     if (model.st_uid != made.st_uid || model.st_gid != made.st_gid) {
         if (chown(to.c_str(), model.st_uid, model.st_gid) != 0 &&
             chown(to.c_str(), static_cast<uid_t>(-1), model.st_gid) != 0) {
-            mode &= ~static_cast<mode_t>(S_IRWXG);
+            mode = (mode & ~static_cast<mode_t>(S_IRWXG)) | (mode & S_IRWXO) << 3U;
         }
     }
     chmod(to.c_str(), mode);
@@ -130,6 +149,10 @@ std::string moveAside(const std::string& path) {
         const std::string name = backupName(path, number);
         error = moveToFreeName(path, name);
         if (!error) return name;
+        if (error == std::errc::filename_too_long) {
+            throw RuntimeError(ErrorNumber::PathFileAccess,
+                               "the name is too long for the \".bak\" behind it that saving needs");
+        }
         // Where nothing can be made, the new name is what is not found.
         if (error == std::errc::no_such_file_or_directory) throw RuntimeError(ErrorNumber::PermissionDenied);
         if (error != std::errc::file_exists) throwFileError(error.value());
@@ -157,7 +180,7 @@ std::string FileStamp::localTime() const {
     return text.data();
 }
 
-OutputFile::OutputFile(const std::string& filePath) : buffer_(kPiece), file_(openFile(filePath, "ab")) {
+OutputFile::OutputFile(const std::string& filePath) : buffer_(kPiece), file_(makeFile(filePath)) {
     std::setvbuf(file_, buffer_.data(), _IOFBF, buffer_.size());
 }
 
@@ -193,17 +216,26 @@ void SafeFile::replace(const std::string& filePath, const std::function<void(Out
     putOldBack(path);
     stamp_ = FileStamp::of(path);
     const std::string backup = moveAside(path);
+    std::optional<OutputFile> file;
+    const auto keepBooks = [&] {
+        const bool ours = file.has_value();  // what is at the path, not another program's work
+        file.reset();
+        if (ours) stamp_ = FileStamp::of(path);
+        if (!backup.empty()) unfinished_ = {path, ours ? stamp_ : std::nullopt, backup};
+    };
     try {
-        OutputFile file(path);
+        file.emplace(path);
         if (!backup.empty()) copyRights(backup, path);
-        write(file);
-        file.sync();
-        file.close();
+        write(*file);
+        file->sync();
+        file->close();
     } catch (const RuntimeError& failure) {
-        stamp_ = FileStamp::of(path);  // a part of ours, not another program's work
+        keepBooks();
         if (backup.empty()) throw;
-        unfinished_ = {path, stamp_, backup};
         throw failure.with("the previous file is kept as " + backup);
+    } catch (...) {
+        keepBooks();
+        throw;
     }
     stamp_ = FileStamp::of(path);
     if (backup.empty()) return;

@@ -26,7 +26,7 @@ struct FileStamp {
 /// A file that is being written, in large pieces. Errors of all operations: as `throwFileError`.
 class OutputFile {
 public:
-    /// Makes the file, or goes on at its end.
+    /// Makes the file. Errors: PathFileAccess when there is one.
     explicit OutputFile(const std::string& filePath);
     /// Closes the file with what was written so far; a failure is ignored.
     ~OutputFile();
