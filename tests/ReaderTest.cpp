@@ -23,6 +23,13 @@ std::string good() {
     return fileText({kType}, {unit("PLC1", tagText(4, "Run") + "\r\n")});
 }
 
+// A file that declares the encoding and has the comment.
+std::string encoded(std::string_view encoding, std::string_view comment) {
+    const std::string declared = encoding.empty() ? "" : " encoding=\"" + std::string(encoding) + '"';
+    return replaced(replaced(good(), " encoding=\"ISO-8859-1\"", declared), "<comment>",
+                    "<comment>" + std::string(comment));
+}
+
 std::string rtu(const std::string& fields) {
     return fileText({}, {"<PLC>" + fields + "</PLC>"}, true);
 }
@@ -88,23 +95,21 @@ TEST(Reader, ReadsMarkupInWellFormedFilesAsXml) {
     EXPECT_EQ(place.configuration.units.at("P")->getUI(), 7);
 }
 
-// The same comment in every supported encoding, with and without markup.
-TEST(Reader, ReadsEveryDeclaredEncoding) {
-    const auto with = [](std::string_view encoding, std::string_view comment) {
-        return replaced(replaced(good(), "ISO-8859-1", encoding), "<comment>",
-                        "<comment>" + std::string(comment));
-    };
+// A comment in each encoding that files declare, and with markup, comes back as the same text.
+TEST(Reader, KnowsTheEncodingsOfFiles) {
     const std::string euro = "Füllstand 5° €";
     for (const auto& [bytes, comment] :
-         Fields{{with("ISO-8859-1", "F\xFCllstand 5\xB0"), "Füllstand 5°"},
-                {with("ISO-8859-1", "F\xFCllstand 5\xB0 &#x20AC;"), euro},
-                {with("UTF-8", euro), euro},
-                {"\xEF\xBB\xBF" + with("UTF-8", euro), euro},
-                {with("windows-1252", "F\xFCllstand 5\xB0 \x80"), euro},
-                {utf16(with("UTF-16", euro)), euro},
-                {with("UTF-8", "   "), "   "},
-                {with("UTF-8", "a &lt;b&gt; &#x20AC; &amp;amp;"), "a <b> € &amp;"},
-                {with("UTF-8", "a<!-- no --><b>&lt;b&gt;</b>"), "a<b>"}}) {
+         Fields{{encoded("ISO-8859-1", "F\xFCllstand 5\xB0"), "Füllstand 5°"},
+                {encoded("ISO-8859-1", "F\xFCllstand 5\xB0 &#x20AC;"), euro},
+                {encoded("UTF-8", euro), euro},
+                {"\xEF\xBB\xBF" + encoded("UTF-8", euro), euro},
+                {encoded("windows-1252", "F\xFCllstand 5\xB0 \x80"), euro},
+                {utf16(encoded("UTF-16", euro)), euro},
+                {encoded("koi8-r", "plain"), "plain"},
+                {encoded("", euro), euro},
+                {encoded("UTF-8", "   "), "   "},
+                {encoded("UTF-8", "a &lt;b&gt; &#x20AC; &amp;amp;"), "a <b> € &amp;"},
+                {encoded("UTF-8", "a<!-- no --><b>&lt;b&gt;</b>"), "a<b>"}}) {
         Workplace place;
         place.openText(bytes);
         ASSERT_EQ(place.messages.take(), Texts{});
@@ -128,11 +133,18 @@ TEST(Reader, RefusesBadFilesWithAMessage) {
         {good() + "and more", " Error n. 1001  The file is not well-formed XML: line 20, "},
         {good() + good().substr(good().find('\n') + 1),
          " Error n. 1001  The file is not well-formed XML: line 20, "},
+        {good() + '\0' + good(), " Error n. 1001  The file is not well-formed XML: line 20, "},
+        {encoded("UTF-8", "a\r\n\xE4"), " Error n. 1001  The file is not well-formed XML: line 12, "},
+        {encoded("", "\xED\xA0\x80"), " Error n. 1001  The file is not well-formed XML: line 11, "},
+        {encoded("KOI8-R", "\xE4"),
+         " Error n. 1001  The file is not well-formed XML: line 1, unknown encoding \"KOI8-R\""},
         {"<other/>", "The configuration file is not valid."},
-        {with("1000", "soon"), " Error n. 13  Type mismatch in BrowsePlc"},
-        {with("id=\"1\"", "id=\"256\""), " Error n. 6  Overflow in BrowsePlc"},
-        {with("readcode = \"3\"", "readcode = \"x\""), " Error n. 13  Type mismatch in ImportXML"},
-        {with(address, "<address>3000000000</address>"), " Error n. 6  Overflow in BrowseBranch"},
+        {with("1000", "soon"), " Error n. 13  Type mismatch: \"timeout\" is \"soon\" in BrowsePlc"},
+        {with("id=\"1\"", "id=\"256\""), " Error n. 6  Overflow: \"id\" is \"256\" in BrowsePlc"},
+        {with("readcode = \"3\"", "readcode = \"x\""),
+         " Error n. 13  Type mismatch: \"readcode\" is \"x\" in ImportXML"},
+        {with(address, "<address>3000000000</address>"),
+         " Error n. 6  Overflow: \"address\" is \"3000000000\" in BrowseBranch"},
         {with(address, ""), missing + "<tag> has no element \"address\" in BrowseBranch"},
         {with("timeout=", "time="), missing + "<PLC> has no attribute \"timeout\" in BrowsePlc"},
         {with("PLC1", ""), nameless + "<PLC> gives no name: \"\" in BrowsePlc"},

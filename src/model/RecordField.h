@@ -10,6 +10,7 @@
 #include "model/Numbers.h"
 #include "model/XmlFields.h"
 #include "platform/ListView.h"
+#include "platform/RuntimeError.h"
 
 // What the tables of the records' fields are made of. Each record has one table of its fields, in the order
 // of the file, which reading, mending, writing and the taking of entered texts walk, and one of its columns.
@@ -37,6 +38,18 @@ void takeText(Value& value, std::string_view text) {
 template <auto member, NumberText how, typename Record>
 void take(Record& record, std::string_view text) {
     takeText<how>(record.*member, text);
+}
+
+/// Takes a field's text from a file; an error names the field and its text.
+template <typename Record>
+void takeFromFile(Record& record, void (*take)(Record&, std::string_view), std::string_view name,
+                  std::string_view text) {
+    try {
+        take(record, text);
+    } catch (const RuntimeError& failure) {
+        constexpr std::size_t kMost = 40;  // a hostile text may have any length
+        throw failure.with('"' + std::string(name) + "\" is \"" + std::string(text.substr(0, kMost)) + '"');
+    }
 }
 
 template <auto member, typename Record>

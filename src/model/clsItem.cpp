@@ -158,7 +158,7 @@ void clsItem::SetByXml(const XmlElement& element, const Key& container) {
     std::string buffer;
     for (std::size_t i = 0; i < kFields.size(); ++i) {
         if (children[i])
-            kFields[i].take(*this, children[i].text(buffer));
+            takeFromFile(*this, kFields[i].take, kFields[i].element, children[i].text(buffer));
         else if (kFields[i].has == nullptr)
             throwMissing(element, "element", kFields[i].element);
     }

@@ -57,7 +57,8 @@ std::vector<std::string_view> clsModBusType::fieldNames() {
 }
 
 void clsModBusType::SetByXml(const XmlElement& element) {
-    for (const Field& field : Tables::kFields) field.read(*this, requiredAttribute(element, field.name));
+    for (const Field& field : Tables::kFields)
+        takeFromFile(*this, field.read, field.name, requiredAttribute(element, field.name));
 }
 
 void clsModBusType::SetByForm(const DataTypeFields& fields) {

@@ -68,14 +68,14 @@ std::vector<std::string_view> clsPLC::fieldNames(std::string_view interfaceKind)
 void clsPLC::SetByXml(const XmlElement& element, std::string_view interfaceKind) {
     for (const Field& field : Tables::kFields) {
         if (interfaceKind == kTcpIp && field.isOf(kTcpIp))
-            field.read(*this, requiredAttribute(element, field.name));
+            takeFromFile(*this, field.read, field.name, requiredAttribute(element, field.name));
     }
     std::string buffer;
     for (XmlElement child = element.firstChild(); child && interfaceKind == kRtu;
          child = child.nextSibling()) {
         for (const Field& field : Tables::kFields) {
             if (field.isOf(kRtu) && child.isNamed(upperCased(field.name)))
-                field.read(*this, child.text(buffer));
+                takeFromFile(*this, field.read, field.name, child.text(buffer));
         }
     }
     sKey_ = sName_;
