@@ -51,8 +51,9 @@ class SafeFile {
 public:
     /// Replaces the file at the path, or makes it, with what `write` writes. The old content is beside it,
     /// under the same name with ".bak" behind it (or ".bak2" and so on: nothing left by an earlier failure is
-    /// replaced), until the new one is on the disk. A symbolic link stays one; rights, owner and group stay
-    /// as far as the user may set them (on Windows they are those of the folder).
+    /// replaced), until the new one is on the disk. A symbolic link stays one; the other names of a file
+    /// with hard links keep the old content; rights, owner and group stay as far as the user may set them (on
+    /// Windows they are those of the folder).
     ///
     /// Errors: PermissionDenied and PathFileAccess (a folder, pipe or device) before anything is touched;
     /// those of files and of `write` otherwise. The part that was written stays then, and the description
