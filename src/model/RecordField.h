@@ -47,8 +47,9 @@ void takeFromFile(Record& record, void (*take)(Record&, std::string_view), std::
     try {
         take(record, text);
     } catch (const RuntimeError& failure) {
-        constexpr std::size_t kMost = 40;  // a hostile text may have any length
-        throw failure.with('"' + std::string(name) + "\" is \"" + std::string(text.substr(0, kMost)) + '"');
+        constexpr std::size_t kMost = 64;  // a hostile text may have any length
+        const std::string quoted = text.size() > kMost ? "a long text" : '"' + std::string(text) + '"';
+        throw failure.with('"' + std::string(name) + "\" is " + quoted);
     }
 }
 

@@ -91,12 +91,14 @@ std::string decoded(std::string bytes) {
     const std::string_view declared = declaredEncoding(bytes);
     const std::string encoding = upperCased(declared);
     const bool windows = encoding == "WINDOWS-1252";
-    if (!windows && encoding != "ISO-8859-1") {
-        if (!encoding.empty() && encoding != "UTF-8")
-            throw XmlParseError(1, "unknown encoding \"" + std::string(declared) + "\"");
+    if (encoding.empty() || encoding == "UTF-8") {
         const std::size_t invalid = invalidUtf8(bytes);
         if (invalid != std::string::npos) throwAt(bytes, invalid, "invalid UTF-8");
         return bytes;
+    }
+    if (!windows && encoding != "ISO-8859-1") {
+        const bool showable = isAscii(declared) && declared.size() < 64;
+        throw XmlParseError(1, "unknown encoding" + (showable ? " \"" + std::string(declared) + '"' : ""));
     }
     std::string text;
     text.reserve(bytes.size() + bytes.size() / 8);

@@ -9,7 +9,9 @@
 namespace trevandix {
 
 /// XML parser based on pugixml. Detects UTF-8, UTF-16, UTF-32, ISO-8859-1 and Windows-1252 by byte-order mark
-/// or XML declaration. Does not expand entities of a document type.
+/// or XML declaration. Refuses a text in another encoding, with bytes or references that stand for no
+/// character, and with an attribute given twice where records have theirs, below the root's children. Does
+/// not expand entities of a document type.
 class PugiXmlParser : public XmlParser {
 public:
     std::unique_ptr<XmlDocument> load(const std::string& filePath) override;
