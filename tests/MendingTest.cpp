@@ -184,23 +184,19 @@ TEST(Mending, ErrorsNameLineAndReason) {
     };
     Folder place;
     for (const auto& [bytes, message] : table) EXPECT_EQ(place.refusal(bytes), front + message);
-}
-
-// What other programs do to a file that they do not understand, and what a parser could take for markup.
-TEST(Mending, TakesWhatWasOnlyTransferred) {
-    const std::string bad = oneItem("a<\xE4");
+    // What may have happened to it on its way is no fault.
+    const std::string mark = "\xEF\xBB\xBF";
     std::string unixLines = bad;
     std::erase(unixLines, '\r');
-    Folder place;
-    for (const auto& [bytes, unit] :
-         Fields{{unixLines, "P"},
-                {bad + "\r\n \t\n", "P"},
-                {"\xEF\xBB\xBF" + replaced(bad, "\xE4", "\xC3\xA4"), "P"},
-                {replaced(bad, "P\" address", "P\" id=\"5\" address"), "P\" id=\"5"},
-                {replaced(oneItem("a<\xE4"), "a<", "a&#60;"), "P"}}) {
+    for (const auto& [bytes, comment] : Fields{{unixLines, "a<b"},
+                                               {bad + "\r\n \t\n", "a<b"},
+                                               {mark + replaced(bad, "a<b", "a<\xC3\xA4"), "a<\xC3\xA4"}}) {
         place.openText(bytes);
-        EXPECT_EQ(place.item(unit + ".Run").sComment(), "a<ä");
+        EXPECT_EQ(place.item("P.Run").sComment(), comment);
     }
+    EXPECT_EQ(place.refusal(mark + replaced(bad, "a<b", "a<\xE4")), front + "10, invalid UTF-8 in ImportXML");
+    place.openText(replaced(oneItem(""), "P\" address", "P\" id=\"5\" address"));
+    EXPECT_TRUE(place.has("P\" id=\"5"));
 }
 
 // A file that lacks one character or one line is refused or opens with all its items. A value must never
