@@ -158,26 +158,4 @@ TEST(FileCommands, CloseAndExitAskOnceAndEndTheConfiguration) {
     }
 }
 
-TEST(FileCommands, OpenResetsTheView) {
-    Changed place;
-    EditingState& state = behindTheDoor(place.configuration.state);
-    state.copyBuffer.resize(5);
-    state.pasteCounter = 9;
-    place.list.sortBy(1);
-    place.messages.answers = {Answer::No};
-    place.fileDialog.choice = (std::filesystem::path(TREVANDIX_SAMPLES) / "water-works.xml").string();
-    place.window.onEvents = [&] {
-        if (!place.window.panelVisible) throw std::runtime_error("in the midst of reading");
-    };
-    EXPECT_NO_THROW(place.run("mnuOpenCfg"));
-    place.window.onEvents = {};
-    place.messages.take();
-    place.run("mnuOpenCfg");
-    EXPECT_EQ(place.fileDialog.calls.back(), "Open as existing configuration|configuration files |*.xml");
-    EXPECT_TRUE(state.interfaceKind == kTcpIp && state.copyBuffer.size() == 1 && state.pasteCounter == 1);
-    EXPECT_FALSE(place.list.sorted());
-    EXPECT_EQ(place.list.rows().size(), 4U);
-    EXPECT_TRUE(place.window.menus["mnuAddPlc"] && !place.window.menus["mnuPaste"]);
-}
-
 }  // namespace trevandix::testing

@@ -153,8 +153,9 @@ TEST(SaveKill, FullDiskKeepsTheOldContent) {
     EXPECT_EQ(code, 0);
 }
 
-// Refused before anything is touched. Who may write another user's file leaves everybody the rights they had.
-TEST(SaveKill, RightsOfAnotherUsersFile) {
+// Refused before any file is changed. A user who may write another's file keeps the permissions of all
+// others.
+TEST(SaveKill, PermissionsOfAnotherUsersFile) {
     struct Row {
         mode_t file, folder, after;  // 0: refused
     };
