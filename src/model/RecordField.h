@@ -10,7 +10,6 @@
 #include "model/Numbers.h"
 #include "model/XmlFields.h"
 #include "platform/ListView.h"
-#include "platform/RuntimeError.h"
 
 // What the tables of the records' fields are made of. Each record has one table of its fields, in the order
 // of the file, which reading, mending, writing and the taking of entered texts walk, and one of its columns.
