@@ -3,7 +3,7 @@
 
 #include "Targets.h"
 #include "editor/BulkPaste.h"
-#include "model/TypeNames.h"
+#include "model/ValueTypes.h"
 
 namespace trevandix::fuzz {
 

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "Plant.h"
-#include "model/ItemAdvance.h"
+#include "model/ValueTypes.h"
 
 namespace trevandix::testing {
 

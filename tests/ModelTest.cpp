@@ -5,10 +5,9 @@
 #include <set>
 
 #include "FakePlatform.h"
-#include "model/ItemChoices.h"
-#include "model/ItemFields.h"
+#include "model/EnteredFields.h"
 #include "model/Numbers.h"
-#include "model/TypeNames.h"
+#include "model/ValueTypes.h"
 #include "platform/Text.h"
 
 namespace trevandix::testing {

@@ -13,7 +13,7 @@
 #include "FakePlatform.h"
 #include "Plant.h"
 #include "platform/FileAccess.h"
-#include "platform/SystemRegistry.h"
+#include "platform/Services.h"
 
 namespace trevandix::testing {
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "model/Configuration.h"
-#include "model/Refusal.h"
+#include "model/EnteredFields.h"
 #include "platform/Form.h"
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"

@@ -4,10 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "model/ItemAdvance.h"
-#include "model/ItemChoices.h"
 #include "model/Numbers.h"
-#include "model/TypeNames.h"
 #include "model/ValueTypes.h"
 
 namespace trevandix {

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "dialogs/Dialog.h"
-#include "model/ItemFields.h"
+#include "model/EnteredFields.h"
 
 namespace trevandix {
 

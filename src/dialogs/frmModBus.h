@@ -5,7 +5,7 @@
 #include <string>
 
 #include "dialogs/Dialog.h"
-#include "model/DataTypeFields.h"
+#include "model/EnteredFields.h"
 
 namespace trevandix {
 

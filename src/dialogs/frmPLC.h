@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "dialogs/Dialog.h"
-#include "model/UnitFields.h"
+#include "model/EnteredFields.h"
 
 namespace trevandix {
 

@@ -1,15 +1,34 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <string_view>
 
 #include "editor/Enabling.h"
-#include "editor/Platform.h"
+#include "editor/MainWindow.h"
 #include "editor/StatusNews.h"
 #include "model/Configuration.h"
+#include "platform/Form.h"
 #include "platform/ListView.h"
+#include "platform/Services.h"
+#include "platform/Xml.h"
 
 namespace trevandix {
+
+/// Everything the editor needs from the system, provided by `main` or by a test. Owns nothing.
+struct Platform {
+    Messages& messages;
+    FileDialog& fileDialog;
+    Clipboard& clipboard;
+    Registry& registry;
+    MousePointer& pointer;
+    XmlParser& xmlParser;
+    Forms& forms;
+    MainWindow& window;
+    CommandBar& commands;
+    std::string programFolder;  ///< default folder for New, without a trailing separator
+    std::string stateFolder{};  ///< folder for recovery files; empty for none
+};
 
 /// What every family of commands works on. Owned by `frmEditing`.
 struct EditorContext {

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <limits>
 #include <new>
+#include <set>
 
 #include "platform/RuntimeError.h"
 
@@ -43,6 +44,25 @@ std::string_view Key::parent() const {
 std::string_view parentKey(std::string_view key) {
     const std::size_t dot = key.rfind('.');
     return dot == std::string_view::npos ? std::string_view() : key.substr(0, dot);
+}
+
+namespace {
+std::set<std::string, std::less<>>& pool() {
+    static std::set<std::string, std::less<>> texts{std::string()};
+    return texts;
+}
+}  // namespace
+
+InternedText::InternedText() {
+    static const std::string* const empty = &*pool().begin();
+    text_ = empty;
+}
+
+InternedText::InternedText(std::string_view text) {
+    auto& texts = pool();
+    auto place = texts.find(text);
+    if (place == texts.end()) place = texts.emplace(text).first;
+    text_ = &*place;
 }
 
 }  // namespace trevandix

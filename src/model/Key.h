@@ -66,6 +66,18 @@ private:
 /// The parent key of any key text: cut at its last ".".
 std::string_view parentKey(std::string_view key);
 
+/// One of the few texts that very many records share (type labels, access rights): a pointer into a pool that
+/// lives as long as the program.
+class InternedText {
+public:
+    InternedText();
+    explicit InternedText(std::string_view text);
+    const std::string& str() const { return *text_; }
+
+private:
+    const std::string* text_;
+};
+
 }  // namespace trevandix
 
 template <>

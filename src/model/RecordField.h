@@ -6,15 +6,28 @@
 #include <string_view>
 #include <utility>
 
-#include "model/InternedText.h"
+#include "model/Key.h"
 #include "model/Numbers.h"
-#include "model/XmlFields.h"
 #include "platform/ListView.h"
+#include "platform/Xml.h"
 
 // What the tables of the records' fields are made of. Each record has one table of its fields, in the order
 // of the file, which reading, mending, writing and the taking of entered texts walk, and one of its columns.
 
 namespace trevandix {
+
+/// The attribute's value. Errors: ObjectNotSet, naming element and attribute, when it is missing.
+std::string_view requiredAttribute(const XmlElement& element, std::string_view name);
+
+/// Throws ObjectNotSet, naming the element and what it lacks (an "attribute" or an "element").
+[[noreturn]] void throwMissing(const XmlElement& element, std::string_view kind, std::string_view name);
+
+/// Blank, name, equals sign and quotation mark, as the writer sets them.
+std::string attributeStart(std::string_view name);
+
+/// Appends tabs, "<name>", value, "</name>".
+void appendElement(std::string& out, int tabs, std::string_view name, std::string_view value);
+void appendNumber(std::string& out, int value);
 
 /// Numbers that are a whole text, or that a text begins with. Errors: TypeMismatch (whole), Overflow.
 enum class NumberText { Whole, Leading };

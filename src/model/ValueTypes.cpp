@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "model/Numbers.h"
+
 namespace trevandix {
 
 namespace {
@@ -77,6 +79,81 @@ const ValueType* valueTypeOf(std::string_view label) {
 
 const ValueType* valueTypeOfFile(std::string_view fileName) {
     return find(std::span<const ValueType>(kTypes), fileName, &ValueType::file);
+}
+
+const ValueType* valueTypeIn(std::string_view dataType) {
+    const auto colon = dataType.find(':');
+    return valueTypeOf(colon == std::string_view::npos ? dataType : dataType.substr(colon + 1));
+}
+
+std::string fileTypeName(std::string_view label) {
+    const ModbusTable* table = tableIn(label);
+    const ValueType* type = valueTypeIn(label);
+    std::string result(table != nullptr ? table->file : std::string_view());
+    if (type != nullptr) (result += ' ') += type->file;
+    return result;
+}
+
+std::string displayTypeLabel(std::string_view fileName) {
+    const ModbusTable* table = tableInFile(fileName);
+    std::string_view typePart = fileName;
+    if (table != nullptr) {
+        const auto blank = fileName.find(' ');
+        typePart = blank == std::string_view::npos ? std::string_view() : fileName.substr(blank + 1);
+    }
+    const ValueType* type = valueTypeOfFile(typePart);
+    std::string result(table != nullptr ? table->label : std::string_view());
+    if (type != nullptr) (result += ':') += type->label;
+    return result;
+}
+
+ItemType splitDataType(std::string_view dataType) {
+    const ModbusTable* table = tableIn(dataType);
+    if (table != nullptr && !table->registers) {
+        const bool array = dataType.find("array") != std::string_view::npos;
+        return {table->label, array ? "boolean array" : "boolean"};
+    }
+    const auto colon = dataType.find(':');
+    if (colon == std::string_view::npos) return {dataType, {}};
+    return {dataType.substr(0, colon), dataType.substr(colon + 1)};
+}
+
+std::vector<std::string> valueTypesOf(std::string_view table) {
+    const ModbusTable* known = tableOf(table);
+    std::vector<std::string> labels;
+    for (const ValueType& type : valueTypes()) {
+        if (type.bitwise() || (known != nullptr && known->registers)) labels.emplace_back(type.label);
+    }
+    return labels;
+}
+
+std::vector<std::string> accessRightsOf(std::string_view table) {
+    const ModbusTable* known = tableOf(table);
+    if (known != nullptr && !known->writable()) return {"READ"};
+    return {"READ", "WRITE", "READWRITE"};
+}
+
+std::vector<std::string> bitNumbers() {
+    constexpr int kRegisterBits = 16;
+    std::vector<std::string> bits;
+    for (int bit = 0; bit < kRegisterBits; ++bit) bits.push_back(std::to_string(bit));
+    return bits;
+}
+
+ItemPlace advanced(ItemPlace place, std::string_view table, std::string_view label, std::int32_t elements) {
+    constexpr std::int32_t kRegisterBits = 16;
+    constexpr std::int32_t kByteBits = 8;
+    const ValueType* type = valueTypeOf(label);
+    if (type == nullptr) return place;
+    const std::int32_t count = type->elements ? elements : 1;
+    if (type->bitwise()) {
+        if (!hasRegisters(table)) return {place.address + count, place.bit};
+        const std::int32_t total = place.bit + count;
+        return {place.address + total / kRegisterBits, total % kRegisterBits};
+    }
+    // An even number of bytes gets one register more than it needs: existing plants are laid out like that.
+    if (type->bits == kByteBits) return {place.address + toInt32(count / 2.0) + 1, place.bit};
+    return {place.address + count * (type->bits / kRegisterBits), place.bit};
 }
 
 }  // namespace trevandix

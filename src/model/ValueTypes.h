@@ -2,7 +2,12 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
+
+// The tables of a Modbus device, the types of the values in them, and what follows from an item's type: its
+// name in the file, what the dialog offers, and where the next item lies.
 
 namespace trevandix {
 
@@ -63,5 +68,42 @@ inline bool isReadOnly(std::string_view name) {
 inline bool hasRegisters(std::string_view name) {
     return name.find("register") != std::string_view::npos;
 }
+
+/// Both directions work on whole types: table and value type in one text.
+/// Display: table label, ":", value type label ("holding register:signed 16 bit"); a data type has the table
+/// alone. File: table name, one blank, value type name ("HREGISTER VT_I2"). Unknown value types yield the
+/// table alone; an unknown table yields nothing in front of the separator.
+std::string fileTypeName(std::string_view label);
+std::string displayTypeLabel(std::string_view fileName);
+
+/// Table and value type label of an item's type.
+struct ItemType {
+    std::string_view table;
+    std::string_view label;
+};
+/// Splits `dataType`; for coils and input status the label is "boolean" or "boolean array", whatever stands
+/// there.
+ItemType splitDataType(std::string_view dataType);
+
+/// The value type behind the separator of `dataType`; nullptr when it has none that is known.
+const ValueType* valueTypeIn(std::string_view dataType);
+
+/// The labels of the value types that items of a Modbus table may have, in the order in which they are
+/// offered.
+std::vector<std::string> valueTypesOf(std::string_view table);
+std::vector<std::string> accessRightsOf(std::string_view table);
+/// The bits of a register, "0" to "15".
+std::vector<std::string> bitNumbers();
+
+/// Where an item lies: register or bit address, and the bit 0 to 15 inside a register.
+struct ItemPlace {
+    std::int32_t address = 0;
+    std::int32_t bit = 0;
+    bool operator==(const ItemPlace&) const = default;
+};
+
+/// The place behind an item of the value type `label` in the Modbus table `table`. `elements` is not
+/// negative.
+ItemPlace advanced(ItemPlace place, std::string_view table, std::string_view label, std::int32_t elements);
 
 }  // namespace trevandix

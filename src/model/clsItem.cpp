@@ -5,10 +5,9 @@
 #include <cstdlib>
 #include <unordered_map>
 
-#include "model/ItemFields.h"
+#include "model/EnteredFields.h"
 #include "model/Numbers.h"
 #include "model/RecordField.h"
-#include "model/TypeNames.h"
 #include "model/ValueTypes.h"
 #include "platform/ListView.h"
 #include "platform/Xml.h"

@@ -6,7 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "model/InternedText.h"
 #include "model/Key.h"
 
 namespace trevandix {

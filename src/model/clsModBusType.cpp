@@ -2,9 +2,8 @@
 
 #include <array>
 
-#include "model/DataTypeFields.h"
+#include "model/EnteredFields.h"
 #include "model/RecordField.h"
-#include "model/TypeNames.h"
 #include "model/ValueTypes.h"
 
 namespace trevandix {

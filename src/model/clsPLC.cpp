@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "model/EnteredFields.h"
 #include "model/RecordField.h"
-#include "model/UnitFields.h"
 #include "platform/Text.h"
 #include "platform/Xml.h"
 

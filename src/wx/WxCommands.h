@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "editor/Commands.h"
+#include "editor/CommandTable.h"
 #include "editor/MainWindow.h"
 
 namespace trevandix {

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "model/Refusal.h"
+#include "model/EnteredFields.h"
 #include "model/StructureTree.h"
 
 namespace trevandix {

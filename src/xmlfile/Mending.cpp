@@ -4,7 +4,7 @@
 #include <charconv>
 #include <vector>
 
-#include "model/XmlFields.h"
+#include "model/RecordField.h"
 #include "model/clsItem.h"
 #include "model/clsModBusType.h"
 #include "model/clsPLC.h"

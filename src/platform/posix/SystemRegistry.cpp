@@ -1,4 +1,4 @@
-#include "platform/SystemRegistry.h"
+#include "platform/Services.h"
 
 #include <cstdlib>
 #include <filesystem>

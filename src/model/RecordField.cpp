@@ -1,4 +1,4 @@
-#include "model/XmlFields.h"
+#include "model/RecordField.h"
 
 #include <array>
 #include <charconv>

@@ -1,10 +1,33 @@
-#include "model/UnitFields.h"
+#include "model/EnteredFields.h"
 
 #include <algorithm>
 
+#include "model/Configuration.h"
 #include "model/Numbers.h"
+#include "model/ValueTypes.h"
 
 namespace trevandix {
+
+std::optional<Refusal> refusal(const ItemFields& item) {
+    constexpr double kLastAddress = 65535;
+    if (item.name.empty()) return Refusal{"name", "Item name field is empty."};
+    if (item.table.empty()) return Refusal{"table", "ModBus Type field is empty."};
+    if (item.type.empty()) return Refusal{"type", "Data Type field is empty."};
+    if (item.address.empty()) return Refusal{"address", "Memory address field is empty."};
+    const double address = leadingNumber(item.address);
+    if (address < 0 || address > kLastAddress) {
+        return Refusal{"address", "Memory address field is not valid. It must be between 0 and 65535."};
+    }
+    if (hasBitNumber(item.table, item.type) && item.bit.empty())
+        return Refusal{"bit", "Bit number field is empty."};
+    if (hasElements(item.type)) {
+        if (item.elements.empty()) return Refusal{"elements", "Number of elements field is empty."};
+        if (leadingNumber(item.elements) < 0)
+            return Refusal{"elements", "Number of elements field is not valid."};
+    }
+    if (item.accessRight.empty()) return Refusal{"accessRight", "Access Rights field is empty."};
+    return std::nullopt;
+}
 
 namespace {
 
@@ -77,6 +100,20 @@ std::optional<Refusal> refusal(const UnitFields& unit, const Configuration& conf
     const std::string& kind = configuration.state.interfaceKind;
     if (kind == kTcpIp && unit.address.empty()) return Refusal{"address", "Address field is empty."};
     return kind == kRtu ? rtuRefusal(unit, configuration) : std::nullopt;
+}
+
+std::optional<Refusal> refusal(const DataTypeFields& type, const Configuration& configuration, bool edited) {
+    if (!edited) {
+        for (const auto& [key, other] : configuration.dataTypes) {
+            if (other->getName() == type.name) return Refusal{"name", "ModBus type already existing"};
+        }
+    }
+    if (!isNumeric(type.readCode)) return Refusal{"readCode", "Check Read Function code"};
+    if (!isReadOnly(type.name) && !isNumeric(type.writeCode))
+        return Refusal{"writeCode", "Check Write Function code"};
+    if (type.single && !isNumeric(type.singleCode))
+        return Refusal{"singleCode", "Check Single Write Function code"};
+    return std::nullopt;
 }
 
 }  // namespace trevandix
