@@ -74,8 +74,6 @@ public:
     /// Called every second, even while a dialog is open. `lastInput` is the time of the user's last input.
     virtual void idle(std::chrono::steady_clock::time_point now,
                       std::chrono::steady_clock::time_point lastInput) = 0;
-    /// True until the window's initial layout is complete.
-    virtual bool loading() const = 0;
     /// The window is closing, for whatever reason.
     virtual void Form_Unload() = 0;
 

@@ -26,7 +26,6 @@ frmEditing::frmEditing(Platform& platform, Configuration& configuration, ListVie
 void frmEditing::Form_Load() {
     context_.InitObjects();
     context_.enable(Situation::Start);
-    loading_ = false;
 }
 
 template <typename Work>

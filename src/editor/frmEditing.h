@@ -36,7 +36,6 @@ public:
     void commandChosen(std::string_view command) override;
     void Toolbar1_ButtonClick(std::string_view key) override;
     std::vector<ContextEntry> contextEntries() const override { return undo_.contextEntries(); }
-    bool loading() const override { return loading_; }
     void Form_Unload() override;
     void idle(std::chrono::steady_clock::time_point now,
               std::chrono::steady_clock::time_point lastInput) override;
@@ -80,7 +79,6 @@ private:
     Undo undo_;
     frmFind find_;
     Recovery recovery_;
-    bool loading_ = true;
 };
 
 }  // namespace trevandix
