@@ -5,7 +5,7 @@
 #include <set>
 
 #include "FakePlatform.h"
-#include "model/EnteredFields.h"
+#include "model/Refusal.h"
 #include "model/Numbers.h"
 #include "model/ValueTypes.h"
 #include "platform/Text.h"

@@ -1,15 +1,17 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "model/Configuration.h"
-#include "model/EnteredFields.h"
+#include "model/Refusal.h"
 #include "platform/Form.h"
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
@@ -25,6 +27,32 @@ struct DialogContext {
     /// Called after each change by a dialog that stays open; may be empty.
     std::function<void()> changed{};
 };
+
+/// One row of a dialog's table: a control and the text of `Fields` that it holds.
+template <typename Fields>
+struct FieldControl {
+    ControlSpec control;
+    std::string Fields::*text = nullptr;  ///< nullptr for a control that holds no field
+};
+
+/// The controls of a dialog's table, for its FormSpec.
+template <typename Row, std::size_t size>
+constexpr std::array<ControlSpec, size> controlsOf(const std::array<Row, size>& rows) {
+    return [&]<std::size_t... i>(std::index_sequence<i...>) {
+        return std::array{rows[i].control...};
+    }
+    (std::make_index_sequence<size>());
+}
+
+/// What the form's controls hold.
+template <typename Fields, typename Rows>
+Fields textsOf(const Form& form, const Rows& rows) {
+    Fields texts;
+    for (const auto& row : rows) {
+        if (row.text != nullptr) texts.*row.text = form.text(row.control.name);
+    }
+    return texts;
+}
 
 /// Appends a stored value to a drop-down list that lacks it.
 inline void offerStored(Form& form, std::string_view list, const std::string& value) {

@@ -14,54 +14,53 @@ namespace {
 constexpr std::string_view kMain = "frmMain";
 constexpr std::string_view kGroup = "frmInserimento";
 
-constexpr std::array kControls{
-    ControlSpec{ControlKind::Frame, kMain},
-    ControlSpec{ControlKind::Choice, "cmbModbusType", "ModBus Type", kMain}.describedAs(
-        "Table of the device that holds the item"),
-    ControlSpec{ControlKind::Text, "txtItemName", "Item Name", kMain, Place::NextRow, 32, KeyFilter::ItemName}
-        .describedAs("Last part of the tag that OPC clients ask for"),
-    ControlSpec{ControlKind::Text, "txtComment", "Comment", kMain, Place::NextRow, 32}.describedAs(
-        "Free text"),
-    ControlSpec{ControlKind::Text, "txtAddress", "Address", kMain, Place::NextRow, 10, KeyFilter::Numeric}
-        .describedAs("First register or bit in the table"),
-    ControlSpec{ControlKind::Choice, "cmbDataType", "Data Type", kMain}.describedAs(
-        "How the value is read from the device"),
-    ControlSpec{ControlKind::Choice, "cmbAccessRight", "Access Right", kMain}.describedAs(
-        "Whether OPC clients may read and write"),
-    ControlSpec{ControlKind::Choice, "cmbBit", "Bit Number", kMain, Place::NextRow, 6, KeyFilter::None,
-                "lblBit"}
-        .describedAs("Bit of the register, from 0"),
-    ControlSpec{ControlKind::Text, "txtElements", "Number of Elements", kMain, Place::NextRow, 10,
-                KeyFilter::Numeric, "lblElements"}
-        .describedAs("Length of the array or string"),
-    ControlSpec{ControlKind::Button, "cmdAdd", "Add and Increment", kMain, Place::ButtonColumn}.describedAs(
-        "Adds the item and fills in the next one"),
-    ControlSpec{ControlKind::Button, "cmdGroup", "Add Group....", kMain, Place::ButtonColumn}.describedAs(
-        "Adds several items in a row"),
-    ControlSpec{ControlKind::Button, "cmdOk", "Add and Exit", kMain, Place::ButtonColumn}.describedAs(
-        "Takes over the item and closes"),
-    ControlSpec{ControlKind::Button, "cmdCancel", "Exit", kMain, Place::ButtonColumn}.describedAs(
-        "Closes without adding"),
-    ControlSpec{ControlKind::Frame, kGroup},
-    ControlSpec{ControlKind::Text, "txtNumbItems", "INSERT NUMBER OF ITEMS TO ADD", kGroup, Place::NextRow, 8,
-                KeyFilter::Numeric}
-        .describedAs("How many items in a row are added"),
-    ControlSpec{ControlKind::Button, "cmdOkNumber", "Ok", kGroup, Place::SameRow}.describedAs(
-        "Adds the items"),
+using Row = FieldControl<ItemFields>;
+constexpr std::array kRows{
+    Row{ControlSpec{ControlKind::Frame, kMain}},
+    Row{ControlSpec{ControlKind::Choice, "cmbModbusType", "ModBus Type", kMain}.describedAs(
+            "Table of the device that holds the item"),
+        &ItemFields::table},
+    Row{ControlSpec{ControlKind::Text, "txtItemName", "Item Name", kMain, Place::NextRow, 32,
+                    KeyFilter::ItemName}
+            .describedAs("Last part of the tag that OPC clients ask for"),
+        &ItemFields::name},
+    Row{ControlSpec{ControlKind::Text, "txtComment", "Comment", kMain, Place::NextRow, 32}.describedAs(
+            "Free text"),
+        &ItemFields::comment},
+    Row{ControlSpec{ControlKind::Text, "txtAddress", "Address", kMain, Place::NextRow, 10, KeyFilter::Numeric}
+            .describedAs("First register or bit in the table"),
+        &ItemFields::address},
+    Row{ControlSpec{ControlKind::Choice, "cmbDataType", "Data Type", kMain}.describedAs(
+            "How the value is read from the device"),
+        &ItemFields::type},
+    Row{ControlSpec{ControlKind::Choice, "cmbAccessRight", "Access Right", kMain}.describedAs(
+            "Whether OPC clients may read and write"),
+        &ItemFields::accessRight},
+    Row{ControlSpec{ControlKind::Choice, "cmbBit", "Bit Number", kMain, Place::NextRow, 6, KeyFilter::None,
+                    "lblBit"}
+            .describedAs("Bit of the register, from 0"),
+        &ItemFields::bit},
+    Row{ControlSpec{ControlKind::Text, "txtElements", "Number of Elements", kMain, Place::NextRow, 10,
+                    KeyFilter::Numeric, "lblElements"}
+            .describedAs("Length of the array or string"),
+        &ItemFields::elements},
+    Row{ControlSpec{ControlKind::Button, "cmdAdd", "Add and Increment", kMain, Place::ButtonColumn}
+            .describedAs("Adds the item and fills in the next one")},
+    Row{ControlSpec{ControlKind::Button, "cmdGroup", "Add Group....", kMain, Place::ButtonColumn}.describedAs(
+        "Adds several items in a row")},
+    Row{ControlSpec{ControlKind::Button, "cmdOk", "Add and Exit", kMain, Place::ButtonColumn}.describedAs(
+        "Takes over the item and closes")},
+    Row{ControlSpec{ControlKind::Button, "cmdCancel", "Exit", kMain, Place::ButtonColumn}.describedAs(
+        "Closes without adding")},
+    Row{ControlSpec{ControlKind::Frame, kGroup}},
+    Row{ControlSpec{ControlKind::Text, "txtNumbItems", "INSERT NUMBER OF ITEMS TO ADD", kGroup,
+                    Place::NextRow, 8, KeyFilter::Numeric}
+            .describedAs("How many items in a row are added")},
+    Row{ControlSpec{ControlKind::Button, "cmdOkNumber", "Ok", kGroup, Place::SameRow}.describedAs(
+        "Adds the items")},
 };
+constexpr auto kControls = controlsOf(kRows);
 constexpr FormSpec kForm{"frmItems", "Item Properties", kControls, "cmdOk", "cmdCancel", "txtItemName"};
-
-/// The control of each text.
-struct Input {
-    std::string_view control;
-    std::string ItemFields::*text;
-};
-constexpr std::array kInputs{
-    Input{"cmbModbusType", &ItemFields::table}, Input{"txtItemName", &ItemFields::name},
-    Input{"txtComment", &ItemFields::comment},  Input{"txtAddress", &ItemFields::address},
-    Input{"cmbDataType", &ItemFields::type},    Input{"cmbAccessRight", &ItemFields::accessRight},
-    Input{"cmbBit", &ItemFields::bit},          Input{"txtElements", &ItemFields::elements},
-};
 
 }  // namespace
 
@@ -105,8 +104,9 @@ void frmItems::loadRecord() {
     cmbModbusType_Click();
     form_->setText("cmbDataType", stored.type);
     cmbDataType_Click();
-    for (const Input& input : kInputs) {
-        if (form_->enabled(input.control)) form_->setText(input.control, stored.*input.text);
+    for (const Row& row : kRows) {
+        if (row.text != nullptr && form_->enabled(row.control.name))
+            form_->setText(row.control.name, stored.*row.text);
     }
 }
 
@@ -135,19 +135,13 @@ void frmItems::cmbDataType_Click() {
     if (!hasElements(label)) form_->setText("txtElements", "0");
 }
 
-ItemFields frmItems::fields() const {
-    ItemFields texts;
-    for (const Input& input : kInputs) texts.*input.text = text(input.control);
-    return texts;
-}
-
 bool frmItems::CheckFields(const ItemFields& item) {
     return passes(refusal(item), context_.messages);
 }
 
 void frmItems::AddItemToColl() {
     stored_ = false;
-    const ItemFields item = fields();
+    const auto item = textsOf<ItemFields>(*form_, kRows);
     if (!CheckFields(item)) return;
     edited_ != nullptr ? changeItem(item) : addItem(item);
 }

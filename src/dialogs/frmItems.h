@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "dialogs/Dialog.h"
-#include "model/EnteredFields.h"
 
 namespace trevandix {
 
@@ -33,7 +32,6 @@ private:
     void cmdOkNumber_Click();
     void leaveGroup();
 
-    ItemFields fields() const;
     bool CheckFields(const ItemFields& item);
     void AddItemToColl();
     void addItem(const ItemFields& item);

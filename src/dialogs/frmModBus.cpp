@@ -9,26 +9,42 @@ namespace trevandix {
 
 namespace {
 
+using Row = FieldControl<DataTypeFields>;
 // In Tab order: the buttons come before the single write code.
-constexpr std::array kControls{
-    ControlSpec{ControlKind::Heading, "lblHeading", "Enter ModBus data Type properties:"},
-    ControlSpec{ControlKind::Choice, "cmbMBType", "Mod Bus Data Type"}.describedAs(
-        "Table of the Modbus device"),
-    ControlSpec{ControlKind::Text, "txtReadCode", "Read function Code", "", Place::NextRow, 8}.describedAs(
-        "Modbus function that reads the table"),
-    ControlSpec{ControlKind::Text, "txtWriteCode", "Write Function Code", "", Place::NextRow, 8}.describedAs(
-        "Modbus function that writes several values"),
-    ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow}.describedAs(
-        "Takes over the codes and closes"),
-    ControlSpec{ControlKind::Button, "cmdCancel", "Exit", "", Place::ButtonRow}.describedAs(
-        "Closes without a change"),
-    ControlSpec{ControlKind::Check, "chkSingle", "Single Write Function Code"}.describedAs(
-        "Single values are written by a function of their own"),
-    ControlSpec{ControlKind::Text, "txtSingleCode", "", "", Place::SameRow, 8}.describedAs(
-        "Modbus function that writes one value"),
+constexpr std::array kRows{
+    Row{ControlSpec{ControlKind::Heading, "lblHeading", "Enter ModBus data Type properties:"}},
+    Row{ControlSpec{ControlKind::Choice, "cmbMBType", "Mod Bus Data Type"}.describedAs(
+            "Table of the Modbus device"),
+        &DataTypeFields::name},
+    Row{ControlSpec{ControlKind::Text, "txtReadCode", "Read function Code", "", Place::NextRow, 8}
+            .describedAs("Modbus function that reads the table"),
+        &DataTypeFields::readCode},
+    Row{ControlSpec{ControlKind::Text, "txtWriteCode", "Write Function Code", "", Place::NextRow, 8}
+            .describedAs("Modbus function that writes several values"),
+        &DataTypeFields::writeCode},
+    Row{ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow}.describedAs(
+        "Takes over the codes and closes")},
+    Row{ControlSpec{ControlKind::Button, "cmdCancel", "Exit", "", Place::ButtonRow}.describedAs(
+        "Closes without a change")},
+    Row{ControlSpec{ControlKind::Check, "chkSingle", "Single Write Function Code"}.describedAs(
+        "Single values are written by a function of their own")},
+    Row{ControlSpec{ControlKind::Text, "txtSingleCode", "", "", Place::SameRow, 8}.describedAs(
+            "Modbus function that writes one value"),
+        &DataTypeFields::singleCode},
 };
+constexpr auto kControls = controlsOf(kRows);
 constexpr FormSpec kForm{"frmModBus", "ModBus Data Type Properties", kControls, "cmdOk", "cmdCancel",
                          "cmbMBType"};
+
+// The fields with the usual codes of the table.
+DataTypeFields usualFields(const ModbusTable& table) {
+    clsModBusType type;
+    type.setName(table.label);
+    type.setReadCode(table.readCode);
+    type.setWriteCode(table.writeCode);
+    type.setSingleWrCode(table.singleWrCode);
+    return type.texts();
+}
 
 }  // namespace
 
@@ -63,47 +79,25 @@ void frmModBus::Form_Load() {
     form_->setEnabled("txtSingleCode", false);  // goes with the check box
     if (!edit_) return;
     chooseStored(*form_, "cmbMBType", editedName_);
-    loadCodes();
+    showFields(context_.configuration.dataTypes.at(editedName_)->texts());
 }
 
-void frmModBus::loadCodes() {
-    const auto record = context_.configuration.dataTypes.at(editedName_);
-    form_->setText("txtReadCode", std::to_string(record->getReadCode()));
-    disableWriting();
-    if (isReadOnly(editedName_)) return;
-    form_->setText("txtWriteCode", std::to_string(record->getWriteCode()));
-    const bool single = record->getSingleWrCode() > 0;
-    form_->setChecked("chkSingle", single);
-    if (single) form_->setText("txtSingleCode", std::to_string(record->getSingleWrCode()));
-    form_->setEnabled("txtWriteCode", true);
-    form_->setEnabled("chkSingle", true);
-    form_->setEnabled("txtSingleCode", single);
-}
-
-void frmModBus::disableWriting() {
-    for (const std::string_view code : {"txtWriteCode", "txtSingleCode"}) {
-        form_->setText(code, "");
-        form_->setEnabled(code, false);
+void frmModBus::showFields(const DataTypeFields& type) {
+    for (const Row& row : kRows) {
+        if (row.text != nullptr) form_->setText(row.control.name, type.*row.text);
     }
-    form_->setChecked("chkSingle", false);
-    form_->setEnabled("chkSingle", false);
+    const bool writes = !isReadOnly(type.name);
+    form_->setChecked("chkSingle", type.single);
+    form_->setEnabled("txtWriteCode", writes);
+    form_->setEnabled("chkSingle", writes);
+    form_->setEnabled("txtSingleCode", type.single);
 }
 
 void frmModBus::cmbMBType_Click() {
-    disableWriting();
     const ModbusTable* table = tableOf(form_->text("cmbMBType"));
-    if (table == nullptr) {  // the name of the edited record
-        loadCodes();
-        return;
-    }
-    form_->setText("txtReadCode", std::to_string(table->readCode));
-    if (!table->writable()) return;
-    form_->setText("txtWriteCode", std::to_string(table->writeCode));
-    form_->setText("txtSingleCode", std::to_string(table->singleWrCode));
-    form_->setChecked("chkSingle", true);
-    for (const std::string_view control : {"txtWriteCode", "txtSingleCode", "chkSingle"}) {
-        form_->setEnabled(control, true);
-    }
+    // Any other entry is the name of the edited record.
+    showFields(table != nullptr ? usualFields(*table)
+                                : context_.configuration.dataTypes.at(editedName_)->texts());
 }
 
 void frmModBus::chkSingle_Click() {
@@ -112,20 +106,13 @@ void frmModBus::chkSingle_Click() {
     if (!single) form_->setText("txtSingleCode", "");
 }
 
-DataTypeFields frmModBus::fields() const {
-    return {.name = form_->text("cmbMBType"),
-            .readCode = form_->text("txtReadCode"),
-            .writeCode = form_->text("txtWriteCode"),
-            .single = form_->checked("chkSingle"),
-            .singleCode = form_->text("txtSingleCode")};
-}
-
 bool frmModBus::CheckFields(const DataTypeFields& type) {
     return passes(refusal(type, context_.configuration, edit_), context_.messages);
 }
 
 void frmModBus::cmdOk_Click() {
-    const DataTypeFields type = fields();
+    auto type = textsOf<DataTypeFields>(*form_, kRows);
+    type.single = form_->checked("chkSingle");
     if (!CheckFields(type)) return;
     Configuration& configuration = context_.configuration;
     clsModBusType record;

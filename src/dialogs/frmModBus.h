@@ -5,7 +5,6 @@
 #include <string>
 
 #include "dialogs/Dialog.h"
-#include "model/EnteredFields.h"
 
 namespace trevandix {
 
@@ -21,14 +20,12 @@ public:
 private:
     void show();
     void Form_Load();
-    void loadCodes();
     void cmbMBType_Click();
     void chkSingle_Click();
     void cmdOk_Click();
     void cmdCancel_Click();
-    DataTypeFields fields() const;
     bool CheckFields(const DataTypeFields& type);
-    void disableWriting();
+    void showFields(const DataTypeFields& type);
 
     DialogContext context_;
     std::unique_ptr<Form> form_;

@@ -8,37 +8,59 @@ namespace trevandix {
 
 namespace {
 
-constexpr std::array kControls{
-    ControlSpec{ControlKind::Text, "txtName", "Unit Name"}.describedAs(
-        "First part of the tags that OPC clients ask for"),
-    ControlSpec{ControlKind::Text, "txtAddress", "IP Address"}.describedAs("Network address of the device"),
-    ControlSpec{ControlKind::Text, "txtUI", "ModBus Unit Identifier", "", Place::NextRow, 8}.describedAs(
-        "Modbus address of the device, another one for every unit"),
-    ControlSpec{ControlKind::Text, "txtTimeout", "Communication Timeout (ms)", "", Place::NextRow, 8}
-        .describedAs("How long an answer is waited for, in milliseconds"),
-    ControlSpec{ControlKind::Text, "txtPort", "Port Name (COMx)", "", Place::NextRow, 8}.describedAs(
-        "Serial port that the device hangs on"),
-    ControlSpec{ControlKind::Choice, "cmbBaud", "Baud rate (b/s)", "", Place::NextRow, 12}.describedAs(
-        "Bits in a second"),
-    ControlSpec{ControlKind::Choice, "cmbParity", "Parity", "", Place::NextRow, 12}.describedAs(
-        "Check bit of every character"),
-    ControlSpec{ControlKind::Combo, "cmbData", "Data e Stop bits", "", Place::NextRow, 6}.describedAs(
-        "Data bits of a character"),
-    ControlSpec{ControlKind::Combo, "cmbStop", "", "", Place::SameRow, 6}.describedAs(
-        "Stop bits behind a character"),
-    ControlSpec{ControlKind::Choice, "cmbFlow", "Flow Control", "", Place::NextRow, 12}.describedAs(
-        "How the line holds the sender back"),
-    ControlSpec{ControlKind::Text, "txtSilent", "Silent interval (ms)", "", Place::NextRow, 8}.describedAs(
-        "Pause between two telegrams, in milliseconds"),
-    ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow}.describedAs(
-        "Takes over the unit and closes"),
-    ControlSpec{ControlKind::Button, "cmdCancel", "Quit", "", Place::ButtonRow}.describedAs(
-        "Closes without a change"),
-};
-constexpr FormSpec kForm{"frmPLC", "Unit Properties", kControls, "cmdOk", "cmdCancel", "txtName"};
+constexpr std::array<std::string_view, 6> kBaudRates{"2400", "9600", "19200", "38400", "57600", "115200"};
+constexpr std::array<std::string_view, 3> kParities{"NO", "EVEN", "ODD"};
+constexpr std::array<std::string_view, 4> kDataBits{"8", "7", "6", "5"};
+constexpr std::array<std::string_view, 2> kStopBits{"1", "2"};
+constexpr std::array<std::string_view, 2> kFlowControls{"NONE", "HARDWARE"};
 
-constexpr std::array<std::string_view, 7> kRtuFields{"txtPort", "cmbBaud", "cmbParity", "cmbData",
-                                                     "cmbStop", "cmbFlow", "txtSilent"};
+struct Row {
+    ControlSpec control;
+    std::string UnitFields::*text = nullptr;  ///< nullptr for a button
+    std::string_view proposed{};              ///< for a new unit
+    std::span<const std::string_view> choices{};
+};
+constexpr std::array kRows{
+    Row{ControlSpec{ControlKind::Text, "txtName", "Unit Name"}.describedAs(
+            "First part of the tags that OPC clients ask for"),
+        &UnitFields::name},
+    Row{ControlSpec{ControlKind::Text, "txtAddress", "IP Address"}.describedAs(
+            "Network address of the device"),
+        &UnitFields::address, "192.168.0.1"},
+    Row{ControlSpec{ControlKind::Text, "txtUI", "ModBus Unit Identifier", "", Place::NextRow, 8}.describedAs(
+            "Modbus address of the device, another one for every unit"),
+        &UnitFields::identifier, "1"},
+    Row{ControlSpec{ControlKind::Text, "txtTimeout", "Communication Timeout (ms)", "", Place::NextRow, 8}
+            .describedAs("How long an answer is waited for, in milliseconds"),
+        &UnitFields::timeout, "2000"},
+    Row{ControlSpec{ControlKind::Text, "txtPort", "Port Name (COMx)", "", Place::NextRow, 8}.describedAs(
+            "Serial port that the device hangs on"),
+        &UnitFields::port, "COM1"},
+    Row{ControlSpec{ControlKind::Choice, "cmbBaud", "Baud rate (b/s)", "", Place::NextRow, 12}.describedAs(
+            "Bits in a second"),
+        &UnitFields::baud, "9600", kBaudRates},
+    Row{ControlSpec{ControlKind::Choice, "cmbParity", "Parity", "", Place::NextRow, 12}.describedAs(
+            "Check bit of every character"),
+        &UnitFields::parity, "NO", kParities},
+    Row{ControlSpec{ControlKind::Combo, "cmbData", "Data e Stop bits", "", Place::NextRow, 6}.describedAs(
+            "Data bits of a character"),
+        &UnitFields::dataBits, "8", kDataBits},
+    Row{ControlSpec{ControlKind::Combo, "cmbStop", "", "", Place::SameRow, 6}.describedAs(
+            "Stop bits behind a character"),
+        &UnitFields::stopBits, "1", kStopBits},
+    Row{ControlSpec{ControlKind::Choice, "cmbFlow", "Flow Control", "", Place::NextRow, 12}.describedAs(
+            "How the line holds the sender back"),
+        &UnitFields::flowControl, "NONE", kFlowControls},
+    Row{ControlSpec{ControlKind::Text, "txtSilent", "Silent interval (ms)", "", Place::NextRow, 8}
+            .describedAs("Pause between two telegrams, in milliseconds"),
+        &UnitFields::silent, "10"},
+    Row{ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow}.describedAs(
+        "Takes over the unit and closes")},
+    Row{ControlSpec{ControlKind::Button, "cmdCancel", "Quit", "", Place::ButtonRow}.describedAs(
+        "Closes without a change")},
+};
+constexpr auto kControls = controlsOf(kRows);
+constexpr FormSpec kForm{"frmPLC", "Unit Properties", kControls, "cmdOk", "cmdCancel", "txtName"};
 
 }  // namespace
 
@@ -59,73 +81,28 @@ void frmPLC::show(std::shared_ptr<const clsPLC> edited) {
 }
 
 void frmPLC::Form_Load() {
-    fillLists();
-    enableFields();
-    edited_ != nullptr ? loadRecord() : proposeUnit();
-}
-
-void frmPLC::fillLists() {
-    const auto fill = [&](std::string_view list, std::span<const std::string_view> choices) {
-        form_->setItems(list, std::vector<std::string>(choices.begin(), choices.end()));
-    };
-    fill("cmbBaud", kBaudRates);
-    fill("cmbParity", kParities);
-    fill("cmbData", kDataBits);
-    fill("cmbStop", kStopBits);
-    fill("cmbFlow", kFlowControls);
-}
-
-void frmPLC::enableFields() {
-    const std::string& kind = context_.configuration.state.interfaceKind;
-    for (const std::string_view field : kRtuFields) form_->setEnabled(field, kind != kTcpIp);
-    form_->setEnabled("txtAddress", kind != kRtu);
-}
-
-void frmPLC::proposeUnit() {
     const EditingState& state = context_.configuration.state;
-    form_->setText("txtName", "New Plc " + std::to_string(state.unitCounter));
-    form_->setText("txtUI", "1");
-    form_->setText("txtTimeout", "2000");
-    if (state.interfaceKind == kTcpIp) form_->setText("txtAddress", "192.168.0.1");
-    if (state.interfaceKind != kRtu) return;
-    form_->setText("txtPort", "COM1");
-    form_->setText("cmbBaud", "9600");
-    form_->setText("cmbParity", "NO");
-    form_->setText("cmbData", "8");
-    form_->setText("cmbStop", "1");
-    form_->setText("txtSilent", "10");
-    form_->setText("cmbFlow", "NONE");
+    for (const Row& row : kRows) {
+        if (row.text == nullptr) continue;
+        const std::string_view control = row.control.name;
+        if (!row.choices.empty()) form_->setItems(control, {row.choices.begin(), row.choices.end()});
+        const bool used = clsPLC::hasField(row.text, state.interfaceKind);
+        form_->setEnabled(control, used);
+        if (used && edited_ == nullptr) form_->setText(control, row.proposed);
+    }
+    if (edited_ != nullptr)
+        loadRecord();
+    else
+        form_->setText("txtName", "New Plc " + std::to_string(state.unitCounter));
 }
 
 void frmPLC::loadRecord() {
-    const std::string& kind = context_.configuration.state.interfaceKind;
-    form_->setText("txtName", edited_->getName());
-    form_->setText("txtUI", std::to_string(edited_->getUI()));
-    form_->setText("txtTimeout", std::to_string(edited_->getTimeout()));
-    if (kind == kTcpIp) form_->setText("txtAddress", edited_->getAddress());
-    if (kind != kRtu) return;
-    form_->setText("txtPort", edited_->getCom());
-    chooseStored(*form_, "cmbBaud", std::to_string(edited_->getBaud()));
-    chooseStored(*form_, "cmbParity", edited_->getParity());
-    form_->setText("cmbData", std::to_string(edited_->getDataBits()));
-    form_->setText("cmbStop", std::to_string(edited_->getStopBits()));
-    form_->setText("txtSilent", std::to_string(edited_->getSilent()));
-    chooseStored(*form_, "cmbFlow", edited_->getFlowCtl());
-}
-
-UnitFields frmPLC::fields() const {
-    const auto text = [&](std::string_view control) { return form_->text(control); };
-    return {.name = text("txtName"),
-            .identifier = text("txtUI"),
-            .timeout = text("txtTimeout"),
-            .address = text("txtAddress"),
-            .port = text("txtPort"),
-            .baud = text("cmbBaud"),
-            .parity = text("cmbParity"),
-            .dataBits = text("cmbData"),
-            .stopBits = text("cmbStop"),
-            .flowControl = text("cmbFlow"),
-            .silent = text("txtSilent")};
+    const UnitFields stored = edited_->texts(context_.configuration.state.interfaceKind);
+    for (const Row& row : kRows) {
+        if (row.text == nullptr) continue;
+        if (row.control.kind == ControlKind::Choice) offerStored(*form_, row.control.name, stored.*row.text);
+        form_->setText(row.control.name, stored.*row.text);
+    }
 }
 
 bool frmPLC::CheckFields(const UnitFields& unit) {
@@ -133,7 +110,7 @@ bool frmPLC::CheckFields(const UnitFields& unit) {
 }
 
 void frmPLC::cmdOk_Click() {
-    const UnitFields unit = fields();
+    const auto unit = textsOf<UnitFields>(*form_, kRows);
     if (!CheckFields(unit)) {
         form_->close();  // unlike the other dialogs, which stay open
         return;

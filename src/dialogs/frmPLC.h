@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "dialogs/Dialog.h"
-#include "model/EnteredFields.h"
 
 namespace trevandix {
 
@@ -23,13 +22,9 @@ public:
 private:
     void show(std::shared_ptr<const clsPLC> edited);
     void Form_Load();
-    void fillLists();
-    void enableFields();
-    void proposeUnit();
     void loadRecord();
     void cmdOk_Click();
     void cmdCancel_Click();
-    UnitFields fields() const;
     bool CheckFields(const UnitFields& unit);
     void changeUnit(clsPLC record);
 

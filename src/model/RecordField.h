@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "model/Key.h"
 #include "model/Numbers.h"
@@ -12,7 +13,7 @@
 #include "platform/Xml.h"
 
 // What the tables of the records' fields are made of. Each record has one table of its fields, in the order
-// of the file, which reading, mending, writing and the taking of entered texts walk, and one of its columns.
+// of the file, which reading, mending, writing, the dialog and the list walk.
 
 namespace trevandix {
 
@@ -79,10 +80,34 @@ void print(std::string& out, const Record& record) {
 /// A column of the list and its cell; `Parts` are what the cell is made of.
 template <typename... Parts>
 struct RecordColumn {
-    std::string_view header;
-    double width;  ///< fraction of the list's width; 0 for the control's default width
-    std::string (*cell)(const Parts&...);
+    std::string_view header{};  ///< empty for a field that the list does not show
+    double width = 0;           ///< fraction of the list's width; 0 for the control's default width
+    std::string (*cell)(const Parts&...) = nullptr;
 };
+
+template <auto member, typename Record, typename... More>
+std::string cellOf(const Record& record, const More&...) {
+    std::string text;
+    print<member>(text, record);
+    return text;
+}
+
+/// `column` with the member's value as its cell, unless it has a cell already.
+template <auto member, typename... Parts>
+constexpr RecordColumn<Parts...> withCell(RecordColumn<Parts...> column) {
+    if (column.cell == nullptr) column.cell = cellOf<member, Parts...>;
+    return column;
+}
+
+/// The columns of the fields that the list shows.
+template <typename Fields>
+auto columnsOf(const Fields& fields) {
+    std::vector<decltype(Fields::value_type::column)> columns;
+    for (const auto& field : fields) {
+        if (!field.column.header.empty()) columns.push_back(field.column);
+    }
+    return columns;
+}
 
 /// Adds a row whose first cell is its text.
 template <typename... Parts>

@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <unordered_map>
 
-#include "model/EnteredFields.h"
 #include "model/Numbers.h"
 #include "model/RecordField.h"
 #include "model/ValueTypes.h"
@@ -64,20 +63,28 @@ std::string indexText(const clsItem& item, std::string_view table) {
     return text + padded(item.nAddress(), 5) + padded(item.nBitNumber(), 2);
 }
 
+using Column = clsItem::Column;
+
 struct Field {
-    std::string_view element;
-    std::string ItemFields::*entered;  ///< nullptr where it is made of several
+    std::string_view element;          ///< empty for a column that the file does not have
+    std::string ItemFields::*entered;  ///< nullptr where it is made of several texts
     void (*take)(clsItem&, std::string_view text);
     void (*print)(std::string& out, const clsItem&);
+    Column column{};
     bool (*has)(const ValueType*) = nullptr;  ///< by value type; nullptr: always, and no file may lack it
 
     bool isOf(const ValueType* type) const { return has == nullptr || has(type); }
 };
 
 template <auto member>
-constexpr Field field(std::string_view element, std::string ItemFields::*entered,
+constexpr Field field(std::string_view element, std::string ItemFields::*entered, Column column = {},
                       bool (*has)(const ValueType*) = nullptr) {
-    return {element, entered, take<member, NumberText::Leading>, print<member>, has};
+    return {element, entered, take<member, NumberText::Leading>, print<member>, withCell<member>(column),
+            has};
+}
+
+constexpr Field onlyShown(Column column) {
+    return {{}, nullptr, nullptr, nullptr, column, [](const ValueType*) { return false; }};
 }
 
 bool bitwise(const ValueType* type) {
@@ -90,29 +97,27 @@ bool withElements(const ValueType* type) {
 }  // namespace
 
 struct clsItem::Tables {
-    // In the order of the file.
+    // In the order of the file and of the columns. AddToListView counts on "Index" being the last column.
     static constexpr std::array kFields{
-        field<&clsItem::sName_>("name", &ItemFields::name),
-        field<&clsItem::sComment_>("comment", &ItemFields::comment),
-        field<&clsItem::nAddress_>("address", &ItemFields::address),
-        Field{"datatype", nullptr,
-              [](clsItem& item, std::string_view text) { item.sDataType_ = labelOf(text); },
-              [](std::string& out, const clsItem& item) { out += fileTypeOf(item.sDataType_).name; }},
-        field<&clsItem::sAccessRight_>("accessrights", &ItemFields::accessRight),
-        field<&clsItem::nBitNumber_>("databit", &ItemFields::bit, bitwise),
-        field<&clsItem::nElements_>("elements", &ItemFields::elements, withElements),
-    };
-    static constexpr std::array kColumns{
-        Column{"Item Name", 0.4, [](const clsItem& item, const ItemType&) { return item.sName_; }},
-        Column{"Comment", 0.4, [](const clsItem& item, const ItemType&) { return item.sComment_; }},
-        Column{"Address", 0.2,
-               [](const clsItem& item, const ItemType& type) { return addressText(item, type.label); }},
-        Column{"DataType", 0.2, [](const clsItem&, const ItemType& type) { return std::string(type.label); }},
-        Column{"ModBus Type", 0.2,
-               [](const clsItem&, const ItemType& type) { return std::string(type.table); }},
-        Column{"Access Rights", 0, [](const clsItem& item, const ItemType&) { return item.sAccessRight(); }},
-        Column{"Index", 0.3,
-               [](const clsItem& item, const ItemType& type) { return indexText(item, type.table); }},
+        field<&clsItem::sName_>("name", &ItemFields::name, {"Item Name", 0.4}),
+        field<&clsItem::sComment_>("comment", &ItemFields::comment, {"Comment", 0.4}),
+        field<&clsItem::nAddress_>(
+            "address", &ItemFields::address,
+            {"Address", 0.2,
+             [](const clsItem& item, const ItemType& type) { return addressText(item, type.label); }}),
+        Field{
+            "datatype",
+            nullptr,
+            [](clsItem& item, std::string_view text) { item.sDataType_ = labelOf(text); },
+            [](std::string& out, const clsItem& item) { out += fileTypeOf(item.sDataType_).name; },
+            {"DataType", 0.2, [](const clsItem&, const ItemType& type) { return std::string(type.label); }}},
+        onlyShown({"ModBus Type", 0.2,
+                   [](const clsItem&, const ItemType& type) { return std::string(type.table); }}),
+        field<&clsItem::sAccessRight_>("accessrights", &ItemFields::accessRight, {"Access Rights"}),
+        field<&clsItem::nBitNumber_>("databit", &ItemFields::bit, {}, bitwise),
+        field<&clsItem::nElements_>("elements", &ItemFields::elements, {}, withElements),
+        onlyShown({"Index", 0.3,
+                   [](const clsItem& item, const ItemType& type) { return indexText(item, type.table); }}),
     };
 
     // What stands around each value of a tag element, made once for all the items of a depth in a row.
@@ -137,12 +142,15 @@ struct clsItem::Tables {
 };
 
 std::span<const clsItem::Column> clsItem::columns() {
-    return Tables::kColumns;
+    static const auto kColumns = columnsOf(Tables::kFields);
+    return kColumns;
 }
 
 std::vector<clsItem::Element> clsItem::elements() {
     std::vector<Element> elements;
-    for (const Field& field : Tables::kFields) elements.push_back({field.element, field.has == nullptr});
+    for (const Field& field : Tables::kFields) {
+        if (!field.element.empty()) elements.push_back({field.element, field.has == nullptr});
+    }
     return elements;
 }
 
@@ -193,7 +201,7 @@ void clsItem::SetByCopy(const clsItem& source, const Key& container, std::int16_
 }
 
 void clsItem::AddToListView(ListView& list, bool index) const {
-    const std::span<const Column> shown(Tables::kColumns);
+    const std::span<const Column> shown = columns();
     addRow(list, sKey_.str(), "item", "item", shown.first(shown.size() - (index ? 0 : 1)), *this,
            splitDataType(sDataType()));
 }

@@ -15,7 +15,18 @@ class XmlElement;
 template <typename... Parts>
 struct RecordColumn;
 struct ItemType;
-struct ItemFields;
+
+/// An item as it is entered: the text of each field, not yet converted.
+struct ItemFields {
+    std::string name;
+    std::string comment;
+    std::string table;  ///< name of a data type
+    std::string type;   ///< label of a value type
+    std::string address;
+    std::string bit;       ///< ignored unless `hasBitNumber`
+    std::string elements;  ///< ignored unless `hasElements`
+    std::string accessRight;
+};
 
 /// An OPC tag: a named value at a Modbus address of one unit. Members stand in the order of the record's
 /// interface.
@@ -49,7 +60,7 @@ public:
     /// From the texts of the item dialog; `container` is the key of the node that holds the item. Errors:
     /// Overflow.
     void SetByForm(const ItemFields& fields, const Key& container);
-    /// What the item dialog shows of it; empty where its type has no such field.
+    /// The texts that the item dialog shows; empty where the item's type has no such field.
     ItemFields texts() const;
     /// Copies `source` for `container`; beside the item it was copied from, the name gets "_" and the
     /// counter.
@@ -72,7 +83,7 @@ public:
     static std::vector<Element> elements();
 
 private:
-    struct Tables;  // of fields and columns
+    struct Tables;
 
     std::string sName_;
     Key sKey_;

@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "model/EnteredFields.h"
 #include "model/RecordField.h"
 #include "model/ValueTypes.h"
 
@@ -10,15 +9,30 @@ namespace trevandix {
 
 namespace {
 
+using Column = clsModBusType::Column;
+
 struct Field {
     std::string_view name;
+    std::string DataTypeFields::*entered;  ///< nullptr for the name, which the file spells in another way
     void (*read)(clsModBusType&, std::string_view text);
     void (*print)(std::string& out, const clsModBusType&);
+    Column column{};
+    bool (*has)(const DataTypeFields&) = nullptr;  ///< else the code is 0 and no text; nullptr: always
+
+    bool isOf(const DataTypeFields& type) const { return has == nullptr || has(type); }
 };
 
 template <auto member>
-constexpr Field field(std::string_view name) {
-    return {name, take<member, NumberText::Whole>, print<member>};
+constexpr Field field(std::string_view name, std::string DataTypeFields::*entered, Column column = {},
+                      bool (*has)(const DataTypeFields&) = nullptr) {
+    return {name, entered, take<member, NumberText::Whole>, print<member>, withCell<member>(column), has};
+}
+
+bool writes(const DataTypeFields& type) {
+    return !isReadOnly(type.name);
+}
+bool writesSingle(const DataTypeFields& type) {
+    return type.single;
 }
 
 std::string codeOrEmpty(std::uint8_t code) {
@@ -31,22 +45,25 @@ struct clsModBusType::Tables {
     using Type = clsModBusType;
     // In the order of the file.
     static constexpr std::array kFields{
-        Field{"name", [](Type& type, std::string_view text) { type.sName_ = displayTypeLabel(text); },
-              [](std::string& out, const Type& type) { out += fileTypeName(type.sName_); }},
-        field<&Type::nReadCode_>("readcode"),
-        field<&Type::nWriteCode_>("writecode"),
-        field<&Type::nSingleWrCode_>("singlewrcode"),
-    };
-    static constexpr std::array kColumns{
-        Column{"Data Type Name", 0.4, [](const Type& type) { return type.sName_; }},
-        Column{"Read Code", 0.2, [](const Type& type) { return std::to_string(type.nReadCode_); }},
-        Column{"Write Code", 0.2, [](const Type& type) { return codeOrEmpty(type.nWriteCode_); }},
-        Column{"Single Write Code", 0.2, [](const Type& type) { return codeOrEmpty(type.nSingleWrCode_); }},
+        Field{"name",
+              nullptr,
+              [](Type& type, std::string_view text) { type.sName_ = displayTypeLabel(text); },
+              [](std::string& out, const Type& type) { out += fileTypeName(type.sName_); },
+              {"Data Type Name", 0.4, [](const Type& type) { return type.sName_; }}},
+        field<&Type::nReadCode_>("readcode", &DataTypeFields::readCode, {"Read Code", 0.2}),
+        field<&Type::nWriteCode_>(
+            "writecode", &DataTypeFields::writeCode,
+            {"Write Code", 0.2, [](const Type& type) { return codeOrEmpty(type.nWriteCode_); }}, writes),
+        field<&Type::nSingleWrCode_>(
+            "singlewrcode", &DataTypeFields::singleCode,
+            {"Single Write Code", 0.2, [](const Type& type) { return codeOrEmpty(type.nSingleWrCode_); }},
+            writesSingle),
     };
 };
 
 std::span<const clsModBusType::Column> clsModBusType::columns() {
-    return Tables::kColumns;
+    static const auto kColumns = columnsOf(Tables::kFields);
+    return kColumns;
 }
 
 std::vector<std::string_view> clsModBusType::fieldNames() {
@@ -62,9 +79,19 @@ void clsModBusType::SetByXml(const XmlElement& element) {
 
 void clsModBusType::SetByForm(const DataTypeFields& fields) {
     sName_ = fields.name;
-    nReadCode_ = byteValue(fields.readCode);
-    nWriteCode_ = isReadOnly(sName_) ? std::uint8_t{0} : byteValue(fields.writeCode);
-    nSingleWrCode_ = fields.single ? byteValue(fields.singleCode) : std::uint8_t{0};
+    for (const Field& field : Tables::kFields) {
+        if (field.entered != nullptr) field.read(*this, field.isOf(fields) ? fields.*field.entered : "0");
+    }
+}
+
+DataTypeFields clsModBusType::texts() const {
+    DataTypeFields texts;
+    texts.name = sName_;
+    texts.single = writes(texts) && nSingleWrCode_ > 0;
+    for (const Field& field : Tables::kFields) {
+        if (field.entered != nullptr && field.isOf(texts)) field.print(texts.*field.entered, *this);
+    }
+    return texts;
 }
 
 std::string clsModBusType::GetXmlTag() const {

@@ -12,7 +12,15 @@ class ListView;
 class XmlElement;
 template <typename... Parts>
 struct RecordColumn;
-struct DataTypeFields;
+
+/// A data type as it is entered: codes as texts, not yet converted.
+struct DataTypeFields {
+    std::string name;
+    std::string readCode;
+    std::string writeCode;   ///< ignored for a read-only table
+    bool single = false;     ///< single values are written by a function of their own
+    std::string singleCode;  ///< ignored unless `single`
+};
 
 /// A Modbus table and the function codes with which the server accesses it. Codes are Modbus function codes,
 /// 0 meaning that the type has none.
@@ -32,6 +40,8 @@ public:
     void SetByXml(const XmlElement& element);
     /// From the texts of the data type dialog. Errors: TypeMismatch and Overflow for a code.
     void SetByForm(const DataTypeFields& fields);
+    /// What the data type dialog shows; codes that the type does not have are empty.
+    DataTypeFields texts() const;
     /// The element's line, without a line end.
     std::string GetXmlTag() const;
     /// The columns of the list.
@@ -42,7 +52,7 @@ public:
     static std::vector<std::string_view> fieldNames();
 
 private:
-    struct Tables;  // of fields and columns
+    struct Tables;
 
     std::string sName_;
     std::uint8_t nReadCode_ = 0;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "model/EnteredFields.h"
 #include "model/RecordField.h"
 #include "platform/Text.h"
 #include "platform/Xml.h"
@@ -21,23 +20,27 @@ struct Field {
     void (*read)(clsPLC&, std::string_view text);
     void (*enter)(clsPLC&, std::string_view text);
     void (*print)(std::string& out, const clsPLC&);
+    clsPLC::Column column;
 
     bool isOf(std::string_view kind) const { return interfaceKind == kBoth || interfaceKind == kind; }
 };
 
 template <auto member, NumberText entered = NumberText::Whole>
-constexpr Field field(std::string_view name, std::string_view interfaceKind, std::string UnitFields::*text) {
-    return {name, interfaceKind, text, take<member, NumberText::Whole>, take<member, entered>, print<member>};
+constexpr Field field(std::string_view name, std::string_view interfaceKind, std::string UnitFields::*text,
+                      clsPLC::Column column = {}) {
+    return {
+        name,          interfaceKind,           text, take<member, NumberText::Whole>, take<member, entered>,
+        print<member>, withCell<member>(column)};
 }
 
 }  // namespace
 
 struct clsPLC::Tables {
-    // In the order of the file. In the dialog, lists that take other texts too give the number in front.
+    // In the order of the file. NumberText::Leading: what is entered may have a text behind the number.
     static constexpr std::array kFields{
-        field<&clsPLC::sName_>("name", kBoth, &UnitFields::name),
+        field<&clsPLC::sName_>("name", kBoth, &UnitFields::name, {"Unit Name", 0.5}),
         field<&clsPLC::sAddress_>("address", kTcpIp, &UnitFields::address),
-        field<&clsPLC::nUI_>("id", kBoth, &UnitFields::identifier),
+        field<&clsPLC::nUI_>("id", kBoth, &UnitFields::identifier, {"ModBus Unit Identifier", 0.4}),
         field<&clsPLC::sCom_>("com", kRtu, &UnitFields::port),
         field<&clsPLC::nBaud_, NumberText::Leading>("baudrate", kRtu, &UnitFields::baud),
         field<&clsPLC::sParity_>("parity", kRtu, &UnitFields::parity),
@@ -47,14 +50,11 @@ struct clsPLC::Tables {
         field<&clsPLC::nTimeout_>("timeout", kBoth, &UnitFields::timeout),
         field<&clsPLC::nSilent_, NumberText::Leading>("silent", kRtu, &UnitFields::silent),
     };
-    static constexpr std::array kColumns{
-        Column{"Unit Name", 0.5, [](const clsPLC& unit) { return unit.sName_; }},
-        Column{"ModBus Unit Identifier", 0.4, [](const clsPLC& unit) { return std::to_string(unit.nUI_); }},
-    };
 };
 
 std::span<const clsPLC::Column> clsPLC::columns() {
-    return Tables::kColumns;
+    static const auto kColumns = columnsOf(Tables::kFields);
+    return kColumns;
 }
 
 std::vector<std::string_view> clsPLC::fieldNames(std::string_view interfaceKind) {
@@ -86,6 +86,19 @@ void clsPLC::SetByForm(const UnitFields& fields, std::string_view interfaceKind)
         if (field.isOf(interfaceKind)) field.enter(*this, fields.*field.entered);
     }
     sKey_ = sName_;
+}
+
+UnitFields clsPLC::texts(std::string_view interfaceKind) const {
+    UnitFields texts;
+    for (const Field& field : Tables::kFields) {
+        if (field.isOf(interfaceKind)) field.print(texts.*field.entered, *this);
+    }
+    return texts;
+}
+
+bool clsPLC::hasField(std::string UnitFields::*text, std::string_view interfaceKind) {
+    const auto* field = std::ranges::find(Tables::kFields, text, &Field::entered);
+    return field != Tables::kFields.end() && field->isOf(interfaceKind);
 }
 
 void clsPLC::AddToListView(ListView& list) const {

@@ -14,10 +14,24 @@ class ListView;
 class XmlElement;
 template <typename... Parts>
 struct RecordColumn;
-struct UnitFields;
 
 inline constexpr std::string_view kTcpIp = "TrevandixTcpIp";
 inline constexpr std::string_view kRtu = "TrevandixRTU";
+
+/// A unit as it is entered: the text of each field, not yet converted.
+struct UnitFields {
+    std::string name;
+    std::string identifier;
+    std::string timeout;
+    std::string address;
+    std::string port;
+    std::string baud;
+    std::string parity;
+    std::string dataBits;
+    std::string stopBits;
+    std::string flowControl;
+    std::string silent;
+};
 
 /// A unit: one Modbus slave that the server polls. Fields of the other interface kind stay empty or 0.
 class clsPLC {
@@ -58,8 +72,13 @@ public:
     using Column = RecordColumn<clsPLC>;
     static std::span<const Column> columns();
     void AddToListView(ListView& list) const;
-    /// From the texts of the unit dialog. Errors: TypeMismatch, Overflow.
+    /// From the texts of the unit dialog; ignores those of the other interface kind. Errors: TypeMismatch,
+    /// Overflow.
     void SetByForm(const UnitFields& fields, std::string_view interfaceKind);
+    /// The texts that the unit dialog shows; empty for the fields of the other interface kind.
+    UnitFields texts(std::string_view interfaceKind) const;
+    /// Whether units of the interface kind have the field of a text.
+    static bool hasField(std::string UnitFields::*text, std::string_view interfaceKind);
     /// The unit's start element at depth 2, for serial RTU with its field elements; lines joined by CR LF.
     std::string GetXmlTag(std::string_view interfaceKind) const;
 
@@ -68,7 +87,7 @@ public:
     static std::vector<std::string_view> fieldNames(std::string_view interfaceKind);
 
 private:
-    struct Tables;  // of fields and columns
+    struct Tables;
 
     std::string sName_;
     std::uint8_t nUI_ = 0;

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "model/EnteredFields.h"
+#include "model/Refusal.h"
 #include "model/StructureTree.h"
 
 namespace trevandix {

@@ -1,6 +1,7 @@
-#include "model/EnteredFields.h"
+#include "model/Refusal.h"
 
 #include <algorithm>
+#include <array>
 
 #include "model/Configuration.h"
 #include "model/Numbers.h"
