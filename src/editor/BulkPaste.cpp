@@ -6,6 +6,7 @@
 #include "dialogs/Dialog.h"
 #include "editor/frmReplace.h"
 #include "model/ItemRenaming.h"
+#include "model/RecordField.h"
 #include "platform/Text.h"
 #include "xmlfile/Generale.h"
 
@@ -13,9 +14,11 @@ namespace trevandix {
 
 namespace {
 
-constexpr std::size_t kCommentColumn = 1;
-constexpr std::size_t kAddressColumn = 2;
-constexpr std::size_t kIndexColumn = 6;
+std::size_t columnOf(std::string_view header) {
+    const auto columns = clsItem::columns();
+    const auto column = std::ranges::find(columns, header, &clsItem::Column::header);
+    return static_cast<std::size_t>(column - columns.begin());
+}
 
 }  // namespace
 
@@ -44,10 +47,11 @@ void BulkPaste::mnuPasteName_Click() {
         const Rows rows = context_.list.selectedRows();
         if (clashes(*lines, rows)) return void(context_.platform.messages.show("Name already existing"));
         if (!fits(*lines, rows)) return;
+        const std::size_t address = columnOf("Address");
         std::vector<Lines> cells{{"Item name", "", "New Item name", "Address"}};
         for (std::size_t i = 0; i < rows.size(); ++i) {
             cells.push_back({context_.list.rows().at(rows[i]).text, "<---", (*lines)[i],
-                             std::string(context_.list.cell(rows[i], kAddressColumn))});
+                             std::string(context_.list.cell(rows[i], address))});
         }
         if (!showFrmReplace(context_.platform.forms, cells, inAddressOrder(rows))) return;
         applyNames(*lines, rows);
@@ -71,9 +75,10 @@ bool BulkPaste::clashes(const Lines& lines, const Rows& rows) const {
 
 // As a click on the header of the index sorts them: by table, address and bit.
 bool BulkPaste::inAddressOrder(const Rows& rows) const {
+    const std::size_t index = columnOf("Index");
     return std::ranges::is_sorted(
         rows, [](std::string_view a, std::string_view b) { return compareIgnoringCase(a, b) < 0; },
-        [&](std::size_t row) { return context_.list.cell(row, kIndexColumn); });
+        [&](std::size_t row) { return context_.list.cell(row, index); });
 }
 
 bool BulkPaste::fits(const Lines& lines, const Rows& rows) const {
@@ -116,11 +121,12 @@ void BulkPaste::mnuPasteComment_Click() {
         if (!lines) return;
         const Rows rows = context_.list.selectedRows();
         if (!fits(*lines, rows)) return;
+        const std::size_t address = columnOf("Address");
         std::vector<Lines> cells{{"Item comment", "", "New Item comment", "Item"}};
         for (std::size_t i = 0; i < rows.size(); ++i) {
             const ListRow& row = context_.list.rows().at(rows[i]);
             cells.push_back({context_.configuration.items.at(row.key)->sComment(), "<---", (*lines)[i],
-                             row.text + ", " + std::string(context_.list.cell(rows[i], kAddressColumn))});
+                             row.text + ", " + std::string(context_.list.cell(rows[i], address))});
         }
         if (!showFrmReplace(context_.platform.forms, cells, inAddressOrder(rows))) return;
         context_.configuration.setSaved(false);
@@ -129,9 +135,10 @@ void BulkPaste::mnuPasteComment_Click() {
 }
 
 void BulkPaste::applyComments(const Lines& lines, const Rows& rows) {
+    const std::size_t comment = columnOf("Comment");
     for (std::size_t i = 0; i < rows.size(); ++i) {
         context_.configuration.setComment(context_.list.rows().at(rows[i]).key, lines[i]);
-        context_.list.setCell(rows[i], kCommentColumn, lines[i]);
+        context_.list.setCell(rows[i], comment, lines[i]);
     }
 }
 
