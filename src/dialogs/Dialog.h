@@ -54,7 +54,7 @@ Fields textsOf(const Form& form, const Rows& rows) {
     return texts;
 }
 
-/// Appends a stored value to a drop-down list that lacks it.
+/// Adds a stored value to a drop-down list that lacks it.
 inline void offerStored(Form& form, std::string_view list, const std::string& value) {
     std::vector<std::string> entries = form.items(list);
     if (value.empty() || std::ranges::find(entries, value) != entries.end()) return;
@@ -62,32 +62,32 @@ inline void offerStored(Form& form, std::string_view list, const std::string& va
     form.setItems(list, entries);
 }
 
-/// Does the same and chooses the value, so that Ok keeps what nobody touched.
+/// Offers a stored value and chooses it, so that Ok keeps a value that the user has not changed.
 inline void chooseStored(Form& form, std::string_view list, const std::string& value) {
     offerStored(form, list, value);
     form.setText(list, value);
 }
 
-/// For a record that is added when its dialog has closed: refused while the dialog is still open. Errors:
-/// KeyInCollection.
+/// Checks that the key is free while the dialog is still open: the record is added only after it has closed.
+/// Errors: KeyInCollection.
 template <typename Record>
 void requireFree(const KeyedCollection<Record>& records, const Key& key) {
     if (records.contains(key)) throw RuntimeError(ErrorNumber::KeyInCollection);
 }
 
-/// True when nothing is refused; else says why.
+/// True when nothing is refused; else shows the reason.
 inline bool passes(const std::optional<Refusal>& refused, Messages& messages) {
     if (refused) messages.show(refused->message);
     return !refused;
 }
 
-/// True when no sibling of the kind has the name; else says so. The siblings are the selected node's
-/// children, or, while that node is being edited, those beside it. A failure is shown and counts as a
-/// refusal.
+/// True when no sibling of the kind has the name; else shows a message. The siblings are the children of the
+/// selected node or, when it is being edited, the nodes beside it. Shows an error and returns false when
+/// there is one.
 bool CheckDuplNames(NodeTag tag, std::string_view name, const StructureTree& tree, bool edit,
                     Messages& messages);
 
-/// One event of a dialog. `procedure` is the name that its error messages give.
+/// One event of a dialog. Error messages name `procedure`.
 template <typename Dialog>
 struct EventRow {
     std::string_view control;
@@ -95,7 +95,7 @@ struct EventRow {
     void (Dialog::*handler)();
 };
 
-/// Connects every event with its handler. A failure is shown and leaves the dialog open.
+/// Connects each event with its handler. An error is shown and leaves the dialog open.
 template <typename Dialog>
 void connect(Form& form, Messages& messages, Dialog& dialog, std::initializer_list<EventRow<Dialog>> events) {
     for (const EventRow<Dialog>& event : events) {

@@ -98,7 +98,7 @@ void frmItems::loadRecord() {
     form_->setText("cmdOk", "Confirm Modify");
     form_->setEnabled("cmdAdd", false);
     form_->setEnabled("cmdGroup", false);
-    // The table decides which types there are, the type which fields.
+    // The table decides which types are offered, the type decides which fields are enabled.
     const ItemFields stored = edited_->texts();
     chooseStored(*form_, "cmbModbusType", stored.table);
     cmbModbusType_Click();
@@ -116,7 +116,7 @@ void frmItems::cmbModbusType_Click() {
     form_->setItems("cmbAccessRight", accessRightsOf(table));
     if (edited_ == nullptr) return;
     const ItemType own = splitDataType(edited_->sDataType());
-    if (table != own.table) return;  // unusual values of the record belong to its own table only
+    if (table != own.table) return;  // its unusual values fit no other table
     offerStored(*form_, "cmbDataType", std::string(own.label));
     offerStored(*form_, "cmbAccessRight", edited_->sAccessRight());
 }
@@ -200,7 +200,7 @@ void frmItems::proposeNextItem() {
                                     toInt32(leadingNumber(text("txtElements"))));
     form_->setText("txtItemName", "New_Item_" + std::to_string(context_.configuration.state.itemCounter));
     form_->setText("txtAddress", std::to_string(next.address));
-    // Only what changes: in a large group, writing to controls is what takes the time.
+    // Sets only what changes: in a large group, setting controls takes most of the time.
     if (!text("txtComment").empty()) form_->setText("txtComment", "");
     if (next.bit != place.bit) form_->setText("cmbBit", std::to_string(next.bit));
 }
@@ -218,7 +218,7 @@ void frmItems::cmdOkNumber_Click() {
         context_.messages.show("Number of items is not valid.");
         return;
     }
-    const std::int16_t count = toInt16(*number);  // too large a number leaves the panel open for a better one
+    const std::int16_t count = toInt16(*number);  // throws for too large a number and leaves the panel open
     form_->setVisible(kGroup, false);
     addGroup(count);
     leaveGroup();

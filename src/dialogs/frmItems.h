@@ -43,7 +43,7 @@ private:
 
     DialogContext context_;
     std::unique_ptr<Form> form_;
-    std::shared_ptr<const clsItem> edited_;  ///< nothing while items are added
+    std::shared_ptr<const clsItem> edited_;  ///< nullptr while items are added
     bool stored_ = false;                    ///< the last AddItemToColl added or changed an item
 };
 

@@ -76,7 +76,7 @@ void frmModBus::Form_Load() {
     std::vector<std::string> names;
     for (const ModbusTable& table : modbusTables()) names.emplace_back(table.label);
     form_->setItems("cmbMBType", names);
-    form_->setEnabled("txtSingleCode", false);  // goes with the check box
+    form_->setEnabled("txtSingleCode", false);  // the check box enables it
     if (!edit_) return;
     chooseStored(*form_, "cmbMBType", editedName_);
     showFields(context_.configuration.dataTypes.at(editedName_)->texts());
@@ -117,7 +117,7 @@ void frmModBus::cmdOk_Click() {
     Configuration& configuration = context_.configuration;
     clsModBusType record;
     record.SetByForm(type);
-    if (record.getName().empty()) throw RuntimeError(ErrorNumber::InvalidCall);  // it could have no node
+    if (record.getName().empty()) throw RuntimeError(ErrorNumber::InvalidCall);  // a node needs a key
     if (edit_) {
         configuration.replaceDataType(editedName_, std::move(record));
     } else {

@@ -30,7 +30,7 @@ private:
 
     DialogContext context_;
     std::unique_ptr<Form> form_;
-    std::shared_ptr<const clsPLC> edited_;  ///< nothing while a unit is added
+    std::shared_ptr<const clsPLC> edited_;  ///< nullptr while a unit is added
     std::optional<clsPLC> added_;
 };
 

@@ -58,8 +58,8 @@ void BulkPaste::mnuPasteName_Click() {
     });
 }
 
-// An item beside the selected ones has the name. A line with a "." clashes with nothing, as no name ends a
-// key with one; it is refused later, for its own item alone.
+// True when a sibling that is not selected has one of the names. Skips lines with a ".", which are refused
+// later, each for its own item.
 bool BulkPaste::clashes(const Lines& lines, const Rows& rows) const {
     const TreeNode* node = context_.tree().selected();
     if (node == nullptr) return false;
@@ -73,7 +73,7 @@ bool BulkPaste::clashes(const Lines& lines, const Rows& rows) const {
     return false;
 }
 
-// As a click on the header of the index sorts them: by table, address and bit.
+// True when the rows are in the order of the Index column: by table, address and bit.
 bool BulkPaste::inAddressOrder(const Rows& rows) const {
     const std::size_t index = columnOf("Index");
     return std::ranges::is_sorted(
@@ -86,7 +86,7 @@ bool BulkPaste::fits(const Lines& lines, const Rows& rows) const {
     return lines.size() == rows.size();
 }
 
-// All at once, not one after the other, so that selected items can swap their names.
+// Renames all at once, so that selected items can swap their names.
 void BulkPaste::applyNames(const Lines& lines, const Rows& rows) {
     std::vector<ItemRenaming> renamings;
     Rows renamed;

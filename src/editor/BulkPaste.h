@@ -10,12 +10,13 @@
 
 namespace trevandix {
 
-/// A text as the lines that it stands for: cut at each CR LF, or at each LF where there is no CR LF at all,
-/// and freed of blanks at both ends. A line end at the very end adds no line.
+/// Splits a text at each CR LF, or at each LF if it has no CR LF, and removes the blanks at both ends of each
+/// line. A line end at the end of the text adds no line.
 std::vector<std::string> clipboardLines(std::string_view text);
 
-/// Gives the lines of the clipboard's text to the selected items, as names or as comments, after showing old
-/// and new side by side, and the address of each. Refuses before anything has changed.
+/// Gives the selected items the lines of the clipboard as names or comments, in the order of the list, after
+/// showing old and new texts and asking for confirmation. Changes nothing if there are not as many lines as
+/// items, or if an item beside them has one of the names.
 class BulkPaste {
 public:
     explicit BulkPaste(const EditorContext& context) : context_(context) {}
@@ -26,7 +27,7 @@ public:
 private:
     using Rows = std::vector<std::size_t>;
     using Lines = std::vector<std::string>;
-    /// The clipboard's lines; nothing, after a message, when it is empty.
+    /// The clipboard's lines. Shows a message and returns nothing when the clipboard is empty.
     std::optional<Lines> pastedLines() const;
     bool clashes(const Lines& lines, const Rows& rows) const;
     bool inAddressOrder(const Rows& rows) const;

@@ -134,7 +134,7 @@ void ClipboardEditing::deleteUnit(TreeNode& node) {
     showSelected();
 }
 
-// The list must not go on showing what was below a removed node.
+// Fills the list again, which may still show the contents of the removed node.
 void ClipboardEditing::showSelected() {
     views_.TreeView1_NodeClick(*context_.tree().selected());
 }

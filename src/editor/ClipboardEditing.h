@@ -8,17 +8,17 @@
 
 namespace trevandix {
 
-/// Copy, cut, paste and delete through the buffer of item references. The list with several rows and the tree
-/// with its selected node are two ways kept apart; which one a command goes depends on the keyboard focus.
+/// Copy, cut, paste and delete, through a buffer of item references. Copy, cut and delete act on the selected
+/// rows when the list has the keyboard focus, and on the selected node when the tree has it.
 class ClipboardEditing {
 public:
     ClipboardEditing(const EditorContext& context, TreeAndList& views) : context_(context), views_(views) {}
 
     void mnuCopy_Click();
-    /// Deletes after asking even when nothing could be copied.
+    /// Copies, then asks and deletes, even if nothing could be copied.
     void mnuCut_Click();
     void mnuPaste_Click();
-    /// Leaves the saved flag alone.
+    /// Asks before it deletes. Does not change the saved flag.
     void mnuDelete_Click();
 
 private:

@@ -10,7 +10,7 @@ bool DragAndDrop::TreeView1_MouseDown(TreeNode* node, ShiftState shift) {
     return node != nullptr;
 }
 
-// A refused drop leaves its highlight; nothing may be dropped on it before the pointer has been there again.
+// Clears the highlight that a refused drop has left: the next drop must not land there.
 DropEffect DragAndDrop::TreeView1_OLEStartDrag() {
     context_.tree().setDropHighlight(nullptr);
     context_.platform.pointer.set(Pointer::Icon);
@@ -45,7 +45,7 @@ void DragAndDrop::TreeView1_OLEDragDrop() {
         if (target == nullptr || drop(*target)) endFeedback();
     } catch (const RuntimeError& error) {
         if (error.number() != ErrorNumber::KeyNotUnique)
-            return;  // what was done so far stays, without a word
+            return;  // keeps what was done so far and shows no message
         context_.platform.messages.show("Name already in use at this level. Move not allowed", Buttons::Ok,
                                         Icon::Critical);
     }
@@ -63,8 +63,7 @@ bool DragAndDrop::drop(TreeNode& target) {
     TreeNode& placed = context_.configuration.copySubtree(*dragged, target);
     context_.tree().setExpanded(placed, true);
     context_.tree().ensureVisible(placed);
-    // Only when all of it stands at its new place: a name that is taken deep inside must leave no node
-    // without its record.
+    // Removes the source only after all of it has been copied: if a name inside is taken, copySubtree throws.
     if (effect() == DropEffect::Move) context_.configuration.removeMoved(*dragged);
     return true;
 }

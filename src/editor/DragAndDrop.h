@@ -6,19 +6,19 @@
 
 namespace trevandix {
 
-/// Moving and copying nodes by dragging them with the right mouse button. A copy shares its records with the
-/// source: editing either edits both. The list is not rebuilt and the saved flag stays.
+/// Moves and copies nodes that the user drags with the right mouse button. A copy shares its records with the
+/// source: editing one edits both. Changes neither the list nor the saved flag.
 class DragAndDrop {
 public:
     explicit DragAndDrop(const EditorContext& context) : context_(context) {}
 
-    /// Remembers node and keys; True when there is a node to drag.
+    /// Remembers the node and the modifier keys. True when there is a node to drag.
     bool TreeView1_MouseDown(TreeNode* node, ShiftState shift);
-    /// Copy when the control key was down with the mouse button, else move.
+    /// Copy if the Control key was down when the button was pressed, else Move.
     DropEffect TreeView1_OLEStartDrag();
     void TreeView1_OLEDragOver(TreeNode* node);
     bool dropAllowed(const TreeNode* node) const;
-    /// Drops on the highlighted node. Highlight and pointer are taken back only when the drop succeeds.
+    /// Drops on the highlighted node. Resets highlight and pointer unless the drop is refused.
     void TreeView1_OLEDragDrop();
     void dragCancelled();
 
@@ -31,7 +31,7 @@ private:
     void endFeedback();
 
     const EditorContext& context_;
-    /// The dragged node by its key (the first node's is empty), so that it cannot outlive its node.
+    /// Key of the dragged node; empty for the first node. A pointer could outlive the node.
     std::optional<Key> mSourceNode;
     ShiftState mShiftState;
 };

@@ -30,7 +30,7 @@ struct Platform {
     std::string stateFolder{};  ///< folder for recovery files; empty for none
 };
 
-/// What every family of commands works on. Owned by `frmEditing`.
+/// What each class of commands works on. Owned by `frmEditing`.
 struct EditorContext {
     Platform& platform;
     Configuration& configuration;
@@ -40,15 +40,15 @@ struct EditorContext {
     StructureTree& tree() const { return configuration.tree; }
     const EditingState& state() const { return configuration.state; }
 
-    /// Switches the commands for a situation. Without an open configuration only Start and Busy have an
-    /// effect, so that nothing can be saved over a file that could not be read.
+    /// Enables the commands of a situation. While no configuration is open, ignores every situation but Start
+    /// and Busy, so that nothing can be saved over a file that could not be read.
     void enable(Situation situation) const;
 
-    /// Runs a handler; its failure is shown with the handler's name.
+    /// Runs a handler. On an error, shows it with the name `procedure` and returns false.
     bool guarded(std::string_view procedure, const std::function<void()>& body) const;
 
-    /// Empties the view: tree and list hidden and cleared, copy buffer and paste counter as at the start.
-    /// Leaves collections, flags and counters alone.
+    /// Hides and clears tree and list, and resets copy buffer and paste counter. Keeps records, flags and the
+    /// other counters.
     void InitObjects() const;
 };
 

@@ -6,7 +6,7 @@ namespace trevandix {
 
 namespace {
 
-// One row a situation, one column a flag, as in the enum. T stands for enabled.
+// A row for each Situation, a column for each EnablingFlag, in the order of the enums. T: enabled.
 constexpr bool T = true;
 constexpr bool o = false;
 constexpr std::array<EnablingRow, 10> kRows{{
@@ -54,7 +54,7 @@ void EnMenuButt(CommandBar& commands, const EnablingRow& row) {
         if (!command.button.key.empty()) commands.enableButton(command.button.key, row[command.flag]);
     }
     commands.enableMenu("mnuFile", row[fileO]);
-    // Delete enables the Objects menu, not the Edit menu that it stands in.
+    // The switch of Delete enables the Objects menu, although its entry is in the Edit menu.
     commands.enableMenu("mnuObjects", row[ambO] || row[abrO] || row[aitO] || row[aplO] || row[dltO]);
     commands.enableMenu("mnuEdit", row[cpyO] || row[cutO] || row[pstO]);
     commands.enableMenu("mnuView", row[vewO]);

@@ -8,7 +8,7 @@
 
 namespace trevandix {
 
-/// The fourteen switches, in their fixed order.
+/// Switches of the commands. A command has one switch, a switch may belong to several commands.
 enum EnablingFlag : std::size_t {
     fileO,
     fileS,
@@ -26,13 +26,13 @@ enum EnablingFlag : std::size_t {
     pCo,
     kFlagCount
 };
-/// Of a command that no switch turns off.
+/// The flag of a command that is always enabled.
 inline constexpr EnablingFlag kAlways = kFlagCount;
 
-/// Which commands are usable: one row of switches.
+/// The states of all switches, in the order of EnablingFlag.
 using EnablingRow = std::array<bool, kFlagCount>;
 
-/// Everything that decides a row.
+/// What the user works on, which decides the enabled commands.
 enum class Situation {
     Start,  ///< no configuration is open
     AfterNew,
@@ -49,7 +49,7 @@ enum class Situation {
 const EnablingRow& enablingRow(Situation situation);
 Situation situationOf(NodeTag tag);
 
-/// Sets every menu, entry and toolbar button to its switch.
+/// Enables or disables every menu, menu entry and toolbar button according to its switch.
 void EnMenuButt(CommandBar& commands, const EnablingRow& row);
 
 }  // namespace trevandix

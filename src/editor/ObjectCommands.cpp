@@ -39,8 +39,7 @@ void ObjectCommands::showSelected(TreeNode& node) {
     context_.tree().select(&node);
 }
 
-// The command is also offered on a branch whose first child is an item; the type belongs to the folder from
-// there too.
+// Also enabled on a branch whose first child is an item. There too, the type is added to the ModBus folder.
 void ObjectCommands::mnuAddMBType_Click() {
     context_.guarded("mnuAddMBType_Click", [&] {
         if (targetOf({NodeTag::ModBus, NodeTag::Branch}, "the ModBus folder") == nullptr) return;
@@ -80,8 +79,8 @@ void ObjectCommands::mnuAddItem_Click() {
     context_.guarded("mnuAddItem_Click", [&] {
         TreeNode* container = targetOf({NodeTag::Plc, NodeTag::Branch}, "a unit or a branch");
         if (container == nullptr) return;
-        // The select-node routine sorts the children afterwards in any case. Sorted before, a name is found
-        // among them without a walk, so that a large group costs no more for each item than a small one.
+        // TreeView1_NodeClick sorts the children afterwards anyway. Among sorted children a name is found
+        // without a walk, so that items of a large group are added as quickly as those of a small one.
         context_.tree().keepSorted(*container);
         frmItems(dialogContext()).showToAdd();
         views_.TreeView1_NodeClick(*context_.tree().selected());
@@ -103,7 +102,7 @@ void ObjectCommands::editRecordOf(TreeNode& node) {
             views_.TreeView1_NodeClick(configuration.tree.at(Key(kModBusFolder)));
             break;
         case NodeTag::Branch:
-            configuration.branches.at(node.key());  // a node without its record has nothing to edit
+            configuration.branches.at(node.key());  // throws for a node without a record
             frmBranch(dialogContext()).showToEdit();
             views_.TreeView1_NodeClick(*configuration.tree.selected());
             break;
@@ -120,7 +119,7 @@ void ObjectCommands::editRecordOf(TreeNode& node) {
     }
 }
 
-// The row in the list goes on being that of the item, also under another name.
+// Gives the list's row the item's new key, so that it is still selected after the list has been filled again.
 void ObjectCommands::editItem(TreeNode& node) {
     const Key key = node.key();
     frmItems(dialogContext()).showToEdit(context_.configuration.items.at(key));

@@ -10,8 +10,8 @@
 
 namespace trevandix {
 
-/// The Add commands and the double click: open the property dialog of the record, then bring tree and list up
-/// to date. A command does nothing where the selected node is of no kind that it is for.
+/// The Add commands and the double click. Each opens the property dialog of a record and then updates tree
+/// and list. A command does nothing when the selected node is of a kind that it is not for.
 class ObjectCommands {
 public:
     /// `dialogChanged` is called after each change by a dialog that stays open.
@@ -29,7 +29,7 @@ private:
     DialogContext dialogContext() const;
     /// The selected node of an open configuration when its tag is one of these, else nullptr.
     TreeNode* selectedOf(std::initializer_list<NodeTag> tags) const;
-    /// The same for an Add command; the status bar says why it does nothing.
+    /// The same for an Add command. If it returns nullptr, the status bar says that `wanted` is not selected.
     TreeNode* targetOf(std::initializer_list<NodeTag> tags, std::string_view wanted) const;
     void showSelected(TreeNode& node);
     void editRecordOf(TreeNode& node);

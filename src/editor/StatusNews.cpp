@@ -9,7 +9,7 @@ namespace trevandix {
 
 namespace {
 
-/// "192.168.0.10, identifier 3, 2000 ms" or "COM1, 9600, 8N1, identifier 3".
+/// How the unit is reached: "192.168.0.10, identifier 3, 2000 ms" or "COM1, 9600, 8N1, identifier 3".
 std::string connection(const clsPLC& unit, std::string_view interfaceKind) {
     const std::string identifier = ", identifier " + std::to_string(unit.getUI());
     if (interfaceKind == kTcpIp)
@@ -40,7 +40,7 @@ void StatusNews::update() {
 }
 
 void StatusNews::tellSaved(bool published) {
-    // What to mend has the first line, the one that the status bar shows.
+    // What the user must change comes first: the status bar shows only the first line.
     notice_ = whatMakesUnreadable(configuration_);
     if (!notice_.empty()) notice_ += ", so other programs cannot read this file.\n";
     if (!capitalsTold_ && hasSmallLetters(configuration_)) {

@@ -9,20 +9,20 @@
 
 namespace trevandix {
 
-/// The status bar: what is selected, how much there is, whether it is saved, what the last command did. Quiet
-/// news, never a box.
+/// The texts of the status bar: what is selected, how many units, branches and items there are, whether they
+/// are saved, and what the last command did.
 class StatusNews {
 public:
     StatusNews(MainWindow& window, const Configuration& configuration, const ListView& list)
         : window_(window), configuration_(configuration), list_(list) {}
 
-    /// Brings the fields up to date; cheap enough to be called after every event.
+    /// Updates the fields. Cheap enough to be called after every event.
     void update();
-    /// What a command did, or why it did nothing; shown in place of the notice until the next command or
-    /// click.
+    /// Sets what a command did, or why it did nothing. `update` shows it instead of the notice, until the
+    /// next command or click.
     void tell(std::string feedback) { feedback_ = std::move(feedback); }
-    /// The file has been saved: says the first text in it that keeps other programs from reading it, and
-    /// whether the server has been told of it. Stays until the next save, or another configuration.
+    /// Sets the notice after saving: the first text that keeps other programs from reading the file, if there
+    /// is one, and whether the path was published. It stays until the next save or another configuration.
     void tellSaved(bool published);
     void clearNotice() { notice_.clear(); }
 
@@ -35,7 +35,7 @@ private:
     const Configuration& configuration_;
     const ListView& list_;
     std::string notice_;
-    bool capitalsTold_ = false;  ///< said once, for the first file with small letters in a branch's name
+    bool capitalsTold_ = false;  ///< the notice about capitals is given only once
     std::string feedback_;
     std::array<std::string, 4> shown_;
 };

@@ -10,7 +10,7 @@ void TreeAndList::TreeView1_NodeClick(TreeNode& node) {
         showContents(node);
         context_.tree().select(&node);
     });
-    // Rows that were selected before and are still there go on being what the commands act on.
+    // Commands act on the rows that are still selected, so these decide which commands are enabled.
     if (context_.platform.window.focusedView() == FocusedView::List) ListView1_Click();
 }
 
@@ -40,7 +40,7 @@ void TreeAndList::enableForSelected() const {
     if (const TreeNode* node = context_.tree().selected()) enableFor(*node);
 }
 
-// Of a branch, only the first child decides about the bulk pastes.
+// The first child of a branch alone decides whether the bulk pastes are enabled.
 void TreeAndList::enableFor(const TreeNode& node) const {
     const TreeNode* first = node.firstChild();
     const bool pastes = node.tag() == NodeTag::Branch && first != nullptr && first->tag() == NodeTag::Item;
@@ -60,7 +60,7 @@ void TreeAndList::showColumns(NodeTag tag) {
             return show(clsModBusType::columns());
         case NodeTag::Branch:
             return show(clsItem::columns());
-        case NodeTag::Item:  // alone, it needs no index to be sorted by
+        case NodeTag::Item:  // without the index: a single row needs no sorting
             return show(clsItem::columns().first(clsItem::columns().size() - 1));
         case NodeTag::DataType:
             return;
@@ -92,7 +92,7 @@ void TreeAndList::showItem(const TreeNode& node) {
     showRow(node, false);
 }
 
-// A record shared by two nodes names only one of them; the row leads back to the node that it shows.
+// A record shared by two nodes has the key of only one of them, so the row gets the key of its own node.
 void TreeAndList::showRow(const TreeNode& item, bool index) {
     context_.configuration.items.at(item.key())->AddToListView(context_.list, index);
     context_.list.setKey(context_.list.rows().size() - 1, item.key());

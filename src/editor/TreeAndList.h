@@ -6,22 +6,22 @@
 
 namespace trevandix {
 
-/// The two views: what the list shows of a node, how it is sorted and displayed, what a click enables.
+/// What the list shows for a node, how it is sorted and displayed, and which commands a click enables.
 class TreeAndList {
 public:
     explicit TreeAndList(const EditorContext& context) : context_(context) {}
 
-    /// The select-node routine, the one way in which the list is rebuilt. The node becomes the selected one
-    /// and its children are sorted from now on. Where the list showed the same node before, rows keep their
-    /// selection and the scroll position.
+    /// Selects the node and fills the list with its contents; the list is filled nowhere else. Sorts the
+    /// children and keeps them sorted from then on. A list that showed the same node before keeps selection
+    /// and scroll position.
     void TreeView1_NodeClick(TreeNode& node);
-    /// Switches the commands for the selected node.
+    /// Enables the commands for the selected node.
     void enableForSelected() const;
-    /// Switches the commands for the list's current row.
+    /// Enables the commands for the node of the list's current row.
     void ListView1_Click();
     /// Selects the tree node of the list's current row, if there is one.
     void selectNodeOfCurrentRow();
-    /// Always ascending.
+    /// Sorts by the column, always ascending.
     void ListView1_ColumnClick(std::size_t column);
     void setMode(ListMode mode) { context_.list.setMode(mode); }
 

@@ -100,7 +100,7 @@ void frmEditing::TreeView1_DblClick() {
 
 void frmEditing::treeExpansionChanged(TreeNode& node, bool expanded) {
     context_.tree().setExpanded(node, expanded);
-    // A selection that the user has hidden passes to the node that hides it.
+    // If the selected node is now hidden, the collapsed node is selected instead.
     const TreeNode* selected = context_.tree().selected();
     if (!expanded && selected != &node && liesIn(selected, node)) TreeView1_NodeClick(node);
 }

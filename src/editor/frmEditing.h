@@ -17,20 +17,20 @@
 
 namespace trevandix {
 
-/// The main window's logic: owns the families of commands and hands every event to the one it belongs to.
+/// The main window's logic: owns the classes of commands and passes each event on to one of them.
 class frmEditing : public MainWindowEvents {
 public:
-    /// All three outlive the editor.
+    /// The arguments must outlive the editor.
     frmEditing(Platform& platform, Configuration& configuration, ListView& list);
 
-    /// The last step of start-up: the commands of a program without a configuration.
+    /// Last step of start-up: enables the commands that need no configuration.
     void Form_Load();
-    /// The first thing that the program does: asks about unsaved work of earlier runs, then opens the file,
-    /// if one was named. Recovered work stays open instead, and the status bar says so.
+    /// First action of the program: asks about unsaved work of earlier runs, then opens the file. If work was
+    /// recovered, it stays open instead, and the status bar says so. An empty path opens nothing.
     void start(const std::string& filePath);
     /// Opens a file as if it had been chosen in the Open dialog.
     void openFile(const std::string& filePath);
-    /// Asks about unsaved work of earlier runs. True when some was taken back and is open now.
+    /// Asks about unsaved work of earlier runs. True when some was recovered and is open now.
     bool offerRecovery();
 
     void commandChosen(std::string_view command) override;
@@ -55,12 +55,12 @@ public:
     void fileDropped(const std::string& filePath) override;
 
 private:
-    friend std::span<const CommandRow> commandRows();  // whose handlers call the families
-    /// The dialog of the selected object, as after a double click in the view that has the keyboard.
+    friend std::span<const CommandRow> commandRows();  // its handlers call the members
+    /// Opens the dialog of the selected object, like a double click in the view that has the keyboard focus.
     void openObject();
 
-    /// An event of the user, unless a file is being read: then the window is alive, but nothing may change
-    /// what is being built.
+    /// Handles an event of the user by `work` and updates the status bar. Ignores the event while a file is
+    /// being read, because it could change the unfinished configuration.
     template <typename Work>
     void react(Work work);
 

@@ -22,7 +22,8 @@ constexpr std::array kControls{
 };
 constexpr FormSpec kForm{"frmFind", "Find Item", kControls, "cmdFind", "cmdCancel", "txtFind"};
 
-/// `upper` is in capitals already. Allocates nothing, as it runs for every node.
+/// Whether the text begins with `upper` (in capitals), ignoring case. Allocates nothing, because it runs for
+/// every node.
 bool beginsWith(std::string_view text, std::u32string_view upper) {
     std::size_t at = 0;
     for (const char32_t wanted : upper) {
@@ -66,7 +67,7 @@ void frmFind::findNextByKey() {
     if (open_) cmdNext_Click();
 }
 
-// Selects the match that follows `passed` others.
+// Selects the next match after skipping `passed` others.
 void frmFind::selectMatch(std::size_t passed) {
     const std::string typed = form_->text("txtFind");
     std::u32string upper;

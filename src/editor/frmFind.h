@@ -7,16 +7,17 @@
 
 namespace trevandix {
 
-/// The modeless find window: moves the tree's selection to nodes whose text begins with what was typed, in
-/// the order in which the nodes were added. The list keeps what it shows.
+/// The modeless find window. Selects nodes of the tree whose text begins with what was typed, ignoring case,
+/// in the order in which they were added. The list does not change.
 class frmFind {
 public:
     explicit frmFind(const EditorContext& context) : context_(context) {}
 
     /// Shows the window, loading it first if needed.
     void mnuFind_Click();
-    /// Find Next from the main window's keyboard, while the find window is open.
+    /// Find Next by the main window's shortcut. Does nothing unless the find window is open.
     void findNextByKey();
+    /// Closes and deletes the window.
     void unload();
 
 private:
@@ -27,11 +28,11 @@ private:
 
     const EditorContext& context_;
     std::unique_ptr<Form> form_;
-    /// A closed window lives on unseen until it is opened again: it may be closed from one of its own
-    /// handlers.
-    bool open_ = false;
-    /// Matches that Find Next has passed since the window was opened. Neither Find nor another text resets
+    /// A closed window is not deleted before it is opened again, because one of its own handlers may close
     /// it.
+    bool open_ = false;
+    /// Number of matches that Find Next has skipped since the window was opened. Neither Find nor another
+    /// text resets it.
     std::int16_t matchCount_ = 0;
 };
 

@@ -7,8 +7,8 @@
 
 namespace trevandix {
 
-/// Shows old and new texts side by side, the first row being the header, with a warning unless the rows are
-/// in address order. True when the user confirmed.
+/// Shows old and new texts side by side, with a warning unless the rows are in address order. The first row
+/// is the header. True when the user confirms.
 bool showFrmReplace(Forms& forms, const std::vector<std::vector<std::string>>& rows, bool inOrder);
 
 }  // namespace trevandix

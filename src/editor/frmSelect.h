@@ -7,7 +7,8 @@
 
 namespace trevandix {
 
-/// Asks for the interface kind of a new configuration. Nothing when it was closed by its title bar.
+/// Asks for the interface kind of a new configuration. Nothing when the user closes the dialog by its title
+/// bar.
 std::optional<std::string_view> showFrmSelect(Forms& forms);
 
 }  // namespace trevandix

@@ -12,8 +12,8 @@
 #include "platform/ListView.h"
 #include "platform/Xml.h"
 
-// What the tables of the records' fields are made of. Each record has one table of its fields, in the order
-// of the file, which reading, mending, writing, the dialog and the list walk.
+// A record has one table of its fields, in the order of the file. Reading, mending, writing, the dialog and
+// the list walk it. Here is what the tables are made of.
 
 namespace trevandix {
 
@@ -30,7 +30,7 @@ std::string attributeStart(std::string_view name);
 void appendElement(std::string& out, int tabs, std::string_view name, std::string_view value);
 void appendNumber(std::string& out, int value);
 
-/// Numbers that are a whole text, or that a text begins with. Errors: TypeMismatch (whole), Overflow.
+/// Whether the whole text must be a number, or only its beginning. Errors: TypeMismatch (Whole), Overflow.
 enum class NumberText { Whole, Leading };
 
 template <NumberText how, typename Value>

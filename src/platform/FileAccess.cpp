@@ -58,7 +58,7 @@ namespace {
 
 std::string readWholeFile(const std::string& filePath) {
     std::error_code error;
-    // A folder, or a pipe that would let the program wait for ever.
+    // A folder has no bytes, and a pipe could make the program wait for ever.
     const auto kind = std::filesystem::status(fromUtf8(filePath), error).type();
     if (kind == std::filesystem::file_type::directory || kind == std::filesystem::file_type::fifo ||
         kind == std::filesystem::file_type::socket) {
@@ -72,7 +72,7 @@ std::string readWholeFile(const std::string& filePath) {
     if (!error && size > kLargestFile) throwTooLarge();
     std::string bytes;
     if (!error) bytes.reserve(static_cast<std::size_t>(size));
-    // Through a small buffer: a text made large enough at once would be written twice.
+    // Reads through a small buffer: a string that is resized first would be written twice.
     std::array<char, std::size_t{1} << 16> piece{};
     while (const std::size_t length = std::fread(piece.data(), 1, piece.size(), file.get())) {
         if (bytes.size() > kLargestFile) throwTooLarge();

@@ -14,7 +14,7 @@ namespace trevandix {
 
 #ifdef _WIN32
 
-// A file that is shared with nobody; it may be deleted by its owner all the same.
+// Opens the file for this process alone. Sharing deletion lets the owner delete it while it is locked.
 std::unique_ptr<FileLock> FileLock::tryLock(const std::string& filePath) {
     const HANDLE handle = CreateFileW(fromUtf8(filePath).c_str(), GENERIC_WRITE, FILE_SHARE_DELETE, nullptr,
                                       OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);

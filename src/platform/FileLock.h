@@ -5,12 +5,12 @@
 
 namespace trevandix {
 
-/// Says that a living process uses something: held until it is destroyed or its process ends, however that
-/// ends.
+/// A lock that tells other processes that this one is still running. Released on destruction, and by the
+/// system when the process ends in any way.
 class FileLock {
 public:
-    /// Makes the file when it is missing; it stays afterwards. nullptr when another process, or another lock
-    /// of this one, holds it, or when the system refuses.
+    /// Locks the file, creating it if it is missing; the file stays afterwards. nullptr when another process
+    /// or another FileLock has locked it, or the system refuses.
     static std::unique_ptr<FileLock> tryLock(const std::string& filePath);
     ~FileLock();
     FileLock(const FileLock&) = delete;

@@ -14,8 +14,8 @@ namespace trevandix {
 
 namespace {
 
-constexpr int kMargin = 24;   // between a text and the edges of its field, both sides together
-constexpr int kPadding = 8;   // its least size
+constexpr int kMargin = 24;   // between a text and the edges of a field that has room, both sides together
+constexpr int kPadding = 8;   // the same in a field that is too narrow for its text
 constexpr int kBorders = 48;  // of all fields
 constexpr int kGrip = 24;     // the size grip over the last field
 

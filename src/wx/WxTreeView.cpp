@@ -142,7 +142,7 @@ void WxTreeView::insertSubtree(const TreeNode& top) {
     }
 }
 
-// Frozen: some controls would redraw every line below the new one.
+// Frozen, because some controls redraw every line below the new one.
 void WxTreeView::nodeAdded(const TreeNode& node) {
     const ScopedIncrement quiet(quiet_);
     const wxWindowUpdateLocker frozen(this);
