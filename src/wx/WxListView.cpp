@@ -66,9 +66,11 @@ void WxListView::watch(wxListCtrl& control) {
         gate_.post(WxInputGate::Kind::Single,
                    [column](MainWindowEvents& e) { e.ListView1_ColumnClick(column); });
     });
+    control.Bind(wxEVT_CONTEXT_MENU, &WxListView::onContextMenu, this);
     wxWindow& rows = rowArea(control);
     setAccessibleName(control, kSpokenName, kSpokenPurpose);
     setAccessibleName(rows, kSpokenName, kSpokenPurpose);
+    watchRows(rows);
 #ifdef __WXGTK__
     // wx redraws the header before it scrolls the rows, so the header is redrawn afterwards.
     for (const auto& type : {wxEVT_SCROLLWIN_LINEUP, wxEVT_SCROLLWIN_LINEDOWN, wxEVT_SCROLLWIN_PAGEUP,
@@ -86,6 +88,9 @@ void WxListView::watch(wxListCtrl& control) {
             setAccessibleName(rows, kSpokenName + (": " + control.GetItemText(event.GetIndex())));
     });
 #endif
+}
+
+void WxListView::watchRows(wxWindow& rows) {
     // The control does not propagate this event, but the main window must know which view has the focus.
     rows.Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
         event.Skip();
@@ -101,7 +106,6 @@ void WxListView::watch(wxListCtrl& control) {
         if (beside(event.GetPosition())) doubleClick();
     });
     rows.Bind(wxEVT_RIGHT_DOWN, &WxListView::onRightDown, this);
-    control.Bind(wxEVT_CONTEXT_MENU, &WxListView::onContextMenu, this);
 }
 
 bool WxListView::beside(const wxPoint& point) const {

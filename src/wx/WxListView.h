@@ -40,6 +40,7 @@ public:
 
 private:
     void watch(wxListCtrl& control);
+    void watchRows(wxWindow& rows);
     void showFitting();
     void click();
     void doubleClick();
