@@ -5,8 +5,8 @@
 #include <set>
 
 #include "FakePlatform.h"
-#include "model/Refusal.h"
 #include "model/Numbers.h"
+#include "model/Refusal.h"
 #include "model/ValueTypes.h"
 #include "platform/Text.h"
 

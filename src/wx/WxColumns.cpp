@@ -31,7 +31,7 @@ void WxColumnScaling::scale() {
 namespace {
 
 constexpr int kMostRowsShown = 15;
-constexpr int kRowsBeside = 3;  // room for header, buttons and title
+constexpr int kRowsBeside = 3;  // height of header, buttons and title, in rows
 constexpr double kMostOfScreen = 0.75;
 constexpr int kCellMargin = 16;
 

@@ -23,7 +23,8 @@ namespace trevandix {
 
 namespace {
 
-// Beside the program when unpacked or built, in the documentation folder when installed.
+// Where the manual may be: beside the program when unpacked or built, in the documentation folder when
+// installed.
 wxArrayString places() {
     const wxString program = wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath();
     wxArrayString result;
