@@ -1,46 +1,70 @@
 #include "model/Content.h"
 
+#include <algorithm>
+#include <ranges>
+
 namespace trevandix {
 
-void Content::setName(const std::shared_ptr<clsItem>& item, std::string_view name) {
-    if (item->sName() == name) return;
-    note(ItemTextChange{item, true, item->sName()});
-    item->sName(name);
-    touch();
+void Content::rename(TreeNode& item, std::string_view name) {
+    const std::shared_ptr<clsItem> record = collection<clsItem>().at(item.key());
+    if (record->sName() != name) {
+        note(NameChange{record, record->sName()}, record->sName().size());
+        record->sName(name);
+        touch();
+    }
+    setText(item, name);
 }
 
 void Content::setComment(const Key& item, std::string_view comment) {
     const std::shared_ptr<clsItem> record = collection<clsItem>().at(item);
     if (record->sComment() == comment) return;
-    note(ItemTextChange{record, false, record->sComment()});
+    note(CommentChange{record, record->sComment()}, record->sComment().size());
     record->sComment(comment);
     touch();
 }
 
 TreeNode& Content::link(TreeNode& parent, const Key& key, std::string_view text, const NodeLook& look) {
     TreeNode& node = tree_.addChild(parent, key, text, look);
-    note(NodeChange{&node});
+    note(NodeChange{&node}, kNodeBytes);
     touch();
     return node;
 }
 
 void Content::unlink(TreeNode& node) {
+    const std::size_t before = tree_.size();
     TreeNode* place = EditableTree::placeOf(node);
-    note(NodeChange{&node, tree_.detach(node), place});
+    auto out = tree_.detach(node);
+    note(NodeChange{&node, std::move(out), place}, (before - tree_.size()) * kNodeBytes);
     touch();
 }
 
 void Content::setKey(TreeNode& node, const Key& key) {
     const Key before = node.key();
     tree_.setKey(node, key);
-    note(NodeKeyChange{&node, before});
+    note(NodeKeyChange{&node, before}, before.view().size());
 }
 
 void Content::setText(TreeNode& node, std::string_view text) {
     if (node.text() == text) return;
-    note(NodeTextChange{&node, node.text(), EditableTree::placeOf(node)});
+    note(NodeTextChange{&node, node.text(), EditableTree::placeOf(node)}, node.text().size());
     tree_.setText(node, text);
     touch();
+}
+
+void Content::rekey(const std::vector<std::pair<TreeNode*, Key>>& keys) {
+    if (keys.empty()) return;
+    KeyChange change;
+    change.all.reserve(keys.size());
+    for (const auto& [node, key] : keys) {
+        if (node->tag() == NodeTag::Item) {
+            change.all.push_back({node, key, key, collection<clsItem>().moveOf(node->key())});
+        } else {
+            change.all.push_back({node, key, key, collection<clsBranch>().moveOf(node->key())});
+        }
+    }
+    turnIt(change);
+    const std::size_t bytes = keys.size() * (sizeof(Rekeying) + 64);
+    note(std::move(change), bytes);
 }
 
 void Content::clearTree() {
@@ -68,17 +92,44 @@ void Content::turnIt(NodeKeyChange& change) {
 }
 
 void Content::turnIt(NodeTextChange& change) {
-    std::string now = change.node->text();
+    const Key now = change.node->text();
     TreeNode* place = EditableTree::placeOf(*change.node);
-    tree_.setText(*change.node, std::exchange(change.other, std::move(now)), change.place);
+    tree_.setText(*change.node, std::exchange(change.other, now).view(), change.place);
     change.place = place;
 }
 
-void Content::turnIt(ItemTextChange& change) {
-    clsItem& item = *change.item;
-    std::string now = change.isName ? item.sName() : item.sComment();
-    change.isName ? item.sName(change.other) : item.sComment(change.other);
-    change.other = std::move(now);
+void Content::turnIt(NameChange& change) {
+    const Key now = change.item->sName();
+    change.item->sName(std::exchange(change.other, now).view());
+}
+
+void Content::turnIt(CommentChange& change) {
+    const Key now = change.item->sComment();
+    change.item->sComment(std::exchange(change.other, now).view());
+}
+
+void Content::turnIt(KeyChange& change) {
+    for (Rekeying& each : change.all) {
+        std::visit([this](auto& move) { collectionOf(move).release(move); }, each.move);
+        tree_.setKey(*each.node, Key());
+    }
+    const auto settle = [&](Rekeying& each) {
+        tree_.setKey(*each.node, each.key);
+        std::visit(
+            [&](auto& move) {
+                const Key recordKey = move.record()->sKey();
+                move.record()->sKey(std::exchange(each.recordKey, recordKey));
+                change.back ? collectionOf(move).settleBack(move, each.key)
+                            : collectionOf(move).settle(move, each.key);
+            },
+            each.move);
+    };
+    if (change.back) {
+        std::ranges::for_each(std::views::reverse(change.all), settle);
+    } else {
+        std::ranges::for_each(change.all, settle);
+    }
+    change.back = !change.back;
 }
 
 }  // namespace trevandix

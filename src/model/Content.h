@@ -36,7 +36,7 @@ public:
     /// Puts the record at the end of its collection. Errors: KeyInCollection.
     template <typename Record>
     void put(std::shared_ptr<Record> record, const Key& key) {
-        note(EntryChange<Record>{collection<Record>().add(std::move(record), key)});
+        note(EntryChange<Record>{collection<Record>().add(std::move(record), key)}, kRecordBytes);
     }
     /// Takes back the last step, which was to put the record under the key.
     template <typename Record>
@@ -57,17 +57,18 @@ public:
     std::shared_ptr<Record> take(const Key& key) {
         auto seat = collection<Record>().remove(key);
         const std::shared_ptr<Record> record = seat.record();
-        note(EntryChange<Record>{std::move(seat)});
+        note(EntryChange<Record>{std::move(seat)}, kRecordBytes);
         return record;
     }
 
     // Steps on a record, in every place that shares it.
     template <typename Record>
     void setRecordKey(const std::shared_ptr<Record>& record, const Key& key) {
-        note(RecordKeyChange<Record>{record, record->sKey()});
+        note(RecordKeyChange<Record>{record, record->sKey()}, record->sKey().view().size());
         record->sKey(key);
     }
-    void setName(const std::shared_ptr<clsItem>& item, std::string_view name);
+    /// Also the text of the node, which has the record. Errors: InvalidCall.
+    void rename(TreeNode& item, std::string_view name);
     /// Errors: InvalidCall when there is no such item.
     void setComment(const Key& item, std::string_view comment);
 
@@ -77,6 +78,10 @@ public:
     void unlink(TreeNode& node);
     void setKey(TreeNode& node, const Key& key);
     void setText(TreeNode& node, std::string_view text);
+
+    /// Gives items and branches, nodes together with their records, the keys that follow from the nodes. All
+    /// give up their keys before the first one gets its new key, which is free then.
+    void rekey(const std::vector<std::pair<TreeNode*, Key>>& keys);
 
     /// Turns a noted change back, or forth again after that.
     void turn(Change& change);
@@ -98,13 +103,23 @@ private:
     KeyedCollection<Record>& collection() {
         return std::get<KeyedCollection<Record>>(collections_);
     }
+    KeyedCollection<clsItem>& collectionOf(const KeyedCollection<clsItem>::Move&) {
+        return collection<clsItem>();
+    }
+    KeyedCollection<clsBranch>& collectionOf(const KeyedCollection<clsBranch>::Move&) {
+        return collection<clsBranch>();
+    }
 
     std::tuple<KeyedCollection<clsPLC>, KeyedCollection<clsItem>, KeyedCollection<clsBranch>,
                KeyedCollection<clsModBusType>>
         collections_;
-    template <typename Turned>
-    void note(Turned&& change) {
-        if (journal_.noting()) journal_.note(std::forward<Turned>(change));
+    // What a node or a record takes with its key and its place in an index, about, in bytes.
+    static constexpr std::size_t kNodeBytes = sizeof(TreeNode) + 64;
+    static constexpr std::size_t kRecordBytes = sizeof(clsItem) + 128;
+
+    template <typename Noted>
+    void note(Noted&& change, std::size_t bytes) {
+        if (journal_.noting()) journal_.note(std::forward<Noted>(change), bytes);
     }
     void turnIt(NodeChange& change);
     void turnIt(NodeKeyChange& change);
@@ -118,7 +133,9 @@ private:
         const Key now = change.record->sKey();
         change.record->sKey(std::exchange(change.other, now));
     }
-    static void turnIt(ItemTextChange& change);
+    static void turnIt(NameChange& change);
+    static void turnIt(CommentChange& change);
+    void turnIt(KeyChange& change);
 
     EditableTree tree_;
     Journal journal_;  // behind the tree, whose nodes it may hold

@@ -64,31 +64,19 @@ private:
     std::vector<ItemRenaming*> staying_;
 };
 
-struct Taken {
-    const ItemRenaming* renaming;
-    std::shared_ptr<clsItem> record;
-    TreeNode* node;
-};
-
 }  // namespace
 
 void renameItems(Content& content, std::vector<ItemRenaming>& renamings) {
     const Plan plan(content, renamings);
-    std::vector<Taken> taken;
-    taken.reserve(renamings.size());
+    std::vector<std::pair<TreeNode*, Key>> keys;
+    std::vector<const std::string*> names;
     for (const ItemRenaming& renaming : renamings) {
         if (renaming.failure) continue;
-        TreeNode& node = content.tree().at(renaming.key);
-        taken.push_back({&renaming, content.take<clsItem>(renaming.key), &node});
-        content.setKey(node, {});
+        keys.emplace_back(&content.tree().at(renaming.key), renaming.newKey);
+        names.push_back(&renaming.name);
     }
-    for (const auto& [renaming, record, node] : taken) {
-        content.setRecordKey(record, renaming->newKey);
-        content.setName(record, renaming->name);
-        content.put(record, renaming->newKey);
-        content.setKey(*node, renaming->newKey);
-        content.setText(*node, renaming->name);
-    }
+    content.rekey(keys);
+    for (std::size_t i = 0; i < keys.size(); ++i) content.rename(*keys[i].first, *names[i]);
 }
 
 }  // namespace trevandix

@@ -4,40 +4,13 @@
 
 namespace trevandix {
 
-namespace {
-
-// About what a key and the entries in the indexes take.
-constexpr std::size_t kIndexBytes = 96;
-
-/// What a change keeps in memory, about: what is in the configuration now may be out of it after an Undo.
-struct Bytes {
-    std::size_t operator()(const NodeChange& change) const {
-        std::size_t nodes = 0;
-        for (const TreeNode* n = change.node; n != nullptr; n = nextBelow(*n, *change.node)) ++nodes;
-        return nodes * (sizeof(TreeNode) + kIndexBytes);
-    }
-    std::size_t operator()(const NodeKeyChange& change) const { return change.other.view().size(); }
-    std::size_t operator()(const NodeTextChange& change) const { return change.other.capacity(); }
-    template <typename Record>
-    std::size_t operator()(const EntryChange<Record>&) const {
-        return sizeof(Record) + kIndexBytes;
-    }
-    template <typename Record>
-    std::size_t operator()(const RecordKeyChange<Record>& change) const {
-        return change.other.view().size();
-    }
-    std::size_t operator()(const ItemTextChange& change) const { return change.other.capacity(); }
-};
-
-}  // namespace
-
 void Journal::begin(const Moment& before) {
     open_ = {.name = {}, .before = before};
     noting_ = true;
 }
 
-void Journal::note(Change change) {
-    open_.bytes += sizeof(Change) + std::visit(Bytes{}, change);
+void Journal::note(Change change, std::size_t bytes) {
+    open_.bytes += sizeof(Change) + bytes;
     open_.changes.push_back(std::move(change));
 }
 

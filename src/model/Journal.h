@@ -20,19 +20,15 @@
 namespace trevandix {
 
 // One thing that was changed, with what it takes to change it back and forth: each turn leaves here what the
-// next one needs.
+// next one needs. Texts are keys, as these are small and shared.
 struct NodeChange {
     TreeNode* node;
     EditableTree::Detached out{};  ///< holds the node while it is not in the tree
     TreeNode* place = nullptr;
 };
-struct NodeKeyChange {
-    TreeNode* node;
-    Key other;
-};
 struct NodeTextChange {
     TreeNode* node;
-    std::string other;
+    Key other;
     TreeNode* place;
 };
 template <typename Record>
@@ -44,14 +40,34 @@ struct RecordKeyChange {
     std::shared_ptr<Record> record;
     Key other;
 };
-struct ItemTextChange {
+struct NameChange {
     std::shared_ptr<clsItem> item;
-    bool isName;  ///< else the comment
-    std::string other;
+    Key other;
 };
-using Change = std::variant<NodeChange, NodeKeyChange, NodeTextChange, EntryChange<clsPLC>,
-                            EntryChange<clsItem>, EntryChange<clsBranch>, EntryChange<clsModBusType>,
-                            RecordKeyChange<clsItem>, RecordKeyChange<clsBranch>, ItemTextChange>;
+struct CommentChange {
+    std::shared_ptr<clsItem> item;
+    Key other;
+};
+/// A node that gets another key, together with its record.
+struct Rekeying {
+    TreeNode* node;
+    Key key;
+    Key recordKey;  ///< differs from the node's key in a record that is shared
+    std::variant<KeyedCollection<clsItem>::Move, KeyedCollection<clsBranch>::Move> move;
+};
+/// Many at once, as they may exchange their keys.
+struct KeyChange {
+    std::vector<Rekeying> all;
+    bool back = false;
+};
+/// Of a node alone.
+struct NodeKeyChange {
+    TreeNode* node;
+    Key other;
+};
+using Change = std::variant<NodeChange, NodeTextChange, EntryChange<clsPLC>, EntryChange<clsItem>,
+                            EntryChange<clsBranch>, EntryChange<clsModBusType>, RecordKeyChange<clsItem>,
+                            RecordKeyChange<clsBranch>, NameChange, CommentChange, KeyChange, NodeKeyChange>;
 
 /// The history of the open configuration: steps to take back, from the oldest on, and steps taken back. It
 /// holds what is no longer in the configuration. Bounded by memory: the oldest steps go first, the newest
@@ -78,7 +94,8 @@ public:
     /// could be redone.
     void begin(const Moment& before);
     bool noting() const { return noting_; }
-    void note(Change change);
+    /// `bytes` is what the change keeps in memory besides itself, about, now or after an Undo.
+    void note(Change change, std::size_t bytes);
     /// For a change that has been taken back by other means.
     void dropLast() { open_.changes.pop_back(); }
     void end(std::string name, const Moment& after);

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <iterator>
-#include <list>
 #include <memory>
 #include <utility>
 
@@ -22,17 +21,13 @@ public:
     using ConstPointer = std::shared_ptr<const Record>;
 
 private:
-    class Entry {
-    public:
-        Entry(Pointer entryRecord, const Key& key) : record(std::move(entryRecord)), key_(key) {}
+    struct Entry {
         const Key& key() const { return key_; }
-        Pointer record;
-
-    private:
         Key key_;
+        Pointer record;
+        Entry* previous = nullptr;
+        Entry* next = nullptr;
     };
-    using Entries = std::list<Entry>;
-    using Handle = typename Entries::iterator;
 
 public:
     class Iterator {
@@ -40,9 +35,9 @@ public:
         using value_type = std::pair<const Key&, const Record*>;
         using difference_type = std::ptrdiff_t;
         Iterator() = default;
-        value_type operator*() const { return {place_->key(), place_->record.get()}; }
+        value_type operator*() const { return {place_->key_, place_->record.get()}; }
         Iterator& operator++() {
-            ++place_;
+            place_ = place_->next;
             return *this;
         }
         Iterator operator++(int) {
@@ -54,73 +49,116 @@ public:
 
     private:
         friend KeyedCollection;
-        explicit Iterator(typename Entries::const_iterator place) : place_(place) {}
-        typename Entries::const_iterator place_;
+        explicit Iterator(const Entry* place) : place_(place) {}
+        const Entry* place_ = nullptr;
+    };
+
+    /// An entry of the collection, or one taken out of it, which keeps its neighbours so that it can go back
+    /// between them once all later changes have been taken back.
+    class Seat {
+    public:
+        Seat(Seat&& other) noexcept : entry_(other.entry_), out_(std::exchange(other.out_, false)) {}
+        Seat& operator=(Seat&& other) noexcept {
+            std::swap(entry_, other.entry_);
+            std::swap(out_, other.out_);
+            return *this;
+        }
+        ~Seat() {
+            if (out_) delete entry_;
+        }
+        const Pointer& record() const { return entry_->record; }
+
+    private:
+        friend KeyedCollection;
+        explicit Seat(Entry* entry) : entry_(entry) {}
+        Entry* entry_;
+        bool out_ = false;  // owned then
     };
 
     KeyedCollection() = default;
     KeyedCollection(const KeyedCollection&) = delete;
     KeyedCollection& operator=(const KeyedCollection&) = delete;
-
-    /// An entry of the collection, or one taken out of it that can go back to its place.
-    class Seat {
-    public:
-        Seat(Seat&&) noexcept = default;
-        Seat& operator=(Seat&&) noexcept = default;
-        const Pointer& record() const { return entry_->record; }
-
-    private:
-        friend KeyedCollection;
-        explicit Seat(Handle entry) : entry_(entry) {}
-        Handle entry_;
-        Handle next_{};  // while it is out: the entry that followed it
-        Entries out_{};  // holds it while it is out
-    };
+    ~KeyedCollection() { clear(); }
 
     /// Errors: KeyInCollection; the collection is then unchanged.
     Seat add(Pointer record, const Key& key) {
-        Entries added;
-        added.emplace_back(std::move(record), key);
-        Seat seat(added.begin());
-        if (!index_.insert(added.begin())) throw RuntimeError(ErrorNumber::KeyInCollection);
-        entries_.splice(entries_.end(), added);
-        return seat;
+        auto added = std::make_unique<Entry>(key, std::move(record), last_);
+        if (!index_.insert(added.get())) throw RuntimeError(ErrorNumber::KeyInCollection);
+        link(*added);
+        return Seat(added.release());
     }
 
     /// Errors: InvalidCall when no record has the key.
     Seat remove(const Key& key) {
-        Seat seat(handle(key));
+        Seat seat(&entry(key));
         flip(seat);
         return seat;
     }
 
-    /// Takes the entry out, or puts it back: all other changes since it was taken out have been taken back.
+    /// Takes the entry out, or puts it back.
     void flip(Seat& seat) {
-        if (seat.out_.empty()) {
-            index_.erase(seat.entry_->key());
-            seat.next_ = std::next(seat.entry_);
-            seat.out_.splice(seat.out_.end(), entries_, seat.entry_);
+        Entry& turned = *seat.entry_;
+        if (seat.out_) {
+            index_.insert(&turned);
+            link(turned);
         } else {
-            index_.insert(seat.entry_);
-            entries_.splice(seat.next_, seat.out_);
+            index_.erase(turned.key_);
+            unlink(turned);
         }
+        seat.out_ = !seat.out_;
+    }
+
+    /// An entry that gets another key. Several are released together before the first one settles, so that
+    /// they can exchange their keys.
+    class Move {
+    public:
+        const Pointer& record() const { return entry_->record; }
+
+    private:
+        friend KeyedCollection;
+        explicit Move(Entry* entry) : entry_(entry) {}
+        Entry* entry_;
+        Entry* next_ = nullptr;  // followed it before
+    };
+    /// Errors: InvalidCall when no record has the key.
+    Move moveOf(const Key& key) { return Move(&entry(key)); }
+    /// Its key no longer finds the entry.
+    void release(const Move& move) { index_.erase(move.entry_->key_); }
+    /// The released entry goes to the end and gets the key, which is free. `key` becomes its key before.
+    void settle(Move& move, Key& key) {
+        Entry& moved = *move.entry_;
+        move.next_ = moved.next;
+        unlink(moved);
+        moved.previous = last_;
+        moved.next = nullptr;
+        link(moved);
+        enter(moved, key);
+    }
+    /// The same, back to where it stood.
+    void settleBack(const Move& move, Key& key) {
+        Entry& moved = *move.entry_;
+        unlink(moved);
+        moved.next = move.next_;
+        moved.previous = move.next_ != nullptr ? move.next_->previous : last_;
+        link(moved);
+        enter(moved, key);
     }
 
     /// The record under the key, or nullptr.
     ConstPointer find(const Key& key) const {
-        const Handle* place = index_.find(key);
+        Entry* const* place = index_.find(key);
         return place == nullptr ? nullptr : (*place)->record;
     }
 
     /// Errors: InvalidCall when no record has the key.
-    ConstPointer at(const Key& key) const { return handle(key)->record; }
-    const Pointer& at(const Key& key) { return handle(key)->record; }
+    ConstPointer at(const Key& key) const { return entry(key).record; }
+    const Pointer& at(const Key& key) { return entry(key).record; }
 
     /// The same, looked for at `place` first, which then moves behind the record found: who asks in about the
     /// order of addition saves the search. `place` may start at begin(); changes of the collection make it
     /// invalid.
     const Record& at(const Key& key, Iterator& place) const {
-        if (place == end() || !((*place).first == key)) place = Iterator(handle(key));
+        if (place == end() || !((*place).first == key)) place = Iterator(&entry(key));
         return *(*place++).second;
     }
 
@@ -129,28 +167,45 @@ public:
     /// The record added last. Errors: SubscriptOutOfRange when empty.
     ConstPointer last() const {
         if (empty()) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-        return entries_.back().record;
+        return last_->record;
     }
 
-    std::size_t size() const { return entries_.size(); }
-    bool empty() const { return entries_.empty(); }
+    std::size_t size() const { return index_.size(); }
+    bool empty() const { return last_ == nullptr; }
     void clear() {
         index_ = {};
-        entries_.clear();
+        for (Entry* next = std::exchange(first_, nullptr); next != nullptr;)
+            delete std::exchange(next, next->next);
+        last_ = nullptr;
     }
 
-    Iterator begin() const { return Iterator(entries_.begin()); }
-    Iterator end() const { return Iterator(entries_.end()); }
+    Iterator begin() const { return Iterator(first_); }
+    Iterator end() const { return Iterator(); }
 
 private:
-    Handle handle(const Key& key) const {
-        const Handle* place = index_.find(key);
+    Entry& entry(const Key& key) const {
+        Entry* const* place = index_.find(key);
         if (place == nullptr) throw RuntimeError(ErrorNumber::InvalidCall);
-        return *place;
+        return **place;
     }
 
-    KeyIndex<Handle> index_;
-    Entries entries_;
+    // Between the neighbours that the entry names.
+    void link(Entry& entry) {
+        (entry.previous != nullptr ? entry.previous->next : first_) = &entry;
+        (entry.next != nullptr ? entry.next->previous : last_) = &entry;
+    }
+    void unlink(const Entry& entry) {
+        (entry.previous != nullptr ? entry.previous->next : first_) = entry.next;
+        (entry.next != nullptr ? entry.next->previous : last_) = entry.previous;
+    }
+    void enter(Entry& entry, Key& key) {
+        std::swap(entry.key_, key);
+        index_.insert(&entry);
+    }
+
+    KeyIndex<Entry*> index_;
+    Entry* first_ = nullptr;
+    Entry* last_ = nullptr;
 };
 
 }  // namespace trevandix

@@ -32,7 +32,7 @@ void SubtreeRekeying::plan(const TreeNode& container, const Key& containerKey) {
         if (node->tag() != NodeTag::Item && node->tag() != NodeTag::Branch) continue;
         const Key key(levels.back().key, node->text());
         if (!hasRecord(node->tag(), node->key())) throw RuntimeError(ErrorNumber::InvalidCall);
-        steps_.push_back({node, key});
+        keys_.emplace_back(node, key);
         if (node->tag() == NodeTag::Branch) levels.push_back({node->firstChild(), key});
     }
 }
@@ -46,42 +46,24 @@ bool SubtreeRekeying::hasRecord(NodeTag tag, const Key& key) const {
 void SubtreeRekeying::check(const TreeNode& container) const {
     std::unordered_map<Key, NodeTag> leaving{{container.key(), container.tag()}};
     std::unordered_set<Key> arriving;
-    leaving.reserve(steps_.size());
-    arriving.reserve(steps_.size());
-    for (const Step& step : steps_) leaving.emplace(step.node->key(), step.node->tag());
-    for (const Step& step : steps_) {
-        if (!arriving.insert(step.key).second) throw RuntimeError(ErrorNumber::KeyInCollection);
-        const auto mover = leaving.find(step.key);
-        const bool recordLeaves = mover != leaving.end() && mover->second == step.node->tag();
-        if (!recordLeaves && hasRecord(step.node->tag(), step.key)) {
+    leaving.reserve(keys_.size());
+    arriving.reserve(keys_.size());
+    for (const auto& [node, key] : keys_) leaving.emplace(node->key(), node->tag());
+    for (const auto& [node, key] : keys_) {
+        if (!arriving.insert(key).second) throw RuntimeError(ErrorNumber::KeyInCollection);
+        const auto mover = leaving.find(key);
+        const bool recordLeaves = mover != leaving.end() && mover->second == node->tag();
+        if (!recordLeaves && hasRecord(node->tag(), key)) {
             throw RuntimeError(ErrorNumber::KeyInCollection);
         }
-        if (mover == leaving.end() && content_.tree().find(step.key) != nullptr) {
+        if (mover == leaving.end() && content_.tree().find(key) != nullptr) {
             throw RuntimeError(ErrorNumber::KeyNotUnique);
         }
     }
 }
 
-// Removes all old keys before it adds the new ones: a new key may be the old key of another node.
 void SubtreeRekeying::apply() {
-    for (Step& step : steps_) {
-        if (step.node->tag() == NodeTag::Item) {
-            step.item = content_.take<clsItem>(step.node->key());
-        } else {
-            step.branch = content_.take<clsBranch>(step.node->key());
-        }
-        content_.setKey(*step.node, Key());
-    }
-    for (const Step& step : steps_) {
-        if (step.item != nullptr) {
-            content_.setRecordKey(step.item, step.key);
-            content_.put(step.item, step.key);
-        } else {
-            content_.setRecordKey(step.branch, step.key);
-            content_.put(step.branch, step.key);
-        }
-        content_.setKey(*step.node, step.key);
-    }
+    content_.rekey(keys_);
 }
 
 }  // namespace trevandix

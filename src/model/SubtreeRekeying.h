@@ -1,6 +1,6 @@
 #pragma once
 
-#include <memory>
+#include <utility>
 #include <vector>
 
 #include "model/Content.h"
@@ -19,19 +19,12 @@ public:
     void apply();
 
 private:
-    /// One node with the key that it gets, and the item or branch record that follows it, once it is taken.
-    struct Step {
-        TreeNode* node;
-        Key key;
-        std::shared_ptr<clsItem> item{};
-        std::shared_ptr<clsBranch> branch{};
-    };
     void plan(const TreeNode& container, const Key& containerKey);
     bool hasRecord(NodeTag tag, const Key& key) const;
     void check(const TreeNode& container) const;
 
     Content& content_;
-    std::vector<Step> steps_;
+    std::vector<std::pair<TreeNode*, Key>> keys_;
 };
 
 }  // namespace trevandix
