@@ -21,6 +21,7 @@ struct Plant : Workplace {
     explicit Plant(std::size_t items) {
         constexpr std::size_t kBystanders = 100'000;
         newConfiguration(kTcpIp);
+        const Configuration::Step step(configuration);
         fill(addBranch(addUnit("V"), "A"), kBystanders);
         TreeNode& unit = addUnit("U");
         fill(addBranch(unit, "A"), items);
@@ -90,7 +91,7 @@ std::size_t below(Plant& plant, std::string_view key) {
 
 void copyItems(benchmark::State& state) {
     measure(
-        state, [](Plant&, std::size_t) {}, [](Plant& plant) { plant.run("mnuCopy"); },
+        state, [](Plant&, std::size_t) {}, [](Plant& plant) { plant.editor.commandChosen("mnuCopy"); },
         [](Plant& plant, std::size_t items) {
             return plant.configuration.state.copyBuffer.size() == items + 1;
         });
@@ -103,13 +104,13 @@ void pasteItems(benchmark::State& state) {
             plant.run("mnuCopy");
             plant.click("U.B");
         },
-        [](Plant& plant) { plant.run("mnuPaste"); },
+        [](Plant& plant) { plant.editor.commandChosen("mnuPaste"); },
         [](Plant& plant, std::size_t items) { return below(plant, "U.B") == items; });
 }
 
 void deleteItems(benchmark::State& state) {
     measure(
-        state, [](Plant&, std::size_t) {}, [](Plant& plant) { plant.run("mnuDelete"); },
+        state, [](Plant&, std::size_t) {}, [](Plant& plant) { plant.editor.commandChosen("mnuDelete"); },
         [](Plant& plant, std::size_t) { return below(plant, "U.A") == 0; });
 }
 
@@ -123,7 +124,7 @@ void pasteNames(benchmark::State& state) {
             for (std::size_t i = 0; i + 1 < items; ++i) text += plant.list.rows()[i].text + "\r\n";
             plant.forms.scripts.assign({[](FakeForm& form) { form.press("Command2"); }});
         },
-        [](Plant& plant) { plant.run("mnuPasteName"); },
+        [](Plant& plant) { plant.editor.commandChosen("mnuPasteName"); },
         [](Plant& plant, std::size_t) {
             return !plant.configuration.state.saved && plant.list.rows()[1].text == "Item_0";
         });

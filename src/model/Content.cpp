@@ -24,8 +24,13 @@ void Content::setComment(const Key& item, std::string_view comment) {
 }
 
 TreeNode& Content::link(TreeNode& parent, const Key& key, std::string_view text, const NodeLook& look) {
-    TreeNode& node = tree_.addChild(parent, key, text, look);
+    TreeNode& node = linkAlong(parent, key, text, look);
     note(NodeChange{&node}, kNodeBytes);
+    return node;
+}
+
+TreeNode& Content::linkAlong(TreeNode& parent, const Key& key, std::string_view text, const NodeLook& look) {
+    TreeNode& node = tree_.addChild(parent, key, text, look);
     touch();
     return node;
 }
@@ -117,8 +122,7 @@ void Content::turnIt(KeyChange& change) {
         tree_.setKey(*each.node, each.key);
         std::visit(
             [&](auto& move) {
-                const Key recordKey = move.record()->sKey();
-                move.record()->sKey(std::exchange(each.recordKey, recordKey));
+                move.record()->swapKey(each.recordKey);
                 change.back ? collectionOf(move).settleBack(move, each.key)
                             : collectionOf(move).settle(move, each.key);
             },

@@ -44,29 +44,22 @@ public:
         collection<Record>().remove(key);
         if (journal_.noting()) journal_.dropLast();
     }
-    /// Puts the record under `from` at the end, under another key as well. Errors: InvalidCall,
-    /// KeyInCollection.
+    /// Puts the record under `from` at the end, under another key as well, which it then names as its own.
+    /// Errors: InvalidCall, KeyInCollection.
     template <typename Record>
-    std::shared_ptr<Record> share(const Key& from, const Key& key) {
-        const std::shared_ptr<Record> record = collection<Record>().at(from);
-        put(record, key);
-        return record;
+    void share(const Key& from, const Key& key) {
+        const std::shared_ptr<Record>& record = collection<Record>().at(from);
+        ShareChange<Record> change{collection<Record>().add(record, key), key};
+        record->swapKey(change.other);
+        note(std::move(change), kRecordBytes + kNodeBytes);
     }
     /// Errors: InvalidCall when there is no such record.
     template <typename Record>
-    std::shared_ptr<Record> take(const Key& key) {
-        auto seat = collection<Record>().remove(key);
-        const std::shared_ptr<Record> record = seat.record();
-        note(EntryChange<Record>{std::move(seat)}, kRecordBytes);
-        return record;
+    void take(const Key& key) {
+        note(EntryChange<Record>{collection<Record>().remove(key)}, kRecordBytes);
     }
 
     // Steps on a record, in every place that shares it.
-    template <typename Record>
-    void setRecordKey(const std::shared_ptr<Record>& record, const Key& key) {
-        note(RecordKeyChange<Record>{record, record->sKey()}, record->sKey().view().size());
-        record->sKey(key);
-    }
     /// Also the text of the node, which has the record. Errors: InvalidCall.
     void rename(TreeNode& item, std::string_view name);
     /// Errors: InvalidCall when there is no such item.
@@ -74,6 +67,8 @@ public:
 
     // Steps on nodes, as those of the tree.
     TreeNode& link(TreeNode& parent, const Key& key, std::string_view text, const NodeLook& look);
+    /// Below a node that the same command has linked, with which this one goes and comes.
+    TreeNode& linkAlong(TreeNode& parent, const Key& key, std::string_view text, const NodeLook& look);
     /// The node goes with everything below it.
     void unlink(TreeNode& node);
     void setKey(TreeNode& node, const Key& key);
@@ -129,9 +124,9 @@ private:
         collection<Record>().flip(change.seat);
     }
     template <typename Record>
-    static void turnIt(RecordKeyChange<Record>& change) {
-        const Key now = change.record->sKey();
-        change.record->sKey(std::exchange(change.other, now));
+    void turnIt(ShareChange<Record>& change) {
+        change.seat.record()->swapKey(change.other);
+        collection<Record>().flip(change.seat);
     }
     static void turnIt(NameChange& change);
     static void turnIt(CommentChange& change);

@@ -9,11 +9,6 @@ void Journal::begin(const Moment& before) {
     noting_ = true;
 }
 
-void Journal::note(Change change, std::size_t bytes) {
-    open_.bytes += sizeof(Change) + bytes;
-    open_.changes.push_back(std::move(change));
-}
-
 void Journal::end(std::string name, const Moment& after) {
     noting_ = false;
     if (open_.changes.empty()) return;

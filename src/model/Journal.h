@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -35,9 +36,10 @@ template <typename Record>
 struct EntryChange {
     typename KeyedCollection<Record>::Seat seat;
 };
+/// An entry that shares the record of another one, and the record's key.
 template <typename Record>
-struct RecordKeyChange {
-    std::shared_ptr<Record> record;
+struct ShareChange {
+    typename KeyedCollection<Record>::Seat seat;
     Key other;
 };
 struct NameChange {
@@ -66,8 +68,8 @@ struct NodeKeyChange {
     Key other;
 };
 using Change = std::variant<NodeChange, NodeTextChange, EntryChange<clsPLC>, EntryChange<clsItem>,
-                            EntryChange<clsBranch>, EntryChange<clsModBusType>, RecordKeyChange<clsItem>,
-                            RecordKeyChange<clsBranch>, NameChange, CommentChange, KeyChange, NodeKeyChange>;
+                            EntryChange<clsBranch>, EntryChange<clsModBusType>, ShareChange<clsItem>,
+                            ShareChange<clsBranch>, NameChange, CommentChange, KeyChange, NodeKeyChange>;
 
 /// The history of the open configuration: steps to take back, from the oldest on, and steps taken back. It
 /// holds what is no longer in the configuration. Bounded by memory: the oldest steps go first, the newest
@@ -83,7 +85,7 @@ public:
     struct Step {
         std::string name;  ///< such as "Delete 3 items"
         Moment before, after{};
-        std::vector<Change> changes{};
+        std::deque<Change> changes{};
         std::size_t bytes = 0;  ///< about what it keeps in memory
     };
 
@@ -95,7 +97,11 @@ public:
     void begin(const Moment& before);
     bool noting() const { return noting_; }
     /// `bytes` is what the change keeps in memory besides itself, about, now or after an Undo.
-    void note(Change change, std::size_t bytes);
+    template <typename Noted>
+    void note(Noted change, std::size_t bytes) {
+        open_.bytes += sizeof(Change) + bytes;
+        open_.changes.emplace_back(std::move(change));
+    }
     /// For a change that has been taken back by other means.
     void dropLast() { open_.changes.pop_back(); }
     void end(std::string name, const Moment& after);
@@ -110,7 +116,7 @@ public:
 
 private:
     std::deque<Step> done_;
-    std::vector<Step> undone_;  // the one undone last at the end
+    std::deque<Step> undone_;  // the one undone last at the end
     Step open_{};
     bool noting_ = false;
     std::size_t bytes_ = 0;  // of done_

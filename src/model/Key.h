@@ -27,6 +27,7 @@ public:
         return *this;
     }
     ~Key() { release(); }
+    friend void swap(Key& a, Key& b) noexcept { std::swap(a.rep_, b.rep_); }
 
     std::string_view view() const noexcept {
         return rep_ == nullptr ? std::string_view() : std::string_view(characters(rep_), rep_->length);

@@ -4,15 +4,6 @@
 
 namespace trevandix {
 
-namespace {
-
-template <typename Record>
-void addUnder(Content& content, const Key& from, const Key& to) {
-    content.setRecordKey(content.share<Record>(from, to), to);
-}
-
-}  // namespace
-
 // In the order of a recursion, items first, but branches may be nested as deeply as a file likes.
 void RemoveBranch(Content& content, const TreeNode& node) {
     std::vector<const TreeNode*> waiting{&node};
@@ -29,11 +20,12 @@ void RemoveBranch(Content& content, const TreeNode& node) {
     }
 }
 
-TreeNode& recreate(Content& content, const TreeNode& source, TreeNode& target) {
+TreeNode& recreate(Content& content, const TreeNode& source, TreeNode& target, bool along) {
     const Key key(target.key(), source.text());
-    TreeNode& node = content.link(target, key, source.text(), source.look());
-    if (source.tag() == NodeTag::Item) addUnder<clsItem>(content, source.key(), key);
-    if (source.tag() == NodeTag::Branch) addUnder<clsBranch>(content, source.key(), key);
+    TreeNode& node = along ? content.linkAlong(target, key, source.text(), source.look())
+                           : content.link(target, key, source.text(), source.look());
+    if (source.tag() == NodeTag::Item) content.share<clsItem>(source.key(), key);
+    if (source.tag() == NodeTag::Branch) content.share<clsBranch>(source.key(), key);
     return node;
 }
 
@@ -51,7 +43,7 @@ void CopySubTree(Content& content, const TreeNode& nodSource, TreeNode& nodDest)
             continue;
         }
         levels.back().next = child->nextSibling();
-        TreeNode& placed = recreate(content, *child, *destination);
+        TreeNode& placed = recreate(content, *child, *destination, true);
         if (child->tag() == NodeTag::Branch) levels.push_back({child->firstChild(), &placed});
     }
 }

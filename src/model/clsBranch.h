@@ -16,6 +16,7 @@ public:
     void sName(std::string_view name) { sName_ = name; }
     const Key& sKey() const { return sKey_; }
     void sKey(const Key& key) { sKey_ = key; }
+    void swapKey(Key& key) { swap(sKey_, key); }
 
     /// From an element whose name is the branch's, read in capitals. `container` is the key of the unit or
     /// branch around it.

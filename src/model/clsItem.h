@@ -53,6 +53,7 @@ public:
     const std::string& sName() const { return sName_; }
     const Key& sKey() const { return sKey_; }
     void sKey(const Key& key) { sKey_ = key; }
+    void swapKey(Key& key) { swap(sKey_, key); }
 
     /// From a tag element; `container` is the key of the unit or branch around it.
     /// Errors: ObjectNotSet for a missing element, Overflow.
