@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <limits>
-#include <ranges>
 #include <utility>
 
 #include "model/ItemRenaming.h"
@@ -337,7 +336,8 @@ std::string_view Configuration::redoName() const {
 
 void Configuration::undo() {
     Journal::Step& step = content_.journal().undo();
-    for (Change& change : std::views::reverse(step.changes)) content_.turn(change);
+    std::for_each(step.changes.rbegin(), step.changes.rend(),
+                  [this](Change& change) { content_.turn(change); });
     arriveAt(step.before);
 }
 
