@@ -46,7 +46,6 @@ void Reference::act(const Step& step) {
         if (step.verb == "rows") return;
         guarded("ListView1_DblClick", [&] {
             if (!selectedRows_.empty()) selected_ = at(rows_[selectedRows_.back()].key);
-            beginStep();
             guarded("TreeView1_DblClick", [&] { editSelected(step.entries); });
         });
     } else if (step.verb == "sort") {

@@ -110,9 +110,10 @@ void frmEditing::ListView1_Click() {
 }
 
 void frmEditing::ListView1_DblClick() {
-    if (file_.reading()) return;
-    if (context_.guarded("ListView1_DblClick", [&] { views_.selectNodeOfCurrentRow(); }))
-        TreeView1_DblClick();
+    edit([&] {
+        if (context_.guarded("ListView1_DblClick", [&] { views_.selectNodeOfCurrentRow(); }))
+            objects_.TreeView1_DblClick();
+    });
 }
 
 void frmEditing::openObject() {
