@@ -1,7 +1,6 @@
 #include "model/Content.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace trevandix {
 
@@ -79,14 +78,13 @@ void Content::clearTree() {
 }
 
 void Content::turn(Change& change) {
-    std::visit([this](auto& each) { turnIt(each); }, change);
+    std::visit([this](auto& each) { this->turnIt(each); }, change);
 }
 
 void Content::turnIt(NodeChange& change) {
     if (change.out != nullptr) {
         tree_.attach(std::move(change.out), change.place);
     } else {
-        change.place = EditableTree::placeOf(*change.node);
         change.out = tree_.detach(*change.node);
     }
 }
@@ -115,7 +113,7 @@ void Content::turnIt(CommentChange& change) {
 
 void Content::turnIt(KeyChange& change) {
     for (Rekeying& each : change.all) {
-        std::visit([this](auto& move) { collectionOf(move).release(move); }, each.move);
+        std::visit([this](auto& move) { this->collectionOf(move).release(move); }, each.move);
         tree_.setKey(*each.node, Key());
     }
     const auto settle = [&](Rekeying& each) {
@@ -123,15 +121,15 @@ void Content::turnIt(KeyChange& change) {
         std::visit(
             [&](auto& move) {
                 move.record()->swapKey(each.recordKey);
-                change.back ? collectionOf(move).settleBack(move, each.key)
-                            : collectionOf(move).settle(move, each.key);
+                change.back ? this->collectionOf(move).settleBack(move, each.key)
+                            : this->collectionOf(move).settle(move, each.key);
             },
             each.move);
     };
     if (change.back) {
-        std::ranges::for_each(std::views::reverse(change.all), settle);
+        std::for_each(change.all.rbegin(), change.all.rend(), settle);
     } else {
-        std::ranges::for_each(change.all, settle);
+        std::for_each(change.all.begin(), change.all.end(), settle);
     }
     change.back = !change.back;
 }

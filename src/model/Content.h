@@ -36,7 +36,8 @@ public:
     /// Puts the record at the end of its collection. Errors: KeyInCollection.
     template <typename Record>
     void put(std::shared_ptr<Record> record, const Key& key) {
-        note(EntryChange<Record>{collection<Record>().add(std::move(record), key)}, kRecordBytes);
+        const std::size_t bytes = bytesOf(*record, key);
+        note(EntryChange<Record>{collection<Record>().add(std::move(record), key)}, bytes);
     }
     /// Takes back the last step, which was to put the record under the key.
     template <typename Record>
@@ -56,7 +57,9 @@ public:
     /// Errors: InvalidCall when there is no such record.
     template <typename Record>
     void take(const Key& key) {
-        note(EntryChange<Record>{collection<Record>().remove(key)}, kRecordBytes);
+        auto seat = collection<Record>().remove(key);
+        const std::size_t bytes = bytesOf(*seat.record(), key);
+        note(EntryChange<Record>{std::move(seat)}, bytes);
     }
 
     // Steps on a record, in every place that shares it.
@@ -111,6 +114,14 @@ private:
     // What a node or a record takes with its key and its place in an index, about, in bytes.
     static constexpr std::size_t kNodeBytes = sizeof(TreeNode) + 64;
     static constexpr std::size_t kRecordBytes = sizeof(clsItem) + 128;
+
+    template <typename Record>
+    static std::size_t bytesOf(const Record&, const Key& key) {
+        return kRecordBytes + key.view().size();
+    }
+    static std::size_t bytesOf(const clsItem& item, const Key& key) {
+        return kRecordBytes + key.view().size() + item.sName().size() + item.sComment().size();
+    }
 
     template <typename Noted>
     void note(Noted&& change, std::size_t bytes) {
