@@ -18,6 +18,42 @@ TEST(EditingSequences, RandomStepsMatchTheReference) {
     }
 }
 
+TEST(EditingSequences, TheOldestStepsAreDropped) {
+    PlantedWorkplace place({"U", "U.B/", "U.B.x"});
+    place.saved();
+    const Configuration& c = place.configuration;
+    // In MiB; a step keeps the comment before. Returns the comment that is left when everything is undone.
+    const auto earliest = [&](std::initializer_list<std::size_t> comments) {
+        for (const std::size_t size : comments)
+            place.configuration.setComment(Key("U.B.x"), std::string(size << 20, 'c'));
+        while (!c.undoName().empty()) place.run("mnuUndo");
+        return c.items.last()->sComment().size() >> 20;
+    };
+    EXPECT_EQ(earliest({100, 101, 102, 103}), 101U);
+    EXPECT_FALSE(c.state.saved || c.equalsFile());
+    EXPECT_EQ(earliest({260, 1}), 260U) << "the newest stays";
+    place.configuration.removeItem(Key("U.B.x"));  // keeps its comment
+    plantItem(place.configuration, place.node("U.B"), "y");
+    place.run("mnuUndo");
+    EXPECT_EQ(c.undoName(), "");
+}
+
+TEST(EditingSequences, UndoInADialogDoesNothing) {
+    PlantedWorkplace place({"U", "U.B/"});
+    const auto undo = [&](std::string_view) {
+        place.editor.commandChosen("mnuUndo");
+        EXPECT_TRUE(place.has("U.B"));
+    };
+    place.messages.onShow = undo;
+    place.at("U");
+    runDialog(place, "mnuAddBranch", [&](FakeForm& form) {
+        undo("");
+        form.fill("txtBranchName=B|cmdOk");  // taken: a message box
+    });
+    EXPECT_EQ(place.messages.take(), kNameTaken);
+    EXPECT_EQ(place.configuration.undoName(), "Add branch B");
+}
+
 TEST(EditingSequences, InvariantsReportEveryDisagreement) {
     const Key item("U.B.x");
     const std::vector<std::pair<std::function<void(Configuration&)>, Texts>> rows{
