@@ -31,11 +31,22 @@ TEST(EditingSequences, TheOldestStepsAreDropped) {
     };
     EXPECT_EQ(earliest({100, 101, 102, 103}), 101U);
     EXPECT_FALSE(c.state.saved || c.equalsFile());
+    EXPECT_EQ(earliest({102, 103}), 101U) << "what was undone counts no more";
     EXPECT_EQ(earliest({260, 1}), 260U) << "the newest stays";
     place.configuration.removeItem(Key("U.B.x"));  // keeps its comment
     plantItem(place.configuration, place.node("U.B"), "y");
     place.run("mnuUndo");
     EXPECT_EQ(c.undoName(), "");
+}
+
+TEST(EditingSequences, UndoFindsTheOldPlaceAmongEqualTexts) {
+    PlantedWorkplace place({"U", "U.A/", "U.b/", "U.a/", "V", "V.A/", "V.b/", "V.a/", "W", "W.x/", "W.ab/"});
+    // A click on the parent sorts what is not sorted yet.
+    play(place, {{"U.A; mnuDelete; U; mnuUndo; U",
+                  "tree U: A a b | said Are you sure you want to delete A and all its items?"},
+                 {"mnuRedo; mnuUndo; U", "tree U: A a b"},
+                 {"edit V.A: txtBranchName=c; V; mnuUndo; V", "tree V: A a b"},
+                 {"edit W.x: txtBranchName=AB; mnuUndo; W; mnuRedo; W", "tree W: AB ab"}});
 }
 
 TEST(EditingSequences, UndoInADialogDoesNothing) {
