@@ -29,8 +29,8 @@ struct Entries {
     Texts texts;
 };
 const Texts kNames{"A",  "a",          "A.B",           "B",  "B.A", "tag", "",   "ModBus", "coil", "x&y",
-                   "A ", "New_Item_1", "Copied_Item_1", "N1", "N2",  "N3",  "N4", "N5",     "N6",   "N7",
-                   "N8", "N9"};
+                   "A ", "New_Item_1", "Copied_Item_1", "N1", "N2",  "N3",  "N4", "n1",     "n2",   "n3",
+                   "n4", "b"};
 const std::map<std::string, std::vector<Entries>> kDialogs{
     {"mnuAddPlc",
      {{"txtName", 6, kNames},
@@ -77,7 +77,7 @@ const std::vector<Texts> kItemEndings{{"cmdAdd", "cmdOk"},
                                       {"cmdGroup", "txtNumbItems=", "cmdOkNumber", "cmdOk"}};
 const Texts kEdited{"mnuAddPlc", "mnuAddMBType", "mnuAddItem", "mnuAddItem"};
 const Texts kFiles{"one.xml", "two.xml", "TrevandixTcpIp.xml", "TrevandixRTU.xml"};
-const Texts kLines{"A", "a", "B", "N1", "N2", "N3", "N4", "N5", "N6", " x ", "b c", "B.A", "", "coil"};
+const Texts kLines{"A", "a", "B", "N1", "N2", "N3", "n1", "n2", "n3", " x ", "b c", "B.A", "", "coil"};
 const Texts kSought{"a", "N", "new", "mod", "", "co", "zz"};
 
 /// Chooses the next step from what the reference shows.
@@ -88,8 +88,11 @@ public:
 
     Step next() {
         if (!reference_.treeVisible()) return file(choice_(3) == 0 ? "mnuOpenCfg" : "mnuNewCfg");
-        // Who takes back something often goes on with it.
-        if (undoing_ && often(5)) return {often(4) ? "undo" : "redo"};
+        // Who takes back something often goes on with it. A click may sort what an Undo puts back into.
+        if (undoing_ && often(6)) {
+            if (often(1)) return {"click", anyKey()};
+            return {often(4) ? "undo" : "redo"};
+        }
         undoing_ = false;
         for (int tries = 0; tries < 8; ++tries) {
             // With rows selected, prefers a command for rows.

@@ -117,12 +117,14 @@ void Reference::open(const std::string& path) {
     open_ = false;
     initObjects();
     collections_.clear();
+    counters_.clear();
     path_ = path;
     buildRoot();
     panelVisible_ = true;
     enable("start");
     const int before = static_cast<int>(log_.size());
     guarded("ImportXML", [&] { read(files_.at(path)); });
+    beginStep();
     if (static_cast<int>(log_.size()) > before) return;
     panelVisible_ = false;
     for (const char* tag : {"plc", "branch", "item", "datatype"})
@@ -133,7 +135,6 @@ void Reference::open(const std::string& path) {
     select(root_);
     enable("new");
     focus_ = "tree";
-    beginStep();
     savedMark_ = mark_;
 }
 
