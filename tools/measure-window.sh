@@ -188,7 +188,8 @@ done
 xdotool key Tab ctrl+a Delete
 await "$box"
 measure "delete all rows of the branch" Return
-rested 0 >/dev/null
+measure "undo that" ctrl+z
+measure "redo it" ctrl+y
 xdotool key ctrl+s
 await "$box"
 measure "save" Return
