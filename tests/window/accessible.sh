@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Checks what a screen reader gets: each control has a name and a description, and the selected row of tree and list is
-# announced.
+# Checks what a screen reader gets: each control has a name and a description, the selected row of tree and list is
+# announced, and the status bar tells what a command did.
 . "$(dirname "$0")/lib.sh"
 . "$(dirname "$0")/dialogs.sh"
 
@@ -13,7 +13,7 @@ DBUS_SESSION_BUS_ADDRESS=$(cat "$folder/bus")
 export DBUS_SESSION_BUS_ADDRESS
 unset NO_AT_BRIDGE
 
-# told TITLE [NAME]: tries for a while, because screen readers get changes with a delay.
+# told TITLE [TEXT]: tries for a while, because screen readers get changes with a delay.
 told() {
     await "$1"
     until_true 5 asked "$@" || fail "$1: $(cat "$folder/told")"
@@ -31,6 +31,11 @@ keys alt+v l
 keys Down
 told "$main" "Contents: "
 keys alt+v r shift+Tab Home Down Down
+
+keys Delete
+answer alt+y "$main"
+keys ctrl+z
+told "$main" "Undone: Delete branch ANALYSERS. Ctrl+Y redoes it"
 
 open_dialog b "$branch"
 told "$branch" "Branch name"
