@@ -24,8 +24,9 @@ save_as "$folder/changed.xml"
 changes=$(grep -oE 'ANALYSERS|"Doses"|>(Given|Wanted)<' "$folder/changed.xml" | tr -d '\n')
 [ "$changes" = '"Doses">Given<>Wanted<' ] || fail "unexpected changes: $changes"
 
+go 2 Left
 go 1 Left
-drag 1 2
+drag 1 3 # Doses onto Intake
 steps ctrl+z ctrl+z ctrl+z
 keys Menu
 steps Up Up Return # Undo, the entry above Redo
