@@ -1,5 +1,6 @@
 #include "wx/WxCommands.h"
 
+#include <wx/dcclient.h>
 #include <wx/textentry.h>
 
 #include <algorithm>
@@ -54,6 +55,8 @@ int WxButtonBar::arrange(int width) {
 }
 
 namespace {
+
+constexpr int kMenuWidth = 360;  // of a caption that names an object, in device-independent pixels
 
 wxString label(const CommandSpec& command) {
     wxString text = toWx(command.caption);
@@ -194,8 +197,13 @@ void WxCommands::appendEntries(wxMenu& popup, std::string_view menu) {
 
 // Returns the entry's id.
 int WxCommands::appendEntry(wxMenu& popup, const ContextEntry& entry) const {
-    wxString text = wxControl::EscapeMnemonics(toWx(entry.caption));
-    text.Replace("\t", " ");  // would begin a shortcut
+    wxString caption = toWx(entry.caption);
+    caption.Replace("\t", " ");  // would begin a shortcut
+    // A menu as wide as a very long name would not fit on the screen.
+    wxClientDC dc(&frame_);
+    caption = wxControl::Ellipsize(caption, dc, wxELLIPSIZE_MIDDLE, frame_.FromDIP(kMenuWidth),
+                                   wxELLIPSIZE_FLAGS_NONE);
+    wxString text = wxControl::EscapeMnemonics(caption);
     const auto command = std::ranges::find(commands_, entry.command, &CommandSpec::name);
     if (command != commands_.end()) text += "\t" + toWx(command->shortcut);
     wxMenuItem* item = popup.Append(wxID_ANY, text);
