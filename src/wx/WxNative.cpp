@@ -68,6 +68,18 @@ void setAccessibleName(wxWindow& window, const wxString& name, const wxString& d
     if (window.m_wxwindow != nullptr) setTexts(window.m_wxwindow, name, description);
 }
 
+// Older libraries have no such signal.
+void announce(wxWindow& window, const wxString& text) {
+    constexpr char kSignal[] = "announcement";
+    static auto* const accessibleOf = gtkFunction<void*(void*)>("gtk_widget_get_accessible");
+    static auto* const typeOfObjects = gtkFunction<std::size_t()>("atk_object_get_type");
+    static auto* const lookUp = gtkFunction<unsigned(const char*, std::size_t)>("g_signal_lookup");
+    static auto* const emit = gtkFunction<void(void*, const char*, ...)>("g_signal_emit_by_name");
+    if (accessibleOf == nullptr || typeOfObjects == nullptr || lookUp == nullptr || emit == nullptr) return;
+    if (lookUp(kSignal, typeOfObjects()) == 0) return;
+    emit(accessibleOf(window.GetHandle()), kSignal, static_cast<const char*>(text.utf8_str()));
+}
+
 void setAccessibleDescription(const wxMenuItem& entry) {
     setTexts(entry.GetMenuItem(), {}, entry.GetHelp());
 }
@@ -96,6 +108,7 @@ void setMessageBoxWidth(int width) {
 
 #else
 
+void announce(wxWindow&, const wxString&) {}
 void greyInactiveSelections() {}
 void setMessageBoxWidth(int) {}
 

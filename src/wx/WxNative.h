@@ -15,6 +15,10 @@ void setAccessibleName(wxWindow& window, const wxString& name, const wxString& d
 /// Sets the help text of a menu entry as its description. The entry must already be in a menu.
 void setAccessibleDescription(const wxMenuItem& entry);
 
+/// Has a screen reader say the text now, wherever the focus is. On Windows, screen readers read the status
+/// bar by themselves when the user asks.
+void announce(wxWindow& window, const wxString& text);
+
 /// Draws the selection grey in every tree and list that does not have the focus.
 void greyInactiveSelections();
 

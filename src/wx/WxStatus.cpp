@@ -38,6 +38,7 @@ WxStatusBar::WxStatusBar(wxWindow* parent)
 void WxStatusBar::setNews(StatusField field, const wxString& text) {
     news_[static_cast<std::size_t>(field)] = text;
     showNews();
+    if (field == StatusField::Notice && !text.empty()) announce(*this, text);
 }
 
 void WxStatusBar::setHint(const wxString& text) {
