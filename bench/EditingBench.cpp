@@ -114,6 +114,14 @@ void deleteItems(benchmark::State& state) {
         [](Plant& plant, std::size_t) { return below(plant, "U.A") == 0; });
 }
 
+// Taking back what `deleteItems` does.
+void undoDelete(benchmark::State& state) {
+    measure(
+        state, [](Plant& plant, std::size_t) { plant.editor.commandChosen("mnuDelete"); },
+        [](Plant& plant) { plant.editor.commandChosen("mnuUndo"); },
+        [](Plant& plant, std::size_t items) { return below(plant, "U.A") == items; });
+}
+
 void pasteNames(benchmark::State& state) {
     measure(
         state,
@@ -163,6 +171,7 @@ void findLast(benchmark::State& state) {
 BENCHMARK(copyItems)->SIZES;
 BENCHMARK(pasteItems)->SIZES;
 BENCHMARK(deleteItems)->SIZES;
+BENCHMARK(undoDelete)->SIZES;
 BENCHMARK(pasteNames)->SIZES;
 BENCHMARK(dragBranch)->SIZES;
 BENCHMARK(findLast)->SIZES;

@@ -82,7 +82,7 @@ public:
 
     /// Errors: KeyInCollection; the collection is then unchanged.
     Seat add(Pointer record, const Key& key) {
-        auto added = std::make_unique<Entry>(key, std::move(record), last_);
+        std::unique_ptr<Entry> added(new Entry{key, std::move(record), last_});
         if (!index_.insert(added.get())) throw RuntimeError(ErrorNumber::KeyInCollection);
         link(*added);
         return Seat(added.release());
