@@ -15,19 +15,26 @@ using testing::Workplace;
 
 constexpr std::size_t kItemsPerBranch = 100;
 
-/// Unit U with a branch A of that many items and an empty branch B, and a unit V with 100,000 items that no
-/// command changes. The tree and the list show branch A; all of its rows are selected.
+/// As opened from a file: unit U with a branch A of that many items and an empty branch B, and a unit V with
+/// 100,000 items that no command changes. The tree and the list show branch A; all of its rows are selected.
 struct Plant : Workplace {
     explicit Plant(std::size_t items) {
-        constexpr std::size_t kBystanders = 100'000;
         newConfiguration(kTcpIp);
-        const Configuration::Step step(configuration);
-        fill(addBranch(addUnit("V"), "A"), kBystanders);
-        TreeNode& unit = addUnit("U");
-        fill(addBranch(unit, "A"), items);
-        addBranch(unit, "B");
+        build([&](TreeNode& branch) { fill(branch, items); });
         click("U.A");
         selectAll();
+    }
+    /// `fillBranch` fills branch A.
+    template <typename FillBranch>
+    void build(FillBranch fillBranch) {
+        constexpr std::size_t kBystanders = 100'000;
+        configuration.clearTree();
+        configuration.begin("plant.xml");
+        fill(addBranch(addUnit("V"), "A"), kBystanders);
+        TreeNode& unit = addUnit("U");
+        fillBranch(addBranch(unit, "A"));
+        addBranch(unit, "B");
+        configuration.endLoad();
     }
     TreeNode& addUnit(const char* name) {
         clsPLC record;
@@ -143,11 +150,10 @@ void dragBranch(benchmark::State& state) {
         state,
         [](Plant& plant, std::size_t items) {
             // 100 items per branch, as is usual.
-            plant.window.focus = FocusedView::List;
-            plant.run("mnuDelete");
-            for (std::size_t i = 0; i * kItemsPerBranch < items; ++i) {
-                plant.fill(plant.addBranch(plant.node("U.A"), "S" + std::to_string(i)), kItemsPerBranch);
-            }
+            plant.build([&](TreeNode& branch) {
+                for (std::size_t i = 0; i * kItemsPerBranch < items; ++i)
+                    plant.fill(plant.addBranch(branch, "S" + std::to_string(i)), kItemsPerBranch);
+            });
             plant.editor.TreeView1_MouseDown(&plant.node("U.A"), {});
             plant.editor.TreeView1_OLEStartDrag();
             plant.editor.TreeView1_OLEDragOver(&plant.node("U.B"));
