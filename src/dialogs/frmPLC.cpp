@@ -28,36 +28,36 @@ constexpr std::array kRows{
             "Network address of the device"),
         &UnitFields::address, "192.168.0.1"},
     Row{ControlSpec{ControlKind::Text, "txtUI", "ModBus Unit Identifier", "", Place::NextRow, 8}.describedAs(
-            "Modbus address of the device, another one for every unit"),
+            "Modbus address of the device, unique among the units"),
         &UnitFields::identifier, "1"},
     Row{ControlSpec{ControlKind::Text, "txtTimeout", "Communication Timeout (ms)", "", Place::NextRow, 8}
-            .describedAs("How long an answer is waited for, in milliseconds"),
+            .describedAs("Time to wait for an answer, in milliseconds"),
         &UnitFields::timeout, "2000"},
     Row{ControlSpec{ControlKind::Text, "txtPort", "Port Name (COMx)", "", Place::NextRow, 8}.describedAs(
-            "Serial port that the device hangs on"),
+            "Serial port that the device is connected to"),
         &UnitFields::port, "COM1"},
     Row{ControlSpec{ControlKind::Choice, "cmbBaud", "Baud rate (b/s)", "", Place::NextRow, 12}.describedAs(
-            "Bits in a second"),
+            "Bits per second"),
         &UnitFields::baud, "9600", kBaudRates},
     Row{ControlSpec{ControlKind::Choice, "cmbParity", "Parity", "", Place::NextRow, 12}.describedAs(
-            "Check bit of every character"),
+            "Parity bit of each character"),
         &UnitFields::parity, "NO", kParities},
     Row{ControlSpec{ControlKind::Combo, "cmbData", "Data e Stop bits", "", Place::NextRow, 6}.describedAs(
-            "Data bits of a character"),
+            "Data bits per character"),
         &UnitFields::dataBits, "8", kDataBits},
     Row{ControlSpec{ControlKind::Combo, "cmbStop", "", "", Place::SameRow, 6}.describedAs(
-            "Stop bits behind a character"),
+            "Stop bits per character"),
         &UnitFields::stopBits, "1", kStopBits},
     Row{ControlSpec{ControlKind::Choice, "cmbFlow", "Flow Control", "", Place::NextRow, 12}.describedAs(
-            "How the line holds the sender back"),
+            "How the receiver pauses the sender"),
         &UnitFields::flowControl, "NONE", kFlowControls},
     Row{ControlSpec{ControlKind::Text, "txtSilent", "Silent interval (ms)", "", Place::NextRow, 8}
             .describedAs("Pause between two telegrams, in milliseconds"),
         &UnitFields::silent, "10"},
     Row{ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow}.describedAs(
-        "Takes over the unit and closes")},
+        "Stores the unit and closes the dialog")},
     Row{ControlSpec{ControlKind::Button, "cmdCancel", "Quit", "", Place::ButtonRow}.describedAs(
-        "Closes without a change")},
+        "Closes the dialog without a change")},
 };
 constexpr auto kControls = controlsOf(kRows);
 constexpr FormSpec kForm{"frmPLC", "Unit Properties", kControls, "cmdOk", "cmdCancel", "txtName"};

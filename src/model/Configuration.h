@@ -105,7 +105,7 @@ public:
     /// records that the copy shares. Errors: as of `removeBranch`.
     void removeMoved(TreeNode& source);
 
-    // The history. It begins empty with a new configuration and one that was read; saving leaves it.
+    // The history. New, Open and Close empty it; Save does not.
     /// While one lives, all edits are one step, also when the last one failed.
     class Step {
     public:
@@ -118,7 +118,7 @@ public:
     private:
         Configuration& configuration_;
     };
-    /// Edits that follow are another step, as those of a dialog that stays open.
+    /// Begins another step within a `Step`, for a dialog that stays open.
     void beginNextStep();
     /// Names of the steps that can be undone and redone next; empty when there is none, and during a step.
     std::string_view undoName() const;
@@ -140,7 +140,7 @@ public:
     void raisePasteCounter();
 
 private:
-    /// What the edits of the open step did to how many objects, the first of them by name.
+    /// For the name of the open step: the verb, and the number, kind and first name of the objects edited.
     struct Deed {
         std::string verb;
         bool verbStays = false;

@@ -10,9 +10,9 @@
 
 namespace trevandix {
 
-/// What `Configuration` owns, and the steps in which alone its edits change it. Each step changes one thing
-/// and notes in the journal how to take it back. No step keeps records and nodes in agreement: that is what
-/// the edits are for. Only `Configuration` and its helpers have a changeable one.
+/// What `Configuration` owns, and the only steps that change it. Each step changes one thing and notes in the
+/// journal how to take it back. Steps do not keep records and nodes in agreement; the edits of
+/// `Configuration` do. Only `Configuration` and its helpers have a changeable one.
 class Content {
 public:
     template <typename Record>
@@ -26,10 +26,10 @@ public:
     Journal& journal() { return journal_; }
     const Journal& journal() const { return journal_; }
 
-    /// Another number after every step that a file would show. Undo brings the former number back.
+    /// A new number after every step that changes what a file would hold. Undo restores the old number.
     std::uint64_t revision() const { return revision_; }
     void setRevision(std::uint64_t revision) { revision_ = revision; }
-    /// For a change of records that no other step shows as a new revision.
+    /// Counts a change of records that no other step counts.
     void touch() { revision_ = ++lastRevision_; }
 
     // Steps on collections.
@@ -63,28 +63,29 @@ public:
     }
 
     // Steps on a record, in every place that shares it.
-    /// Also the text of the node, which has the record. Errors: InvalidCall.
+    /// Renames the record of the item's node, and the node. Errors: InvalidCall when there is no such record.
     void rename(TreeNode& item, std::string_view name);
     /// Errors: InvalidCall when there is no such item.
     void setComment(const Key& item, std::string_view comment);
 
     // Steps on nodes, as those of the tree.
     TreeNode& link(TreeNode& parent, const Key& key, std::string_view text, const NodeLook& look);
-    /// Below a node that the same command has linked, with which this one goes and comes.
+    /// Notes nothing: the parent was linked in the same step, and Undo removes this node together with it.
     TreeNode& linkAlong(TreeNode& parent, const Key& key, std::string_view text, const NodeLook& look);
     /// The node goes with everything below it.
     void unlink(TreeNode& node);
     void setKey(TreeNode& node, const Key& key);
     void setText(TreeNode& node, std::string_view text);
 
-    /// Gives items and branches, nodes together with their records, the keys that follow from the nodes. All
-    /// give up their keys before the first one gets its new key, which is free then.
+    /// Gives each item or branch, node and record, its new key. All give up their old keys first, so they may
+    /// exchange keys; the new keys are free then. Errors: InvalidCall for a node without a record, with
+    /// nothing changed.
     void rekey(const std::vector<std::pair<TreeNode*, Key>>& keys);
 
     /// Turns a noted change back, or forth again after that.
     void turn(Change& change);
 
-    // What ends the history.
+    // Steps that clear the history.
     template <typename Record>
     void clear() {
         journal_.clear();
@@ -111,7 +112,7 @@ private:
     std::tuple<KeyedCollection<clsPLC>, KeyedCollection<clsItem>, KeyedCollection<clsBranch>,
                KeyedCollection<clsModBusType>>
         collections_;
-    // What a node or a record takes with its key and its place in an index, about, in bytes.
+    // Approximate bytes of a node and of a record, with index entries.
     static constexpr std::size_t kNodeBytes = sizeof(TreeNode) + 64;
     static constexpr std::size_t kRecordBytes = sizeof(clsItem) + 128;
 
@@ -144,7 +145,7 @@ private:
     void turnIt(KeyChange& change);
 
     EditableTree tree_;
-    Journal journal_;  // behind the tree, whose nodes it may hold
+    Journal journal_;
     std::uint64_t revision_ = 0;
     std::uint64_t lastRevision_ = 0;
 };

@@ -20,8 +20,8 @@
 
 namespace trevandix {
 
-// One thing that was changed, with what it takes to change it back and forth: each turn leaves here what the
-// next one needs. Texts are keys, as these are small and shared.
+// One change, with what is needed to undo it; undoing it stores what is needed to redo it. Texts are held as
+// keys, which take the least memory.
 struct NodeChange {
     TreeNode* node;
     EditableTree::Detached out{};  ///< holds the node while it is not in the tree
@@ -57,12 +57,12 @@ struct Rekeying {
     Key recordKey;  ///< differs from the node's key in a record that is shared
     std::variant<KeyedCollection<clsItem>::Move, KeyedCollection<clsBranch>::Move> move;
 };
-/// Many at once, as they may exchange their keys.
+/// All nodes of a step that may exchange their keys.
 struct KeyChange {
     std::vector<Rekeying> all;
     bool back = false;
 };
-/// Of a node alone.
+/// A node that gets another key without its record.
 struct NodeKeyChange {
     TreeNode* node;
     Key other;
@@ -71,12 +71,12 @@ using Change = std::variant<NodeChange, NodeTextChange, EntryChange<clsPLC>, Ent
                             EntryChange<clsBranch>, EntryChange<clsModBusType>, ShareChange<clsItem>,
                             ShareChange<clsBranch>, NameChange, CommentChange, KeyChange, NodeKeyChange>;
 
-/// The history of the open configuration: steps to take back, from the oldest on, and steps taken back. It
-/// holds what is no longer in the configuration. Bounded by memory: the oldest steps go first, the newest
-/// stays whatever its size.
+/// The history of the open configuration: the steps that can be undone and those that can be redone. It owns
+/// the nodes and records that are not in the configuration now. Its memory is bounded: the oldest steps are
+/// dropped first; the newest stays whatever its size.
 class Journal {
 public:
-    /// What a step leads from or to, besides its changes.
+    /// The state before or after a step, besides its changes.
     struct Moment {
         TreeNode* selected = nullptr;
         std::uint64_t revision = 0;
@@ -86,30 +86,30 @@ public:
         std::string name;  ///< such as "Delete 3 items"
         Moment before, after{};
         std::deque<Change> changes{};
-        std::size_t bytes = 0;  ///< about what it keeps in memory
+        std::size_t bytes = 0;  ///< approximate memory
     };
 
     /// Bytes of all steps together.
     static constexpr std::size_t kMostBytes = std::size_t{256} << 20;
 
-    /// Between `begin` and `end`, changes are noted. A step without changes is none; any other ends what
-    /// could be redone.
+    /// Changes are noted between `begin` and `end`. A step without changes is discarded; any other clears the
+    /// steps to redo.
     void begin(const Moment& before);
     bool noting() const { return noting_; }
-    /// `bytes` is what the change keeps in memory besides itself, about, now or after an Undo.
+    /// `bytes` is approximately what the change keeps in memory besides itself, now or once undone.
     template <typename Noted>
     void note(Noted change, std::size_t bytes) {
         open_.bytes += sizeof(Change) + bytes;
         open_.changes.emplace_back(std::move(change));
     }
-    /// For a change that has been taken back by other means.
+    /// Discards the last change, which the caller has reverted.
     void dropLast() { open_.changes.pop_back(); }
     void end(std::string name, const Moment& after);
 
     /// The step that Undo takes back next and the one that Redo does again; nullptr when there is none.
     const Step* undoable() const { return done_.empty() ? nullptr : &done_.back(); }
     const Step* redoable() const { return undone_.empty() ? nullptr : &undone_.back(); }
-    /// Moves that step to the other side. The caller turns its changes, the last one first for an Undo.
+    /// Moves that step to the other list. The caller turns its changes: in reverse order for Undo.
     Step& undo();
     Step& redo();
     void clear();

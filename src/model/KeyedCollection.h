@@ -154,9 +154,9 @@ public:
     ConstPointer at(const Key& key) const { return entry(key).record; }
     const Pointer& at(const Key& key) { return entry(key).record; }
 
-    /// The same, looked for at `place` first, which then moves behind the record found: who asks in about the
-    /// order of addition saves the search. `place` may start at begin(); changes of the collection make it
-    /// invalid.
+    /// The same, but tries `place` first and then moves it behind the record found. This saves the search
+    /// when records are asked for in about the order of addition. `place` may start at begin(); changes of
+    /// the collection invalidate it.
     const Record& at(const Key& key, Iterator& place) const {
         if (place == end() || !((*place).first == key)) place = Iterator(&entry(key));
         return *(*place++).second;

@@ -10,8 +10,8 @@ void RemoveBranch(Content& content, const TreeNode& node);
 
 /// Adds a node like `source` below `target`, and puts its item or branch record under the new key too.
 /// Neither source node nor children are touched. The two nodes share the record, which then names the new
-/// place as its own. Nodes of other kinds have no record to follow them. `along` for a node below one that
-/// was recreated before, with which an Undo takes it away. Errors: KeyNotUnique, with nothing changed;
+/// place as its own. Nodes of other kinds have no record to follow them. `along` is for a node below
+/// one recreated in the same step: Undo removes both together. Errors: KeyNotUnique, with nothing changed;
 /// KeyInCollection and InvalidCall, with the node already added.
 TreeNode& recreate(Content& content, const TreeNode& source, TreeNode& target, bool along = false);
 
