@@ -11,9 +11,9 @@ constexpr std::array kControls{
     ControlSpec{ControlKind::Text, "txtBranchName", "Branch name:", "", Place::NextRow, 32}.describedAs(
         "Folder of the tags below it"),
     ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow}.describedAs(
-        "Takes over the name and closes"),
+        "Stores the name and closes the dialog"),
     ControlSpec{ControlKind::Button, "cmdCancel", "Cancel", "", Place::ButtonRow}.describedAs(
-        "Closes without a change"),
+        "Closes the dialog without a change"),
 };
 constexpr FormSpec kForm{"frmBranch", "Branch Name", kControls, "cmdOk", "cmdCancel", "txtBranchName"};
 

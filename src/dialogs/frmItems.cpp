@@ -49,9 +49,9 @@ constexpr std::array kRows{
     Row{ControlSpec{ControlKind::Button, "cmdGroup", "Add Group....", kMain, Place::ButtonColumn}.describedAs(
         "Adds several items in a row")},
     Row{ControlSpec{ControlKind::Button, "cmdOk", "Add and Exit", kMain, Place::ButtonColumn}.describedAs(
-        "Takes over the item and closes")},
+        "Stores the item and closes the dialog")},
     Row{ControlSpec{ControlKind::Button, "cmdCancel", "Exit", kMain, Place::ButtonColumn}.describedAs(
-        "Closes without adding")},
+        "Closes the dialog without adding")},
     Row{ControlSpec{ControlKind::Frame, kGroup}},
     Row{ControlSpec{ControlKind::Text, "txtNumbItems", "INSERT NUMBER OF ITEMS TO ADD", kGroup,
                     Place::NextRow, 8, KeyFilter::Numeric}

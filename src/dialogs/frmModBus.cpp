@@ -23,11 +23,11 @@ constexpr std::array kRows{
             .describedAs("Modbus function that writes several values"),
         &DataTypeFields::writeCode},
     Row{ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow}.describedAs(
-        "Takes over the codes and closes")},
+        "Stores the codes and closes the dialog")},
     Row{ControlSpec{ControlKind::Button, "cmdCancel", "Exit", "", Place::ButtonRow}.describedAs(
-        "Closes without a change")},
+        "Closes the dialog without a change")},
     Row{ControlSpec{ControlKind::Check, "chkSingle", "Single Write Function Code"}.describedAs(
-        "Single values are written by a function of their own")},
+        "Single values have a write function of their own")},
     Row{ControlSpec{ControlKind::Text, "txtSingleCode", "", "", Place::SameRow, 8}.describedAs(
             "Modbus function that writes one value"),
         &DataTypeFields::singleCode},
