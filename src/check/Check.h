@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "check/Finding.h"
+#include "model/Configuration.h"
+
+namespace trevandix {
+
+/// Looks at the whole configuration with all rules. Findings come in the order of the rules, those of one
+/// rule in the order of the tree. At most one finding for each rule and object. `interrupted` is asked every
+/// few milliseconds; as soon as it says true there is no result.
+std::optional<std::vector<Finding>> check(
+    const Configuration& configuration, const std::function<bool()>& interrupted = [] { return false; });
+
+/// An item that is to get another name.
+struct IntendedName {
+    Key item;
+    std::string name;
+};
+
+/// For each of the names the text of the first finding that the items would have once all of them are
+/// renamed, and do not have now; empty where there is none.
+std::vector<std::string> findingsAdded(const Configuration& configuration,
+                                       std::span<const IntendedName> names);
+
+}  // namespace trevandix
