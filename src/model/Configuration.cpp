@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::uint64_t kNoRevision = std::numeric_limits<std::uint64_t>::max();
 
-// Default names go on behind the records that were read; the counter stops at its 16-bit limit.
+// Default names continue after the records that were read; the counter stops at its 16-bit limit.
 std::int16_t counterBehind(std::size_t records) {
     constexpr std::size_t kLimit = std::numeric_limits<std::int16_t>::max();
     return static_cast<std::int16_t>(std::min(records + 1, kLimit));
@@ -88,7 +88,7 @@ void Configuration::setFilePath(std::string_view path) {
 template <typename Record>
 TreeNode& Configuration::add(std::shared_ptr<Record> record, const Key& key, TreeNode& parent,
                              std::string_view name, const NodeLook& look) {
-    // Without a key the node could never be found again, not even to save it.
+    // Nothing could find a node without a key, so it could not be saved.
     if (key.empty()) throw RuntimeError(ErrorNumber::InvalidCall, "a name is missing");
     content_.put(std::move(record), key);
     try {
@@ -182,7 +182,7 @@ void Configuration::replaceBranch(TreeNode& node, clsBranch record) {
     rekeying.apply();
 }
 
-// Units and data types are written in the order of their collections, where the new record comes last.
+// Units and data types are saved in the order of their collections, and the new record comes last there.
 void Configuration::replaceUnit(TreeNode& node, clsPLC record) {
     const Step step(*this);
     const auto added = std::make_shared<clsPLC>(std::move(record));

@@ -17,11 +17,11 @@ struct ItemRenaming;
 /// can have this name.
 inline constexpr std::string_view kModBusFolder = "ModBus";
 
-/// The one open configuration: records in four keyed collections, their nodes in the tree, and the editing
-/// state. Everyone may look at them and change what only concerns the view; what a file would hold changes
-/// through the edits below and in no other way. Every node but the first and the ModBus folder has its record
-/// under the same key. The edits keep it so, apart from the few that say otherwise, and each changes
-/// collection and tree together or, when it throws, neither. Edits of an open configuration can be undone.
+/// The open configuration: records in four keyed collections, their nodes in the tree, and the editing state.
+/// Everyone may read them and change view state (selection, expansion, sorting). What a file would hold
+/// changes only through the edits below. Each node except the first and the ModBus folder has a record with
+/// the same key. An edit changes collection and tree together or, if it throws, neither; exceptions are
+/// stated. Edits of an open configuration can be undone.
 class Configuration {
     Content content_;
     EditingState state_;
@@ -34,29 +34,29 @@ public:
     StructureTree& tree = content_.view();
     const EditingState& state = state_;
 
-    /// Revision number; changes whenever what a file would hold changes. The order that selecting a node
-    /// gives to its children is no change.
+    /// Changes whenever what a file would hold changes. Sorting the children of a selected node does not
+    /// count.
     std::uint64_t revision() const { return content_.revision(); }
-    /// True when there is something to lose: edits since the last mark.
+    /// True if there are edits since the last open, save or close.
     bool changed() const { return revision() != baseRevision_; }
     /// True while the content equals the file's. Unlike `EditingState::saved`, this follows every edit.
     bool equalsFile() const { return inFile_ && !changed(); }
 
     // A configuration as a whole.
-    /// Removes all nodes, and empties the copy buffer. Collections, flags and counters stay.
+    /// Removes all nodes and empties the copy buffer. Keeps collections, flags and counters.
     void clearTree();
-    /// Begins an empty configuration at the path, on a cleared tree: no records, all counters 0, the first
-    /// node, selected, with the path as text, and the ModBus folder; both shown.
+    /// Begins an empty configuration on a cleared tree: no records, all counters 0. Adds the first node,
+    /// which shows the path and is selected, and the ModBus folder, and makes both visible.
     void begin(std::string_view filePath);
-    /// Begins a new one, which is open, and in no file.
+    /// Begins a new configuration, which is open and not yet in a file.
     void beginNew(std::string_view filePath);
-    /// What was added since `begin` stands in the file: open, saved, default names go on behind the records.
+    /// Ends reading a file: the configuration is open and saved, and default names continue after those read.
     void endLoad();
-    /// The file at the path holds exactly this.
+    /// The file now equals the configuration.
     void markSaved() { setBase(true); }
-    /// Whatever the file at the path holds, it is not this.
+    /// The file differs from the configuration.
     void markUnsaved();
-    /// Releases units, branches and items; there is nothing to lose any more. The open flag stays.
+    /// Releases units, branches and items; the configuration counts as unchanged. Keeps the open flag.
     void close();
     void setOpen(bool open) { state_.configurationOpen = open; }
     void setSaved(bool saved) { state_.saved = saved; }
@@ -66,50 +66,50 @@ public:
 
     // Each adds the record under its own key and its node at the end (or the sorted place) below `parent`.
     // Errors: InvalidCall for an empty key, KeyInCollection, KeyNotUnique.
-    /// Below the ModBus folder. A node of that name that has lost its record gets this one. Errors:
-    /// ElementNotFound where there is no ModBus folder.
+    /// Below the ModBus folder. A node of that name without a record gets this one. Errors: ElementNotFound
+    /// if there is no ModBus folder.
     TreeNode& addDataType(clsModBusType record);
-    /// Below the first node. Units read from a file have a picture for the selected state too.
+    /// Below the first node. A unit read from a file also has an image for the selected state.
     TreeNode& addUnit(clsPLC record, bool fromFile = false);
     TreeNode& addBranch(clsBranch record, TreeNode& parent);
     TreeNode& addItem(clsItem record, TreeNode& parent, Image selectedImage = Image::Item);
 
-    // Each puts the record, under its own key, in the place of the one under the node's key, and gives the
-    // node its key and name. Everything below a unit or branch follows with keys of its own. Errors:
-    // InvalidCall when the node has no record; KeyInCollection, KeyNotUnique.
+    // Each replaces the node's record and gives the node the new record's key and name. Everything below a
+    // unit or branch gets new keys too. Errors: InvalidCall if the node has no record; KeyInCollection,
+    // KeyNotUnique.
     void replaceItem(TreeNode& node, clsItem record);
     void replaceBranch(TreeNode& node, clsBranch record);
     void replaceUnit(TreeNode& node, clsPLC record);
-    /// The node keeps its key and text. The old record is gone even when the new name is taken. Errors:
+    /// The node keeps its key and text. The old record is removed even if the new name is taken. Errors:
     /// InvalidCall, KeyInCollection.
     void replaceDataType(const Key& editedName, clsModBusType record);
 
-    /// Also for the other places that share the record. Errors: InvalidCall when there is no such item.
+    /// Applies to all items that share the record. Errors: InvalidCall if there is no such item.
     void setComment(const Key& item, std::string_view comment);
-    /// Renames many items at once, so that names can be swapped among them. What came of each is told in it.
+    /// Renames many items at once, so that they can exchange names. Stores the result of each in `renamings`.
     void renameItems(std::vector<ItemRenaming>& renamings);
 
-    // Each removes record and node, a branch with everything below it. Errors: InvalidCall for a node without
-    // a record; what was removed from the collections before is gone.
+    // Each removes record and node, with everything below them. Errors: InvalidCall for a node without a
+    // record; records removed before it stay removed.
     void removeItem(Key key);
     void removeBranch(TreeNode& node);
     void removeUnit(TreeNode& node);
 
-    /// Adds nodes like `source` and everything below it to `target`, which does not lie in it. Items and
-    /// branches share their records with the source; each record names the new place as its own. Nodes of
-    /// other kinds have no record to follow them, and nothing below them is copied. Errors: KeyNotUnique,
-    /// with nothing changed when `source` itself is refused; KeyInCollection, InvalidCall. What was copied
-    /// before stays, and so does the node that the failure is about.
+    /// Copies `source` and everything below it to `target`, which must not lie below `source`. Copied items
+    /// and branches share their records with the source; the record's key becomes that of the copy. A node of
+    /// another kind is copied without a record and without what is below it. Errors: KeyNotUnique, with
+    /// nothing changed if `source` itself is refused; KeyInCollection, InvalidCall. On an error, what was
+    /// copied before stays, and so does the node that failed.
     TreeNode& copySubtree(const TreeNode& source, TreeNode& target);
-    /// Ends a move that began with `copySubtree`: removes the source with all below it, and those of its
-    /// records that the copy shares. Errors: as of `removeBranch`.
+    /// Completes a move that began with `copySubtree`: removes the source, everything below it, and the
+    /// entries of the records that the copy shares. Errors: as `removeBranch`.
     void removeMoved(TreeNode& source);
 
     // The history. New, Open and Close empty it; Save does not.
-    /// While one lives, all edits are one step, also when the last one failed.
+    /// All edits during its lifetime form one step, even if one of them fails.
     class Step {
     public:
-        /// The step is named by its edits ("Delete 3 items"), but with this verb if one is given.
+        /// The edits name the step ("Delete 3 items"); `verb` replaces their verb.
         explicit Step(Configuration& configuration, std::string_view verb = {});
         ~Step();
         Step(const Step&) = delete;
@@ -118,29 +118,30 @@ public:
     private:
         Configuration& configuration_;
     };
-    /// Begins another step within a `Step`, for a dialog that stays open.
+    /// Ends the current step and begins another one, for a dialog that stays open. A `Step` exists.
     void beginNextStep();
     /// Names of the steps that can be undone and redone next; empty when there is none, and during a step.
     std::string_view undoName() const;
     std::string_view redoName() const;
-    /// Takes back everything that the step changed in what a file would hold and in the numbers of default
-    /// names, or does it again. Sorted siblings stay sorted. The saved flag becomes that of the content.
-    /// Selects the node that was selected before the step, or after it. There is such a step.
+    /// Undoes or redoes what the step changed in the content and in the numbers of default names. Sorted
+    /// siblings stay sorted. The saved flag then says whether the content equals the file. Selects the node
+    /// that was selected before (undo) or after (redo) the step. The step must exist.
     void undo();
     void redo();
 
     // The numbers of the next default names, and the copy buffer.
     /// Errors: Overflow.
     void raiseCounter(NodeTag kind);
-    /// Makes the slot the buffer's last and puts the item there; the slots before it stay. Errors:
-    /// InvalidCall when there is no such item; the slot is the last one then, too.
+    /// Puts the item into the slot and removes all slots behind it. Errors: InvalidCall if there is no such
+    /// item; the slots behind are removed then, too.
     void setCopySlot(std::size_t slot, const Key& item);
     void resetPasteCounter() { state_.pasteCounter = 0; }
     /// Errors: Overflow.
     void raisePasteCounter();
 
 private:
-    /// For the name of the open step: the verb, and the number, kind and first name of the objects edited.
+    /// What the name of the open step is made of: verb, and number, kind and first name of the objects
+    /// edited.
     struct Deed {
         std::string verb;
         bool verbStays = false;
@@ -169,11 +170,11 @@ private:
     std::uint64_t baseRevision_ = 0;
     bool inFile_ = false;
     bool hasHistory_ = false;
-    int steps_ = 0;  // of those that live, one in the other
+    int steps_ = 0;  // nesting depth of `Step`s
     Deed deed_{};
 };
 
-/// The key of a record called `name` in `node`, or, for a record edited in place, beside it.
+/// The key of a record called `name` in `node`, or with `useParent` in the parent of `node`.
 Key makeKey(std::string_view name, const TreeNode& node, bool useParent);
 
 }  // namespace trevandix

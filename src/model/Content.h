@@ -10,9 +10,9 @@
 
 namespace trevandix {
 
-/// What `Configuration` owns, and the only steps that change it. Each step changes one thing and notes in the
-/// journal how to take it back. Steps do not keep records and nodes in agreement; the edits of
-/// `Configuration` do. Only `Configuration` and its helpers have a changeable one.
+/// Owns the content of a `Configuration` and offers the only steps that change it. Each step changes one
+/// thing and notes in the journal how to undo it. Steps do not keep records and nodes in agreement; the edits
+/// of `Configuration` do. Only `Configuration` and its helpers have access to a non-const object.
 class Content {
 public:
     template <typename Record>
@@ -20,7 +20,7 @@ public:
         return std::get<KeyedCollection<Record>>(collections_);
     }
     const StructureTree& tree() const { return tree_; }
-    /// For the view's state, which is no part of what the steps change.
+    /// For changes of view state, which the steps do not concern.
     StructureTree& view() { return tree_; }
 
     Journal& journal() { return journal_; }
@@ -29,7 +29,7 @@ public:
     /// A new number after every step that changes what a file would hold. Undo restores the old number.
     std::uint64_t revision() const { return revision_; }
     void setRevision(std::uint64_t revision) { revision_ = revision; }
-    /// Counts a change of records that no other step counts.
+    /// Counts a change that no other step counts.
     void touch() { revision_ = ++lastRevision_; }
 
     // Steps on collections.
@@ -39,14 +39,14 @@ public:
         const std::size_t bytes = bytesOf(*record, key);
         note(EntryChange<Record>{collection<Record>().add(std::move(record), key)}, bytes);
     }
-    /// Takes back the last step, which was to put the record under the key.
+    /// Undoes the last step, which has put the record under the key.
     template <typename Record>
     void unput(const Key& key) {
         collection<Record>().remove(key);
         if (journal_.noting()) journal_.dropLast();
     }
-    /// Puts the record under `from` at the end, under another key as well, which it then names as its own.
-    /// Errors: InvalidCall, KeyInCollection.
+    /// Adds a second entry, `key`, for the record under `from`. `key` becomes the record's own key. Errors:
+    /// InvalidCall, KeyInCollection.
     template <typename Record>
     void share(const Key& from, const Key& key) {
         const std::shared_ptr<Record>& record = collection<Record>().at(from);
@@ -54,7 +54,7 @@ public:
         record->swapKey(change.other);
         note(std::move(change), kRecordBytes + kNodeBytes);
     }
-    /// Errors: InvalidCall when there is no such record.
+    /// Removes the entry. Errors: InvalidCall if there is no such record.
     template <typename Record>
     void take(const Key& key) {
         auto seat = collection<Record>().remove(key);
@@ -62,27 +62,26 @@ public:
         note(EntryChange<Record>{std::move(seat)}, bytes);
     }
 
-    // Steps on a record, in every place that shares it.
-    /// Renames the record of the item's node, and the node. Errors: InvalidCall when there is no such record.
+    // Steps on a record; they apply to all nodes that share it.
+    /// Renames the record of the item's node and the node. Errors: InvalidCall if there is no such record.
     void rename(TreeNode& item, std::string_view name);
     /// Errors: InvalidCall when there is no such item.
     void setComment(const Key& item, std::string_view comment);
 
-    // Steps on nodes, as those of the tree.
+    // Steps on nodes; see `EditableTree`.
     TreeNode& link(TreeNode& parent, const Key& key, std::string_view text, const NodeLook& look);
     /// Notes nothing: the parent was linked in the same step, and Undo removes this node together with it.
     TreeNode& linkAlong(TreeNode& parent, const Key& key, std::string_view text, const NodeLook& look);
-    /// The node goes with everything below it.
+    /// Removes the node with everything below it.
     void unlink(TreeNode& node);
     void setKey(TreeNode& node, const Key& key);
     void setText(TreeNode& node, std::string_view text);
 
-    /// Gives each item or branch, node and record, its new key. All give up their old keys first, so they may
-    /// exchange keys; the new keys are free then. Errors: InvalidCall for a node without a record, with
-    /// nothing changed.
+    /// Gives items and branches, nodes and records, new keys. They may exchange keys; apart from that the new
+    /// keys must be free. Errors: InvalidCall for a node without a record, with nothing changed.
     void rekey(const std::vector<std::pair<TreeNode*, Key>>& keys);
 
-    /// Turns a noted change back, or forth again after that.
+    /// Undoes a noted change, or redoes it after that.
     void turn(Change& change);
 
     // Steps that clear the history.
@@ -93,7 +92,7 @@ public:
     }
     void clearTree();
 
-    // The first node, which no step touches. Its text is no part of what a file holds.
+    // The first node, which no step changes. Its text is not saved.
     void addRoot(std::string_view text, const NodeLook& look) { tree_.addRoot(text, look); }
     void setRootText(std::string_view text) { tree_.setText(*tree_.root(), text); }
 

@@ -11,7 +11,7 @@ namespace trevandix {
 
 class Content;
 
-/// One item's new name; what came of it is told in the last two members.
+/// An item's new name. `renameItems` fills in the last two members.
 struct ItemRenaming {
     Key key;
     std::string name;
@@ -19,9 +19,9 @@ struct ItemRenaming {
     std::optional<ErrorNumber> failure{};  ///< why the item stayed as it was
 };
 
-/// Renames many items at once, records and nodes together, so that names can be swapped among them. An item
-/// whose new key is taken, by an item outside or by one that has to stay, keeps its name: KeyInCollection,
-/// KeyNotUnique. One that is not there, or comes twice: InvalidCall, ElementNotFound.
+/// Renames many items at once, records and nodes together, so that they can exchange names. An item keeps its
+/// name if its new key belongs to an item that is not renamed or must keep its name (KeyInCollection,
+/// KeyNotUnique), if it does not exist, or if it comes twice (InvalidCall, ElementNotFound).
 void renameItems(Content& content, std::vector<ItemRenaming>& renamings);
 
 }  // namespace trevandix

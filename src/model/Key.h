@@ -10,12 +10,12 @@
 
 namespace trevandix {
 
-/// An immutable key text, shared between a record, its tree node and the collections' indexes, so that a key
-/// costs its characters once. Copies are cheap; the hash is computed once. Not for use from several threads.
+/// An immutable key text that a record, its node and the indexes share, so that its characters are stored
+/// once. Copies are cheap; the hash is computed once. Not for several threads.
 class Key {
 public:
     Key() = default;
-    Key(std::string_view text);  // a key is a text wherever one is wanted
+    Key(std::string_view text);  // implicit, so that a text can be used as a key
     Key(const std::string& text) : Key(std::string_view(text)) {}
     Key(const char* text) : Key(std::string_view(text)) {}
     /// The key of `name` inside `container`: container, ".", name.
@@ -64,10 +64,10 @@ private:
     Rep* rep_ = nullptr;
 };
 
-/// The parent key of any key text: cut at its last ".".
+/// The key text up to its last "."; empty if there is none.
 std::string_view parentKey(std::string_view key);
 
-/// One of the few texts that very many records share (type labels, access rights): a pointer into a pool that
+/// A text that very many records share, such as a type label or an access right: a pointer into a pool that
 /// lives as long as the program.
 class InternedText {
 public:

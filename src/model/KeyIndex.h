@@ -7,14 +7,13 @@
 
 namespace trevandix {
 
-/// Finds by key what holds it. `Handle` is a pointer or an iterator to something with a `key()`, which must
-/// not change while it is in here. Open addressing with the hashes in the table: with a million entries every
-/// node that a std::unordered_map touches on its way is a cache miss, which made up a third of the time to
-/// read a file.
+/// Finds objects by key. `Handle` is a pointer or iterator to an object with a `key()`, which must not change
+/// while it is in the index. Open addressing with the hashes in the table: in a std::unordered_map of a
+/// million entries, cache misses took a third of the time to read a file.
 template <typename Handle>
 class KeyIndex {
 public:
-    /// False when the key is there already; the index is then unchanged.
+    /// False if the key exists; the index is then unchanged.
     bool insert(Handle handle) {
         if ((size_ + 1) * 4 > cells_.size() * 3) grow();
         Cell& cell = cells_[search(handle->key())];
@@ -24,7 +23,7 @@ public:
         return true;
     }
 
-    /// nullptr when there is no such key.
+    /// nullptr if there is no such key.
     const Handle* find(const Key& key) const {
         if (size_ == 0) return nullptr;
         const Cell& cell = cells_[search(key)];
@@ -61,7 +60,7 @@ private:
     std::size_t mask() const { return cells_.size() - 1; }
     std::size_t after(std::size_t place) const { return (place + 1) & mask(); }
 
-    // The cell of the key, or the free one where it belongs.
+    // The cell with the key, or the free cell for it.
     std::size_t search(const Key& key) const {
         const std::size_t mark = markOf(key);
         std::size_t place = mark & mask();
@@ -83,7 +82,7 @@ private:
         }
     }
 
-    std::vector<Cell> cells_;  // as many as a power of two, at most three in four in use
+    std::vector<Cell> cells_;  // a power of two; at most three quarters in use
     std::size_t size_ = 0;
 };
 

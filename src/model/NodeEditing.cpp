@@ -4,7 +4,7 @@
 
 namespace trevandix {
 
-// In the order of a recursion, items first, but branches may be nested as deeply as a file likes.
+// Without recursion, because branches may nest deeply; in the order of one, items first.
 void RemoveBranch(Content& content, const TreeNode& node) {
     std::vector<const TreeNode*> waiting{&node};
     while (!waiting.empty()) {
@@ -29,7 +29,7 @@ TreeNode& recreate(Content& content, const TreeNode& source, TreeNode& target, b
     return node;
 }
 
-// Depth first like a recursion, but branches may be nested as deeply as a file likes.
+// Depth first, without recursion, because branches may nest deeply.
 void CopySubTree(Content& content, const TreeNode& nodSource, TreeNode& nodDest) {
     struct Level {
         const TreeNode* next;

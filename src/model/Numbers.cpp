@@ -16,7 +16,7 @@ struct Parsed {
     const char* end;
 };
 
-// Parses at the start of `text`; `end` is its start when no number stands there.
+// Parses the beginning of `text`; `end` is its start if there is no number.
 Parsed parseNumber(std::string_view text) {
     const char* const begin = text.data();
     const char* const last = begin + text.size();

@@ -6,17 +6,17 @@
 
 namespace trevandix {
 
-/// The longest decimal number (sign, digits, fraction, exponent) that `text` begins with, blanks in front
-/// skipped; 0 when there is none. Independent of the locale, like everything here.
+/// The decimal number (sign, digits, fraction, exponent) at the beginning of `text`, after blanks; 0 if there
+/// is none. Like all functions here, independent of the locale.
 double leadingNumber(std::string_view text);
 
-/// The number that the whole text reads as, blanks around it allowed; nothing when it is no number.
+/// The number that the whole text is, apart from blanks around it; nothing if it is not a number.
 std::optional<double> wholeNumber(std::string_view text);
 inline bool isNumeric(std::string_view text) {
     return wholeNumber(text).has_value();
 }
 
-/// Rounding to the nearest integer, halves to the even neighbour. Errors: Overflow outside the type's range.
+/// Rounds to the nearest integer, halves to the even one. Errors: Overflow outside the type's range.
 std::uint8_t toByte(double value);
 std::int16_t toInt16(double value);
 std::int32_t toInt32(double value);

@@ -59,8 +59,8 @@ std::optional<Refusal> portRefusal(const std::string& port) {
     return std::nullopt;
 }
 
-// Units on one line must agree about it. Only the first other unit is compared: the others agree with that
-// one.
+// Units on one serial line must have the same settings. Comparing with one other unit is enough, because the
+// others agree with it.
 std::optional<Refusal> sharedPortRefusal(const UnitFields& unit, const Configuration& configuration) {
     for (const auto& [key, other] : configuration.units) {
         if (other->getCom() != unit.port || other->getName() == unit.name) continue;

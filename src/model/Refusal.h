@@ -18,14 +18,14 @@ struct Refusal {
     std::string message;     ///< what the user is told
 };
 
-// Checks of what is entered. Each returns the first invalid field; nothing when all are valid.
+// Checks of entered fields. Each returns the first invalid one; nothing if all are valid.
 
 /// Does not check whether the name is free.
 std::optional<Refusal> refusal(const ItemFields& item);
 /// Does not check whether the name is free. `edited` is the unit being edited, or nullptr.
 std::optional<Refusal> refusal(const UnitFields& unit, const Configuration& configuration,
                                const clsPLC* edited);
-/// Checks whether the name is free unless an existing data type is `edited`.
+/// Checks whether the name is free, unless an existing data type is `edited`.
 std::optional<Refusal> refusal(const DataTypeFields& type, const Configuration& configuration, bool edited);
 
 }  // namespace trevandix

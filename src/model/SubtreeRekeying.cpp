@@ -14,8 +14,8 @@ SubtreeRekeying::SubtreeRekeying(Content& content, const TreeNode& container, co
     check(container);
 }
 
-// Parents before children, without recursion: branches may nest as deeply as they like. Units that were
-// dragged below keep their keys, and so does what is in them.
+// Parents before children, without recursion, because branches may nest deeply. Units that were dragged below
+// keep their keys, and so does everything in them.
 void SubtreeRekeying::plan(const TreeNode& container, const Key& containerKey) {
     struct Level {
         TreeNode* next;

@@ -7,15 +7,15 @@
 
 namespace trevandix {
 
-/// Gives every item and branch below a unit or branch the key that follows from its place, for a container
-/// that gets another key itself. Planned and checked first, so that a refusal changes nothing.
+/// Gives every item and branch below a unit or branch a new key after the container's key has changed. The
+/// constructor plans and checks, so that a refusal changes nothing.
 class SubtreeRekeying {
 public:
-    /// Errors: KeyInCollection, KeyNotUnique when a new key belongs to something that stays where it is;
-    /// InvalidCall for a node without a record.
+    /// Errors: KeyInCollection, KeyNotUnique if a new key belongs to an object outside; InvalidCall for a
+    /// node without a record.
     SubtreeRekeying(Content& content, const TreeNode& container, const Key& containerKey);
 
-    /// Once the container has its new key.
+    /// To be called when the container has its new key.
     void apply();
 
 private:

@@ -9,7 +9,7 @@ namespace trevandix {
 
 namespace {
 
-// Label, file, sort code, registers, function codes. The order decides where a text contains several.
+// Label, file, sort code, registers, function codes. If a text contains several labels, the first row wins.
 constexpr std::array kTables{
     ModbusTable{"input status", "INPUTSTATUS", "IS", false, 2, 0, 0},
     ModbusTable{"coil", "COIL", "CO", false, 1, 15, 5},
@@ -34,7 +34,7 @@ constexpr std::array kTypes{
     ValueType{"signed 32 bit array", "VT_I4 ARRAY", 32, true},
     ValueType{"32 bit float array", "VT_R4 ARRAY", 32, true},
     ValueType{"string", "VT_BSTR", 8, true},
-    // Never offered, as its elements could be anything.
+    // Not offered, because the type of its elements is unknown.
     ValueType{"array", "ARRAY", 0, true},
 };
 

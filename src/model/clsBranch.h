@@ -9,7 +9,7 @@ namespace trevandix {
 
 class XmlElement;
 
-/// A folder of a unit's tag tree. The tree and the key alone say where it stands.
+/// A folder in a unit's tag tree. Its place follows from the tree and its key.
 class clsBranch {
 public:
     const std::string& sName() const { return sName_; }
@@ -18,10 +18,10 @@ public:
     void sKey(const Key& key) { sKey_ = key; }
     void swapKey(Key& key) { swap(sKey_, key); }
 
-    /// From an element whose name is the branch's, read in capitals. `container` is the key of the unit or
+    /// From an element; the branch's name is the element's in capitals. `container` is the key of the unit or
     /// branch around it.
     void build(const XmlElement& element, const Key& container);
-    /// The key cut at its last ".", which may stand inside the branch's own name.
+    /// The key up to its last ".", even if that is part of the branch's name.
     std::string_view getParentKey() const { return sKey_.parent(); }
 
 private:

@@ -15,7 +15,7 @@ namespace trevandix {
 
 namespace {
 
-// A plant has few types and very many items: each conversion is made once.
+// A plant has few types and very many items, so each conversion is made once.
 struct TextHash {
     using is_transparent = void;
     std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
@@ -67,7 +67,7 @@ using Column = clsItem::Column;
 
 struct Field {
     std::string_view element;          ///< empty for a column that the file does not have
-    std::string ItemFields::*entered;  ///< nullptr where it is made of several texts
+    std::string ItemFields::*entered;  ///< nullptr if it consists of several texts
     void (*take)(clsItem&, std::string_view text);
     void (*print)(std::string& out, const clsItem&);
     Column column{};
@@ -120,7 +120,7 @@ struct clsItem::Tables {
                    [](const clsItem& item, const ItemType& type) { return indexText(item, type.table); }}),
     };
 
-    // What stands around each value of a tag element, made once for all the items of a depth in a row.
+    // The texts around the values of a tag element, made once for consecutive items of the same depth.
     struct Frame {
         int depth = -1;
         std::string begin, end;

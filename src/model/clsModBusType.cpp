@@ -13,11 +13,11 @@ using Column = clsModBusType::Column;
 
 struct Field {
     std::string_view name;
-    std::string DataTypeFields::*entered;  ///< nullptr for the name, which the file spells in another way
+    std::string DataTypeFields::*entered;  ///< nullptr for the name, which is spelled differently in the file
     void (*read)(clsModBusType&, std::string_view text);
     void (*print)(std::string& out, const clsModBusType&);
     Column column{};
-    bool (*has)(const DataTypeFields&) = nullptr;  ///< else the code is 0 and no text; nullptr: always
+    bool (*has)(const DataTypeFields&) = nullptr;  ///< if false, the code is 0; nullptr: always true
 
     bool isOf(const DataTypeFields& type) const { return has == nullptr || has(type); }
 };

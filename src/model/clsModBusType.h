@@ -18,12 +18,11 @@ struct DataTypeFields {
     std::string name;
     std::string readCode;
     std::string writeCode;   ///< ignored for a read-only table
-    bool single = false;     ///< single values are written by a function of their own
+    bool single = false;     ///< a function code of their own writes single values
     std::string singleCode;  ///< ignored unless `single`
 };
 
-/// A Modbus table and the function codes with which the server accesses it. Codes are Modbus function codes,
-/// 0 meaning that the type has none.
+/// A Modbus table and the Modbus function codes with which the server accesses it; 0 for none.
 class clsModBusType {
 public:
     void setName(std::string_view name) { sName_ = name; }

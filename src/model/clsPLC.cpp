@@ -36,7 +36,7 @@ constexpr Field field(std::string_view name, std::string_view interfaceKind, std
 }  // namespace
 
 struct clsPLC::Tables {
-    // In the order of the file. NumberText::Leading: what is entered may have a text behind the number.
+    // In the order of the file. NumberText::Leading: a text may follow the number entered.
     static constexpr std::array kFields{
         field<&clsPLC::sName_>("name", kBoth, &UnitFields::name, {"Unit Name", 0.5}),
         field<&clsPLC::sAddress_>("address", kTcpIp, &UnitFields::address),

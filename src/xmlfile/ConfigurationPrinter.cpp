@@ -71,7 +71,7 @@ void ConfigurationPrinter::printTag(Latin1Lines& file, int depth, std::string_vi
     file.print(Indentation(depth).append(begin) + (looksLikeItem ? "TAG" : branch) + ">");
 }
 
-// Walks without recursion: branches may nest as deeply as they like.
+// Without recursion, because branches may nest deeply.
 void ConfigurationPrinter::PrintBranch(Latin1Lines& file, std::size_t& nodes) {
     int depth = depth_;
     const TreeNode* node = node_;

@@ -22,7 +22,7 @@ std::unique_ptr<XmlDocument> mendedFile(XmlParser& parser, const std::string& fi
     return parser.parse(mended(readWholeFile(filePath)));
 }
 
-// Where neither way can be gone, the failure further down in the file is told.
+// If both ways fail, reports the error further down in the file.
 std::unique_ptr<XmlDocument> parsedFile(XmlParser& parser, const std::string& filePath, Origin origin) {
     if (origin == Origin::OwnWriter) {
         try {
@@ -42,7 +42,7 @@ std::unique_ptr<XmlDocument> parsedFile(XmlParser& parser, const std::string& fi
     }
 }
 
-// An unknown table has no label, and the label is the data type's name.
+// The label of its table is a data type's name; an unknown table has none.
 void requireName(const std::string& name, const XmlElement& element) {
     if (!name.empty()) return;
     std::string detail = "<" + std::string(element.name()) + "> gives no name: \"";
@@ -58,7 +58,7 @@ bool isWhole(const std::string& filePath) {
     }
 }
 
-// What an interrupted save left beside the file, the one made last; empty where there is none.
+// The latest whole backup that an interrupted save left beside the file; empty if there is none.
 std::string wholeBackupOf(const std::string& filePath) {
     std::string found;
     for (const std::string& backup : SafeFile::backupsOf(filePath)) {
@@ -122,9 +122,8 @@ void ConfigurationReader::BrowsePlc(const XmlElement& element) {
     });
 }
 
-// Walks without recursion: a file may nest branches as deeply as it likes. Each container has been shown
-// before its children come, so that opening it shows them: going up to the root for each would take time that
-// grows with the square of the depth.
+// Without recursion, because a file may nest branches deeply. Each container is visible before its children
+// are added, so expanding it is enough; walking up to the root for each node would take quadratic time.
 void ConfigurationReader::BrowseBranch(const XmlElement& tags, TreeNode& unit) {
     struct Level {
         XmlElement next;
@@ -165,8 +164,7 @@ TreeNode& ConfigurationReader::readBranch(const XmlElement& element, TreeNode& c
     return node;
 }
 
-// Each key holds the names of all the branches around it, so that a small file could ask for any amount of
-// memory.
+// Each key contains the names of all branches around it, so a small file could use up any amount of memory.
 void ConfigurationReader::countKey(const Key& key) {
     constexpr std::size_t kMost = std::size_t{1} << 29;
     keyBytes_ += key.view().size();

@@ -12,10 +12,10 @@ namespace trevandix {
 /// What the user is told of a file that is no configuration.
 inline constexpr std::string_view kNoConfiguration = "The configuration file is not valid.";
 
-/// Who wrote a file. Values stand in it unescaped, so that the same lines can mean two things.
+/// Who wrote a file. Values are not escaped, so the same lines can have two meanings.
 enum class Origin {
-    AnyProgram,  ///< XML, and only what the parser refuses is taken for lines of the writer
-    OwnWriter,   ///< lines of the writer, and only what those cannot be is taken for XML
+    AnyProgram,  ///< read as XML; if the parser refuses it, as lines of the writer
+    OwnWriter,   ///< read as lines of the writer; if they do not fit, as XML
 };
 
 /// Loads a configuration file into the collections and the tree, which already has its first node and the

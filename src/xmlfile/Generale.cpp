@@ -5,7 +5,7 @@
 namespace trevandix {
 
 namespace {
-// The order decides which one a message names.
+// A message names the first one found in this order.
 constexpr std::string_view kForbidden = " .,:;\\/|";
 }  // namespace
 

@@ -17,7 +17,7 @@ namespace trevandix {
 
 namespace {
 
-// What stands in front of each value of an element's attributes, then what ends the line.
+// The texts in front of each attribute value, then the text that ends the line.
 std::vector<std::string> lineParts(std::string_view tag, const std::vector<std::string_view>& names,
                                    std::string_view end) {
     std::vector<std::string> parts;
@@ -114,7 +114,7 @@ private:
         line(2, "</PLC>");
     }
 
-    // Numbers hold no quotation marks, so such a line is certain from its right end.
+    // Numbers contain no quotation marks, so the line can be split from its right end.
     void attributes(const std::vector<std::string>& fixed) {
         std::string_view rest = content_;
         if (depth_ != 2 || !rest.starts_with(fixed.front())) fail(fixed.front());
@@ -131,10 +131,10 @@ private:
         print(fixed.front() + escaped(rest) + behind);
     }
 
-    // Everything below a unit. Walks without recursion: branches may nest as deeply as they like.
+    // Everything below a unit. Without recursion, because branches may nest deeply.
     void tags() {
         constexpr std::size_t kDepth = 4;
-        std::vector<std::string_view> branches;  // those that are open
+        std::vector<std::string_view> branches;  // the open ones
         for (;;) {
             const std::size_t depth = kDepth + branches.size();
             if (depth_ == depth && content_ == "<tag>") {
@@ -170,8 +170,8 @@ private:
         line(depth, "</tag>");
     }
 
-    // A value may go on over several lines. It ends where a line ends with its end tag, so that no markup
-    // inside it can be taken for its end; nor is a line that begins like the file's own taken for its rest.
+    // A value may continue over several lines. Only its end tag at the end of a line ends it, so markup
+    // inside the value does not. A line that begins like one of the writer's is not a continuation.
     void value(std::size_t depth, std::string_view word) {
         const std::string start = "<" + std::string(word) + ">";
         const std::string end = "</" + std::string(word) + ">";
@@ -199,7 +199,7 @@ private:
         return depth_ == depth && content_.starts_with(content);
     }
 
-    // Prints this for the current line, and goes on to the next.
+    // Prints `content` for the current line and goes to the next one.
     void print(std::string_view content) {
         (out_ += content) += '\n';
         nextLine();
