@@ -5,11 +5,11 @@
 
 #include "FakePlatform.h"
 #include "Targets.h"
+#include "check/Check.h"
 #include "xmlfile/ConfigurationReader.h"
 #include "xmlfile/ConfigurationWriter.h"
 #include "xmlfile/Latin1Lines.h"
 #include "xmlfile/Mending.h"
-#include "xmlfile/Unreadable.h"
 
 namespace trevandix::fuzz {
 
@@ -59,7 +59,7 @@ void Reader(std::string_view bytes) {
     } catch (const RuntimeError&) {
     }
     require(testing::disagreements(opened).empty(), "tree and collections disagree");
-    if (!valid || !whatMakesUnreadable(opened).empty()) return;
+    if (!valid || !firstUnreadable(opened).empty()) return;
     const std::string copy = (folder() / "written.xml").string();
     ConfigurationWriter(opened).write(copy);
     Configuration again;

@@ -5,11 +5,11 @@
 #include <random>
 
 #include "Plant.h"
+#include "check/Check.h"
 #include "platform/FileAccess.h"
 #include "xmlfile/ConfigurationReader.h"
 #include "xmlfile/ConfigurationWriter.h"
 #include "xmlfile/Mending.h"
-#include "xmlfile/Unreadable.h"
 
 namespace trevandix::testing {
 
@@ -98,7 +98,7 @@ TEST(Mending, SavedFilesOpenWithTheSameContent) {
         Written written;
         fillAtRandom(written, seed);
         written.write(path);
-        const bool all = whatMakesUnreadable(written).empty();
+        const bool all = firstUnreadable(written).empty();
         const bool xml = isXml(readFile(path));
         if (xml && !all) continue;  // some text is read as markup
         SCOPED_TRACE("seed " + std::to_string(seed) + "\n" + readFile(path));
@@ -159,7 +159,7 @@ TEST(Mending, NamesTheFirstTextThatOtherProgramsCannotRead) {
         {"12\"", "12\": unit name holds a quotation mark"},
     };
     for (const auto& [key, fault] : table)
-        EXPECT_EQ(whatMakesUnreadable(PlantedWorkplace({"P", key}).configuration), fault);
+        EXPECT_EQ(firstUnreadable(PlantedWorkplace({"P", key}).configuration), fault);
     PlantedWorkplace place({"P", "P.Run"});
     place.item("P.Run").sComment("a & b");
     place.saved();

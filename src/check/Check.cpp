@@ -2,30 +2,36 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
+#include <unordered_map>
 
-#include "xmlfile/Unreadable.h"
+#include "check/Families.h"
+#include "check/Rules.h"
+#include "check/Wording.h"
 
 namespace trevandix {
 
 namespace {
 
-constexpr std::array kRules{
-    Rule{"unreadable-text", Severity::Error,
-         "The file is written without escaping, so that \"<\" or \"&\" in a text keeps other XML programs "
-         "from "
-         "reading it.",
-         "Take the character out of the text."},
-};
+std::vector<Finding> findingsOf(const Survey& survey, Pulse& pulse) {
+    std::vector<Finding> findings;
+    Search search(survey, pulse, findings);
+    for (std::size_t i = 0; i < rules().size(); ++i) {
+        search.setRule(rules()[i]);
+        ruleRows()[i].find(search);
+    }
+    return findings;
+}
+
+bool never() {
+    return false;
+}
 
 }  // namespace
 
 std::string_view severityName(Severity severity) {
     constexpr std::array<std::string_view, 3> kNames{"error", "warning", "note"};
     return kNames[static_cast<std::size_t>(severity)];
-}
-
-std::span<const Rule> rules() {
-    return kRules;
 }
 
 FindingCounts countFindings(std::span<const Finding> findings) {
@@ -38,15 +44,53 @@ FindingCounts countFindings(std::span<const Finding> findings) {
 
 std::optional<std::vector<Finding>> check(const Configuration& configuration,
                                           const std::function<bool()>& interrupted) {
-    if (interrupted()) return std::nullopt;
-    std::vector<Finding> findings;
-    const std::string text = whatMakesUnreadable(configuration);
-    if (!text.empty()) findings.push_back({&kRules[0], Key(text.substr(0, text.find(':'))), text});
-    return findings;
+    try {
+        Pulse pulse(interrupted);
+        return findingsOf(Survey(configuration, pulse), pulse);
+    } catch (const Interrupted&) {
+        return std::nullopt;
+    }
 }
 
-std::vector<std::string> findingsAdded(const Configuration&, std::span<const IntendedName> names) {
-    return std::vector<std::string>(names.size());
+std::vector<std::string> findingsAdded(const Configuration& configuration,
+                                       std::span<const IntendedName> names) {
+    std::unordered_map<const clsItem*, std::string_view> intended;
+    std::unordered_map<Key, std::size_t> places;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        places.emplace(names[i].item, i);
+        if (const auto record = configuration.items.find(names[i].item))
+            intended.insert_or_assign(record.get(), names[i].name);
+    }
+    const std::function<bool()> interrupted = never;
+    Pulse pulse(interrupted);
+    std::vector<std::set<const Rule*>> before(names.size());
+    for (const Finding& finding : findingsOf(Survey(configuration, pulse), pulse)) {
+        if (const auto place = places.find(finding.object); place != places.end())
+            before[place->second].insert(finding.rule);
+    }
+    const Survey renamed(configuration, pulse, [&](const clsItem& item) -> std::string_view {
+        const auto name = intended.find(&item);
+        return name == intended.end() ? std::string_view(item.sName()) : name->second;
+    });
+    std::vector<std::string> added(names.size());
+    for (Finding& finding : findingsOf(renamed, pulse)) {
+        const auto place = places.find(finding.object);
+        if (place == places.end() || before[place->second].contains(finding.rule)) continue;
+        if (added[place->second].empty()) added[place->second] = std::move(finding.text);
+    }
+    return added;
+}
+
+std::string firstUnreadable(const Configuration& configuration) {
+    const std::function<bool()> interrupted = never;
+    Pulse pulse(interrupted);
+    const Survey survey(configuration, pulse);
+    auto item = survey.items.begin();
+    for (const Object& object : survey.objects) {
+        const std::string fault = textFault(survey, object, object.tag == NodeTag::Item ? &*item++ : nullptr);
+        if (!fault.empty()) return shownKey(*object.key) + ": " + fault;
+    }
+    return {};
 }
 
 }  // namespace trevandix

@@ -28,4 +28,9 @@ struct IntendedName {
 std::vector<std::string> findingsAdded(const Configuration& configuration,
                                        std::span<const IntendedName> names);
 
+/// The first text that keeps other programs from reading the configuration's file, or lets them read
+/// something else, as a user would name it: `PLC1.Area.Level: comment holds "&"`. Empty where all can read
+/// it. Takes less time than `check`.
+std::string firstUnreadable(const Configuration& configuration);
+
 }  // namespace trevandix

@@ -4,15 +4,11 @@
 #include <span>
 #include <vector>
 
+#include "model/UnitChoices.h"
+
 namespace trevandix {
 
 namespace {
-
-constexpr std::array<std::string_view, 6> kBaudRates{"2400", "9600", "19200", "38400", "57600", "115200"};
-constexpr std::array<std::string_view, 3> kParities{"NO", "EVEN", "ODD"};
-constexpr std::array<std::string_view, 4> kDataBits{"8", "7", "6", "5"};
-constexpr std::array<std::string_view, 2> kStopBits{"1", "2"};
-constexpr std::array<std::string_view, 2> kFlowControls{"NONE", "HARDWARE"};
 
 struct Row {
     ControlSpec control;

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "check/Check.h"
 #include "platform/Text.h"
-#include "xmlfile/Unreadable.h"
 
 namespace trevandix {
 
@@ -41,7 +41,7 @@ void StatusNews::update() {
 
 void StatusNews::tellSaved(bool published) {
     // What the user must change comes first: the status bar shows only the first line.
-    notice_ = whatMakesUnreadable(configuration_);
+    notice_ = firstUnreadable(configuration_);
     if (!notice_.empty()) notice_ += ", so other programs cannot read this file.\n";
     if (!capitalsTold_ && hasSmallLetters(configuration_)) {
         capitalsTold_ = true;

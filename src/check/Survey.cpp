@@ -1,0 +1,174 @@
+#include "check/Survey.h"
+
+#include <algorithm>
+
+namespace trevandix {
+
+namespace {
+
+constexpr int kRegisterBits = 16;
+constexpr int kStepsPerNode = 20;
+
+// The next node of a walk, which leaves out what is below `node` unless `enter` is set.
+const TreeNode* following(const TreeNode& node, const TreeNode& root, bool enter) {
+    if (enter && node.firstChild() != nullptr) return node.firstChild();
+    const TreeNode* up = &node;
+    while (up != &root && up->nextSibling() == nullptr) up = up->parent();
+    return up == &root ? nullptr : up->nextSibling();
+}
+
+bool contains(const std::vector<std::string>& texts, std::string_view text) {
+    return std::ranges::find(texts, text) != texts.end();
+}
+
+}  // namespace
+
+TypeFacts::TypeFacts(const std::string& type, const Configuration& configuration) {
+    const ItemType split = splitDataType(type);
+    table = split.table;
+    const bool comesBack = displayTypeLabel(fileTypeName(type)) == type;
+    modbus = comesBack ? tableOf(table) : nullptr;
+    value = comesBack ? valueTypeIn(type) : nullptr;
+    dataType = configuration.dataTypes.find(Key(table)).get();
+    offered = value != nullptr && contains(valueTypesOf(table), value->label);
+}
+
+RightFacts::RightFacts(const std::string& right)
+    : reads(right == "READ" || right == "READWRITE"),
+      writes(right == "WRITE" || right == "READWRITE"),
+      marks(marksOf(right)) {}
+
+Span ItemFacts::span() const {
+    const std::int64_t length = count();
+    if (length < 1) return {};
+    if (!type->modbus->registers) return {address, address + length};
+    const std::int64_t begin = std::int64_t{address} * kRegisterBits;
+    if (type->value->bitwise()) return {begin + bit, begin + bit + length};
+    const std::int64_t bits = length * type->value->bits;
+    const std::int64_t registers = (bits + kRegisterBits - 1) / kRegisterBits;
+    return {begin, begin + registers * kRegisterBits};
+}
+
+Survey::Survey(const Configuration& surveyed, Pulse& pulse, const NameOf& nameOf)
+    : configuration(surveyed), nextItem_(surveyed.items.begin()) {
+    objects.reserve(configuration.tree.size());
+    items.reserve(configuration.items.size());
+    addDataTypes();
+    if (configuration.tree.root() != nullptr) walk(pulse, nameOf);
+    allRecordsFound = recordsFound_ == configuration.dataTypes.size() + configuration.units.size() +
+                                           configuration.branches.size() + configuration.items.size();
+}
+
+// The file holds the records, whatever their nodes are.
+void Survey::addDataTypes() {
+    for (const auto& [key, record] : configuration.dataTypes) {
+        const std::string& name = record->getName();
+        objects.push_back(
+            {&key, name, configuration.tree.find(key), Object::kNone, NodeTag::DataType, marksOf(name)});
+    }
+}
+
+void Survey::walk(Pulse& pulse, const NameOf& nameOf) {
+    struct Level {
+        const TreeNode* node;
+        std::uint32_t object;
+    };
+    const TreeNode& root = *configuration.tree.root();
+    std::vector<Level> levels{{&root, Object::kNone}};
+    bool enter = true;
+    for (const TreeNode* node = following(root, root, true); node != nullptr;
+         node = following(*node, root, enter)) {
+        pulse.step(kStepsPerNode);
+        while (levels.back().node != node->parent()) levels.pop_back();
+        const bool placed = hasPlace(*node);
+        const std::size_t before = objects.size();
+        if (!placed)
+            misplaced.push_back(node);
+        else if (!add(*node, levels.back().object, nameOf))
+            bare.push_back(node);
+        const bool added = objects.size() > before;
+        // Nothing below a unit without a record is written, and only the unit is worth telling.
+        enter = placed && (added || node->tag() != NodeTag::Plc);
+        if (enter && node->firstChild() != nullptr)
+            levels.push_back({node, added ? static_cast<std::uint32_t>(before) : Object::kNone});
+    }
+}
+
+bool Survey::hasPlace(const TreeNode& node) const {
+    const NodeTag parent = node.parent()->tag();
+    switch (node.tag()) {
+        case NodeTag::ModBus:
+        case NodeTag::Plc:
+            return parent == NodeTag::Config;
+        case NodeTag::DataType:
+            return parent == NodeTag::ModBus;
+        case NodeTag::Branch:
+        case NodeTag::Item:
+            return parent == NodeTag::Plc || parent == NodeTag::Branch;
+        case NodeTag::Config:
+            break;
+    }
+    return false;
+}
+
+bool Survey::add(const TreeNode& node, std::uint32_t container, const NameOf& nameOf) {
+    const auto place = static_cast<std::uint32_t>(objects.size());
+    bool found = true;
+    switch (node.tag()) {
+        case NodeTag::DataType:
+            found = configuration.dataTypes.contains(node.key());
+            break;
+        case NodeTag::Plc: {
+            const auto record = configuration.units.find(node.key());
+            found = record != nullptr;
+            if (!found) break;
+            unit_ = place;
+            objects.push_back(
+                {&node.key(), record->getName(), &node, container, NodeTag::Plc, marksOf(record->getName())});
+            break;
+        }
+        case NodeTag::Branch:
+            found = configuration.branches.contains(node.key());
+            objects.push_back(
+                {&node.key(), node.text(), &node, container, NodeTag::Branch, marksOf(node.text())});
+            break;
+        case NodeTag::Item:
+            found = addItem(node, container, nameOf);
+            break;
+        case NodeTag::ModBus:
+        case NodeTag::Config:
+            return true;
+    }
+    if (found) ++recordsFound_;
+    return found;
+}
+
+bool Survey::addItem(const TreeNode& node, std::uint32_t container, const NameOf& nameOf) {
+    const clsItem* record = recordOf(node);
+    if (record == nullptr) return false;
+    const std::string_view name = nameOf ? nameOf(*record) : std::string_view(record->sName());
+    items.push_back({record, &typeFacts(*record), &rightFacts(*record),
+                     static_cast<std::uint32_t>(objects.size()), unit_, record->nAddress(),
+                     record->nBitNumber(), record->nElements(), marksOf(record->sComment())});
+    objects.push_back({&node.key(), name, &node, container, NodeTag::Item, marksOf(name)});
+    return true;
+}
+
+const clsItem* Survey::recordOf(const TreeNode& node) {
+    const auto& records = configuration.items;
+    const bool expected = nextItem_ != records.end() && (*nextItem_).first == node.key();
+    if (!expected && !records.contains(node.key())) return nullptr;
+    return &records.at(node.key(), nextItem_);
+}
+
+const TypeFacts& Survey::typeFacts(const clsItem& item) {
+    const std::string& type = item.sDataType();
+    return types_.try_emplace(&type, type, configuration).first->second;
+}
+
+const RightFacts& Survey::rightFacts(const clsItem& item) {
+    const std::string& right = item.sAccessRight();
+    return rights_.try_emplace(&right, right).first->second;
+}
+
+}  // namespace trevandix
