@@ -12,14 +12,15 @@ namespace {
 
 std::string unitText(std::size_t unit, std::size_t items) {
     const std::string name = "PLC" + std::to_string(unit);
-    std::string text = "\t\t<PLC name=\"" + name + "\" address = \"192.168.0." + std::to_string(unit % 250) +
-                       "\" id=\"" + std::to_string(unit % 250) + "\" timeout=\"1000\">\r\n\t\t\t<tags>\r\n";
+    std::string text = "\t\t<PLC name=\"" + name + "\" address = \"192.168." + std::to_string(unit / 250) +
+                       "." + std::to_string(unit % 250) + "\" id=\"" + std::to_string(unit % 250) +
+                       "\" timeout=\"1000\">\r\n\t\t\t<tags>\r\n";
     for (std::size_t item = 0; item < items; ++item) {
         const std::string branch = "BRANCH" + std::to_string(item / 100);
         if (item % 100 == 0) text += "\t\t\t\t<" + branch + ">\r\n";
         const std::string number = std::to_string(item);
         text += testing::tagText(5, "Item_" + number, item % 3 == 0 ? "HREGISTER VT_I4" : "HREGISTER VT_BOOL",
-                                 static_cast<int>(item), "Measured value number " + number) +
+                                 static_cast<int>(2 * item), "Measured value number " + number) +
                 "\r\n";
         if (item % 100 == 99 || item + 1 == items) text += "\t\t\t\t</" + branch + ">\r\n";
     }
@@ -52,7 +53,11 @@ const std::string& plantFile(std::size_t items) {
             units.push_back(unitText(units.size(), std::min(kItemsPerUnit, items - first)));
         }
         path = (folder() / (std::to_string(items) + ".xml")).string();
-        testing::writeFile(path, testing::fileText({}, units));
+        testing::writeFile(
+            path,
+            testing::fileText(
+                {"\t\t<DATATYPE name=\"HREGISTER\" readcode = \"3\" writecode=\"16\" singlewrcode=\"6\"/>"},
+                units));
     }
     return path;
 }

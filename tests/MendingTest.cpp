@@ -145,21 +145,7 @@ TEST(Mending, EscapesValuesAndEncodesBranchNames) {
     }
 }
 
-// After saving, the status bar names the first text that other programs cannot read.
-TEST(Mending, NamesTheFirstTextThatOtherProgramsCannotRead) {
-    const Fields table{
-        {"P.\xC3\x84-1_x/", ""},
-        {"P.12\" > 'x'", ""},
-        {"P.Tank 1/", "P.Tank 1: branch name is no XML name"},
-        {"P.1/", "P.1: branch name is no XML name"},
-        {"P.A\xE2\x82\xAC/", "P.A\xE2\x82\xAC: branch name is no XML name"},
-        {"P.Tag/", "P.Tag: branch name is the name of items"},
-        {"P.a<b", "P.a<b: item name holds \"<\""},
-        {"P.a\x01", "P.a\x01: item name holds a control character"},
-        {"12\"", "12\": unit name holds a quotation mark"},
-    };
-    for (const auto& [key, fault] : table)
-        EXPECT_EQ(firstUnreadable(PlantedWorkplace({"P", key}).configuration), fault);
+TEST(Mending, StatusBarNamesTheFirstTextThatOtherProgramsCannotRead) {
     PlantedWorkplace place({"P", "P.Run"});
     place.item("P.Run").sComment("a & b");
     place.saved();

@@ -26,6 +26,7 @@ TEST(Views, ListAndCommandsOfEveryKindOfNode) {
 
     Workplace place;
     place.openText(readFile(std::filesystem::path(TREVANDIX_SAMPLES) / "water-works.xml"));
+    plantBranch(place.configuration, place.node("Reservoir"), "EMPTY");
     const auto expectOn = [&](const std::string& names) {  // exactly these menu entries are enabled
         std::set<std::string> on;
         for (const auto& [name, enabled] : place.window.menus) {
@@ -46,7 +47,7 @@ TEST(Views, ListAndCommandsOfEveryKindOfNode) {
              {"", units, 4, list + " mnuAddPlc mnuEdit mnuPaste"},
              {"ModBus", "Data Type Name|Read Code|Write Code|Single Write Code|", 4, list + " mnuAddMBType"},
              {"Intake", units, 1, inUnit},
-             {"Reservoir.FUTURE_CHAMBER_C", item + "Index|", 0, inBranch},
+             {"Reservoir.EMPTY", item + "Index|", 0, inBranch},
              {bearings, item + "Index|", place.node(bearings).childCount(),
               inBranch + bulk + " mnuAddMBType"},
              {first.key, item, 1, onItem}}) {

@@ -51,19 +51,21 @@ void findMissingDataTypes(Search& search) {
 
 void findAccessRights(Search& search) {
     eachKnown(search, [&](const ItemFacts& item, const Key& key) {
-        const auto tell = [&](std::string_view lack) {
-            search.found(key, "access right " + item.record->sAccessRight() + ", but " + std::string(lack) +
-                                  " " + quoted(item.type->table) +
-                                  "; change the right or the data type's codes");
+        const auto tell = [&](std::string_view what, std::string_view lack) {
+            search.found(key, ("access right " + item.record->sAccessRight() + ", but the ")
+                                  .append(what)
+                                  .append(quoted(item.type->table))
+                                  .append(lack));
         };
+        const std::string_view dataType = "data type ";
         if (item.right->writes && !item.type->modbus->writable())
-            tell("nothing can be written to the table");
+            tell("table ", " can only be read; set READ");
         else if (item.right->reads && !mayRead(item))
-            tell("there is no read code in the data type");
+            tell(dataType, " has no read code; enter it there");
         else if (item.right->writes && !mayWrite(item))
-            tell(item.type->value->elements
-                     ? "an array needs the write code of several values in the data type"
-                     : "there is no write code in the data type");
+            tell(dataType, item.type->value->elements
+                               ? " has no write code for several values; enter it there, or set READ"
+                               : " has no write code; enter it there, or set READ");
     });
 }
 

@@ -48,6 +48,14 @@ private:
     std::deque<std::string> texts_;
 };
 
+std::string shownObject(const Object& object) {
+    const std::string_view kind = object.tag == NodeTag::Item     ? "the item "
+                                  : object.tag == NodeTag::Branch ? "the branch "
+                                  : object.tag == NodeTag::Plc    ? "the unit "
+                                                                  : "the data type ";
+    return std::string(kind) + shownKey(*object.key);
+}
+
 template <typename Record>
 void findLost(Search& search, const KeyedCollection<Record>& records, NodeTag tag, std::string_view text) {
     for (const auto& [key, record] : records) {
@@ -86,7 +94,7 @@ void findKeyCollisions(Search& search) {
         const std::size_t count = sharers.count(number);
         if (count < 2) continue;
         const std::uint32_t other = sharers.partner(number, place);
-        const std::string name = other == Object::kNone ? "the ModBus folder" : shownKey(*objects[other].key);
+        const std::string name = other == Object::kNone ? "the ModBus folder" : shownObject(objects[other]);
         search.found(*objects[place].key, "comes back under the same key as " + name + andMore(count - 2) +
                                               ", so the file could not be opened; rename one of them");
     }
@@ -109,9 +117,8 @@ void findUnknownTypes(Search& search) {
 
 void findMisplacedNodes(Search& search) {
     for (const TreeNode* node : search.survey.misplaced) {
-        search.found(node->key(), "stands where the file has no place for a " +
-                                      std::string(tagName(node->tag())) +
-                                      ", so it would be lost; drag it to a unit or a branch, or delete it");
+        search.found(node->key(),
+                     "stands where the file has no place for it; undo what put it there, or delete it");
     }
 }
 

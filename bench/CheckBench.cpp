@@ -1,0 +1,68 @@
+// Checks a plant with nothing wrong, and one in which 10,000 items lie on one another. Compared with reading
+// the plant.
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <ctime>
+
+#include "FakePlatform.h"
+#include "PlantFile.h"
+#include "check/Check.h"
+#include "xmlfile/ConfigurationReader.h"
+
+namespace trevandix::bench {
+
+namespace {
+
+struct Loaded {
+    PugiXmlParser parser;
+    Configuration configuration;
+    double seconds = 0;  // CPU time of reading
+
+    explicit Loaded(std::size_t items) {
+        const std::string& path = plantFile(items);
+        const std::clock_t start = std::clock();
+        configuration.begin(path);
+        if (!ConfigurationReader(configuration, parser).read(path)) std::abort();
+        seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    }
+};
+
+// Puts the first items of the plant on each other: they get 100 elements more than there is room for.
+void overlay(Loaded& loaded, std::size_t most) {
+    std::size_t count = 0;
+    for (const auto& [key, record] : loaded.configuration.items) {
+        if (count++ == most) return;
+        clsItem& item = testing::behindTheDoor(*record);
+        item.sDataType("holding register:signed 16 bit array");
+        item.nElements(100);
+        item.nAddress(0);
+    }
+}
+
+void check(benchmark::State& state, std::size_t overlapping) {
+    Loaded loaded(static_cast<std::size_t>(state.range(0)));
+    overlay(loaded, overlapping);
+    std::size_t findings = 0;
+    const std::clock_t start = std::clock();
+    for (auto _ : state) findings = check(loaded.configuration).value().size();
+    const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    if (findings != overlapping) state.SkipWithError("other findings than those made");
+    state.counters["times_read"] = seconds / static_cast<double>(state.iterations()) / loaded.seconds;
+}
+
+void Check(benchmark::State& state) {
+    check(state, 0);
+}
+void CheckOverlapping(benchmark::State& state) {
+    check(state, 10'000);
+}
+
+#define SIZES Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond)
+BENCHMARK(Check)->SIZES;
+BENCHMARK(CheckOverlapping)->SIZES;
+#undef SIZES
+
+}  // namespace
+
+}  // namespace trevandix::bench
