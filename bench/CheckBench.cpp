@@ -1,11 +1,11 @@
-// Checks a plant with nothing wrong, and one in which 10,000 items lie on one another. Compared with reading
-// the plant.
+// Checks a plant with nothing wrong, and one with 10,000 more items that overlap each other. Compared with
+// reading the plant.
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
 #include <ctime>
 
-#include "FakePlatform.h"
+#include "Plant.h"
 #include "PlantFile.h"
 #include "check/Check.h"
 #include "xmlfile/ConfigurationReader.h"
@@ -28,25 +28,30 @@ struct Loaded {
     }
 };
 
-// Puts the first items of the plant on each other: they get 100 elements more than there is room for.
-void overlay(Loaded& loaded, std::size_t most) {
-    std::size_t count = 0;
-    for (const auto& [key, record] : loaded.configuration.items) {
-        if (count++ == most) return;
-        clsItem& item = testing::behindTheDoor(*record);
+// Adds a unit with so many items, each of which overlaps all the others.
+void pile(Configuration& configuration, std::size_t items) {
+    clsPLC& unit = testing::plantUnit(configuration, "PILE");
+    unit.setTimeout(1000);
+    TreeNode& node = configuration.tree.at(unit.sKey());
+    for (std::size_t i = 0; i < items; ++i) {
+        clsItem& item = testing::plantItem(configuration, node, "Item_" + std::to_string(i));
         item.sDataType("holding register:signed 16 bit array");
         item.nElements(100);
-        item.nAddress(0);
+        item.nAddress(static_cast<std::int32_t>(i % 100));
     }
 }
 
 void check(benchmark::State& state, std::size_t overlapping) {
     Loaded loaded(static_cast<std::size_t>(state.range(0)));
-    overlay(loaded, overlapping);
+    if (overlapping > 0) pile(loaded.configuration, overlapping);
     std::size_t findings = 0;
     const std::clock_t start = std::clock();
     for (auto _ : state) findings = check(loaded.configuration).value().size();
     const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    for (const auto& f : all) {
+        printf("%s %s\n", f.object.str().c_str(), f.text.c_str());
+        break;
+    }
     if (findings != overlapping) state.SkipWithError("other findings than those made");
     state.counters["times_read"] = seconds / static_cast<double>(state.iterations()) / loaded.seconds;
 }

@@ -19,9 +19,10 @@ std::string unitText(std::size_t unit, std::size_t items) {
         const std::string branch = "BRANCH" + std::to_string(item / 100);
         if (item % 100 == 0) text += "\t\t\t\t<" + branch + ">\r\n";
         const std::string number = std::to_string(item);
-        text += testing::tagText(5, "Item_" + number, item % 3 == 0 ? "HREGISTER VT_I4" : "HREGISTER VT_BOOL",
-                                 static_cast<int>(2 * item), "Measured value number " + number) +
-                "\r\n";
+        const std::string tag =
+            testing::tagText(5, "Item_" + number, item % 3 == 0 ? "HREGISTER VT_I4" : "HREGISTER VT_BOOL",
+                             static_cast<int>(2 * item), "Measured value number " + number);
+        text += testing::replaced(tag, "<accessrights>", "<accessrights>READ") + "\r\n";
         if (item % 100 == 99 || item + 1 == items) text += "\t\t\t\t</" + branch + ">\r\n";
     }
     return text + "\t\t\t</tags>\r\n\t\t</PLC>";
