@@ -378,4 +378,38 @@ TEST(Check, FindsNothingInTheSamples) {
     }
 }
 
+TEST(Check, SaysWhatIntendedNamesWouldAdd) {
+    Planned place("U.B/; U.B.a; U.B.b; U.B.c; U.B.New_Item_1; U.B.C/; U.B.C.x");
+    const auto added = [&](const Fields& names) {
+        std::vector<IntendedName> intended;
+        for (const auto& [item, name] : names) intended.push_back({Key(item), name});
+        Texts rules;
+        for (const std::string& text : findingsAdded(place.configuration, intended))
+            rules.push_back(text.substr(0, text.find_last_of(',')));
+        return joined(rules);
+    };
+    EXPECT_EQ(added({}), "");
+}
+
+// Bounds the work between two questions, which a key press has to wait for, whatever the plant looks like.
+TEST(Check, AsksOftenAndStopsAtOnce) {
+    Workplace place;
+    place.newConfiguration(kTcpIp);
+    build(place, "U; U.B/");
+    for (int i = 0; i < 3000; ++i) {
+        const std::string number = std::to_string(i);
+        plantBranch(place.configuration, place.node("U"), number);
+        plantItem(place.configuration, place.node("U.B"), "New_Item_" + number).sComment("a\tb&");
+    }
+    int asked = 0;
+    const auto findings = check(place.configuration, [&] { return ++asked < 0; });
+    EXPECT_GT(asked, 30);
+    EXPECT_GT(findings.value().size(), 15'000U);
+    for (int last = 1; last <= asked; ++last) {
+        int questions = 0;
+        EXPECT_EQ(check(place.configuration, [&] { return ++questions == last; }), std::nullopt);
+        EXPECT_EQ(questions, last);
+    }
+}
+
 }  // namespace trevandix::testing

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <deque>
 #include <span>
 #include <unordered_map>
 
@@ -56,10 +57,6 @@ std::string joined(std::span<const std::string_view> choices) {
 }  // namespace
 
 void findSameIdentifiers(Search& search) {
-    struct Place {
-        std::string text;
-        std::uint32_t object;
-    };
     const Survey& survey = search.survey;
     NameNumbers<Exactly> numbers(16);
     std::deque<std::string> texts;

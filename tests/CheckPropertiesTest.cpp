@@ -1,0 +1,178 @@
+// Compares what the checks find in random configurations with what saving, reading and a plain map of
+// registers show.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <random>
+#include <set>
+
+#include "Plant.h"
+#include "RandomPlant.h"
+#include "check/Check.h"
+#include "xmlfile/ConfigurationReader.h"
+#include "xmlfile/ConfigurationWriter.h"
+
+namespace trevandix::testing {
+
+namespace {
+
+bool hasErrors(const Configuration& configuration) {
+    return countFindings(check(configuration).value()).errors > 0;
+}
+
+/// The content of the file when it is opened; nothing if it is refused.
+Texts opened(const std::string& path) {
+    Configuration configuration;
+    configuration.begin("");
+    PugiXmlParser parser;
+    try {
+        if (ConfigurationReader(configuration, parser).read(path)) return fileContents(configuration);
+    } catch (const RuntimeError&) {
+    }
+    return {};
+}
+
+/// What other parsers refuse and pugixml does not; and bytes that some of them take for letters.
+bool isDoubtfulXml(const std::string& bytes) {
+    const bool control = std::ranges::any_of(bytes, [](unsigned char c) {
+        return (c < 0x20 && c != '\t' && c != '\n' && c != '\r') || (c >= 0x7F && c <= 0x9F);
+    });
+    const auto holds = [&](std::string_view text) { return bytes.find(text) != std::string::npos; };
+    bool wrongName = false;
+    for (std::size_t at = bytes.find("</"); at != std::string::npos; at = bytes.find("</", at + 1)) {
+        const std::string name = bytes.substr(at, bytes.find('>', at) - at);
+        wrongName = wrongName || name.find_first_of(":\xD7\xF7") != std::string::npos;
+    }
+    return control || wrongName || holds("]]>") || holds("&#xFFFE;");
+}
+
+/// A program may make blanks of these.
+Texts withoutBreaks(Texts texts) {
+    for (std::string& text : texts)
+        std::ranges::replace_if(
+            text, [](char c) { return c == '\t' || c == '\n'; }, ' ');
+    return texts;
+}
+
+}  // namespace
+
+TEST(CheckProperties, WithoutErrorsAConfigurationComesBack) {
+    OwnFolder folder;
+    const std::string path = (folder.path / "plant.xml").string();
+    int sound = 0;
+    int unreadable = 0;
+    for (unsigned seed = 1; seed <= 1000; ++seed) {
+        Configuration configuration;
+        configuration.begin("");
+        plantAtRandom(configuration, seed);
+        configuration.setOpen(true);
+        const std::string fault = firstUnreadable(configuration);
+        const bool errors = hasErrors(configuration);
+        ASSERT_TRUE(errors || fault.empty()) << seed;
+        try {
+            ConfigurationWriter(configuration).write(path);
+        } catch (const RuntimeError&) {
+            ASSERT_TRUE(errors) << seed;
+            continue;
+        }
+        const std::string bytes = readFile(path);
+        SCOPED_TRACE("seed " + std::to_string(seed) + " " + fault + "\n" + bytes);
+        const bool xml = isXml(bytes) && !isDoubtfulXml(bytes);
+        if (!errors) {
+            ++sound;
+            ASSERT_TRUE(xml);
+            ASSERT_EQ(opened(path), fileContents(configuration));
+        } else if (!fault.empty() && xml && disagreements(configuration).empty()) {
+            const Texts meant = fileContents(configuration);
+            ASSERT_TRUE(opened(path) != meant || withoutBreaks(meant) != meant);
+        }
+        unreadable += xml ? 0 : 1;
+    }
+    EXPECT_GT(sound, 400);
+    EXPECT_GT(unreadable, 100);
+}
+
+namespace {
+
+struct SizedType {
+    std::string label;
+    int bits;  // of an element
+};
+const std::vector<SizedType> kRegisterTypes{{"boolean", 1},
+                                            {"signed 16 bit", 16},
+                                            {"32 bit float", 32},
+                                            {"boolean array", 1},
+                                            {"unsigned 8 bit array", 8},
+                                            {"unsigned 16 bit array", 16},
+                                            {"signed 32 bit array", 32},
+                                            {"string", 8}};
+const std::vector<SizedType> kBitTypes{{"boolean", 16}, {"boolean array", 16}};
+
+/// Plants an item in a place where others may be, and returns its bits.
+std::set<int> plantSomewhere(Configuration& configuration, TreeNode& unit, std::mt19937& random,
+                             const std::string& name, std::string& table) {
+    const auto below = [&](unsigned limit) { return static_cast<int>(random() % limit); };
+    table = std::vector<std::string>{"holding register", "input register", "coil"}[random() % 3];
+    const auto& types = table == "coil" ? kBitTypes : kRegisterTypes;
+    const SizedType& type = types[random() % types.size()];
+    clsItem& item = plantItem(configuration, unit, name);
+    item.sDataType(table + ":" + type.label);
+    item.nAddress(below(40));
+    const bool many = type.label.find("array") != std::string::npos || type.label == "string";
+    const int count = many ? 1 + below(7) : 1;
+    if (many) item.nElements(static_cast<std::int16_t>(count));
+    if (type.bits == 1) item.nBitNumber(static_cast<std::int16_t>(below(16)));
+    int length = count * type.bits;
+    if (type.bits == 8) length = (count + 1) / 2 * 16;
+    std::set<int> bits;
+    for (int bit = 0; bit < length; ++bit) bits.insert(item.nAddress() * 16 + item.nBitNumber() + bit);
+    return bits;
+}
+
+}  // namespace
+
+TEST(CheckProperties, OverlapsAreThoseOfAMapOfBits) {
+    for (unsigned seed = 1; seed <= 200; ++seed) {
+        SCOPED_TRACE(seed);
+        std::mt19937 random(seed);
+        Configuration configuration;
+        configuration.begin("");
+        std::map<std::string, std::map<int, std::set<std::string>>> map;  // who has the bit
+        std::map<std::string, std::pair<std::string, std::set<int>>> items;
+        for (const std::string unit : {"U", "V"}) {
+            plantUnit(configuration, unit);
+            TreeNode& node = configuration.tree.at(Key(unit));
+            for (std::size_t i = 1 + random() % 30; i > 0; --i) {
+                std::string table;
+                const std::string name = "i" + std::to_string(i);
+                const std::set<int> bits = plantSomewhere(configuration, node, random, name, table);
+                for (const int bit : bits) map[unit + table][bit].insert(name);
+                items[unit + "." + name] = {unit + table, bits};
+            }
+        }
+        std::map<std::string, std::string> found;
+        const auto findings = check(configuration).value();
+        for (const Finding& finding : findings) {
+            if (finding.rule->name == "overlap") found[finding.object.str()] = finding.text;
+        }
+        for (const auto& [key, place] : items) {
+            std::set<std::string> partners;
+            for (const int bit : place.second) partners.merge(std::set(map[place.first][bit]));
+            partners.erase(key.substr(2));
+            EXPECT_EQ(found.contains(key), !partners.empty()) << key;
+            if (partners.empty()) continue;
+            const std::string& text = found[key];
+            std::size_t named = 0;
+            for (const std::string& partner : partners)
+                named += text.find(" " + partner + " (") != std::string::npos;
+            const std::size_t more = partners.size() - std::min<std::size_t>(partners.size(), 3);
+            EXPECT_EQ(named, partners.size() - more) << key << " " << text;
+            EXPECT_EQ(static_cast<std::size_t>(std::ranges::count(text, '(')), named) << text;
+            const std::string end = ") and " + std::to_string(more) + " more; ";
+            EXPECT_EQ(text.find(end) != std::string::npos, more > 0) << text;
+        }
+    }
+}
+
+}  // namespace trevandix::testing
