@@ -1,10 +1,15 @@
-# Defines pugixml::pugixml, GTest::gtest, GTest::gtest_main, benchmark::benchmark and trevandix_wxwidgets.
+# Defines pugixml::pugixml, trevandix_headers (CLI11 and nlohmann_json, which are headers only), GTest::gtest,
+# GTest::gtest_main, benchmark::benchmark and trevandix_wxwidgets.
 if(TREVANDIX_WINDOWS_PREFIX)
     include(${CMAKE_CURRENT_LIST_DIR}/WindowsLibraries.cmake)
     return()
 endif()
 
 find_package(pugixml 1.12 REQUIRED)
+find_package(CLI11 2.1 REQUIRED)
+find_package(nlohmann_json 3.11 REQUIRED)
+add_library(trevandix_headers INTERFACE)
+target_link_libraries(trevandix_headers INTERFACE CLI11::CLI11 nlohmann_json::nlohmann_json)
 if(TREVANDIX_TESTS)
     find_package(GTest 1.12 REQUIRED)
 endif()

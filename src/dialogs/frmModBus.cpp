@@ -36,16 +36,6 @@ constexpr auto kControls = controlsOf(kRows);
 constexpr FormSpec kForm{"frmModBus", "ModBus Data Type Properties", kControls, "cmdOk", "cmdCancel",
                          "cmbMBType"};
 
-// The fields with the usual codes of the table.
-DataTypeFields usualFields(const ModbusTable& table) {
-    clsModBusType type;
-    type.setName(table.label);
-    type.setReadCode(table.readCode);
-    type.setWriteCode(table.writeCode);
-    type.setSingleWrCode(table.singleWrCode);
-    return type.texts();
-}
-
 }  // namespace
 
 std::optional<clsModBusType> frmModBus::showToAdd() {
@@ -96,7 +86,7 @@ void frmModBus::showFields(const DataTypeFields& type) {
 void frmModBus::cmbMBType_Click() {
     const ModbusTable* table = tableOf(form_->text("cmbMBType"));
     // Any other entry is the name of the edited record.
-    showFields(table != nullptr ? usualFields(*table)
+    showFields(table != nullptr ? clsModBusType::usual(*table).texts()
                                 : context_.configuration.dataTypes.at(editedName_)->texts());
 }
 

@@ -74,6 +74,7 @@ public:
     InternedText();
     explicit InternedText(std::string_view text);
     const std::string& str() const { return *text_; }
+    friend bool operator==(const InternedText&, const InternedText&) = default;
 
 private:
     const std::string* text_;

@@ -26,6 +26,12 @@ std::string_view requiredAttribute(const XmlElement& element, std::string_view n
 /// Blank, name, equals sign and quotation mark, as the writer sets them.
 std::string attributeStart(std::string_view name);
 
+/// What the file holds of one field of a record.
+struct FileField {
+    std::string_view name;
+    std::string text;
+};
+
 /// Appends tabs, "<name>", value, "</name>".
 void appendElement(std::string& out, int tabs, std::string_view name, std::string_view value);
 void appendNumber(std::string& out, int value);

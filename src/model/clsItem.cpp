@@ -154,6 +154,16 @@ std::vector<clsItem::Element> clsItem::elements() {
     return elements;
 }
 
+std::vector<FileField> clsItem::fileFields() const {
+    const ValueType* type = fileTypeOf(sDataType_).valueType;
+    std::vector<FileField> fields;
+    for (const Field& field : Tables::kFields) {
+        if (!field.element.empty() && field.isOf(type))
+            field.print(fields.emplace_back(field.element).text, *this);
+    }
+    return fields;
+}
+
 void clsItem::SetByXml(const XmlElement& element, const Key& container) {
     constexpr const auto& kFields = Tables::kFields;
     std::array<XmlElement, kFields.size()> children;

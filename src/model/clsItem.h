@@ -15,6 +15,7 @@ class XmlElement;
 template <typename... Parts>
 struct RecordColumn;
 struct ItemType;
+struct FileField;
 
 /// An item as it is entered: the text of each field, not yet converted.
 struct ItemFields {
@@ -82,6 +83,10 @@ public:
         bool required;  ///< else only items of some value types have it
     };
     static std::vector<Element> elements();
+    std::vector<FileField> fileFields() const;
+
+    /// Exact, and so stricter than the equality of what the file holds.
+    bool operator==(const clsItem&) const = default;
 
 private:
     struct Tables;

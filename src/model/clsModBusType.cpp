@@ -61,6 +61,15 @@ struct clsModBusType::Tables {
     };
 };
 
+clsModBusType clsModBusType::usual(const ModbusTable& table) {
+    clsModBusType type;
+    type.sName_ = table.label;
+    type.nReadCode_ = table.readCode;
+    type.nWriteCode_ = table.writeCode;
+    type.nSingleWrCode_ = table.singleWrCode;
+    return type;
+}
+
 std::span<const clsModBusType::Column> clsModBusType::columns() {
     static const auto kColumns = columnsOf(Tables::kFields);
     return kColumns;
@@ -70,6 +79,12 @@ std::vector<std::string_view> clsModBusType::fieldNames() {
     std::vector<std::string_view> names;
     for (const Field& field : Tables::kFields) names.push_back(field.name);
     return names;
+}
+
+std::vector<FileField> clsModBusType::fileFields() const {
+    std::vector<FileField> fields;
+    for (const Field& field : Tables::kFields) field.print(fields.emplace_back(field.name).text, *this);
+    return fields;
 }
 
 void clsModBusType::SetByXml(const XmlElement& element) {

@@ -12,6 +12,8 @@ class ListView;
 class XmlElement;
 template <typename... Parts>
 struct RecordColumn;
+struct FileField;
+struct ModbusTable;
 
 /// A data type as it is entered: codes as texts, not yet converted.
 struct DataTypeFields {
@@ -25,6 +27,9 @@ struct DataTypeFields {
 /// A Modbus table and the Modbus function codes with which the server accesses it; 0 for none.
 class clsModBusType {
 public:
+    /// The data type of a table, with its usual codes.
+    static clsModBusType usual(const ModbusTable& table);
+
     void setName(std::string_view name) { sName_ = name; }
     const std::string& getName() const { return sName_; }
     void setReadCode(std::uint8_t code) { nReadCode_ = code; }
@@ -49,6 +54,7 @@ public:
     void AddToListView(ListView& list) const;
     /// The names of the element's attributes in the order of the file.
     static std::vector<std::string_view> fieldNames();
+    std::vector<FileField> fileFields() const;
 
 private:
     struct Tables;

@@ -65,6 +65,14 @@ std::vector<std::string_view> clsPLC::fieldNames(std::string_view interfaceKind)
     return names;
 }
 
+std::vector<FileField> clsPLC::fileFields(std::string_view interfaceKind) const {
+    std::vector<FileField> fields;
+    for (const Field& field : Tables::kFields) {
+        if (field.isOf(interfaceKind)) field.print(fields.emplace_back(field.name).text, *this);
+    }
+    return fields;
+}
+
 void clsPLC::SetByXml(const XmlElement& element, std::string_view interfaceKind) {
     for (const Field& field : Tables::kFields) {
         if (interfaceKind == kTcpIp && field.isOf(kTcpIp))

@@ -14,6 +14,7 @@ class ListView;
 class XmlElement;
 template <typename... Parts>
 struct RecordColumn;
+struct FileField;
 
 inline constexpr std::string_view kTcpIp = "TrevandixTcpIp";
 inline constexpr std::string_view kRtu = "TrevandixRTU";
@@ -85,6 +86,7 @@ public:
     /// The names of what the file of an interface kind holds, in its order: attributes for Modbus TCP/IP,
     /// elements for serial RTU.
     static std::vector<std::string_view> fieldNames(std::string_view interfaceKind);
+    std::vector<FileField> fileFields(std::string_view interfaceKind) const;
 
 private:
     struct Tables;

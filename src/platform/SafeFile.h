@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/ByteSink.h"
+
 namespace trevandix {
 
 /// By what a file is known again: another size or time means that somebody has written it since.
@@ -24,16 +26,16 @@ struct FileStamp {
 };
 
 /// A file that is being written, in large pieces. Errors of all operations: as `throwFileError`.
-class OutputFile {
+class OutputFile : public ByteSink {
 public:
     /// Makes the file. Errors: PathFileAccess when there is one.
     explicit OutputFile(const std::string& filePath);
     /// Closes the file with what was written so far; a failure is ignored.
-    ~OutputFile();
+    ~OutputFile() override;
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
-    void write(std::string_view bytes);
+    void write(std::string_view bytes) override;
     /// Lets the disk begin, so that the wait of `sync` is short. Only a hint.
     void beginSync();
     /// Returns when everything written is on the disk.

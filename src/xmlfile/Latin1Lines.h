@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/SafeFile.h"
+#include "platform/ByteSink.h"
 
 namespace trevandix {
 
@@ -11,10 +11,10 @@ namespace trevandix {
 /// reference, the one form in which nothing is lost.
 void appendLatin1(std::string& out, std::string_view text);
 
-/// Writes ISO-8859-1 lines that end with CR LF. Errors: as of `OutputFile`.
+/// Writes ISO-8859-1 lines that end with CR LF. Errors: those of the sink.
 class Latin1Lines {
 public:
-    explicit Latin1Lines(OutputFile& file) : file_(file) {}
+    explicit Latin1Lines(ByteSink& file) : file_(file) {}
 
     /// One line, or several joined by CR LF.
     void print(std::string_view line) {
@@ -32,7 +32,7 @@ private:
     /// Writes `line_`, which is UTF-8.
     void endLine();
 
-    OutputFile& file_;
+    ByteSink& file_;
     std::string line_;
 };
 

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/Console.h"
+
+namespace trevandix {
+
+class XmlParser;
+
+/// What a command ends with.
+enum ExitCode : int {
+    kNothingFound = 0,  ///< or: done
+    kFound = 1,         ///< findings or differences
+    kFailed = 2,        ///< a file that cannot be read or written, or a wrong command line
+};
+
+// The commands of the command line, each with its arguments. File names are UTF-8. Errors of all commands:
+// CommandError, those of the console.
+
+struct CheckCommand {
+    std::vector<std::string> files;
+    std::string format = "text";  ///< or "json"
+    bool strict = false;          ///< a warning counts as an error
+
+    /// Goes on after a file that cannot be read, having complained.
+    ExitCode run(const Console& console, XmlParser& parser) const;
+};
+
+struct DiffCommand {
+    std::string before;
+    std::string after;
+
+    ExitCode run(const Console& console, XmlParser& parser) const;
+};
+
+struct FormatCommand {
+    std::string file;
+    std::string out;       ///< empty for none; without a target the result is printed
+    bool inPlace = false;  ///< the target is the file itself
+    bool force = false;    ///< `out` may exist
+
+    ExitCode run(const Console& console, XmlParser& parser) const;
+};
+
+struct NewCommand {
+    std::string kind;  ///< "tcp" or "rtu"
+    std::string out;
+    bool force = false;  ///< `out` may exist
+
+    ExitCode run() const;
+};
+
+}  // namespace trevandix

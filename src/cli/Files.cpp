@@ -1,0 +1,43 @@
+#include "cli/Files.h"
+
+#include "cli/Console.h"
+#include "platform/FileAccess.h"
+#include "platform/RuntimeError.h"
+#include "xmlfile/ConfigurationReader.h"
+#include "xmlfile/ConfigurationWriter.h"
+
+namespace trevandix {
+
+namespace {
+
+// Names the file in whatever goes wrong in `body`.
+void forFile(const std::string& file, const std::function<void()>& body) {
+    try {
+        inProcedure("", body);
+    } catch (const RuntimeError& failure) {
+        throw CommandError(file + ": " + failure.what());
+    }
+}
+
+}  // namespace
+
+std::unique_ptr<Configuration> readFile(XmlParser& parser, const std::string& file) {
+    auto configuration = std::make_unique<Configuration>();
+    forFile(file, [&] {
+        configuration->begin(file);
+        if (!ConfigurationReader(*configuration, parser).read(file))
+            throw CommandError(file + ": " + std::string(kNoConfiguration));
+        configuration->endLoad();
+    });
+    return configuration;
+}
+
+void requireFree(const std::string& file) {
+    if (fileExists(file)) throw CommandError(file + ": The file exists. --force replaces it.");
+}
+
+void writeFile(const Configuration& configuration, const std::string& file) {
+    forFile(file, [&] { ConfigurationWriter(configuration).write(file); });
+}
+
+}  // namespace trevandix

@@ -1,0 +1,141 @@
+#include "cli/Trevandix.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <functional>
+
+#include "Version.h"
+#include "cli/ManPage.h"
+
+namespace trevandix {
+
+namespace {
+
+/// All options, and what the command line asks for.
+struct Parsing {
+    explicit Parsing(const Console& console, XmlParser& parser);
+
+    CLI::App app{"Checks, compares and writes configurations of a Modbus OPC server.", "trevandix"};
+    std::function<ExitCode()> command;
+
+private:
+    CLI::App& add(const std::string& name, const std::string& what, const std::string& footer,
+                  std::function<ExitCode()> run);
+    void addCheck(const Console& console, XmlParser& parser);
+    void addDiff(const Console& console, XmlParser& parser);
+    void addFormat(const Console& console, XmlParser& parser);
+    void addNew();
+
+    CheckCommand check_;
+    DiffCommand diff_;
+    FormatCommand format_;
+    NewCommand new_;
+};
+
+Parsing::Parsing(const Console& console, XmlParser& parser) {
+    app.allow_windows_style_options(false);  // "/" begins a path
+    app.get_formatter()->label("OPTIONS", "OPTION...");
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    app.get_formatter()->label("Subcommands", "Commands");
+    app.get_formatter()->label("Positionals", "Arguments");
+    app.get_formatter()->column_width(24);
+    app.set_help_flag("-h,--help", "Show this text.");
+    app.set_version_flag("--version", std::string(kProduct) + " " + std::string(kVersion),
+                         "Show the version.");
+    const auto page = [this] { throw CLI::CallForVersion(manPage(app), 0); };
+    app.add_flag_callback("--man-page", page)->group("");
+    app.require_subcommand(1);
+    app.footer(
+        "Exit code: 2 if a file cannot be read or written, or the command line is wrong; each command names\n"
+        "the others. NO_COLOR in the environment turns the colours of a terminal off.\n\n"
+        "Example:\n  trevandix check --help");
+    addCheck(console, parser);
+    addDiff(console, parser);
+    addFormat(console, parser);
+    addNew();
+}
+
+CLI::App& Parsing::add(const std::string& name, const std::string& what, const std::string& footer,
+                       std::function<ExitCode()> run) {
+    CLI::App& added = *app.add_subcommand(name, what)->group("Commands");
+    added.footer(footer);
+    added.callback([this, run = std::move(run)] { command = run; });
+    return added;
+}
+
+void Parsing::addCheck(const Console& console, XmlParser& parser) {
+    CLI::App& sub = add(
+        "check", "Tell what is wrong in configurations.",
+        "Prints one line for each finding: FILE: error: OBJECT: RULE: text. Findings come in the order of\n"
+        "the rules, those of one rule in the order of the file. JSON also lists the rules.\n\n"
+        "Exit code: 0 no errors, 1 errors (with --strict also warnings), 2 a file cannot be read.\n\n"
+        "Example:\n  trevandix check --strict plant.xml",
+        [&] { return check_.run(console, parser); });
+    sub.add_option("FILE", check_.files, "Configurations.")->required()->option_text("...");
+    sub.add_option("--format", check_.format, "How to print findings: text (unless given) or json.")
+        ->check(CLI::IsMember({"text", "json"}))
+        ->option_text("text|json");
+    sub.add_flag("--strict", check_.strict, "Exit with 1 for warnings, too.");
+}
+
+void Parsing::addDiff(const Console& console, XmlParser& parser) {
+    CLI::App& sub =
+        add("diff", "Tell how two configurations differ.",
+            "Prints one line for each difference: \"- OBJECT\" only in OLD, \"+ OBJECT\" only in NEW,\n"
+            "\"~ OBJECT: field old -> new\" changed. Order, and capitals of branches, do not count.\n\n"
+            "Exit code: 0 equal, 1 different, 2 a file cannot be read.\n\n"
+            "Example:\n  trevandix diff plant.xml plant-new.xml",
+            [&] { return diff_.run(console, parser); });
+    sub.add_option("OLD", diff_.before, "Configuration before.")->required()->option_text(" ");
+    sub.add_option("NEW", diff_.after, "Configuration after.")->required()->option_text(" ");
+}
+
+void Parsing::addFormat(const Console& console, XmlParser& parser) {
+    CLI::App& sub = add("format", "Write a configuration as the editor would.",
+                        "Prints the result unless there is a target.\n\n"
+                        "Exit code: 0 done, 2 a file cannot be read or written.\n\n"
+                        "Example:\n  trevandix format plant.xml --in-place",
+                        [&] { return format_.run(console, parser); });
+    sub.add_option("FILE", format_.file, "Configuration.")->required()->option_text(" ");
+    CLI::Option* out = sub.add_option("-o", format_.out, "Write to OUT.")->option_text("OUT");
+    sub.add_flag("--in-place", format_.inPlace, "Write to FILE.")->excludes(out);
+    sub.add_flag("--force", format_.force, "Replace OUT if it exists.");
+}
+
+void Parsing::addNew() {
+    CLI::App& sub = add("new", "Make an empty configuration with the four data types.",
+                        "Exit code: 0 done, 2 OUT exists or cannot be written.\n\n"
+                        "Example:\n  trevandix new tcp -o plant.xml",
+                        [&] { return new_.run(); });
+    sub.add_option("KIND", new_.kind, "tcp (Modbus TCP/IP) or rtu (serial).")
+        ->required()
+        ->check(CLI::IsMember({"tcp", "rtu"}))
+        ->option_text(" ");
+    sub.add_option("-o", new_.out, "Write to OUT.")->required()->option_text("OUT");
+    sub.add_flag("--force", new_.force, "Replace OUT if it exists.");
+}
+
+}  // namespace
+
+ExitCode runTrevandix(const Console& console, XmlParser& parser, std::vector<std::string> arguments) {
+    Parsing parsing(console, parser);
+    try {
+        std::ranges::reverse(arguments);  // as the library wants them
+        parsing.app.parse(std::move(arguments));
+        return parsing.command();
+    } catch (const CLI::CallForHelp&) {
+        console.out.write(parsing.app.help());
+        return kNothingFound;
+    } catch (const CLI::CallForVersion& version) {
+        console.out.write(std::string(version.what()) + "\n");
+        return kNothingFound;
+    } catch (const CLI::ParseError& wrong) {
+        complain(console, wrong.what());
+        complain(console, "\"trevandix --help\" and \"trevandix COMMAND --help\" show what is possible.");
+    } catch (const std::exception& failure) {
+        complain(console, failure.what());
+    }
+    return kFailed;
+}
+
+}  // namespace trevandix
