@@ -1,5 +1,5 @@
-# trevandix_add_windows_resources(TARGET SVG): adds version resource, manifest and icon to an executable. The names
-# below also appear in the caption and the About box.
+# trevandix_add_windows_resources(TARGET SVG): adds version resource and manifest to an executable, and the icon if it
+# has windows. The names below also appear in the caption and the About box.
 set(TREVANDIX_COMPANY "VOSK Automation" CACHE STRING "Company shown in the file's properties")
 set(TREVANDIX_PRODUCT "Trevandix Configuration Editor" CACHE STRING "Product shown in the file's properties")
 set(TREVANDIX_DESCRIPTION "Trevandix Configuration Editor" CACHE STRING "Description shown in the file's properties")
@@ -25,11 +25,20 @@ function(trevandix_add_icon svg ico)
 endfunction()
 
 function(trevandix_add_windows_resources target svg)
+  get_target_property(windowed ${target} WIN32_EXECUTABLE)
+  set(description "${TREVANDIX_DESCRIPTION}")
+  set(level "highestAvailable")
+  if(NOT windowed)
+    string(APPEND description ", command line")
+    set(level "asInvoker")
+  endif()
   string(REGEX MATCHALL "[0-9]+" numbers "${PROJECT_VERSION}.0.0.0.0")
   list(SUBLIST numbers 0 4 numbers)
   string(JOIN "," TREVANDIX_VERSION_NUMBERS ${numbers})
   set(folder "${CMAKE_CURRENT_BINARY_DIR}/${target}-resources")
-  configure_file("${TREVANDIX_WINDOWS_RESOURCES}/trevandix-editor.rc.in" "${folder}/${target}.rc" @ONLY)
+  configure_file("${TREVANDIX_WINDOWS_RESOURCES}/program.rc.in" "${folder}/${target}.rc" @ONLY)
+  set(manifest "${folder}/${target}.manifest")
+  configure_file("${TREVANDIX_WINDOWS_RESOURCES}/program.manifest.in" "${manifest}" @ONLY)
   target_sources(${target} PRIVATE "${folder}/${target}.rc")
 
   # Without these two tools, for example in a native build, the program has wx's icon.
@@ -37,7 +46,12 @@ function(trevandix_add_windows_resources target svg)
   find_program(ICOTOOL icotool)
   mark_as_advanced(RSVG_CONVERT ICOTOOL)
   set(inputs "")
-  if(RSVG_CONVERT AND ICOTOOL AND EXISTS "${svg}")
+  if(windowed)
+    set_property(SOURCE "${folder}/${target}.rc" APPEND PROPERTY COMPILE_DEFINITIONS TREVANDIX_HAS_WINDOWS)
+  endif()
+  if(NOT windowed)
+    # no icon
+  elseif(RSVG_CONVERT AND ICOTOOL AND EXISTS "${svg}")
     trevandix_add_icon("${svg}" "${folder}/trevandix-editor.ico")
     list(APPEND inputs "${folder}/trevandix-editor.ico")
     set_property(SOURCE "${folder}/${target}.rc" APPEND PROPERTY COMPILE_DEFINITIONS TREVANDIX_HAS_ICON)
@@ -46,7 +60,6 @@ function(trevandix_add_windows_resources target svg)
   endif()
 
   # Visual Studio's linker merges the manifest itself and refuses a second one in the resources.
-  set(manifest "${TREVANDIX_WINDOWS_RESOURCES}/trevandix-editor.manifest")
   if(MSVC)
     target_sources(${target} PRIVATE "${manifest}")
   else()
@@ -54,6 +67,5 @@ function(trevandix_add_windows_resources target svg)
     set_property(SOURCE "${folder}/${target}.rc" APPEND PROPERTY COMPILE_DEFINITIONS TREVANDIX_HAS_MANIFEST)
   endif()
   set_property(SOURCE "${folder}/${target}.rc" APPEND PROPERTY OBJECT_DEPENDS "${inputs}")
-  set_property(SOURCE "${folder}/${target}.rc" APPEND PROPERTY
-               INCLUDE_DIRECTORIES "${folder}" "${TREVANDIX_WINDOWS_RESOURCES}")
+  set_property(SOURCE "${folder}/${target}.rc" APPEND PROPERTY INCLUDE_DIRECTORIES "${folder}")
 endfunction()

@@ -2,7 +2,7 @@
 # Builds the Windows program on Debian 12 with MinGW-w64 and runs it under Wine.
 #
 #   tools/windows.sh setup   installs packages, builds the libraries and makes Wine's folder, unless they exist
-#   tools/windows.sh build   makes build/windows/trevandix-editor.exe and a portable zip (runs setup first)
+#   tools/windows.sh build   makes build/windows/trevandix-editor.exe, trevandix.exe and a portable zip (runs setup first)
 #   tools/windows.sh test    runs unit and window tests under Wine on a virtual display (runs build first)
 #   tools/windows.sh wine EXE [ARGUMENT...]   runs a program under Wine
 #   tools/windows.sh display COMMAND...   runs a command on a virtual display with Wine's folder
@@ -16,7 +16,7 @@ windows_objects=$windows_root/build/windows-obj
 windows_output=$windows_root/build/windows
 windows_triplet=x86_64-w64-mingw32
 
-windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev cmake ninja-build dpkg-dev librsvg2-bin icoutils zip unzip
+windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev libcli11-dev nlohmann-json3-dev cmake ninja-build dpkg-dev librsvg2-bin icoutils zip unzip
     wine wine64 fonts-wine fonts-liberation libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2
     libxrender1 xvfb openbox xdotool imagemagick xclip)
 
@@ -258,27 +258,27 @@ windows_build() {
         -DCMAKE_TOOLCHAIN_FILE="$windows_root/cmake/mingw-w64.cmake" -DTREVANDIX_WINDOWS_PREFIX="$prefix"
     cmake --build "$windows_objects"
     mkdir -p "$windows_output"
-    local exe
-    exe=$(find "$windows_objects" -name trevandix-editor.exe | head -n 1)
-    cp "$exe" "$windows_output/"
-    "$windows_root/tools/check-imports.sh" "$windows_output/trevandix-editor.exe"
+    cp "$windows_objects"/trevandix{-editor,}.exe "$windows_output/"
+    "$windows_root/tools/check-imports.sh" "$windows_output"/trevandix{-editor,}.exe
     pack_portable "$prefix"
 }
 
-# The portable folder: the program, the samples, the manual and the licences.
+# The portable folder: both programs, the samples, the manual and the licences.
 pack_portable() {
     local prefix=$1 folder=$windows_output/trevandix-editor extra
     rm -rf "$folder" "$folder.zip"
     mkdir -p "$folder"
-    cp "$windows_output/trevandix-editor.exe" "$folder/"
+    cp "$windows_output"/trevandix{-editor,}.exe "$folder/"
     cp -r "$prefix/licences" "$folder/licences"
+    cp /usr/share/doc/libcli11-dev/copyright "$folder/licences/cli11.txt"
+    cp /usr/share/doc/nlohmann-json3-dev/copyright "$folder/licences/nlohmann-json.txt"
     "$windows_root/tools/manual.sh" "$folder/manual"
     for extra in samples LICENSE; do
         if [ -e "$windows_root/$extra" ]; then cp -r "$windows_root/$extra" "$folder/"; fi
     done
     (cd "$windows_output" && zip -qrX trevandix-editor.zip trevandix-editor)
     rm -rf "$folder"
-    say "made $windows_output/trevandix-editor.exe and trevandix-editor.zip"
+    say "made trevandix-editor.exe, trevandix.exe and trevandix-editor.zip in $windows_output"
 }
 
 windows_test() {

@@ -32,8 +32,11 @@ namespace {
 }  // namespace trevandix
 
 #ifdef _WIN32
-// Wildcards, which the shell leaves to the programs here.
-extern "C" int _dowildcard = -1;
+// Lets the C library expand wildcards, which the shell leaves to the programs here.
+extern "C" {
+extern int _dowildcard;
+int _dowildcard = -1;
+}
 
 int wmain(int argc, wchar_t** argv) {
     std::vector<std::string> arguments;
