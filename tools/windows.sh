@@ -315,6 +315,8 @@ run_window_test() {
 run_built_tests() {
     use_wine
     with_display run_unit_tests
+    say "command-line"
+    TREVANDIX_PROGRAM=$windows_output/trevandix.exe with_display "$windows_root/tests/command-line.sh"
     with_display run_window_test
 }
 

@@ -44,7 +44,7 @@ Parsing::Parsing(const Console& console, XmlParser& parser) {
                          "Show the version.");
     const auto page = [this] { throw CLI::CallForVersion(manPage(app), 0); };
     app.add_flag_callback("--man-page", page)->group("");
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);  // with a minimum, a wrong command would be called a missing one
     app.footer(
         "Exit code: 2 if a file cannot be read or written, or the command line is wrong; each command names\n"
         "the others. NO_COLOR in the environment turns the colours of a terminal off.\n\n"
@@ -122,6 +122,7 @@ ExitCode runTrevandix(const Console& console, XmlParser& parser, std::vector<std
     try {
         std::ranges::reverse(arguments);  // as the library wants them
         parsing.app.parse(std::move(arguments));
+        if (!parsing.command) throw CLI::RequiredError("COMMAND");
         return parsing.command();
     } catch (const CLI::CallForHelp&) {
         console.out.write(parsing.app.help());

@@ -1,0 +1,143 @@
+#!/usr/bin/env bash
+# Tests the built command line: arguments, exit code, output, and the files afterwards. TREVANDIX_PROGRAM is the
+# program; one that ends in .exe runs under Wine.
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+program=$(realpath "${TREVANDIX_PROGRAM:-$root/build/release/trevandix}")
+run=("$program")
+if [[ $program == *.exe ]]; then run=(wine "$program"); fi
+export LC_ALL=C.UTF-8
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder"
+failures=0
+
+fail() {
+    printf '%s\n' "$*" >&2
+    failures=$((failures + 1))
+}
+
+# row CODE OUT ERR ARGUMENT...: runs the program, whose output must match the patterns. With `to` set, standard output
+# goes there. No row may leave a backup behind.
+row() {
+    local code=$1 out=$2 err=$3 got=0
+    shift 3
+    "${run[@]}" "$@" >"${to:-$folder/.out}" 2>"$folder/.err" </dev/null || got=$?
+    [ "$got" = "$code" ] || fail "$*: exit code $got"
+    if [ -n "${to:-}" ]; then : >"$folder/.out"; fi
+    # shellcheck disable=SC2053
+    [[ $(cat "$folder/.out") == $out ]] || fail "$*: output $(head -c 2000 "$folder/.out")"
+    # shellcheck disable=SC2053
+    [[ $(cat "$folder/.err") == $err ]] || fail "$*: message $(cat "$folder/.err")"
+    if compgen -G '*.bak*' >/dev/null; then fail "$*: left a backup"; fi
+}
+
+same() { cmp -s "$1" "$2" || fail "$1 is not $2"; }
+
+tcp=$root/samples/water-works.xml
+rtu=$root/samples/boiler-house-rtu.xml
+cp "$tcp" tcp.xml
+cp "$rtu" rtu.xml
+cp "$tcp" Αντλία.xml
+sed 's/<name>Clock</<name>Cl\&#27;[31m\&#133;ock</' tcp.xml >control.xml
+sed '0,/<comment>/s//<comment>A \& B /' tcp.xml >marked.xml
+sed '0,/<address>[0-9]*</s//<address>7</; s/PUMP1>/Pump1>/' tcp.xml >edited.xml
+head -c 2000 tcp.xml >damaged.xml
+echo '<svg/>' >wrong.xml
+: >empty.xml
+mkdir folder
+missing='*"trevandix --help"*'
+
+# What each command tells about itself, and wrong usage.
+row 0 'Trevandix * [0-9]*.[0-9]*.[0-9]*' '' --version
+for command in '' check diff format new; do row 0 '*Usage: *Exit code: *Example:*' '' $command --help; done
+row 0 '.TH TREVANDIX*.SS trevandix check*.SS trevandix new*' '' --man-page
+row 2 '' "*COMMAND*$missing"
+row 2 '' "*paint*$missing" paint tcp.xml
+row 2 '' "*FILE*$missing" check
+row 2 '' "*--loud*$missing" check --loud tcp.xml
+row 2 '' "*xml*text*json*$missing" check --format xml tcp.xml
+row 2 '' "*NEW*$missing" diff tcp.xml
+row 2 '' "*in-place*$missing" format tcp.xml --in-place -o out.xml
+row 2 '' "*plc*$missing" new plc -o out.xml
+row 2 '' "*-o*$missing" new tcp
+
+# Files that are none.
+for file in absent.xml:'File not found' folder:'Path/File*' damaged.xml:'*not well-formed*: line *' empty.xml:'*not well-formed*' \
+    wrong.xml:'The configuration file is not valid.'; do
+    for command in check 'diff tcp.xml' 'format -o out.xml'; do
+        row 2 '' "trevandix: ${file%%:*}: ${file#*:}" $command "${file%%:*}"
+    done
+    row 2 '' "trevandix: ${file%%:*}: *" format --in-place "${file%%:*}"
+done
+row 2 '' '*out/new.xml: *' new tcp -o out/new.xml
+row 2 '' '*folder: *' new tcp --force -o folder
+
+# check
+row 0 '' '' check tcp.xml rtu.xml Αντλία.xml
+row 1 'marked.xml: error: *: *: *&*' '' check tcp.xml marked.xml
+row 2 'marked.xml: error: *' 'trevandix: damaged.xml: *' check damaged.xml marked.xml
+row 0 '{"rules":\[{"rule":*"files":\[{"file":"Αντλία.xml","findings":\[\]}\],"errors":0,"warnings":0}' '' \
+    check --format json Αντλία.xml
+
+# diff
+cp tcp.xml new
+row 0 '' '' diff new Αντλία.xml
+row 1 '~ [A-Z]*: address [0-9]* -> 7' '' diff tcp.xml edited.xml
+row 1 '- [!+~]*.Clock'$'\n''+ *.Cl\\u001B[[]31m\\u0085ock' '' diff tcp.xml control.xml
+row 1 '~ interface TrevandixTcpIp -> TrevandixRTU*' '' diff tcp.xml rtu.xml
+
+# format and new
+for file in tcp rtu; do
+    to=out.xml row 0 '' '' format $file.xml
+    same out.xml $file.xml
+    rm out.xml
+done
+row 0 '' '' format edited.xml -o κενό.xml
+row 1 '~ *' '' diff tcp.xml κενό.xml
+row 2 '' 'trevandix: κενό.xml: *--force*' format tcp.xml -o κενό.xml
+row 1 '~ *' '' diff tcp.xml κενό.xml
+row 0 '' '' format tcp.xml -o κενό.xml --force
+same κενό.xml tcp.xml
+tr -d '\t' <tcp.xml >flat.xml
+row 0 '' '' format flat.xml --in-place
+same flat.xml tcp.xml
+for kind in tcp rtu; do
+    row 0 '' '' new $kind -o new-$kind.xml
+    row 0 '' '' check new-$kind.xml
+    grep '<DATATYPE' tcp.xml | sort | cmp -s - <(grep '<DATATYPE' new-$kind.xml | sort) || fail "new $kind: data types"
+done
+row 1 '~ interface TrevandixTcpIp -> TrevandixRTU' '' diff new-tcp.xml new-rtu.xml
+row 2 '' '*--force*' new rtu -o new-tcp.xml
+row 0 '' '' new rtu -o new-tcp.xml --force
+same new-tcp.xml new-rtu.xml
+
+# Standard output that takes nothing: a full disk, a pipe that nobody reads.
+to=/dev/full row 2 '' 'trevandix: Disk full: standard output' format tcp.xml
+to=/dev/full row 2 '' 'trevandix: Disk full: standard output' --version
+exec {pipe}> >(exec true)
+wait $!
+to=/dev/fd/$pipe row 0 '' '' format tcp.xml
+to=/dev/fd/$pipe row 1 '' '' diff tcp.xml rtu.xml
+
+# What only Linux has.
+if [[ $program != *.exe ]]; then
+    ln -s absent.xml dangling.xml
+    row 2 '' 'trevandix: dangling.xml: File not found' check dangling.xml
+    ln -s flat.xml link.xml
+    ln tcp.xml $'line\nbreak\e[0m.xml'
+    row 2 '' '*line\\u000Abreak\\u001B[[]0m.xml: *--force*' format link.xml -o $'line\nbreak\e[0m.xml'
+    chmod 600 flat.xml
+    row 0 '' '' format link.xml --in-place
+    [ -L link.xml ] && [ "$(stat -c %a flat.xml)" = 600 ] || fail "link or rights are lost"
+    (trap '' PIPE && to=/dev/fd/$pipe row 0 '' '' format tcp.xml)
+    if [ "$(id -u)" != 0 ]; then
+        chmod 000 rtu.xml
+        row 2 '' 'trevandix: rtu.xml: Permission denied' check rtu.xml
+    fi
+fi
+
+if [ "$failures" != 0 ]; then
+    echo "$failures rows failed" >&2
+    exit 1
+fi
