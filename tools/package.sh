@@ -30,8 +30,8 @@ put() { # MODE FILE PLACE
 put_program() {
     tools/manual.sh "$build/manual"
     DESTDIR=$(realpath "$tree") cmake --install "$build" --prefix /usr --strip >/dev/null
-    strip --remove-section=.comment --remove-section=.note "$tree/usr/bin/$name"
-    gzip -9n "$tree/usr/share/man/man1/$name.1"
+    strip --remove-section=.comment --remove-section=.note "$tree"/usr/bin/*
+    gzip -9n "$tree"/usr/share/man/man1/*.1
     local size
     for size in 16 24 32 48 64 128 256; do
         rsvg-convert -w $size -h $size -o "$work/icon.png" resources/icons/app.svg
@@ -42,17 +42,19 @@ put_program() {
 put_documents() {
     local documents=$tree/usr/share/doc/$name date
     put 644 resources/linux/copyright usr/share/doc/$name/copyright
+    put 644 /usr/share/doc/libcli11-dev/copyright usr/share/doc/$name/copyright.cli11
+    put 644 /usr/share/doc/nlohmann-json3-dev/copyright usr/share/doc/$name/copyright.nlohmann-json
     date=$(git log -1 --format=%cD 2>/dev/null || date -R)
     printf '%s (%s) unstable; urgency=medium\n\n  * See CHANGELOG.md.gz.\n\n -- %s  %s\n' \
         $name "$version" "$maintainer" "$date" | gzip -9n >"$documents/changelog.gz"
     gzip -9nc CHANGELOG.md >"$documents/CHANGELOG.md.gz"
 }
 
-# The packages of the libraries that the program uses, with their minimum versions.
+# The packages of the libraries that the programs use, with their minimum versions.
 library_packages() {
     mkdir -p "$work/debian"
     printf 'Source: %s\n\nPackage: %s\nArchitecture: any\n' $name $name >"$work/debian/control"
-    (cd "$work" && dpkg-shlibdeps -O "tree/usr/bin/$name" 2>/dev/null) | sed 's/^shlibs:Depends=//'
+    (cd "$work" && dpkg-shlibdeps -O tree/usr/bin/* 2>/dev/null) | sed 's/^shlibs:Depends=//'
 }
 
 write_control() {
@@ -70,7 +72,8 @@ Homepage: $homepage
 Description: configuration editor for a Modbus OPC server
  Creates, opens, edits and saves the XML configuration of an OPC DA server
  that reads and writes Modbus devices over TCP/IP or a serial line: data types,
- units, branches and items.
+ units, branches and items. The command trevandix checks, compares and formats
+ such files.
 TEXT
     (cd "$tree" && find usr -type f -print0 | sort -z | xargs -0 md5sum) >"$tree/DEBIAN/md5sums"
     # No maintainer scripts: triggers of other packages update the caches of desktop entries, icons and file types.

@@ -85,6 +85,8 @@ try_debian() {
         fail "no desktop entry opens a configuration"
     inside su engineer -c "gio info -a standard::content-type ~/$file" | grep x-trevandix-configuration >/dev/null ||
         fail "a configuration is not recognised"
+    inside su engineer -c "trevandix check ~/$file && trevandix format ~/$file | cmp - ~/$file" || fail "trevandix fails"
+    inside test -f /usr/share/man/man1/trevandix.1.gz || fail "trevandix has no manual page"
     shown "$work/debian.png" inside su engineer -c "DISPLAY=$DISPLAY gio open ~/$file"
     inside apt-get -qq -y purge $name >>"$work/apt.log" 2>&1
     local left
@@ -100,6 +102,8 @@ try_zip() {
     folder=$(mktemp -d "/tmp/trevandix zip XXXXXX")
     unzip -q "$portable" -d "$folder"
     [ -f "$folder/$name/manual/manual.html" ] || fail "the zip has no manual"
+    wine "$folder/$name/trevandix.exe" check --strict "Z:${folder//\//\\}\\$name\\samples\\*.xml" ||
+        fail "trevandix.exe fails"
     shown "$work/windows.png" wine "$folder/$name/$name.exe" "Z:${folder//\//\\}\\$name\\samples\\boiler-house-rtu.xml"
     rm -rf "$folder"
 }
