@@ -18,23 +18,32 @@ std::string line(std::string_view text) {
     return result + "\n";
 }
 
-std::string described(const std::string& term, const std::string& description) {
-    return ".TP\n.B " + line(term) + line(description);
+// "trevandix check [OPTION...] FILE...", for all commands.
+std::string synopsis(const CLI::App& app) {
+    CLI::Formatter formatter;
+    formatter.label("OPTIONS", "OPTION...");
+    std::string page = ".SH SYNOPSIS\n.nf\n";
+    for (const CLI::App* command : app.get_subcommands({})) {
+        const std::string usage = formatter.make_usage(command, app.get_name() + " " + command->get_name());
+        page +=
+            line(usage.substr(usage.find(app.get_name()), usage.rfind('\n') - usage.find(app.get_name())));
+    }
+    return page + ".fi\n";
 }
 
 std::string options(const CLI::App& app) {
     std::string page;
     for (const CLI::Option* option : app.get_options()) {
         if (option->get_group().empty()) continue;
-        const std::string value = option->get_positional() ? "" : option->get_option_text();
-        page +=
-            described(option->get_name(option->get_positional(), true) + (value.empty() ? "" : " " + value),
-                      option->get_description());
+        std::string name = option->get_name(option->get_positional(), true);
+        if (const std::size_t comma = name.find(','); comma != std::string::npos) name.insert(comma + 1, " ");
+        if (!option->get_positional()) name += " " + option->get_option_text();
+        page += ".TP\n.B " + line(name) + line(option->get_description());
     }
     return page;
 }
 
-// Lines as they are, so that the examples stay lines of their own.
+// Lines stay lines, so that the examples do.
 std::string footer(const CLI::App& app) {
     std::string page = ".PP\n.nf\n";
     for (const std::string& each : CLI::detail::split(app.get_footer(), '\n')) page += line(each);
@@ -44,15 +53,14 @@ std::string footer(const CLI::App& app) {
 }  // namespace
 
 std::string manPage(const CLI::App& app) {
-    const std::string name = app.get_name();
-    std::string page = ".TH TREVANDIX 1 \"\" " + line(name + " " + std::string(kVersion)).insert(0, "\"");
-    page.insert(page.size() - 1, "\" \"User Commands\"");
+    const std::string& name = app.get_name();
+    std::string page = ".TH TREVANDIX 1 \"\" \"trevandix " + std::string(kVersion) + "\" \"User Commands\"\n";
     page += ".SH NAME\n" + line(name + " - check, compare and write configurations of a Modbus OPC server");
-    page += ".SH DESCRIPTION\n" + line(app.get_description()) + ".SH OPTIONS\n" + options(app);
-    page += footer(app) + ".SH COMMANDS\n";
+    page += synopsis(app) + ".SH DESCRIPTION\n" + line(app.get_description());
+    page += ".SH OPTIONS\n" + options(app) + footer(app) + ".SH COMMANDS\n";
     for (const CLI::App* command : app.get_subcommands({})) {
-        page += ".SS " + line(name + " " + command->get_name());
-        page += line(command->get_description()) + options(*command) + footer(*command);
+        page += ".SS " + line(name + " " + command->get_name()) + line(command->get_description());
+        page += options(*command) + footer(*command);
     }
     return page + ".SH SEE ALSO\n.BR trevandix-editor (1)";
 }

@@ -11,6 +11,8 @@ namespace trevandix {
 
 namespace {
 
+constexpr const char* kNothing = " ";  // instead of what the library says of an option
+
 /// All options, and what the command line asks for.
 struct Parsing {
     explicit Parsing(const Console& console, XmlParser& parser);
@@ -36,7 +38,6 @@ Parsing::Parsing(const Console& console, XmlParser& parser) {
     app.allow_windows_style_options(false);  // "/" begins a path
     app.get_formatter()->label("OPTIONS", "OPTION...");
     app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    app.get_formatter()->label("Subcommands", "Commands");
     app.get_formatter()->label("Positionals", "Arguments");
     app.get_formatter()->column_width(24);
     app.set_help_flag("-h,--help", "Show this text.");
@@ -46,8 +47,9 @@ Parsing::Parsing(const Console& console, XmlParser& parser) {
     app.add_flag_callback("--man-page", page)->group("");
     app.require_subcommand(0, 1);  // with a minimum, a wrong command would be called a missing one
     app.footer(
-        "Exit code: 2 if a file cannot be read or written, or the command line is wrong; each command names\n"
-        "the others. NO_COLOR in the environment turns the colours of a terminal off.\n\n"
+        "Exit code: 2 if a file cannot be read or written, or the command line is\n"
+        "wrong; for others see the commands. The environment variable NO_COLOR turns\n"
+        "colours off.\n\n"
         "Example:\n  trevandix check --help");
     addCheck(console, parser);
     addDiff(console, parser);
@@ -64,30 +66,31 @@ CLI::App& Parsing::add(const std::string& name, const std::string& what, const s
 }
 
 void Parsing::addCheck(const Console& console, XmlParser& parser) {
-    CLI::App& sub = add(
-        "check", "Tell what is wrong in configurations.",
-        "Prints one line for each finding: FILE: error: OBJECT: RULE: text. Findings come in the order of\n"
-        "the rules, those of one rule in the order of the file. JSON also lists the rules.\n\n"
-        "Exit code: 0 no errors, 1 errors (with --strict also warnings), 2 a file cannot be read.\n\n"
-        "Example:\n  trevandix check --strict plant.xml",
-        [&] { return check_.run(console, parser); });
-    sub.add_option("FILE", check_.files, "Configurations.")->required()->option_text("...");
-    sub.add_option("--format", check_.format, "How to print findings: text (unless given) or json.")
+    CLI::App& sub = add("check", "Tell what is wrong in configurations.",
+                        "Prints a line for each finding: FILE: error: OBJECT: RULE: text. Findings come\n"
+                        "in the order of the rules, those of a rule in the order of the file. JSON also\n"
+                        "lists the rules.\n\n"
+                        "Exit code: 0 no errors, 1 errors (with --strict also warnings), 2 a file cannot\n"
+                        "be read.\n\n"
+                        "Example:\n  trevandix check --strict plant.xml",
+                        [&] { return check_.run(console, parser); });
+    sub.add_option("FILE", check_.files, "Configurations.")->required()->option_text(kNothing);
+    sub.add_option("--format", check_.format, "How to print findings; text unless given.")
         ->check(CLI::IsMember({"text", "json"}))
         ->option_text("text|json");
     sub.add_flag("--strict", check_.strict, "Exit with 1 for warnings, too.");
 }
 
 void Parsing::addDiff(const Console& console, XmlParser& parser) {
-    CLI::App& sub =
-        add("diff", "Tell how two configurations differ.",
-            "Prints one line for each difference: \"- OBJECT\" only in OLD, \"+ OBJECT\" only in NEW,\n"
-            "\"~ OBJECT: field old -> new\" changed. Order, and capitals of branches, do not count.\n\n"
-            "Exit code: 0 equal, 1 different, 2 a file cannot be read.\n\n"
-            "Example:\n  trevandix diff plant.xml plant-new.xml",
-            [&] { return diff_.run(console, parser); });
-    sub.add_option("OLD", diff_.before, "Configuration before.")->required()->option_text(" ");
-    sub.add_option("NEW", diff_.after, "Configuration after.")->required()->option_text(" ");
+    CLI::App& sub = add("diff", "Tell how two configurations differ.",
+                        "Prints a line for each difference: \"- OBJECT\" only in OLD, \"+ OBJECT\" only in\n"
+                        "NEW, \"~ OBJECT: field old -> new\" changed. Order, and capitals of branches, do\n"
+                        "not count.\n\n"
+                        "Exit code: 0 equal, 1 different, 2 a file cannot be read.\n\n"
+                        "Example:\n  trevandix diff plant.xml plant-new.xml",
+                        [&] { return diff_.run(console, parser); });
+    sub.add_option("OLD", diff_.before, "Configuration before.")->required()->option_text(kNothing);
+    sub.add_option("NEW", diff_.after, "Configuration after.")->required()->option_text(kNothing);
 }
 
 void Parsing::addFormat(const Console& console, XmlParser& parser) {
@@ -96,9 +99,11 @@ void Parsing::addFormat(const Console& console, XmlParser& parser) {
                         "Exit code: 0 done, 2 a file cannot be read or written.\n\n"
                         "Example:\n  trevandix format plant.xml --in-place",
                         [&] { return format_.run(console, parser); });
-    sub.add_option("FILE", format_.file, "Configuration.")->required()->option_text(" ");
+    sub.add_option("FILE", format_.file, "Configuration.")->required()->option_text(kNothing);
     CLI::Option* out = sub.add_option("-o", format_.out, "Write to OUT.")->option_text("OUT");
-    sub.add_flag("--in-place", format_.inPlace, "Write to FILE.")->excludes(out);
+    sub.add_flag("--in-place", format_.inPlace, "Write to FILE; not together with -o.")
+        ->excludes(out)
+        ->option_text(kNothing);
     sub.add_flag("--force", format_.force, "Replace OUT if it exists.");
 }
 
@@ -107,11 +112,11 @@ void Parsing::addNew() {
                         "Exit code: 0 done, 2 OUT exists or cannot be written.\n\n"
                         "Example:\n  trevandix new tcp -o plant.xml",
                         [&] { return new_.run(); });
-    sub.add_option("KIND", new_.kind, "tcp (Modbus TCP/IP) or rtu (serial).")
+    sub.add_option("KIND", new_.kind, "tcp for Modbus TCP/IP, rtu for serial lines.")
         ->required()
         ->check(CLI::IsMember({"tcp", "rtu"}))
-        ->option_text(" ");
-    sub.add_option("-o", new_.out, "Write to OUT.")->required()->option_text("OUT");
+        ->option_text(kNothing);
+    sub.add_option("-o", new_.out, "Write to OUT; required.")->required()->option_text("OUT");
     sub.add_flag("--force", new_.force, "Replace OUT if it exists.");
 }
 
