@@ -128,7 +128,7 @@ struct Planned : Workplace {
 
 std::string joined(const Texts& texts) {
     std::string all;
-    for (const std::string& text : texts) (all += all.empty() ? "" : " | ") += text;
+    for (const std::string& text : texts) (all += &text == &texts[0] ? "" : " | ") += text;
     return all;
 }
 
@@ -379,16 +379,22 @@ TEST(Check, FindsNothingInTheSamples) {
 }
 
 TEST(Check, SaysWhatIntendedNamesWouldAdd) {
-    Planned place("U.B/; U.B.a; U.B.b; U.B.c; U.B.New_Item_1; U.B.C/; U.B.C.x");
-    const auto added = [&](const Fields& names) {
+    const Planned place("U.B/; U.B.a; U.B.b; U.B.c; U.B.New_Item_1; U.B.C/; U.B.C.x");
+    const auto added = [&](const std::string& names) {  // "KEY NEW; KEY NEW"
         std::vector<IntendedName> intended;
-        for (const auto& [item, name] : names) intended.push_back({Key(item), name});
-        Texts rules;
+        for (const std::string& name : split(names, "; "))
+            intended.push_back(
+                {Key("U.B." + name.substr(0, name.find(' '))), name.substr(name.find(' ') + 1)});
+        Texts texts;
         for (const std::string& text : findingsAdded(place.configuration, intended))
-            rules.push_back(text.substr(0, text.find_last_of(',')));
-        return joined(rules);
+            texts.push_back(text.substr(0, text.find_first_of(",;")));
+        return joined(texts);
     };
-    EXPECT_EQ(added({}), "");
+    EXPECT_EQ(added("a b; b a; c z; New_Item_1 New_Item_2; gone &"), " |  |  |  | ");
+    EXPECT_EQ(added("a B; b x&; c C"),
+              " | item name holds \"&\" | comes back under the same key as the branch U.B.C");
+    EXPECT_EQ(added("a new_item_5; c B"),
+              "still has the name that the dialog proposed | differs from U.B.b in capitals only");
 }
 
 // Bounds the work between two questions, which a key press has to wait for, whatever the plant looks like.

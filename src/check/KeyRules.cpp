@@ -87,7 +87,10 @@ void findKeyCollisions(Search& search) {
     const std::uint32_t folder = keys.keyOf(kModBusFolder);
     Sharers sharers(keys.size());
     sharers.add(folder, Object::kNone);
-    for (std::uint32_t place = 0; place < objects.size(); ++place) sharers.add(numbers[place], place);
+    for (std::uint32_t place = 0; place < objects.size(); ++place) {
+        search.pulse.step();
+        sharers.add(numbers[place], place);
+    }
     for (std::uint32_t place = 0; place < objects.size(); ++place) {
         search.pulse.step();
         const std::uint32_t number = numbers[place];

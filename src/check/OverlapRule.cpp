@@ -27,10 +27,11 @@ struct Partners {
     std::size_t count = 0;
 };
 
-std::vector<Placed> placedItems(const Survey& survey) {
+std::vector<Placed> placedItems(const Survey& survey, Pulse& pulse) {
     std::vector<Placed> all;
     all.reserve(survey.items.size());
     for (std::uint32_t i = 0; i < survey.items.size(); ++i) {
+        pulse.step(2);
         const ItemFacts& item = survey.items[i];
         if (!item.type->known()) continue;
         const Span span = item.span();
@@ -122,7 +123,7 @@ std::string told(const Survey& survey, const Partners& partners) {
 
 void findOverlaps(Search& search) {
     const Survey& survey = search.survey;
-    std::vector<Placed> all = placedItems(survey);
+    std::vector<Placed> all = placedItems(survey, search.pulse);
     const auto order = [](const Placed& placed) {
         return std::tuple(placed.unit, placed.table, placed.span.begin, placed.item);
     };

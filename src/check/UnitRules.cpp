@@ -15,6 +15,7 @@ namespace trevandix {
 
 namespace {
 
+constexpr int kStepsPerUnit = 50;
 constexpr int kLastIdentifier = 254;  // that the dialog takes
 constexpr int kLastOnALine = 247;     // the rest is reserved
 
@@ -62,7 +63,9 @@ void findSameIdentifiers(Search& search) {
     std::deque<std::string> texts;
     std::vector<std::pair<std::uint32_t, std::uint32_t>> units;  // place in `objects`, number
     for (std::uint32_t place = 0; place < survey.objects.size(); ++place) {
+        search.pulse.step();
         if (survey.objects[place].tag != NodeTag::Plc) continue;
+        search.pulse.step(kStepsPerUnit);
         const clsPLC& unit = survey.unitOf(survey.objects[place]);
         const std::string& text = texts.emplace_back(placeOf(survey, unit));
         if (!text.empty()) units.emplace_back(place, numbers.number(unit.getUI(), text));
