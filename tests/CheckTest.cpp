@@ -360,6 +360,19 @@ TEST(Check, FindsWhatEachRuleSays) {
     for (const Rule& rule : rules()) EXPECT_TRUE(named.contains(rule.name)) << rule.name;
 }
 
+// Prints the whole list when it differs.
+TEST(Check, TheManualListsTheRules) {
+    std::string list = "| Rule | Severity | What is wrong | What to do |\n|---|---|---|---|\n";
+    for (const Rule& rule : rules()) {
+        for (const std::string_view part :
+             {rule.name, severityName(rule.severity), rule.meaning, rule.mending})
+            (list += "| ").append(part) += ' ';
+        list += "|\n";
+    }
+    const std::string manual = readFile(TREVANDIX_MANUAL);
+    EXPECT_NE(manual.find(list), std::string::npos) << list;
+}
+
 TEST(Check, NamesTheFirstUnreadableText) {
     for (const auto& [steps, told] :
          Fields{{"U.j|comment=12\"; U.A/", ""},
