@@ -12,8 +12,12 @@
 
 #include "FakePlatform.h"
 #include "Plant.h"
+#include "RandomPlant.h"
+#include "check/Check.h"
 #include "platform/FileAccess.h"
 #include "platform/Services.h"
+#include "xmlfile/ConfigurationWriter.h"
+#include "xmlfile/Mending.h"
 
 namespace trevandix::testing {
 
@@ -142,6 +146,43 @@ TEST(Server, ParsesWhatTheEditorSaves) {
         EXPECT_EQ(found[0], printed(place.parser.load(place.path("test.xml"))->root()));
         EXPECT_NE(found[1], found[0]);
     }
+}
+
+// What has no errors is read as it was saved; a text that the checks name is refused or read as something
+// else.
+TEST(Server, AgreesWithTheChecks) {
+    Workplace place;
+    Texts files;
+    Texts faults;  // empty where there are no errors
+    for (unsigned seed = 1; seed <= 200; ++seed) {
+        Configuration configuration;
+        configuration.begin("");
+        plantAtRandom(configuration, seed);
+        const std::string fault = firstUnreadable(configuration);
+        const bool errors = countFindings(check(configuration).value()).errors > 0;
+        // Some programs read these as they are: the bytes 80 to 9F, TABs and line breaks in elements.
+        if (errors && (fault.empty() || fault.ends_with("TAB") || fault.ends_with("break"))) continue;
+        const std::string file = std::to_string(seed) + ".xml";
+        try {
+            ConfigurationWriter(configuration).write(place.path(file));
+        } catch (const RuntimeError&) {  // a unit without a node
+            continue;
+        }
+        if (readFile(place.path(file)).find('\x80') != std::string::npos) continue;
+        files.push_back(file);
+        faults.push_back(fault);
+    }
+    const Texts found = readByServer(place, files);
+    ASSERT_EQ(found.size(), files.size());
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const std::string bytes = readFile(place.path(files[i]));
+        SCOPED_TRACE(files[i] + " " + faults[i] + "\n" + bytes);
+        const std::string meant = printed(
+            (faults[i].empty() ? place.parser.parse(bytes) : place.parser.parse(mended(bytes)))->root());
+        EXPECT_EQ(found[i] == meant, faults[i].empty());
+    }
+    EXPECT_GT(std::ranges::count(faults, ""), 50);
+    EXPECT_LT(std::ranges::count(faults, ""), static_cast<std::ptrdiff_t>(faults.size()) - 30);
 }
 
 // Refused before anything changes; Linux would allow renaming such files.
