@@ -175,4 +175,48 @@ TEST(CheckProperties, OverlapsAreThoseOfAMapOfBits) {
     }
 }
 
+// Twice as many objects take about twice as many steps, however they stand.
+TEST(CheckProperties, WorkGrowsWithTheNumberOfObjects) {
+    using Plant = std::function<void(Configuration&, TreeNode & unit, int many)>;
+    const auto branchAndItem = [](Configuration& c, TreeNode& node, const std::string& name) -> TreeNode& {
+        TreeNode& branch = plantBranch(c, node, name);
+        plantItem(c, branch, "New_Item_1");
+        return branch;
+    };
+    const std::vector<Plant> plants{
+        [](Configuration& c, TreeNode& unit, int many) {
+            for (int i = 0; i < many; ++i) plantItem(c, unit, std::to_string(i));  // at one address
+        },
+        [&](Configuration& c, TreeNode& unit, int many) {
+            TreeNode* deepest = &unit;
+            for (int i = 0; i < many / 2; ++i) deepest = &branchAndItem(c, *deepest, "a");
+        },
+        [](Configuration& c, TreeNode& unit, int many) {
+            for (int i = 0; i < many; ++i) {  // names that differ in capitals only
+                std::string name = "abcdefghijklmnop";
+                for (std::size_t letter = 0; letter < name.size(); ++letter) {
+                    if ((i >> letter & 1) != 0) name[letter] = static_cast<char>(name[letter] - 'a' + 'A');
+                }
+                plantBranch(c, unit, name);
+            }
+        },
+        [](Configuration& c, TreeNode&, int many) {
+            for (int i = 0; i < many; ++i) plantUnit(c, std::to_string(i));  // with one identifier
+        }};
+    for (const Plant& plant : plants) {
+        const auto asked = [&](int many) {
+            Configuration configuration;
+            configuration.begin("");
+            plantUnit(configuration, "U");
+            plant(configuration, configuration.tree.at(Key("U")), many);
+            int count = 0;
+            EXPECT_TRUE(check(configuration, [&] { return ++count < 0; }).has_value());
+            return count;
+        };
+        const int once = asked(8000);
+        EXPECT_GT(once, 10);
+        EXPECT_LT(asked(16000), once * 2.5);
+    }
+}
+
 }  // namespace trevandix::testing

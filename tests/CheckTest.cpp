@@ -388,6 +388,8 @@ TEST(Check, FindsNothingInTheSamples) {
         Workplace place;
         place.openText(readFile(std::filesystem::path(TREVANDIX_SAMPLES) / name));
         EXPECT_EQ(told(place.configuration), "");
+        place.run("mnuCloseCfg");
+        EXPECT_EQ(told(place.configuration), "");
     }
 }
 

@@ -11,9 +11,10 @@
 
 namespace trevandix {
 
-/// Looks at the whole configuration with all rules. Findings come in the order of the rules, those of one
-/// rule in the order of the tree. At most one finding for each rule and object. `interrupted` is asked every
-/// few milliseconds; as soon as it says true there is no result.
+/// Looks at the whole configuration with all rules; a closed one has no findings. Findings come in the order
+/// of the rules, those of one rule in the order of the tree, but data types first. At most one finding for
+/// each rule and object. `interrupted` is asked every few milliseconds; as soon as it says true there is no
+/// result.
 std::optional<std::vector<Finding>> check(
     const Configuration& configuration, const std::function<bool()>& interrupted = [] { return false; });
 

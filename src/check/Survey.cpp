@@ -51,10 +51,11 @@ Span ItemFacts::span() const {
 
 Survey::Survey(const Configuration& surveyed, Pulse& pulse, const NameOf& nameOf)
     : configuration(surveyed), nextItem_(surveyed.items.begin()) {
+    if (configuration.tree.root() == nullptr) return;  // closed, though data types stay
     objects.reserve(configuration.tree.size());
     items.reserve(configuration.items.size());
     addDataTypes();
-    if (configuration.tree.root() != nullptr) walk(pulse, nameOf);
+    walk(pulse, nameOf);
     allRecordsFound = recordsFound_ == configuration.dataTypes.size() + configuration.units.size() +
                                            configuration.branches.size() + configuration.items.size();
 }

@@ -95,7 +95,7 @@ public:
     std::vector<ItemFacts> items;
     std::vector<const TreeNode*> misplaced;  ///< where the file has no place for them, topmost ones only
     std::vector<const TreeNode*> bare;       ///< without a record
-    bool allRecordsFound = false;            ///< each record has its node
+    bool allRecordsFound = true;             ///< each record has its node
 
     const clsPLC& unitOf(const Object& object) const { return *configuration.units.at(*object.key); }
     bool tcpIp() const { return configuration.state.interfaceKind == kTcpIp; }
