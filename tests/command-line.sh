@@ -84,6 +84,14 @@ row 0 '{"rules":\[{"rule":*"files":\[{"file":"Αντλία.xml","findings":\[\]}
 cp tcp.xml new
 row 0 '' '' diff new Αντλία.xml
 row 1 '~ [A-Z]*: address [0-9]* -> 7' '' diff tcp.xml edited.xml
+sed '/>Heartbeat</,/rights/ { s/VT_UI2</VT_UI2 ARRAY</; s/<accessrights>/<elements>3<\/elements>&/ }' tcp.xml >array.xml
+row 1 '~ *.Heartbeat: datatype "IREGISTER VT_UI2" -> "IREGISTER VT_UI2 ARRAY"'$'\n''~ *.Heartbeat: elements "" -> 3' '' \
+    diff tcp.xml array.xml
+for tags in '<A><B/></A>' '<A/><A.B/>'; do
+    printf '<VOSKModBusTcpIpCfg><OPC_DA><PLC name="P" address="" id="1" timeout="1"><tags>%s</tags></PLC></OPC_DA></%s>' \
+        "$tags" VOSKModBusTcpIpCfg >"dots${#tags}.xml"
+done
+row 1 '~ P.A.B: name B -> A.B' '' diff dots11.xml dots10.xml
 row 1 '- [!+~]*.Clock'$'\n''+ *.Cl\\u001B[[]31m\\u0085ock' '' diff tcp.xml control.xml
 row 1 '~ interface TrevandixTcpIp -> TrevandixRTU*' '' diff tcp.xml rtu.xml
 
