@@ -158,8 +158,9 @@ std::vector<FileField> clsItem::fileFields() const {
     const ValueType* type = fileTypeOf(sDataType_).valueType;
     std::vector<FileField> fields;
     for (const Field& field : Tables::kFields) {
-        if (!field.element.empty() && field.isOf(type))
-            field.print(fields.emplace_back(field.element).text, *this);
+        if (field.element.empty() || !field.isOf(type)) continue;
+        fields.push_back({field.element, {}});
+        field.print(fields.back().text, *this);
     }
     return fields;
 }

@@ -83,7 +83,10 @@ std::vector<std::string_view> clsModBusType::fieldNames() {
 
 std::vector<FileField> clsModBusType::fileFields() const {
     std::vector<FileField> fields;
-    for (const Field& field : Tables::kFields) field.print(fields.emplace_back(field.name).text, *this);
+    for (const Field& field : Tables::kFields) {
+        fields.push_back({field.name, {}});
+        field.print(fields.back().text, *this);
+    }
     return fields;
 }
 

@@ -68,7 +68,9 @@ std::vector<std::string_view> clsPLC::fieldNames(std::string_view interfaceKind)
 std::vector<FileField> clsPLC::fileFields(std::string_view interfaceKind) const {
     std::vector<FileField> fields;
     for (const Field& field : Tables::kFields) {
-        if (field.isOf(interfaceKind)) field.print(fields.emplace_back(field.name).text, *this);
+        if (!field.isOf(interfaceKind)) continue;
+        fields.push_back({field.name, {}});
+        field.print(fields.back().text, *this);
     }
     return fields;
 }
