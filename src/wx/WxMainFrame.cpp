@@ -17,6 +17,7 @@
 #include "wx/WxHelp.h"
 #include "wx/WxIcons.h"
 #include "wx/WxNative.h"
+#include "wx/WxTreeMeasure.h"
 
 namespace trevandix {
 
@@ -129,6 +130,7 @@ void WxMainFrame::onSize(wxSizeEvent& event) {
 
 void WxMainFrame::buildViews(StructureTree& tree, ListView& list, WxPointer& pointer) {
     greyInactiveSelections();
+    measureTreesQuickly();
     const auto workspace = wxSystemSettings::GetColour(wxSYS_COLOUR_APPWORKSPACE);
     body_ = new wxPanel(this);
     SetSizer(new wxBoxSizer(wxVERTICAL));
