@@ -19,8 +19,8 @@ namespace {
 
 constexpr char kSpokenName[] = "Configuration";
 
-// Removing an item may take tens of microseconds (under Wine), so items are removed in slices.
-constexpr std::chrono::milliseconds kRemovingAtATime{20};
+// Inserting or removing an item may take tens of microseconds (under Wine), so it is done in slices.
+constexpr std::chrono::milliseconds kChangingAtATime{20};
 constexpr std::chrono::milliseconds kBetweenDrawings{400};
 
 class NodeData : public wxTreeItemData {
@@ -29,8 +29,14 @@ public:
     TreeNode* node;  // nullptr for an item awaiting removal
 };
 
-NodeData& dataOf(const TreeNode& node) {
-    return *static_cast<NodeData*>(node.viewItem);
+// nullptr for a node awaiting insertion.
+NodeData* dataOf(const TreeNode& node) {
+    return static_cast<NodeData*>(node.viewItem);
+}
+
+// The node if it awaits insertion.
+const TreeNode* awaiting(const TreeNode* node) {
+    return node != nullptr && dataOf(*node) == nullptr ? node : nullptr;
 }
 
 // Between the colours of selected and normal items, so that text is readable on it.
@@ -64,10 +70,7 @@ WxTreeView::WxTreeView(wxWindow* parent, StructureTree& tree, WxInputGate& gate)
     Bind(wxEVT_TREE_ITEM_COLLAPSED, [this](wxTreeEvent& event) { onExpansion(event, false); });
     Bind(wxEVT_LEFT_DOWN, &WxTreeView::onLeftDown, this);
     Bind(wxEVT_LEFT_DCLICK, &WxTreeView::onLeftDoubleClick, this);
-    if (tree_.root() != nullptr) {
-        const ScopedIncrement quiet(quiet_);
-        insertSubtree(*tree_.root());
-    }
+    if (tree_.root() != nullptr) nodeAdded(*tree_.root());
     tree_.setObserver(this);
 }
 
@@ -82,7 +85,8 @@ TreeNode* WxTreeView::nodeOf(const wxTreeItemId& item) const {
 }
 
 wxTreeItemId WxTreeView::itemOf(const TreeNode& node) {
-    return dataOf(node).GetId();
+    bring(node);
+    return dataOf(node)->GetId();
 }
 
 TreeNode* WxTreeView::nodeAt(const wxPoint& point) const {
@@ -135,18 +139,49 @@ void WxTreeView::insert(const TreeNode& node, Where where) {
     if (parent != nullptr && parent->expanded() && !IsExpanded(itemOf(*parent))) Expand(itemOf(*parent));
 }
 
-void WxTreeView::insertSubtree(const TreeNode& top) {
-    insert(top, Where::AtItsPlace);
-    for (const TreeNode* node = nextBelow(top, top); node != nullptr; node = nextBelow(*node, top)) {
-        insert(*node, Where::AtTheEnd);
+// Inserts the node and those beside it that await insertion, from the first to the last, because the Windows
+// control is slow to find the place of an item in between.
+void WxTreeView::insertRun(const TreeNode& node, const std::function<bool()>& timeIsOver) {
+    const TreeNode* first = &node;
+    const TreeNode* end = &node;
+    while (const TreeNode* before = awaiting(first->previousSibling())) first = before;
+    while (awaiting(end) != nullptr) end = end->nextSibling();
+    const Where where = end == nullptr ? Where::AtTheEnd : Where::AtItsPlace;
+    for (; first != end; first = first->nextSibling()) {
+        if (timeIsOver()) return arriving_.push_back(first);
+        insert(*first, where);
+        if (first->firstChild() != nullptr) arriving_.push_back(first->firstChild());
     }
 }
 
-// Frozen, because some controls redraw every line below the new one.
+// Inserts a node awaiting insertion, and those above it, now.
+void WxTreeView::bring(const TreeNode& node) {
+    if (awaiting(&node) == nullptr) return;
+    const ScopedIncrement quiet(quiet_);
+    if (node.parent() != nullptr) bring(*node.parent());
+    insertRun(node, [] { return false; });
+}
+
+void WxTreeView::insertSome(const std::function<bool()>& timeIsOver) {
+    while (!arriving_.empty() && !timeIsOver()) {
+        const TreeNode* node = arriving_.back();
+        arriving_.pop_back();
+        if (awaiting(node) != nullptr) insertRun(*node, timeIsOver);
+    }
+}
+
+// Frozen, because some controls redraw every line below the new one. Nothing waits while the control is
+// hidden: the window then shows the progress of opening a file.
 void WxTreeView::nodeAdded(const TreeNode& node) {
+    if (awaiting(node.parent()) != nullptr) return;  // arrives after its parent
     const ScopedIncrement quiet(quiet_);
     const wxWindowUpdateLocker frozen(this);
-    insertSubtree(node);
+    arriving_.push_back(&node);
+    if (!IsShownOnScreen()) {
+        insertSome([] { return false; });
+    } else if (batches_ == 0) {
+        changeSome();
+    }
 }
 
 void WxTreeView::forget(const TreeNode& node) {
@@ -156,9 +191,13 @@ void WxTreeView::forget(const TreeNode& node) {
 }
 
 void WxTreeView::nodeRemoved(const TreeNode& node) {
+    {
+        const ScopedIncrement quiet(quiet_);
+        insertSome([] { return false; });
+    }
     forget(node);
     letGo(node);
-    if (batches_ == 0) removeSome();
+    if (batches_ == 0) changeSome();
 }
 
 // Marks the items below `top` for removal. On Windows every item is removed by itself, children first,
@@ -166,8 +205,9 @@ void WxTreeView::nodeRemoved(const TreeNode& node) {
 void WxTreeView::letGo(const TreeNode& top) {
     std::vector<wxTreeItemId> items;
     for (const TreeNode* node = &top; node != nullptr; node = nextBelow(*node, top)) {
-        NodeData& data = dataOf(*node);
+        NodeData& data = *dataOf(*node);
         data.node = nullptr;
+        node->viewItem = nullptr;
 #ifndef __WXMSW__
         if (node != &top) continue;
 #endif
@@ -176,17 +216,19 @@ void WxTreeView::letGo(const TreeNode& top) {
     leaving_.insert(leaving_.end(), items.rbegin(), items.rend());
 }
 
-void WxTreeView::removeSome() {
+void WxTreeView::changeSome() {
     const ScopedIncrement quiet(quiet_);
     const auto begin = std::chrono::steady_clock::now();
-    while (!leaving_.empty() && std::chrono::steady_clock::now() - begin < kRemovingAtATime) {
+    const auto timeIsOver = [begin] { return std::chrono::steady_clock::now() - begin >= kChangingAtATime; };
+    while (!leaving_.empty() && !timeIsOver()) {
         Delete(leaving_.front());
         leaving_.pop_front();
     }
-    const bool more = !leaving_.empty();
+    insertSome(timeIsOver);
+    const bool more = !leaving_.empty() || !arriving_.empty();
     if (more) wxWakeUpIdle();
     if (more != held_) {
-        // Holds a batch open until the last item is gone: redrawing takes longer than removing.
+        // Holds a batch open until the last item is changed: redrawing takes longer than that.
         held_ = more;
         drawn_ = begin;
         more ? batchBegins() : batchEnds();
@@ -199,12 +241,13 @@ void WxTreeView::removeSome() {
 }
 
 void WxTreeView::textChanged(const TreeNode& node) {
-    SetItemText(itemOf(node), toWx(node.text()));
+    if (awaiting(&node) == nullptr) SetItemText(itemOf(node), toWx(node.text()));
 }
 
 // Sorting moves the item with everything below it, which is much faster than making all of it anew. A single
 // item is faster to make anew.
 void WxTreeView::nodeMoved(const TreeNode& node) {
+    if (awaiting(&node) != nullptr) return;
     const ScopedIncrement quiet(quiet_);
     const TreeNode* selected = liesIn(tree_.selected(), node) ? tree_.selected() : nullptr;
     if (node.firstChild() != nullptr) {
@@ -214,17 +257,19 @@ void WxTreeView::nodeMoved(const TreeNode& node) {
     }
     const wxWindowUpdateLocker frozen(this);
     letGo(node);
-    insert(node, Where::AtItsPlace);
-    if (batches_ == 0) removeSome();
+    bring(node);
+    if (batches_ == 0) changeSome();
     if (selected != nullptr) SelectItem(itemOf(*selected));
 }
 
 void WxTreeView::childrenSorted(const TreeNode& parent) {
+    if (awaiting(&parent) != nullptr) return;
     const ScopedIncrement quiet(quiet_);
     const wxWindowUpdateLocker frozen(this);
     places_.reserve(parent.childCount());
     for (const TreeNode* child = parent.firstChild(); child != nullptr; child = child->nextSibling())
-        places_.emplace(itemOf(*child).GetID(), static_cast<int>(places_.size()));
+        if (awaiting(child) == nullptr)
+            places_.emplace(itemOf(*child).GetID(), static_cast<int>(places_.size()));
     SortChildren(itemOf(parent));
     places_.clear();
 }
@@ -238,6 +283,7 @@ int WxTreeView::OnCompareItems(const wxTreeItemId& first, const wxTreeItemId& se
 }
 
 void WxTreeView::expansionChanged(const TreeNode& node) {
+    if (awaiting(&node) != nullptr) return;
     const ScopedIncrement quiet(quiet_);
     const wxTreeItemId item = itemOf(node);
     if (!node.expanded()) {
@@ -283,7 +329,8 @@ void WxTreeView::cleared() {
     clicked_ = nullptr;
     highlighted_ = visibleLater_ = nullptr;
     leaving_.clear();
-    removeSome();
+    arriving_.clear();
+    changeSome();
     DeleteAllItems();
 }
 
@@ -295,7 +342,7 @@ void WxTreeView::batchBegins() {
 }
 
 void WxTreeView::batchEnds() {
-    if (batches_ == 1 && !held_) removeSome();
+    if (batches_ == 1 && !held_) changeSome();
     if (--batches_ > 0) return;
     Thaw();
     setHiddenRedraw(*this, true);
@@ -307,7 +354,7 @@ void WxTreeView::batchEnds() {
 void WxTreeView::OnInternalIdle() {
     {
         const ScopedIncrement quiet(quiet_);
-        if (!leaving_.empty()) removeSome();
+        if (held_) changeSome();
         wxTreeCtrl::OnInternalIdle();
     }
     agree();

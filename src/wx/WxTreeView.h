@@ -4,7 +4,9 @@
 
 #include <chrono>
 #include <deque>
+#include <functional>
 #include <unordered_map>
+#include <vector>
 
 #include "model/StructureTree.h"
 #include "wx/WxIcons.h"
@@ -24,7 +26,7 @@ public:
     /// The node in the line at `point` (client coordinates); nullptr for none.
     TreeNode* nodeAt(const wxPoint& point) const;
     TreeNode* selectedNode() const;
-    bool showsExpanded(const TreeNode& node) const { return IsExpanded(itemOf(node)); }
+    bool showsExpanded(const TreeNode& node) { return IsExpanded(itemOf(node)); }
     /// Scrolls to the selected node.
     void showSelection();
     /// Selects a node as a click does.
@@ -53,10 +55,12 @@ private:
     enum class Where { AtItsPlace, AtTheEnd };
 
     void insert(const TreeNode& node, Where where);
-    void insertSubtree(const TreeNode& top);
+    void insertRun(const TreeNode& node, const std::function<bool()>& timeIsOver);
+    void insertSome(const std::function<bool()>& timeIsOver);
+    void bring(const TreeNode& node);
     void forget(const TreeNode& node);
     void letGo(const TreeNode& top);
-    void removeSome();
+    void changeSome();
     void onSelecting(wxTreeEvent& event);
     void click(TreeNode& node);
     void onSelected(wxTreeEvent& event);
@@ -67,19 +71,20 @@ private:
     void doubleClick();
     void agree();
     TreeNode* nodeOf(const wxTreeItemId& item) const;
-    static wxTreeItemId itemOf(const TreeNode& node);
+    wxTreeItemId itemOf(const TreeNode& node);
 
     StructureTree& tree_;
     WxInputGate& gate_;
     WxImageList images_{kTreeIconSize};
     TreeNode* clicked_ = nullptr;  // pending click
     const TreeNode* highlighted_ = nullptr;
-    std::unordered_map<void*, int> places_;   // positions of items among their siblings, while sorting
-    std::deque<wxTreeItemId> leaving_;        // items awaiting removal, children first
+    std::unordered_map<void*, int> places_;  // positions of items among their siblings, while sorting
+    std::deque<wxTreeItemId> leaving_;       // items awaiting removal, children first
+    std::vector<const TreeNode*> arriving_;  // nodes of which those beside and below may await insertion, too
     const TreeNode* visibleLater_ = nullptr;  // to scroll to when the batch ends
     int quiet_ = 0;                           // while positive, events of the control are not the user's
     int batches_ = 0;
-    bool held_ = false;                            // true while a batch is open because items await removal
+    bool held_ = false;                            // true while a batch is open because items await change
     std::chrono::steady_clock::time_point drawn_;  // last redraw while held_
 };
 
