@@ -20,7 +20,7 @@ namespace {
 constexpr char kSpokenName[] = "Configuration";
 
 // Inserting or removing an item may take tens of microseconds (under Wine), so it is done in slices.
-constexpr std::chrono::milliseconds kChangingAtATime{20};
+constexpr std::chrono::milliseconds kChangingAtATime{10};
 constexpr std::chrono::milliseconds kBetweenDrawings{400};
 
 class NodeData : public wxTreeItemData {
