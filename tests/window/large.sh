@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Deleting many items takes time. Meanwhile the program must answer, and commands must act on the right nodes.
+# Deleting many items, and undoing that, takes time. Meanwhile the program must answer, and commands must act on the
+# right nodes.
 . "$(dirname "$0")/lib.sh"
 . "$(dirname "$0")/dialogs.sh"
 
@@ -38,4 +39,14 @@ add_branch ADDED
 save_as "$folder/written.xml"
 left=$(grep -oE '<tag>|</?(FIRST|SECOND|ADDED|THIRD)>' "$folder/written.xml" | tr -d '\n')
 [ "$left" = '<FIRST><ADDED></ADDED></FIRST><THIRD><tag></THIRD>' ] || fail "unexpected content: $left"
+
+keys ctrl+z ctrl+z ctrl+z ctrl+y ctrl+z # each while lines are being inserted or removed
+find_item SECOND_00500 Return
+leave_find
+keys Delete
+answer alt+y "$main"
+save_as "$folder/undone.xml"
+names() { grep -o '<name>[^<]*' "$1" | sort; }
+changes=$(comm -3 <(names "$folder/plant.xml") <(names "$folder/undone.xml"))
+[ "$changes" = '<name>SECOND_00500' ] || fail "unexpected changes: $changes"
 leave_program
