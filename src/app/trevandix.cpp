@@ -24,7 +24,7 @@ namespace {
         complain(console, failure.what());
         code = kFailed;
     }
-    std::_Exit(code);  // a large configuration would take long to take apart
+    std::_Exit(code);  // leaves the configurations to the system
 }
 
 }  // namespace

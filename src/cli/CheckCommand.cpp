@@ -44,8 +44,7 @@ ExitCode CheckCommand::run(const Console& console, XmlParser& parser) const {
     for (const std::string& file : files) {
         Json result{{"file", file}};
         try {
-            const auto configuration = readFile(parser, file);
-            const std::vector<Finding> findings = check(*configuration).value();
+            const std::vector<Finding> findings = check(readFile(parser, file)).value();
             const FindingCounts counts = countFindings(findings);
             total.errors += counts.errors;
             total.warnings += counts.warnings;

@@ -36,10 +36,10 @@ Colour colourOf(Difference::Kind kind) {
 }  // namespace
 
 ExitCode DiffCommand::run(const Console& console, XmlParser& parser) const {
-    const auto old = readFile(parser, before);
-    const auto now = readFile(parser, after);
+    const Configuration& old = readFile(parser, before);
+    const Configuration& now = readFile(parser, after);
     ExitCode code = kNothingFound;
-    compare(*old, *now, [&](const Difference& difference) {
+    compare(old, now, [&](const Difference& difference) {
         code = kFound;
         console.out.write(coloured(console, colourOf(difference.kind), lineOf(difference)) + "\n");
     });

@@ -1,5 +1,7 @@
 #include "cli/Files.h"
 
+#include <memory>
+
 #include "cli/Console.h"
 #include "platform/FileAccess.h"
 #include "platform/RuntimeError.h"
@@ -21,15 +23,18 @@ void forFile(const std::string& file, const std::function<void()>& body) {
 
 }  // namespace
 
-std::unique_ptr<Configuration> readFile(XmlParser& parser, const std::string& file) {
-    auto configuration = std::make_unique<Configuration>();
+const Configuration& readFile(XmlParser& parser, const std::string& file) {
+    static std::unique_ptr<Configuration> before;
+    static std::unique_ptr<Configuration> configuration;
+    before = std::move(configuration);
+    configuration = std::make_unique<Configuration>();
     forFile(file, [&] {
         configuration->begin(file);
         if (!ConfigurationReader(*configuration, parser).read(file))
             throw CommandError(file + ": " + std::string(kNoConfiguration));
         configuration->endLoad();
     });
-    return configuration;
+    return *configuration;
 }
 
 void requireFree(const std::string& file) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <string>
 
 #include "model/Configuration.h"
@@ -9,8 +8,9 @@ namespace trevandix {
 
 class XmlParser;
 
-/// The configuration in the file. Errors: CommandError.
-std::unique_ptr<Configuration> readFile(XmlParser& parser, const std::string& file);
+/// The configuration in the file. It stays until the second call after this one, the last two until the
+/// program ends: taking a large one apart would take long. Errors: CommandError.
+const Configuration& readFile(XmlParser& parser, const std::string& file);
 
 /// Refuses to replace a file. Errors: CommandError when there is one.
 void requireFree(const std::string& file);

@@ -10,19 +10,19 @@ namespace trevandix {
 ExitCode FormatCommand::run(const Console& console, XmlParser& parser) const {
     if (!out.empty() && !force) requireFree(out);
     const auto stamp = FileStamp::of(file);  // before reading: who writes meanwhile is noticed
-    const auto configuration = readFile(parser, file);
+    const Configuration& configuration = readFile(parser, file);
     const std::string& target = inPlace ? file : out;
     if (target.empty()) {
         constexpr std::size_t kNodesPerCall = 4096;
         Latin1Lines lines(console.out);
-        ConfigurationPrinter printer(*configuration);
+        ConfigurationPrinter printer(configuration);
         while (printer.printSome(lines, kNodesPerCall)) {
         }
         return kNothingFound;
     }
     if (FileStamp::of(file) != stamp)
         throw CommandError(file + ": Another program changed the file. Nothing was written.");
-    writeFile(*configuration, target);
+    writeFile(configuration, target);
     return kNothingFound;
 }
 
