@@ -78,7 +78,7 @@ void plantRandom(Configuration& configuration, std::mt19937& random) {
 TEST_F(CommandLine, DiffIsEmptyForEqualContentOnly) {
     std::mt19937 random(1);
     std::size_t equal = 0;
-    for (int round = 0; round < 1000; ++round) {
+    for (int round = 0; round < 600; ++round) {
         Texts contents[2];
         for (int side = 0; side < 2; ++side) {
             Configuration configuration;
@@ -101,7 +101,7 @@ TEST_F(CommandLine, DiffIsEmptyForEqualContentOnly) {
         const std::string told = run(same ? 0 : 1, {"diff", path("0"), path("1")});
         ASSERT_EQ(told.empty(), same) << ::testing::PrintToString(contents) << told;
     }
-    EXPECT_GT(equal, 50U);
+    EXPECT_GT(equal, 30U);
 }
 
 // Each field of each record in the samples, changed alone.

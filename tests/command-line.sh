@@ -66,6 +66,7 @@ row 2 '' "*-o*$missing" new tcp
 for file in absent.xml:'File not found' folder:'Path/File*' damaged.xml:'*not well-formed*: line *' empty.xml:'*not well-formed*' \
     wrong.xml:'The configuration file is not valid.'; do
     for command in check 'diff tcp.xml' 'format -o out.xml'; do
+        # shellcheck disable=SC2086
         row 2 '' "trevandix: ${file%%:*}: ${file#*:}" $command "${file%%:*}"
     done
     row 2 '' "trevandix: ${file%%:*}: *" format --in-place "${file%%:*}"
@@ -137,7 +138,7 @@ if [[ $program != *.exe ]]; then
     row 2 '' '*line\\u000Abreak\\u001B[[]0m.xml: *--force*' format link.xml -o $'line\nbreak\e[0m.xml'
     chmod 600 flat.xml
     row 0 '' '' format link.xml --in-place
-    [ -L link.xml ] && [ "$(stat -c %a flat.xml)" = 600 ] || fail "link or rights are lost"
+    if [ ! -L link.xml ] || [ "$(stat -c %a flat.xml)" != 600 ]; then fail "link or rights are lost"; fi
     (trap '' PIPE && to=/dev/fd/$pipe row 0 '' '' format tcp.xml)
     if [ "$(id -u)" != 0 ]; then
         chmod 000 rtu.xml
