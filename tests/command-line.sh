@@ -108,6 +108,9 @@ row 2 '' 'trevandix: κενό.xml: *--force*' format tcp.xml -o κενό.xml
 row 1 '~ *' '' diff tcp.xml κενό.xml
 row 0 '' '' format tcp.xml -o κενό.xml --force
 same κενό.xml tcp.xml
+to=out.xml row 0 '' 'trevandix: marked.xml: warning: *"&"*' format marked.xml
+row 0 '' '' diff marked.xml out.xml
+rm out.xml
 tr -d '\t' <tcp.xml >flat.xml
 row 0 '' '' format flat.xml --in-place
 same flat.xml tcp.xml

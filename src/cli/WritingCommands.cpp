@@ -1,3 +1,4 @@
+#include "check/Check.h"
 #include "cli/Commands.h"
 #include "cli/Files.h"
 #include "model/ValueTypes.h"
@@ -11,6 +12,8 @@ ExitCode FormatCommand::run(const Console& console, XmlParser& parser) const {
     if (!out.empty() && !force) requireFree(out);
     const auto stamp = FileStamp::of(file);  // before reading: who writes meanwhile is noticed
     const Configuration& configuration = readFile(parser, file);
+    if (const std::string fault = firstUnreadable(configuration); !fault.empty())
+        complain(console, file + ": warning: other programs cannot read the result: " + fault);
     const std::string& target = inPlace ? file : out;
     if (target.empty()) {
         constexpr std::size_t kNodesPerCall = 4096;
