@@ -9,6 +9,7 @@
 #include <set>
 
 #include "Plant.h"
+#include "check/HostNames.h"
 #include "model/Numbers.h"
 #include "model/ValueTypes.h"
 
@@ -331,6 +332,7 @@ TEST(Check, FindsWhatEachRuleSays) {
         {"other-name", "U.A/; U.A.j; U.B/; copy U.A.j to U.B; U.A: j; clipboard: k; mnuPasteName: ",
          "U.B.j: comes back with the name \"k\", as it is a copy that shares its record",
          "edit U.i: txtItemName=k"},
+        {"empty-branch", "V; drag V to U; drag U.V to top; U.B/; drag U.B to .V", "", ""},
         {"empty-branch", "U.A/; U.A.B/", "U.A.B: holds no item", "U.A/; U.A.x"},
         {"function-code", "coil|read=3; holding register|write=6; input status|single=5",
          "input status: single write code 5 is not that of the table, none | coil: read code 3 is not that "
@@ -345,7 +347,7 @@ TEST(Check, FindsWhatEachRuleSays) {
         {"timeout", "U|timeout=0", "U: timeout 0 ms leaves the device no time to answer",
          "U|timeout=1|silent=-1"},
         {"timeout", "rtu; U|silent=-1", "U: silent interval -1 ms is negative", ""},
-        {"branch-capitals", "U.A/; U.A.x; U.Area/; U.Area.x; U.b/; U.b.x",
+        {"branch-capitals", "U.A/; U.A.x; U.Area/; U.Area.x; U.\xC3\xA9/; U.\xC3\xA9.x",
          "U.Area: branch names with small letters come back in capitals: \"Area\" and 1 more",
          "U.AREA/; U.AREA.x"},
     };
@@ -381,6 +383,34 @@ TEST(Check, NamesTheFirstUnreadableText) {
                 {"U.\n\x01", "U.\\n\\x01: item name holds a line break"},
                 {"rtu; U|com=<", "U: port name holds \"<\""}})
         EXPECT_EQ(firstUnreadable(Planned(steps).configuration), told);
+}
+
+TEST(Check, ShowsNamesOnOneLineAndNotTooLong) {
+    const std::string letters(100, 'n');
+    const Planned place("U.a\xE2\x80\xA8\x01|address=1; U." + letters + "\xC3\xA4" + letters + "|address=1");
+    EXPECT_NE(told(place.configuration, "overlap").find("a\\u2028\\x01 ("), std::string::npos);
+    EXPECT_NE(told(place.configuration, "overlap")
+                  .find(", ..." + std::string(18, 'n') + "\xC3\xA4" + letters + " ("),
+              std::string::npos);
+    const Planned unit("U|address=" + letters + std::string(19, '-') + "\xC3\xA4");
+    EXPECT_NE(told(unit.configuration, "ip-address").find(std::string(19, '-') + "...\""), std::string::npos);
+}
+
+TEST(Check, KnowsAddressesAndHostNames) {
+    for (const std::string& text : Texts{"0.0.0.0", "255.255.255.255", "::", "::1", "1::", "fe80::1:2",
+                                         "1:2:3:4:5:6:7:8", "::ffff:10.0.0.1", "1:2:3:4:5:6:10.0.0.1"})
+        EXPECT_TRUE(isIpAddress(text)) << text;
+    for (const std::string& text : Texts{"", "10.0.0", "10.0.0.0.1", "10.0.0.256", "10.0.0.01", "10..0.1",
+                                         "10.0.0.1 ", "1:2", "1:2:3:4:5:6:7::8", "1::2::3",
+                                         "12345::", "g::", ":1::", "10.0.0.1::", "1:2:3:4:5:6:7:10.0.0.1"})
+        EXPECT_FALSE(isIpAddress(text) || isHostName(text)) << text;
+    for (const std::string& text : Texts{"plc", "PLC_1", "p-1.plant.example", "10.plc", std::string(63, 'a')})
+        EXPECT_TRUE(isHostName(text)) << text;
+    for (const std::string& text :
+         Texts{"-plc", "plc-", "a..b", ".", "a.", "a b", "a:502", "\xC3\xA4", std::string(64, 'a')})
+        EXPECT_FALSE(isHostName(text)) << text;
+    EXPECT_FALSE(isHostName(std::string(63, 'a') + "." + std::string(63, 'a') + "." + std::string(63, 'a') +
+                            "." + std::string(62, 'a')));
 }
 
 TEST(Check, FindsNothingInTheSamples) {
