@@ -51,21 +51,22 @@ void findMissingDataTypes(Search& search) {
 
 void findAccessRights(Search& search) {
     eachKnown(search, [&](const ItemFacts& item, const Key& key) {
-        const auto tell = [&](std::string_view what, std::string_view lack) {
-            search.found(key, ("access right " + item.record->sAccessRight() + ", but the ")
-                                  .append(what)
+        const auto tell = [&](std::string_view what, std::string_view lack, std::string_view mending) {
+            search.found(key, std::string(what)
                                   .append(quoted(item.type->table))
-                                  .append(lack));
+                                  .append(lack)
+                                  .append(", but the access right is " + item.record->sAccessRight())
+                                  .append(mending));
         };
-        const std::string_view dataType = "data type ";
+        constexpr std::string_view kDataType = "the data type ";
         if (item.right->writes && !item.type->modbus->writable())
-            tell("table ", " can only be read; set READ");
+            tell("the table ", " can only be read", "; set READ");
         else if (item.right->reads && !mayRead(item))
-            tell(dataType, " has no read code; enter it there");
+            tell(kDataType, " has no read code", "; enter it there");
         else if (item.right->writes && !mayWrite(item))
-            tell(dataType, item.type->value->elements
-                               ? " has no write code for several values; enter it there, or set READ"
-                               : " has no write code; enter it there, or set READ");
+            tell(kDataType,
+                 item.type->value->elements ? " has no write code for several values" : " has no write code",
+                 "; enter it there, or set READ");
     });
 }
 

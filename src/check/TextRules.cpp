@@ -76,8 +76,7 @@ std::string branchFault(std::string_view name) {
         // Its capital is what would be written the next time.
         const bool fits = (begin == 0 ? isNameStart(c) : isNamePart(c)) && upperCased(c) <= 0xFF;
         if (fits) continue;
-        const std::string_view how = begin == 0 ? "begins with " : "holds ";
-        return ("branch name is no XML name, as it " + std::string(how)) +=
+        return std::string(begin == 0 ? "branch name begins with " : "branch name holds ") +
                quoted(name.substr(begin, at - begin));
     }
     return {};
