@@ -172,13 +172,22 @@ TEST(Server, AgreesWithTheChecks) {
         files.push_back(file);
         faults.push_back(fault);
     }
-    const Texts found = readByServer(place, files);
+    Texts found;
+    constexpr std::ptrdiff_t kMost = 20;  // that a command line holds
+    for (auto next = files.begin(); next != files.end();) {
+        const auto end = next + std::min(kMost, files.end() - next);
+        for (const std::string& text : readByServer(place, {next, end})) found.push_back(text);
+        next = end;
+    }
     ASSERT_EQ(found.size(), files.size());
     for (std::size_t i = 0; i < files.size(); ++i) {
         const std::string bytes = readFile(place.path(files[i]));
         SCOPED_TRACE(files[i] + " " + faults[i] + "\n" + bytes);
-        const std::string meant = printed(
-            (faults[i].empty() ? place.parser.parse(bytes) : place.parser.parse(mended(bytes)))->root());
+        std::string meant;  // empty where not even the editor knows
+        try {
+            meant = printed(place.parser.parse(faults[i].empty() ? bytes : mended(bytes))->root());
+        } catch (const XmlParseError&) {
+        }
         EXPECT_EQ(found[i] == meant, faults[i].empty());
     }
     EXPECT_GT(std::ranges::count(faults, ""), 50);
