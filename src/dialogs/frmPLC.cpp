@@ -13,7 +13,6 @@ namespace {
 struct Row {
     ControlSpec control;
     std::string UnitFields::*text = nullptr;  ///< nullptr for a button
-    std::string_view proposed{};              ///< for a new unit
     std::span<const std::string_view> choices{};
 };
 constexpr std::array kRows{
@@ -22,34 +21,34 @@ constexpr std::array kRows{
         &UnitFields::name},
     Row{ControlSpec{ControlKind::Text, "txtAddress", "IP Address"}.describedAs(
             "Network address of the device"),
-        &UnitFields::address, "192.168.0.1"},
+        &UnitFields::address},
     Row{ControlSpec{ControlKind::Text, "txtUI", "ModBus Unit Identifier", "", Place::NextRow, 8}.describedAs(
             "Modbus address of the device, unique among the units"),
-        &UnitFields::identifier, "1"},
+        &UnitFields::identifier},
     Row{ControlSpec{ControlKind::Text, "txtTimeout", "Communication Timeout (ms)", "", Place::NextRow, 8}
             .describedAs("Time to wait for an answer, in milliseconds"),
-        &UnitFields::timeout, "2000"},
+        &UnitFields::timeout},
     Row{ControlSpec{ControlKind::Text, "txtPort", "Port Name (COMx)", "", Place::NextRow, 8}.describedAs(
             "Serial port that the device is connected to"),
-        &UnitFields::port, "COM1"},
+        &UnitFields::port},
     Row{ControlSpec{ControlKind::Choice, "cmbBaud", "Baud rate (b/s)", "", Place::NextRow, 12}.describedAs(
             "Bits per second"),
-        &UnitFields::baud, "9600", kBaudRates},
+        &UnitFields::baud, kBaudRates},
     Row{ControlSpec{ControlKind::Choice, "cmbParity", "Parity", "", Place::NextRow, 12}.describedAs(
             "Parity bit of each character"),
-        &UnitFields::parity, "NO", kParities},
+        &UnitFields::parity, kParities},
     Row{ControlSpec{ControlKind::Combo, "cmbData", "Data e Stop bits", "", Place::NextRow, 6}.describedAs(
             "Data bits per character"),
-        &UnitFields::dataBits, "8", kDataBits},
+        &UnitFields::dataBits, kDataBits},
     Row{ControlSpec{ControlKind::Combo, "cmbStop", "", "", Place::SameRow, 6}.describedAs(
             "Stop bits per character"),
-        &UnitFields::stopBits, "1", kStopBits},
+        &UnitFields::stopBits, kStopBits},
     Row{ControlSpec{ControlKind::Choice, "cmbFlow", "Flow Control", "", Place::NextRow, 12}.describedAs(
             "How the receiver pauses the sender"),
-        &UnitFields::flowControl, "NONE", kFlowControls},
+        &UnitFields::flowControl, kFlowControls},
     Row{ControlSpec{ControlKind::Text, "txtSilent", "Silent interval (ms)", "", Place::NextRow, 8}
             .describedAs("Pause between two telegrams, in milliseconds"),
-        &UnitFields::silent, "10"},
+        &UnitFields::silent},
     Row{ControlSpec{ControlKind::Button, "cmdOk", "Ok", "", Place::ButtonRow}.describedAs(
         "Stores the unit and closes the dialog")},
     Row{ControlSpec{ControlKind::Button, "cmdCancel", "Quit", "", Place::ButtonRow}.describedAs(
@@ -78,13 +77,14 @@ void frmPLC::show(std::shared_ptr<const clsPLC> edited) {
 
 void frmPLC::Form_Load() {
     const EditingState& state = context_.configuration.state;
+    const UnitFields proposed = clsPLC::proposed();
     for (const Row& row : kRows) {
         if (row.text == nullptr) continue;
         const std::string_view control = row.control.name;
         if (!row.choices.empty()) form_->setItems(control, {row.choices.begin(), row.choices.end()});
         const bool used = clsPLC::hasField(row.text, state.interfaceKind);
         form_->setEnabled(control, used);
-        if (used && edited_ == nullptr) form_->setText(control, row.proposed);
+        if (used && edited_ == nullptr) form_->setText(control, proposed.*row.text);
     }
     if (edited_ != nullptr)
         loadRecord();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "model/Configuration.h"
 #include "model/Numbers.h"
@@ -9,25 +10,46 @@
 
 namespace trevandix {
 
-std::optional<Refusal> refusal(const ItemFields& item) {
+namespace {
+
+std::optional<Refusal> first(std::vector<Refusal> refusals) {
+    if (refusals.empty()) return std::nullopt;
+    return std::move(refusals.front());
+}
+
+void refuseIf(bool wrong, std::vector<Refusal>& refusals, std::string_view field, std::string_view message) {
+    if (wrong) refusals.push_back({field, std::string(message)});
+}
+
+void add(std::vector<Refusal>& refusals, std::optional<Refusal> refused) {
+    if (refused) refusals.push_back(std::move(*refused));
+}
+
+}  // namespace
+
+std::vector<Refusal> refusals(const ItemFields& item) {
     constexpr double kLastAddress = 65535;
-    if (item.name.empty()) return Refusal{"name", "Item name field is empty."};
-    if (item.table.empty()) return Refusal{"table", "ModBus Type field is empty."};
-    if (item.type.empty()) return Refusal{"type", "Data Type field is empty."};
-    if (item.address.empty()) return Refusal{"address", "Memory address field is empty."};
+    std::vector<Refusal> found;
+    refuseIf(item.name.empty(), found, "name", "Item name field is empty.");
+    refuseIf(item.table.empty(), found, "table", "ModBus Type field is empty.");
+    refuseIf(item.type.empty(), found, "type", "Data Type field is empty.");
+    refuseIf(item.address.empty(), found, "address", "Memory address field is empty.");
     const double address = leadingNumber(item.address);
-    if (address < 0 || address > kLastAddress) {
-        return Refusal{"address", "Memory address field is not valid. It must be between 0 and 65535."};
-    }
-    if (hasBitNumber(item.table, item.type) && item.bit.empty())
-        return Refusal{"bit", "Bit number field is empty."};
+    refuseIf(address < 0 || address > kLastAddress, found, "address",
+             "Memory address field is not valid. It must be between 0 and 65535.");
+    refuseIf(hasBitNumber(item.table, item.type) && item.bit.empty(), found, "bit",
+             "Bit number field is empty.");
     if (hasElements(item.type)) {
-        if (item.elements.empty()) return Refusal{"elements", "Number of elements field is empty."};
-        if (leadingNumber(item.elements) < 0)
-            return Refusal{"elements", "Number of elements field is not valid."};
+        refuseIf(item.elements.empty(), found, "elements", "Number of elements field is empty.");
+        refuseIf(leadingNumber(item.elements) < 0, found, "elements",
+                 "Number of elements field is not valid.");
     }
-    if (item.accessRight.empty()) return Refusal{"accessRight", "Access Rights field is empty."};
-    return std::nullopt;
+    refuseIf(item.accessRight.empty(), found, "accessRight", "Access Rights field is empty.");
+    return found;
+}
+
+std::optional<Refusal> refusal(const ItemFields& item) {
+    return first(refusals(item));
 }
 
 namespace {
@@ -35,8 +57,7 @@ namespace {
 constexpr double kLastIdentifier = 254;
 constexpr std::string_view kPortPrefix = "COM";
 
-std::optional<Refusal> identifierRefusal(const std::string& text, const Configuration& configuration,
-                                         const clsPLC* edited) {
+std::optional<Refusal> identifierRefusal(const std::string& text, OtherUnits others, const clsPLC* edited) {
     const auto refused = [](std::string_view message) { return Refusal{"identifier", std::string(message)}; };
     const auto identifier = wholeNumber(text);
     if (!identifier) return refused("UI identifier is not valid.");
@@ -44,7 +65,7 @@ std::optional<Refusal> identifierRefusal(const std::string& text, const Configur
         return refused("UI identifier must be between 0 and 254.");
     // A file may hold the same identifier twice; such a unit may be edited as long as it keeps its own.
     if (edited != nullptr && edited->getUI() == *identifier) return std::nullopt;
-    for (const auto& [key, unit] : configuration.units) {
+    for (const clsPLC* unit : others) {
         if (unit->getUI() == *identifier) return refused("UI already existing. Please use a different one");
     }
     return std::nullopt;
@@ -61,8 +82,8 @@ std::optional<Refusal> portRefusal(const std::string& port) {
 
 // Units on one serial line must have the same settings. Comparing with one other unit is enough, because the
 // others agree with it.
-std::optional<Refusal> sharedPortRefusal(const UnitFields& unit, const Configuration& configuration) {
-    for (const auto& [key, other] : configuration.units) {
+std::optional<Refusal> sharedPortRefusal(const UnitFields& unit, OtherUnits others) {
+    for (const clsPLC* other : others) {
         if (other->getCom() != unit.port || other->getName() == unit.name) continue;
         struct Comparison {
             bool equal;
@@ -84,37 +105,49 @@ std::optional<Refusal> sharedPortRefusal(const UnitFields& unit, const Configura
     return std::nullopt;
 }
 
-std::optional<Refusal> rtuRefusal(const UnitFields& unit, const Configuration& configuration) {
-    if (auto refused = portRefusal(unit.port)) return refused;
-    if (unit.silent.empty()) return Refusal{"silent", "Silent interval field empty."};
-    if (!isNumeric(unit.silent)) return Refusal{"silent", "Invalid Silent interval."};
-    return sharedPortRefusal(unit, configuration);
+void addRtuRefusals(std::vector<Refusal>& found, const UnitFields& unit, OtherUnits others) {
+    add(found, portRefusal(unit.port));
+    if (unit.silent.empty())
+        found.push_back({"silent", "Silent interval field empty."});
+    else
+        refuseIf(!isNumeric(unit.silent), found, "silent", "Invalid Silent interval.");
+    add(found, sharedPortRefusal(unit, others));
 }
 
 }  // namespace
 
+std::vector<Refusal> refusals(const UnitFields& unit, std::string_view interfaceKind, OtherUnits others,
+                              const clsPLC* edited) {
+    std::vector<Refusal> found;
+    refuseIf(unit.name.empty(), found, "name", "Name field is empty.");
+    add(found, identifierRefusal(unit.identifier, others, edited));
+    refuseIf(!isNumeric(unit.timeout), found, "timeout", "Timeout value is not valid.");
+    refuseIf(interfaceKind == kTcpIp && unit.address.empty(), found, "address", "Address field is empty.");
+    if (interfaceKind == kRtu) addRtuRefusals(found, unit, others);
+    return found;
+}
+
 std::optional<Refusal> refusal(const UnitFields& unit, const Configuration& configuration,
                                const clsPLC* edited) {
-    if (unit.name.empty()) return Refusal{"name", "Name field is empty."};
-    if (auto refused = identifierRefusal(unit.identifier, configuration, edited)) return refused;
-    if (!isNumeric(unit.timeout)) return Refusal{"timeout", "Timeout value is not valid."};
-    const std::string& kind = configuration.state.interfaceKind;
-    if (kind == kTcpIp && unit.address.empty()) return Refusal{"address", "Address field is empty."};
-    return kind == kRtu ? rtuRefusal(unit, configuration) : std::nullopt;
+    std::vector<const clsPLC*> all;
+    for (const auto& [key, other] : configuration.units) all.push_back(other);
+    return first(refusals(unit, configuration.state.interfaceKind, all, edited));
+}
+
+std::vector<Refusal> refusals(const DataTypeFields& type, const Configuration& configuration, bool edited) {
+    std::vector<Refusal> found;
+    refuseIf(!edited && configuration.dataTypes.contains(type.name), found, "name",
+             "ModBus type already existing");
+    refuseIf(!isNumeric(type.readCode), found, "readCode", "Check Read Function code");
+    refuseIf(!isReadOnly(type.name) && !isNumeric(type.writeCode), found, "writeCode",
+             "Check Write Function code");
+    refuseIf(type.single && !isNumeric(type.singleCode), found, "singleCode",
+             "Check Single Write Function code");
+    return found;
 }
 
 std::optional<Refusal> refusal(const DataTypeFields& type, const Configuration& configuration, bool edited) {
-    if (!edited) {
-        for (const auto& [key, other] : configuration.dataTypes) {
-            if (other->getName() == type.name) return Refusal{"name", "ModBus type already existing"};
-        }
-    }
-    if (!isNumeric(type.readCode)) return Refusal{"readCode", "Check Read Function code"};
-    if (!isReadOnly(type.name) && !isNumeric(type.writeCode))
-        return Refusal{"writeCode", "Check Write Function code"};
-    if (type.single && !isNumeric(type.singleCode))
-        return Refusal{"singleCode", "Check Single Write Function code"};
-    return std::nullopt;
+    return first(refusals(type, configuration, edited));
 }
 
 }  // namespace trevandix

@@ -57,6 +57,20 @@ std::span<const clsPLC::Column> clsPLC::columns() {
     return kColumns;
 }
 
+UnitFields clsPLC::proposed() {
+    return {.name = {},
+            .identifier = "1",
+            .timeout = "2000",
+            .address = "192.168.0.1",
+            .port = "COM1",
+            .baud = "9600",
+            .parity = "NO",
+            .dataBits = "8",
+            .stopBits = "1",
+            .flowControl = "NONE",
+            .silent = "10"};
+}
+
 std::vector<std::string_view> clsPLC::fieldNames(std::string_view interfaceKind) {
     std::vector<std::string_view> names;
     for (const Field& field : Tables::kFields) {

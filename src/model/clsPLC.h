@@ -67,6 +67,9 @@ public:
     void setFlowCtl(std::string_view flowControl) { sFlowCtl_ = flowControl; }
     const std::string& getFlowCtl() const { return sFlowCtl_; }
 
+    /// What the unit dialog proposes for a new unit of either interface kind; no name.
+    static UnitFields proposed();
+
     /// From a PLC element of a file of `interfaceKind`. Errors: ObjectNotSet, TypeMismatch, Overflow.
     void SetByXml(const XmlElement& element, std::string_view interfaceKind);
     /// The columns of the list.

@@ -1,5 +1,7 @@
 #include "platform/Text.h"
 
+#include <array>
+
 namespace trevandix {
 
 namespace {
@@ -69,6 +71,17 @@ void appendUtf8(std::string& out, char32_t c) {
         out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
         out += static_cast<char>(0x80 | (c & 0x3F));
     }
+}
+
+char32_t windows1252(unsigned char byte) {
+    // Bytes 80 to 9F; 0 for an unassigned one.
+    static constexpr std::array<char16_t, 32> kCharacters{
+        0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+        0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+        0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+    const bool own = byte >= 0x80 && byte < 0xA0;
+    const char32_t character = own ? kCharacters[byte - 0x80U] : 0;
+    return character != 0 ? character : byte;
 }
 
 char32_t upperCased(char32_t c) {

@@ -26,6 +26,9 @@ char32_t nextCodePoint(std::string_view text, std::size_t& position);
 /// Appends the code point as UTF-8.
 void appendUtf8(std::string& out, char32_t codePoint);
 
+/// The character of a Windows-1252 byte; an unassigned byte is kept as a control character.
+char32_t windows1252(unsigned char byte);
+
 /// Upper case of Latin, Greek and Cyrillic letters, one to one. Independent of the locale.
 char32_t upperCased(char32_t codePoint);
 std::string upperCased(std::string_view text);

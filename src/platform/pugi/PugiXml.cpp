@@ -65,12 +65,6 @@ std::string narrowed(std::string_view bytes, const WideText& kind) {
     return text;
 }
 
-// Bytes 80 to 9F of Windows-1252; 0 for an unassigned byte, which is kept as a control character.
-constexpr std::array<char16_t, 32> kWindows1252{
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
 // The encoding that the XML declaration names; empty when it names none.
 std::string_view declaredEncoding(std::string_view bytes) {
     if (!bytes.starts_with("<?xml")) return {};
@@ -104,8 +98,7 @@ std::string decoded(std::string bytes) {
     text.reserve(bytes.size() + bytes.size() / 8);
     for (const char byte : bytes) {
         const auto c = static_cast<unsigned char>(byte);
-        const char32_t character = windows && c >= 0x80 && c < 0xA0 ? kWindows1252[c - 0x80U] : 0;
-        appendUtf8(text, character != 0 ? character : c);
+        appendUtf8(text, windows ? windows1252(c) : c);
     }
     return text;
 }
