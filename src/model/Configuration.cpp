@@ -266,7 +266,7 @@ void Configuration::removeMoved(TreeNode& source) {
 }
 
 Configuration::Step::Step(Configuration& configuration, std::string_view verb)
-    : configuration_(configuration) {
+    : configuration_(configuration), saved_(configuration.state_.saved) {
     if (configuration_.steps_++ > 0) return;
     configuration_.beginStep();
     configuration_.deed_ = {.verb = std::string(verb), .verbStays = !verb.empty()};
@@ -274,6 +274,20 @@ Configuration::Step::Step(Configuration& configuration, std::string_view verb)
 
 Configuration::Step::~Step() {
     if (--configuration_.steps_ == 0) configuration_.endStep();
+}
+
+void Configuration::Step::setName(std::string name) {
+    configuration_.deed_.whole = std::move(name);
+}
+
+void Configuration::Step::takeBack() {
+    Content& content = configuration_.content_;
+    if (!content.journal().noting()) return;
+    Journal::Step& step = content.journal().open();
+    configuration_.turnBack(step);
+    step.changes.clear();
+    step.bytes = 0;
+    configuration_.state_.saved = saved_;
 }
 
 void Configuration::beginStep() {
@@ -313,6 +327,7 @@ std::string Configuration::stepName() const {
                                           {"unit", "units"},
                                           {"branch", "branches"},
                                           {"item", "items"}}};
+    if (!deed_.whole.empty()) return deed_.whole;
     if (deed_.count == 0) return "Change";
     const Kind& kind = kKinds.at(static_cast<std::size_t>(deed_.tag));
     std::string name = deed_.verb + ' ';
@@ -335,7 +350,10 @@ std::string_view Configuration::redoName() const {
 }
 
 void Configuration::undo() {
-    Journal::Step& step = content_.journal().undo();
+    turnBack(content_.journal().undo());
+}
+
+void Configuration::turnBack(Journal::Step& step) {
     std::for_each(step.changes.rbegin(), step.changes.rend(),
                   [this](Change& change) { content_.turn(change); });
     arriveAt(step.before);

@@ -115,8 +115,15 @@ public:
         Step(const Step&) = delete;
         Step& operator=(const Step&) = delete;
 
+        /// Names the whole step, instead of its edits.
+        void setName(std::string name);
+        /// Undoes everything that the outermost step has changed so far, the saved flag included. What it has
+        /// undone cannot be redone.
+        void takeBack();
+
     private:
         Configuration& configuration_;
+        bool saved_;
     };
     /// Ends the current step and begins another one, for a dialog that stays open. A `Step` exists.
     void beginNextStep();
@@ -148,6 +155,7 @@ private:
         NodeTag tag{};
         std::string name{};
         std::size_t count = 0;
+        std::string whole{};  ///< the name of the step, if one was given
     };
 
     void tell(std::string_view verb, NodeTag tag, std::string_view name);
@@ -155,6 +163,7 @@ private:
     void endStep();
     std::string stepName() const;
     Journal::Moment moment() const;
+    void turnBack(Journal::Step& step);
     void arriveAt(const Journal::Moment& moment);
     template <typename Record>
     TreeNode& add(std::shared_ptr<Record> record, const Key& key, TreeNode& parent, std::string_view name,

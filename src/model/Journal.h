@@ -96,6 +96,8 @@ public:
     /// steps to redo.
     void begin(const Moment& before);
     bool noting() const { return noting_; }
+    /// The step that is being noted.
+    Step& open() { return open_; }
     /// `bytes` is approximately what the change keeps in memory besides itself, now or once undone.
     template <typename Noted>
     void note(Noted change, std::size_t bytes) {

@@ -20,8 +20,8 @@ struct Refusal {
     std::string message;     ///< what the user is told
 };
 
-// Checks of entered fields. `refusals` returns every invalid one in the order of the dialog's check, `refusal`
-// the first of them; none if all are valid.
+// Checks of entered fields. `refusals` returns every invalid one in the order of the dialog's check,
+// `refusal` the first of them; none if all are valid.
 
 /// Does not check whether the name is free.
 std::vector<Refusal> refusals(const ItemFields& item);

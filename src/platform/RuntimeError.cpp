@@ -25,6 +25,7 @@ constexpr std::array kDescriptions{
     Row{ErrorNumber::ObjectNotSet, "Object variable not set"},
     Row{ErrorNumber::KeyInCollection, "This key is already associated with an element of this collection"},
     Row{ErrorNumber::XmlParse, "The file is not well-formed XML"},
+    Row{ErrorNumber::TableFormat, "The text is not a table"},
     Row{ErrorNumber::ElementNotFound, "Element not found"},
     Row{ErrorNumber::KeyNotUnique, "Key is not unique in collection"},
     Row{ErrorNumber::CancelWasSelected, "Cancel was selected"},

@@ -1,0 +1,64 @@
+#include "table/ChangeSet.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/Form.h"
+#include "table/Plan.h"
+
+namespace trevandix {
+
+namespace {
+
+std::unique_ptr<Plan> planned(const Configuration& configuration, const Table& table,
+                              const TableProgress& progress) {
+    if (table.kind == NodeTag::Item) return planItems(configuration, table, progress);
+    return table.kind == NodeTag::Plc ? planUnits(configuration, table, progress)
+                                      : planTypes(configuration, table, progress);
+}
+
+}  // namespace
+
+std::string boxRefusal(std::string_view header, KeyFilter filter, const std::string& text) {
+    if (entered(KeyFilter::None, text) != text)
+        return std::string(header) + " has a line break or TAB, or is no valid text";
+    if (filter == KeyFilter::None || entered(filter, text) == text) return {};
+    const bool name = filter == KeyFilter::ItemName;
+    return std::string(header) + ' ' + inQuotes(text) + " has other characters than " +
+           (name ? "letters A to Z, digits, \"-\" and \"_\"" : "digits, \"-\", \".\" and blanks");
+}
+
+ChangeSet::ChangeSet(const Configuration& configuration, const Table& table, const TableProgress& progress)
+    : kind_(table.kind),
+      revision_(configuration.revision()),
+      plan_(planned(configuration, table, progress)) {}
+
+ChangeSet::~ChangeSet() = default;
+ChangeSet::ChangeSet(ChangeSet&&) noexcept = default;
+ChangeSet& ChangeSet::operator=(ChangeSet&&) noexcept = default;
+
+const std::vector<IntendedChange>& ChangeSet::changes() const {
+    return plan_->changes;
+}
+
+std::size_t ChangeSet::refused() const {
+    return static_cast<std::size_t>(std::ranges::count_if(changes(), &IntendedChange::refused));
+}
+
+void ChangeSet::apply(Configuration& configuration, const TableProgress& progress) const {
+    if (configuration.revision() != revision_) throw RuntimeError(ErrorNumber::InvalidCall);
+    const std::size_t count = accepted();
+    if (count == 0) return;
+    const StructureTree::Batch batch(configuration.tree);
+    Configuration::Step step(configuration);
+    try {
+        plan_->apply(configuration, progress);
+    } catch (...) {
+        step.takeBack();
+        throw;
+    }
+    step.setName("Import " + std::to_string(count) + (count == 1 ? " change" : " changes"));
+    configuration.setSaved(false);
+}
+
+}  // namespace trevandix

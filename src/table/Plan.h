@@ -1,0 +1,147 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "model/Refusal.h"
+#include "platform/RuntimeError.h"
+#include "table/ChangeSet.h"
+#include "table/Columns.h"
+
+// What the change sets of the three kinds have in common.
+
+namespace trevandix {
+
+/// The changes of one table, and how they are made.
+class Plan {
+public:
+    virtual ~Plan() = default;
+    /// Makes the accepted changes within a step. Errors: those of `Configuration`; what was done before
+    /// stays.
+    virtual void apply(Configuration& configuration, const TableProgress& progress) const = 0;
+
+    std::vector<IntendedChange> changes;
+};
+
+std::unique_ptr<Plan> planItems(const Configuration& configuration, const Table& table,
+                                const TableProgress& progress);
+std::unique_ptr<Plan> planUnits(const Configuration& configuration, const Table& table,
+                                const TableProgress& progress);
+std::unique_ptr<Plan> planTypes(const Configuration& configuration, const Table& table,
+                                const TableProgress& progress);
+
+/// Tells of the progress of some work now and then.
+class Progress {
+public:
+    Progress(const TableProgress& tell, std::size_t all) : tell_(tell), all_(all) {}
+    void step() {
+        constexpr std::size_t kOften = 256;
+        if (tell_ && done_++ % kOften == 0) tell_(done_, all_);
+    }
+
+private:
+    const TableProgress& tell_;
+    std::size_t all_;
+    std::size_t done_ = 0;
+};
+
+inline std::string inQuotes(std::string_view text) {
+    return ('"' + std::string(text)) += '"';
+}
+
+/// Columns of a table by number.
+using ColumnSet = std::uint32_t;
+constexpr ColumnSet kAllColumns = ~ColumnSet{0};
+constexpr bool contains(ColumnSet set, std::size_t column) {
+    return (set >> column & 1U) != 0;
+}
+
+/// The columns whose texts differ.
+template <typename Columns, typename Fields>
+ColumnSet differences(const Columns& columns, const Fields& a, const Fields& b) {
+    ColumnSet different = 0;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (columns[i].text != nullptr && a.*columns[i].text != b.*columns[i].text) different |= 1U << i;
+    }
+    return different;
+}
+
+/// The columns that must be judged when these have changed.
+template <typename Columns>
+ColumnSet judged(const Columns& columns, ColumnSet changed) {
+    bool leads = false;
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        leads = leads || (contains(changed, i) && columns[i].judged == Judged::Leads);
+    for (std::size_t i = 0; leads && i < columns.size(); ++i)
+        if (columns[i].judged != Judged::Alone) changed |= 1U << i;
+    return changed;
+}
+
+/// Puts the row's cells into the fields, the object's name excepted. Says whether one differs.
+template <typename Columns, typename Fields>
+bool putCells(const Columns& columns, const Table& table, const CsvRow& row, Fields& fields) {
+    bool different = false;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const std::string* cell = columns[i].text == nullptr ? nullptr : table.cell(row, i);
+        if (cell == nullptr || columns[i].header == "Name" || fields.*columns[i].text == *cell) continue;
+        fields.*columns[i].text = *cell;
+        different = true;
+    }
+    return different;
+}
+
+template <typename Columns, typename Fields>
+std::vector<FieldChange> fieldChanges(const Columns& columns, ColumnSet changed, const Fields& before,
+                                      const Fields& after) {
+    std::vector<FieldChange> fields;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (contains(changed, i))
+            fields.push_back({columns[i].header, before.*columns[i].text, after.*columns[i].text});
+    }
+    return fields;
+}
+
+/// Why a box of a dialog would not take the text; empty if it takes it.
+std::string boxRefusal(std::string_view header, KeyFilter filter, const std::string& text);
+
+/// The first reason against the values of these columns: what the boxes do not take, what the dialog's check
+/// refuses, what its lists do not offer. `choices(column)` is what the list of a column offers; nullptr for
+/// no list.
+template <typename Columns, typename Fields, typename Choices>
+std::string reasonAgainst(const Columns& columns, ColumnSet set, const Fields& fields,
+                          const std::vector<Refusal>& refusals, Choices choices) {
+    std::string reason;
+    for (std::size_t i = 0; i < columns.size() && reason.empty(); ++i) {
+        if (contains(set, i))
+            reason = boxRefusal(columns[i].header, columns[i].filter, fields.*columns[i].text);
+    }
+    for (std::size_t i = 0; i < refusals.size() && reason.empty(); ++i) {
+        for (std::size_t column = 0; column < columns.size(); ++column)
+            if (contains(set, column) && columns[column].field == refusals[i].field)
+                reason = refusals[i].message;
+    }
+    for (std::size_t i = 0; i < columns.size() && reason.empty(); ++i) {
+        const auto* offered = contains(set, i) ? choices(i) : nullptr;
+        if (offered == nullptr) continue;
+        const std::string& text = fields.*columns[i].text;
+        if (std::ranges::find(*offered, text) != offered->end()) continue;
+        reason = std::string(columns[i].header) + ' ' + inQuotes(text) + " is not in the dialog's list";
+    }
+    return reason;
+}
+
+inline const std::string kNameTaken = "The name is taken";
+
+/// The reason against a row whose object an earlier row is about.
+inline std::string secondRow(std::size_t line) {
+    return "Line " + std::to_string(line) + " is about the same object";
+}
+inline std::string nothingToRename(std::string_view name) {
+    return "There is no " + inQuotes(name) + " to rename";
+}
+
+}  // namespace trevandix
