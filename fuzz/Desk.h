@@ -14,6 +14,7 @@ public:
     /// Performs the step on both. Returns the first line that differs; empty if none does.
     std::string apply(const Step& step);
     const Reference& reference() const { return reference_; }
+    const Configuration& configuration() const { return place_.configuration; }
 
 private:
     void act(const Step& step);

@@ -17,6 +17,9 @@ void Mending(std::string_view bytes);
 void TypeNames(std::string_view bytes);
 /// Splits the bytes as clipboard text; only spaces and line ends may be lost.
 void Clipboard(std::string_view bytes);
+/// Reads the bytes as a table of cells: an error must name a line, and cells must come back from the table
+/// that is written of them, with each separator.
+void Csv(std::string_view bytes);
 /// Uses the bytes as a user's choices; the editor must match the reference after each step.
 void Commands(std::string_view bytes);
 

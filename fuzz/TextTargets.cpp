@@ -4,6 +4,8 @@
 #include "Targets.h"
 #include "editor/BulkPaste.h"
 #include "model/ValueTypes.h"
+#include "platform/RuntimeError.h"
+#include "table/Csv.h"
 
 namespace trevandix::fuzz {
 
@@ -18,6 +20,12 @@ std::string essence(std::string_view text) {
     std::ranges::copy_if(text, std::back_inserter(rest),
                          [](char c) { return c != ' ' && c != '\r' && c != '\n'; });
     return rest;
+}
+
+std::vector<Cells> cellsOf(std::string_view bytes) {
+    std::vector<Cells> rows;
+    for (CsvRow& row : readCsv(bytes)) rows.push_back(std::move(row.cells));
+    return rows;
 }
 
 }  // namespace
@@ -42,6 +50,18 @@ void Clipboard(std::string_view bytes) {
         together += line;
     }
     require(essence(together) == essence(bytes), "text is lost");
+}
+
+void Csv(std::string_view bytes) {
+    std::vector<Cells> rows;
+    try {
+        rows = cellsOf(bytes);
+    } catch (const RuntimeError& error) {
+        require(std::string_view(error.what()).find("line ") != std::string_view::npos, "no line is named");
+        return;
+    }
+    for (const Separator separator : {Separator::Comma, Separator::Semicolon, Separator::Tab})
+        require(cellsOf(csvFile(rows, separator)) == rows, "cells are lost");
 }
 
 }  // namespace trevandix::fuzz

@@ -28,11 +28,9 @@ std::string mangled(std::string bytes, std::mt19937& random) {
 
 TEST(FuzzRegression, EveryKnownInputIsHandled) {
     using Target = void (*)(std::string_view);
-    const std::vector<std::pair<std::string, Target>> targets{{"Reader", fuzz::Reader},
-                                                              {"Mending", fuzz::Mending},
-                                                              {"TypeNames", fuzz::TypeNames},
-                                                              {"Clipboard", fuzz::Clipboard},
-                                                              {"Commands", fuzz::Commands}};
+    const std::vector<std::pair<std::string, Target>> targets{
+        {"Reader", fuzz::Reader},       {"Mending", fuzz::Mending}, {"TypeNames", fuzz::TypeNames},
+        {"Clipboard", fuzz::Clipboard}, {"Csv", fuzz::Csv},         {"Commands", fuzz::Commands}};
     std::mt19937 random(5);
     for (const auto& [name, target] : targets) {
         int inputs = 0;

@@ -20,9 +20,9 @@ std::unique_ptr<Plan> planned(const Configuration& configuration, const Table& t
 }  // namespace
 
 std::string boxRefusal(std::string_view header, KeyFilter filter, const std::string& text) {
+    if (entered(filter, text) == text) return {};
     if (entered(KeyFilter::None, text) != text)
         return std::string(header) + " has a line break or TAB, or is no valid text";
-    if (filter == KeyFilter::None || entered(filter, text) == text) return {};
     const bool name = filter == KeyFilter::ItemName;
     return std::string(header) + ' ' + inQuotes(text) + " has other characters than " +
            (name ? "letters A to Z, digits, \"-\" and \"_\"" : "digits, \"-\", \".\" and blanks");

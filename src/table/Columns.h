@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -14,60 +13,59 @@
 
 namespace trevandix {
 
-/// When a value is judged although it is as it was.
-enum class Judged : std::uint8_t {
-    Alone,    ///< never
-    Follows,  ///< when one that leads has changed
-    Leads,    ///< when another one that leads has changed
-};
-
 template <typename Fields>
 struct TableColumn {
+    using Text = std::string Fields::*;
     std::string_view header;
-    std::string Fields::*text = nullptr;  ///< nullptr: says which object is meant, or its new name
-    std::string_view field{};             ///< the member's name, as a `Refusal` gives it
-    KeyFilter filter = KeyFilter::None;   ///< of the dialog's box
-    Judged judged = Judged::Alone;
+    Text text = nullptr;                 ///< nullptr: says which object is meant, or its new name
+    std::string_view field{};            ///< the member's name, as a `Refusal` gives it
+    KeyFilter filter = KeyFilter::None;  ///< of the dialog's box
+    /// When one of these changes, the value is judged although it stays as it is.
+    std::array<Text, 2> follows{};
 };
 
+using ItemColumn = TableColumn<ItemFields>;
 inline constexpr std::array kItemColumns{
-    TableColumn<ItemFields>{"Unit"},
-    TableColumn<ItemFields>{"Branch"},
-    TableColumn<ItemFields>{"Name", &ItemFields::name, "name", KeyFilter::ItemName},
-    TableColumn<ItemFields>{"New Name"},
-    TableColumn<ItemFields>{"Comment", &ItemFields::comment, "comment"},
-    TableColumn<ItemFields>{"ModBus Type", &ItemFields::table, "table", KeyFilter::None, Judged::Leads},
-    TableColumn<ItemFields>{"Address", &ItemFields::address, "address", KeyFilter::Numeric},
-    TableColumn<ItemFields>{"Bit", &ItemFields::bit, "bit", KeyFilter::None, Judged::Follows},
-    TableColumn<ItemFields>{"Data Type", &ItemFields::type, "type", KeyFilter::None, Judged::Leads},
-    TableColumn<ItemFields>{"Elements", &ItemFields::elements, "elements", KeyFilter::Numeric,
-                            Judged::Follows},
-    TableColumn<ItemFields>{"Access Rights", &ItemFields::accessRight, "accessRight", KeyFilter::None,
-                            Judged::Follows},
+    ItemColumn{"Unit"},
+    ItemColumn{"Branch"},
+    ItemColumn{"Name", &ItemFields::name, "name", KeyFilter::ItemName},
+    ItemColumn{"New Name"},
+    ItemColumn{"Comment", &ItemFields::comment, "comment"},
+    ItemColumn{"ModBus Type", &ItemFields::table, "table"},
+    ItemColumn{"Address", &ItemFields::address, "address", KeyFilter::Numeric},
+    ItemColumn{"Bit", &ItemFields::bit, "bit", KeyFilter::None, {&ItemFields::table, &ItemFields::type}},
+    ItemColumn{"Data Type", &ItemFields::type, "type", KeyFilter::None, {&ItemFields::table}},
+    ItemColumn{"Elements", &ItemFields::elements, "elements", KeyFilter::Numeric, {&ItemFields::type}},
+    ItemColumn{
+        "Access Rights", &ItemFields::accessRight, "accessRight", KeyFilter::None, {&ItemFields::table}},
 };
 
-// Units on one serial line share its settings.
+using UnitColumn = TableColumn<UnitFields>;
+/// Of a setting that the units on one serial line share.
+constexpr UnitColumn lineSetting(std::string_view header, UnitColumn::Text text, std::string_view field) {
+    return {header, text, field, KeyFilter::None, {&UnitFields::port}};
+}
 inline constexpr std::array kUnitColumns{
-    TableColumn<UnitFields>{"Name", &UnitFields::name, "name"},
-    TableColumn<UnitFields>{"New Name"},
-    TableColumn<UnitFields>{"Identifier", &UnitFields::identifier, "identifier"},
-    TableColumn<UnitFields>{"IP Address", &UnitFields::address, "address"},
-    TableColumn<UnitFields>{"Timeout", &UnitFields::timeout, "timeout"},
-    TableColumn<UnitFields>{"Port", &UnitFields::port, "port", KeyFilter::None, Judged::Leads},
-    TableColumn<UnitFields>{"Baud Rate", &UnitFields::baud, "baud", KeyFilter::None, Judged::Follows},
-    TableColumn<UnitFields>{"Parity", &UnitFields::parity, "parity", KeyFilter::None, Judged::Follows},
-    TableColumn<UnitFields>{"Data Bits", &UnitFields::dataBits, "dataBits", KeyFilter::None, Judged::Follows},
-    TableColumn<UnitFields>{"Stop Bits", &UnitFields::stopBits, "stopBits", KeyFilter::None, Judged::Follows},
-    TableColumn<UnitFields>{"Flow Control", &UnitFields::flowControl, "flowControl", KeyFilter::None,
-                            Judged::Follows},
-    TableColumn<UnitFields>{"Silent Interval", &UnitFields::silent, "silent"},
+    UnitColumn{"Name", &UnitFields::name, "name"},
+    UnitColumn{"New Name"},
+    UnitColumn{"Identifier", &UnitFields::identifier, "identifier"},
+    UnitColumn{"IP Address", &UnitFields::address, "address"},
+    UnitColumn{"Timeout", &UnitFields::timeout, "timeout"},
+    UnitColumn{"Port", &UnitFields::port, "port"},
+    lineSetting("Baud Rate", &UnitFields::baud, "baud"),
+    lineSetting("Parity", &UnitFields::parity, "parity"),
+    lineSetting("Data Bits", &UnitFields::dataBits, "dataBits"),
+    lineSetting("Stop Bits", &UnitFields::stopBits, "stopBits"),
+    lineSetting("Flow Control", &UnitFields::flowControl, "flowControl"),
+    UnitColumn{"Silent Interval", &UnitFields::silent, "silent"},
 };
 
+using TypeColumn = TableColumn<DataTypeFields>;
 inline constexpr std::array kTypeColumns{
-    TableColumn<DataTypeFields>{"Name", &DataTypeFields::name, "name"},
-    TableColumn<DataTypeFields>{"Read Code", &DataTypeFields::readCode, "readCode"},
-    TableColumn<DataTypeFields>{"Write Code", &DataTypeFields::writeCode, "writeCode"},
-    TableColumn<DataTypeFields>{"Single Write Code", &DataTypeFields::singleCode, "singleCode"},
+    TypeColumn{"Name", &DataTypeFields::name, "name"},
+    TypeColumn{"Read Code", &DataTypeFields::readCode, "readCode"},
+    TypeColumn{"Write Code", &DataTypeFields::writeCode, "writeCode"},
+    TypeColumn{"Single Write Code", &DataTypeFields::singleCode, "singleCode"},
 };
 
 /// The place of a header among the columns of its table.

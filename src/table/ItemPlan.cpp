@@ -200,7 +200,8 @@ std::string ItemPlan::judge(const Outcome& made, const Draft& draft) {
     if (draft.node == nullptr && container != nullptr && container->tag() != NodeTag::Plc &&
         container->tag() != NodeTag::Branch)
         return "Only units and branches hold items";
-    const ColumnSet set = draft.node == nullptr ? kAllColumns : judged(kItemColumns, made.changed);
+    const ColumnSet set =
+        draft.node == nullptr ? valueColumns(kItemColumns) : judged(kItemColumns, made.changed);
     const std::string reason =
         reasonAgainst(kItemColumns, set, made.fields, refusals(made.fields),
                       [&](std::size_t column) { return choices_.of(column, made.fields); });

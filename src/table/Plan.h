@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
@@ -55,9 +56,17 @@ inline std::string inQuotes(std::string_view text) {
 
 /// Columns of a table by number.
 using ColumnSet = std::uint32_t;
-constexpr ColumnSet kAllColumns = ~ColumnSet{0};
 constexpr bool contains(ColumnSet set, std::size_t column) {
     return (set >> column & 1U) != 0;
+}
+
+/// The columns that hold values.
+template <typename Columns>
+ColumnSet valueColumns(const Columns& columns) {
+    ColumnSet set = 0;
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        if (columns[i].text != nullptr) set |= 1U << i;
+    return set;
 }
 
 /// The columns whose texts differ.
@@ -73,12 +82,15 @@ ColumnSet differences(const Columns& columns, const Fields& a, const Fields& b) 
 /// The columns that must be judged when these have changed.
 template <typename Columns>
 ColumnSet judged(const Columns& columns, ColumnSet changed) {
-    bool leads = false;
-    for (std::size_t i = 0; i < columns.size(); ++i)
-        leads = leads || (contains(changed, i) && columns[i].judged == Judged::Leads);
-    for (std::size_t i = 0; leads && i < columns.size(); ++i)
-        if (columns[i].judged != Judged::Alone) changed |= 1U << i;
-    return changed;
+    ColumnSet set = changed;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        for (std::size_t other = 0; other < columns.size(); ++other) {
+            const auto text = columns[other].text;
+            const bool followed = text != nullptr && std::ranges::count(columns[i].follows, text) > 0;
+            if (followed && contains(changed, other)) set |= 1U << i;
+        }
+    }
+    return set;
 }
 
 /// Puts the row's cells into the fields, the object's name excepted. Says whether one differs.

@@ -70,8 +70,8 @@ private:
         }
         change.fields = fieldChanges(kTypeColumns, changed, before, after);
         if (change.refused()) return;
-        change.refusal = reasonAgainst(kTypeColumns, change.adds ? kAllColumns : changed, fields,
-                                       refusals(fields, configuration_, !change.adds),
+        change.refusal = reasonAgainst(kTypeColumns, change.adds ? valueColumns(kTypeColumns) : changed,
+                                       fields, refusals(fields, configuration_, !change.adds),
                                        [&](std::size_t i) { return i == kName ? &names_ : nullptr; });
         if (!change.refused()) change.refusal = failure;
         if (!change.refused() && change.adds) change.refusal = placeRefusal(change.object);
