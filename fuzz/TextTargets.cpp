@@ -60,6 +60,8 @@ void Csv(std::string_view bytes) {
         require(std::string_view(error.what()).find("line ") != std::string_view::npos, "no line is named");
         return;
     }
+    // The first row tells the separator, so a header is as wide as its table.
+    for (const Cells& row : rows) rows.front().resize(std::max(rows.front().size(), row.size()));
     for (const Separator separator : {Separator::Comma, Separator::Semicolon, Separator::Tab})
         require(cellsOf(csvFile(rows, separator)) == rows, "cells are lost");
 }
