@@ -363,6 +363,54 @@ TEST(Table, AFailureLeavesEverythingAsItWas) {
     EXPECT_THROW(set.apply(c), RuntimeError) << "judged for another state";
 }
 
+/// Puts cells of other rows of the column, and now and then an odd text, into random places.
+Cells mixed(const std::vector<Cells>& rows, std::mt19937& random) {
+    static const Texts kOdd = split("|q|q2|A|9|COM7|=1|a b|0|\\0|Q.R|coil|boolean");
+    Cells row = rows[1 + random() % (rows.size() - 1)];
+    for (auto changes = random() % 4; changes > 0; --changes) {
+        const std::size_t column = random() % row.size();
+        const std::size_t other = rows[0][column] == "New Name" ? column - 1 : column;
+        row[column] =
+            random() % 3 > 0 ? rows[1 + random() % (rows.size() - 1)][other] : kOdd[random() % kOdd.size()];
+    }
+    return row;
+}
+
+TEST(Table, WhatIsAcceptedCanBeAppliedAndUndone) {
+    std::size_t accepted = 0, refused = 0;
+    for (unsigned seed = 0; seed < 200; ++seed) {
+        Workplace place;
+        plantAtRandom(place, seed);
+        std::mt19937 random(seed);
+        for (const NodeTag kind : kKinds) {
+            const std::vector<Cells> rows = exportTable(place.configuration, kind);
+            std::vector<Cells> edited{rows[0]};
+            for (std::size_t row = 1; row < rows.size(); ++row) edited.push_back(mixed(rows, random));
+            if (seed % 4 >= 2)
+                edited[0][kind == NodeTag::Item ? 3 : 1] += kind == NodeTag::DataType ? "" : "?";
+            const Table table = readTable(csvText(edited, Separator::Comma));
+            const Texts before = fileContents(place.configuration);
+            const ChangeSet set(place.configuration, table);
+            accepted += set.accepted();
+            refused += set.refused();
+            ASSERT_NO_THROW(set.apply(place.configuration)) << seed;
+            ASSERT_EQ(disagreements(place.configuration), Texts()) << seed;
+            if (set.accepted() == 0) continue;
+            // Who exchanges names by nothing but them does it again the second time.
+            const bool names = seed % 4 < 2 && kind != NodeTag::DataType;
+            const ChangeSet second(place.configuration, table);
+            ASSERT_TRUE(names || second.accepted() == 0) << seed << ": " << told(second).front();
+            const Texts after = fileContents(place.configuration);
+            place.configuration.undo();
+            ASSERT_EQ(fileContents(place.configuration), before) << seed;
+            place.configuration.redo();
+            ASSERT_EQ(fileContents(place.configuration), after) << seed;
+        }
+    }
+    EXPECT_GT(accepted, 500U);
+    EXPECT_GT(refused, 500U);
+}
+
 TEST(Table, AnythingImportedWhereItComesFromChangesNothing) {
     const OwnFolder folder;
     int reopened = 0;
