@@ -240,8 +240,9 @@ TEST(Table, ChangesAndRefusalsOfItems) {
                 "2 U.A.w refused: Comment has a line break or TAB, or is no valid text / 3 x refused: There "
                 "is no unit \"W\" / "
                 "4 x refused: Branch \"A..B\" has an empty name or a \"\\\" that stands for nothing / 5 x "
-                "refused: New branch "
-                "\"2nd\" is no XML name / 6 x refused: New branch \"tag\" is the name of items"},
+                "refused: New branch name begins with \"2\": \"2nd\" / 6 x refused: "
+                "New branch name is the "
+                "name of items: \"tag\""},
                {"Unit,Branch,Name,ModBus Type,Data Type,Address,Access "
                 "Rights|U,A.w,k,coil,boolean,1,READ|U,A,B,coil,boolean,"
                 "1,READ|U,A.B,k,coil,boolean,1,READ",

@@ -20,7 +20,7 @@ enum class ErrorNumber : int {
     PathFileAccess = 75,
     ObjectNotSet = 91,
     KeyInCollection = 457,
-    XmlParse = 1001,  ///< not well-formed XML; the description names line and reason
+    XmlParse = 1001,     ///< not well-formed XML; the description names line and reason
     TableFormat = 1002,  ///< no table; the description names line and reason
     ElementNotFound = 35601,
     KeyNotUnique = 35602,

@@ -24,7 +24,7 @@ std::string boxRefusal(std::string_view header, KeyFilter filter, const std::str
     if (entered(KeyFilter::None, text) != text)
         return std::string(header) + " has a line break or TAB, or is no valid text";
     const bool name = filter == KeyFilter::ItemName;
-    return std::string(header) + ' ' + inQuotes(text) + " has other characters than " +
+    return std::string(header) + ' ' + quoted(text) + " has other characters than " +
            (name ? "letters A to Z, digits, \"-\" and \"_\"" : "digits, \"-\", \".\" and blanks");
 }
 

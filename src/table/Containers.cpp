@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "check/BranchNames.h"
 #include "platform/Text.h"
 #include "table/BranchPath.h"
 #include "table/Plan.h"
-#include "xmlfile/Generale.h"
 
 namespace trevandix {
 
@@ -45,13 +45,13 @@ Container* Containers::search(const std::string* unit, const std::string* branch
     }
     TreeNode* node = configuration_.tree.find(unit != nullptr ? Key(*unit) : own->key());
     if (node == nullptr || unitAround(configuration_, *node) != node) {
-        refusal = "There is no unit " + inQuotes(unit != nullptr ? *unit : "");
+        refusal = "There is no unit " + quoted(unit != nullptr ? *unit : "");
         return nullptr;
     }
     if (branch == nullptr) return ofNode(node == own ? *selected : *node);
     const auto names = branchNames(*branch);
     if (!names) {
-        refusal = "Branch " + inQuotes(*branch) + " has an empty name or a \"\\\" that stands for nothing";
+        refusal = "Branch " + quoted(*branch) + " has an empty name or a \"\\\" that stands for nothing";
         return nullptr;
     }
     Container* container = ofNode(*node);
@@ -77,8 +77,8 @@ Container* Containers::below(Container& above, const std::string& name, std::str
     } else if (const auto similar = above.upperBranches.find(upperCased(name));
                similar != above.upperBranches.end()) {
         container = similar->second;
-    } else if (const std::string fault = faultOfBranchName(name); !fault.empty()) {
-        refusal = "New branch " + inQuotes(name) + fault;
+    } else if (const std::string fault = branchFault(name) + tagFault(name); !fault.empty()) {
+        refusal = "New " + fault + ": " + quoted(name);
         return nullptr;
     } else {
         container = &containers_.emplace_back(

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "check/Wording.h"
 #include "model/Refusal.h"
 #include "platform/RuntimeError.h"
 #include "table/ChangeSet.h"
@@ -49,10 +50,6 @@ private:
     std::size_t all_;
     std::size_t done_ = 0;
 };
-
-inline std::string inQuotes(std::string_view text) {
-    return ('"' + std::string(text)) += '"';
-}
 
 /// Columns of a table by number.
 using ColumnSet = std::uint32_t;
@@ -141,7 +138,7 @@ std::string reasonAgainst(const Columns& columns, ColumnSet set, const Fields& f
         if (offered == nullptr) continue;
         const std::string& text = fields.*columns[i].text;
         if (std::ranges::find(*offered, text) != offered->end()) continue;
-        reason = std::string(columns[i].header) + ' ' + inQuotes(text) + " is not in the dialog's list";
+        reason = std::string(columns[i].header) + ' ' + quoted(text) + " is not in the dialog's list";
     }
     return reason;
 }
@@ -153,7 +150,7 @@ inline std::string secondRow(std::size_t line) {
     return "Line " + std::to_string(line) + " is about the same object";
 }
 inline std::string nothingToRename(std::string_view name) {
-    return "There is no " + inQuotes(name) + " to rename";
+    return "There is no " + quoted(name) + " to rename";
 }
 
 }  // namespace trevandix

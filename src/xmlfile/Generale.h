@@ -1,7 +1,6 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <string_view>
 
 #include "model/Refusal.h"
@@ -16,9 +15,5 @@ std::optional<Refusal> forbiddenCharacter(std::string_view name);
 /// nullptr.
 std::optional<Refusal> duplicateName(const TreeNode& container, NodeTag tag, std::string_view name,
                                      const TreeNode* edited);
-
-/// What keeps a branch from being read back under its name, such as " is no XML name"; empty where nothing
-/// does.
-std::string faultOfBranchName(std::string_view name);
 
 }  // namespace trevandix
