@@ -5,7 +5,6 @@
 
 #include "FakePlatform.h"
 #include "PlantFile.h"
-#include "model/ValueTypes.h"
 #include "table/ChangeSet.h"
 #include "xmlfile/ConfigurationReader.h"
 
@@ -18,7 +17,6 @@ struct Opened : Configuration {
         begin("plant.xml");
         PugiXmlParser parser;
         if (!ConfigurationReader(*this, parser).read(plantFile(size))) std::abort();
-        addDataType(clsModBusType::usual(*tableOf("holding register")));
         endLoad();
     }
 };
