@@ -41,6 +41,7 @@ struct FakeFileDialog : FileDialog {
 
 struct FakeClipboard : Clipboard {
     std::string text() override { return contents; }
+    void setText(std::string_view text) override { contents = text; }
     std::string contents;
 };
 
@@ -70,6 +71,12 @@ struct FakeForm : Form {
     void setChecked(std::string_view name, bool checked) override;
     void setFocus(std::string_view name) override { focused = state(name).shape->name; }
     void setCells(std::string_view, const std::vector<Texts>& rows) override { cells = rows; }
+    void connectList(std::string_view, const ListContents& rows, ListHandlers handlers) override {
+        contents = &rows;
+        inList = std::move(handlers);
+    }
+    void refreshList(std::string_view, const ListPlace& place) override { rowsShown = place; }
+    ListPlace listPlace(std::string_view) const override { return rowsShown; }
     void on(std::string_view name, Handler handler) override { state(name).handler = std::move(handler); }
     void onClosed(Handler handler) override { closed_ = std::move(handler); }
     void onActivated(Handler handler) override { activated_ = std::move(handler); }
@@ -93,6 +100,9 @@ struct FakeForm : Form {
     bool open = false;
     std::string focused;
     std::vector<Texts> cells;
+    const ListContents* contents = nullptr;
+    ListHandlers inList;
+    ListPlace rowsShown;
     std::function<void(FakeForm&)> script;
 
 private:

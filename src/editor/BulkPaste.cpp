@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "check/Check.h"
 #include "dialogs/Dialog.h"
 #include "editor/frmReplace.h"
 #include "model/ItemRenaming.h"
@@ -53,9 +54,27 @@ void BulkPaste::mnuPasteName_Click() {
             cells.push_back({context_.list.rows().at(rows[i]).text, "<---", (*lines)[i],
                              std::string(context_.list.cell(rows[i], address))});
         }
+        addRemarks(cells, *lines, rows);
         if (!showFrmReplace(context_.platform.forms, cells, inAddressOrder(rows))) return;
         applyNames(*lines, rows);
     });
+}
+
+// Adds a column to the preview when a new name would give an item a problem that it does not have now. Names
+// that will be refused give none.
+void BulkPaste::addRemarks(std::vector<Lines>& cells, const Lines& lines, const Rows& rows) const {
+    std::vector<IntendedName> names;
+    Rows named;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (forbiddenCharacter(lines[i])) continue;
+        names.push_back({context_.list.rows().at(rows[i]).key, lines[i]});
+        named.push_back(i);
+    }
+    Lines remarks = findingsAdded(context_.configuration, names);
+    if (std::ranges::all_of(remarks, &std::string::empty)) return;
+    for (Lines& line : cells) line.emplace_back();
+    cells.front().back() = "Remark";
+    for (std::size_t i = 0; i < named.size(); ++i) cells[named[i] + 1].back() = std::move(remarks[i]);
 }
 
 // True when a sibling that is not selected has one of the names. Skips lines with a ".", which are refused

@@ -31,6 +31,7 @@ private:
     std::optional<Lines> pastedLines() const;
     bool clashes(const Lines& lines, const Rows& rows) const;
     bool inAddressOrder(const Rows& rows) const;
+    void addRemarks(std::vector<Lines>& cells, const Lines& lines, const Rows& rows) const;
     bool fits(const Lines& lines, const Rows& rows) const;
     void applyNames(const Lines& lines, const Rows& rows);
     void applyComments(const Lines& lines, const Rows& rows);

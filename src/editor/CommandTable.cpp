@@ -102,6 +102,14 @@ std::span<const CommandRow> commandRows() {
             "", "mnuRedo", "", "Ctrl+Y", "", {}, kAlways, [](F& f) { f.undo_.mnuRedo_Click(); }, kNoStep),
         row(
             "", "redo", "", "Ctrl+Shift+Z", "", {}, kAlways, [](F& f) { f.undo_.mnuRedo_Click(); }, kNoStep),
+        row(
+            "", "mnuProblems", "", "Ctrl+F8", "", {}, kAlways,
+            [](F& f) { f.problems_.mnuProblems_Click(); }, kNoStep),
+        row(
+            "", "nextProblem", "", "F8", "", {}, kAlways, [](F& f) { f.problems_.nextProblem(); }, kNoStep),
+        row(
+            "", "previousProblem", "", "Shift+F8", "", {}, kAlways,
+            [](F& f) { f.problems_.previousProblem(); }, kNoStep),
         // Find Next; does nothing unless the find window is open
         row("", "cmdNext", "", "F3", "", {}, kAlways, [](F& f) { f.find_.findNextByKey(); }),
     };

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,7 +23,7 @@ public:
 enum class FocusedView { None, Tree, List };
 
 /// The fields of the status bar, from left to right.
-enum class StatusField { Selection, Counts, Saved, Notice };
+enum class StatusField { Selection, Counts, Saved, Problems, Notice };
 
 /// The main window without tree, list and commands.
 class MainWindow {
@@ -71,9 +72,16 @@ public:
     virtual void Toolbar1_ButtonClick(std::string_view key) = 0;
     /// What a context menu that opens now ends with.
     virtual std::vector<ContextEntry> contextEntries() const = 0;
-    /// Called every second, even while a dialog is open. `lastInput` is the time of the user's last input.
+    /// The user clicked a field of the status bar.
+    virtual void statusClicked(StatusField field) = 0;
+    /// Called several times a second, even while a dialog is open. `lastInput` is the time of the user's last
+    /// input.
     virtual void idle(std::chrono::steady_clock::time_point now,
                       std::chrono::steady_clock::time_point lastInput) = 0;
+    /// Called several times a second while the user pauses and no command, dialog or drag is going on. What
+    /// takes long must ask `inputWaits` every few milliseconds, and end when it says that the user has gone
+    /// on.
+    virtual void paused(const std::function<bool()>& inputWaits) = 0;
     /// The window is closing, for whatever reason.
     virtual void Form_Unload() = 0;
 

@@ -33,9 +33,11 @@ std::string counted(std::size_t count, std::string_view one, std::string_view ma
 
 void StatusNews::update() {
     const bool open = configuration_.state.configurationOpen && configuration_.tree.root() != nullptr;
+    if (!open) problems_.clear();
     show(StatusField::Selection, open ? selection() : "");
     show(StatusField::Counts, open ? counts() : "");
     show(StatusField::Saved, !open ? "" : configuration_.equalsFile() ? "Saved" : "Unsaved changes");
+    show(StatusField::Problems, problems_);
     show(StatusField::Notice, feedback_.empty() ? notice_ : feedback_);
 }
 

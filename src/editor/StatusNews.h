@@ -10,7 +10,7 @@
 namespace trevandix {
 
 /// The texts of the status bar: what is selected, how many units, branches and items there are, whether they
-/// are saved, and what the last command did.
+/// are saved, what is wrong with them, and what the last command did.
 class StatusNews {
 public:
     StatusNews(MainWindow& window, const Configuration& configuration, const ListView& list)
@@ -25,6 +25,10 @@ public:
     /// is one, and whether the path was published. It stays until the next save or another configuration.
     void tellSaved(bool published);
     void clearNotice() { notice_.clear(); }
+    /// Sets the outcome of the checks. It stays until the next one or another configuration.
+    void tellProblems(std::string problems) { problems_ = std::move(problems); }
+    /// Empty before the open configuration has been checked.
+    const std::string& problems() const { return problems_; }
 
 private:
     std::string selection() const;
@@ -37,7 +41,8 @@ private:
     std::string notice_;
     bool capitalsTold_ = false;  ///< the notice about capitals is given only once
     std::string feedback_;
-    std::array<std::string, 4> shown_;
+    std::string problems_;
+    std::array<std::string, 5> shown_;
 };
 
 /// A number with its noun: "1 item", "3 items".

@@ -19,6 +19,7 @@ frmEditing::frmEditing(Platform& platform, Configuration& configuration, ListVie
       drag_(context_),
       undo_(context_, views_),
       find_(context_),
+      problems_(context_, views_),
       recovery_(context_, file_) {
     file_.onUnsavedEnd([this] { recovery_.keepForNextStart(); });
 }
@@ -34,6 +35,7 @@ void frmEditing::react(Work work) {
     news_.tell({});
     work();
     news_.update();
+    problems_.follow();
 }
 
 template <typename Work>
@@ -78,12 +80,27 @@ void frmEditing::Toolbar1_ButtonClick(std::string_view key) {
 void frmEditing::Form_Unload() {
     file_.unload();
     find_.unload();
+    problems_.unload();
     recovery_.end();
 }
 
 void frmEditing::idle(std::chrono::steady_clock::time_point now,
                       std::chrono::steady_clock::time_point lastInput) {
     recovery_.idle(now, lastInput);
+}
+
+void frmEditing::paused(const std::function<bool()>& inputWaits) {
+    if (!file_.reading()) problems_.paused(inputWaits);
+}
+
+void frmEditing::statusClicked(StatusField field) {
+    if (field == StatusField::Problems) commandChosen("mnuProblems");
+}
+
+std::vector<ContextEntry> frmEditing::contextEntries() const {
+    std::vector<ContextEntry> entries = undo_.contextEntries();
+    entries.insert(entries.begin(), {"mnuProblems", "Show Problems"});
+    return entries;
 }
 
 void frmEditing::TreeView1_NodeClick(TreeNode& node) {

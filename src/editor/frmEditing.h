@@ -14,6 +14,7 @@
 #include "editor/TreeAndList.h"
 #include "editor/Undo.h"
 #include "editor/frmFind.h"
+#include "editor/frmProblems.h"
 
 namespace trevandix {
 
@@ -35,10 +36,12 @@ public:
 
     void commandChosen(std::string_view command) override;
     void Toolbar1_ButtonClick(std::string_view key) override;
-    std::vector<ContextEntry> contextEntries() const override { return undo_.contextEntries(); }
+    std::vector<ContextEntry> contextEntries() const override;
     void Form_Unload() override;
     void idle(std::chrono::steady_clock::time_point now,
               std::chrono::steady_clock::time_point lastInput) override;
+    void paused(const std::function<bool()>& inputWaits) override;
+    void statusClicked(StatusField field) override;
     void TreeView1_NodeClick(TreeNode& node) override;
     void TreeView1_GotFocus() override;
     void TreeView1_DblClick() override;
@@ -78,6 +81,7 @@ private:
     DragAndDrop drag_;
     Undo undo_;
     frmFind find_;
+    frmProblems problems_;
     Recovery recovery_;
 };
 

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/ListContents.h"
+
 namespace trevandix {
 
 enum class ControlKind {
@@ -20,6 +22,7 @@ enum class ControlKind {
     Button,
     Frame,  ///< box around the controls that name it
     Grid,   ///< read-only cells; the first row is the header
+    List,   ///< rows of a ListContents, of which the user can select several
 };
 
 /// Which typed or pasted characters a text box accepts.
@@ -101,6 +104,13 @@ private:
     std::set<char> used_;
 };
 
+/// What the user does in a List besides selecting rows.
+struct ListHandlers {
+    std::function<void()> open{};                    ///< double click on a row
+    std::function<void(std::size_t column)> sort{};  ///< click on a header
+    std::function<void()> copy{};                    ///< Ctrl+C
+};
+
 /// One window built from a table. Controls have the names of the table; texts are UTF-8. Errors:
 /// ElementNotFound for an unknown name.
 class Form {
@@ -126,6 +136,12 @@ public:
     /// Moves the focus to the control; selects the text of a text box.
     virtual void setFocus(std::string_view name) = 0;
     virtual void setCells(std::string_view name, const std::vector<std::vector<std::string>>& rows) = 0;
+
+    /// Shows `contents`, which must outlive the form, in a List.
+    virtual void connectList(std::string_view name, const ListContents& contents, ListHandlers handlers) = 0;
+    /// The rows of a List have changed; selection, focus and scroll position shall be these.
+    virtual void refreshList(std::string_view name, const ListPlace& place) = 0;
+    virtual ListPlace listPlace(std::string_view name) const = 0;
 
     /// Called when the user presses a button, check box or option, or chooses an entry of a list. For a
     /// frame: on Escape while the frame is visible and the cancel button cannot be pressed.

@@ -7,6 +7,8 @@
 #include <unordered_set>
 #include <vector>
 
+#include "platform/ListContents.h"
+
 namespace trevandix {
 
 /// One row: key of its tree node, text of the first column, texts of the other columns.
@@ -18,20 +20,7 @@ struct ListRow {
     std::vector<std::string> subItems;
 };
 
-struct ListColumn {
-    std::string header;
-    double width = 0;  ///< fraction of the list's width; 0 for the default width
-};
-
 enum class ListMode { Icon = 0, SmallIcon = 1, List = 2, Report = 3 };
-
-/// Selection, focus and scroll position, as row numbers.
-struct ListPlace {
-    std::vector<std::size_t> selected;  ///< ascending
-    std::optional<std::size_t> focused;
-    std::optional<std::size_t> top{};  ///< first visible row; none in modes without lines
-    int left = 0;                      ///< horizontal scroll position, in the display's own unit
-};
 
 /// The control that shows a list. It asks for the rows that it draws.
 class ListDisplay {
@@ -53,7 +42,7 @@ public:
 };
 
 /// The list of the main window: columns, rows and their order. A ListDisplay shows it.
-class ListView {
+class ListView : public ListContents {
 public:
     /// May be nullptr. Not owned.
     void setDisplay(ListDisplay* display) { display_ = display; }
@@ -68,10 +57,14 @@ public:
     void addRow(ListRow row);
     void reserve(std::size_t rows) { rows_.reserve(rows); }
 
-    const std::vector<ListColumn>& columns() const { return columns_; }
     const std::vector<ListRow>& rows() const { return rows_; }
-    /// Columns count from 0. Empty if the row has no such cell.
-    std::string_view cell(std::size_t row, std::size_t column) const;
+    const std::vector<ListColumn>& columns() const override { return columns_; }
+    std::size_t rowCount() const override { return rows_.size(); }
+    std::string_view cell(std::size_t row, std::size_t column) const override;
+    std::string_view icon(std::size_t row) const override { return rows_[row].smallIcon; }
+    std::optional<std::size_t> sortColumn() const override {
+        return sorted_ ? std::optional(sortKey_) : std::nullopt;
+    }
     /// Sets the key of a row whose record has been given a new key.
     void setKey(std::size_t row, std::string_view key) { rows_.at(row).key = key; }
     /// Changes the key of a row; does nothing if there is no such row.

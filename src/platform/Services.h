@@ -33,11 +33,14 @@ public:
                                             std::string_view proposedName) = 0;
 };
 
-/// The system's clipboard as UTF-8 text. Line ends are those of the program that copied it.
+/// The system's clipboard as UTF-8 text.
 class Clipboard {
 public:
     virtual ~Clipboard() = default;
+    /// Line ends are those of the program that copied it.
     virtual std::string text() = 0;
+    /// Lines end with LF.
+    virtual void setText(std::string_view text) = 0;
 };
 
 /// Where the OPC server finds the path of its configuration.

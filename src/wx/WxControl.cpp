@@ -15,6 +15,7 @@
 
 #include "wx/WxBasics.h"
 #include "wx/WxColumns.h"
+#include "wx/WxFormList.h"
 #include "wx/WxNative.h"
 
 namespace trevandix {
@@ -139,12 +140,15 @@ wxWindow* makeWindow(wxWindow& parent, const ControlSpec& shape, const wxString&
             return new wxStaticBox(&parent, wxID_ANY, caption);
         case ControlKind::Grid:
             return new WxGrid(&parent);
+        case ControlKind::List:
+            return new WxFormList(&parent);
     }
     return nullptr;
 }
 
 bool takesAccessKey(ControlKind kind) {
-    return kind != ControlKind::Heading && kind != ControlKind::Frame && kind != ControlKind::Grid;
+    return kind != ControlKind::Heading && kind != ControlKind::Frame && kind != ControlKind::Grid &&
+           kind != ControlKind::List;
 }
 
 }  // namespace

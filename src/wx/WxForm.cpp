@@ -12,6 +12,7 @@
 #include "platform/RuntimeError.h"
 #include "wx/WxBasics.h"
 #include "wx/WxFormLayout.h"
+#include "wx/WxFormList.h"
 #include "wx/WxHelp.h"
 #include "wx/WxIcons.h"
 
@@ -25,14 +26,23 @@ void run(const Form::Handler& handler) {
     if (copy) copy();
 }
 
-bool hasGrid(const FormSpec& shape) {
-    return std::ranges::find(shape.controls, ControlKind::Grid, &ControlSpec::kind) != shape.controls.end();
+bool has(const FormSpec& shape, ControlKind kind) {
+    return std::ranges::find(shape.controls, kind, &ControlSpec::kind) != shape.controls.end();
 }
+
+bool isResizable(const FormSpec& shape) {
+    return has(shape, ControlKind::Grid) || has(shape, ControlKind::List);
+}
+
+// Of the window in front of which a form with a list is shown.
+constexpr double kListWidth = 0.58;
+constexpr double kListHeight = 0.4;
+constexpr int kListMargin = 40;  // to its lower right corner, in device-independent pixels
 
 }  // namespace
 
 WxForm::WxForm(wxWindow& parent, const FormSpec& shape) : spec_(shape) {
-    const long style = wxDEFAULT_DIALOG_STYLE | (hasGrid(shape) ? wxRESIZE_BORDER : 0);
+    const long style = wxDEFAULT_DIALOG_STYLE | (isResizable(shape) ? wxRESIZE_BORDER : 0);
     dialog_ = new wxDialog(&parent, wxID_ANY, toWx(shape.caption), wxDefaultPosition, wxDefaultSize, style,
                            toWx(shape.name));
     dialog_->SetIcons(programIcons());
@@ -166,29 +176,62 @@ void WxForm::setCells(std::string_view name, const std::vector<std::vector<std::
     if (shown_) fit();
 }
 
+WxFormList& WxForm::listAt(std::string_view name) const {
+    return static_cast<WxFormList&>(*at(name).window);
+}
+
+void WxForm::connectList(std::string_view name, const ListContents& contents, ListHandlers handlers) {
+    listAt(name).show(contents, std::move(handlers));
+}
+
+void WxForm::refreshList(std::string_view name, const ListPlace& place) {
+    if (dialog_) listAt(name).refresh(place);
+}
+
+ListPlace WxForm::listPlace(std::string_view name) const {
+    return dialog_ ? listAt(name).place() : ListPlace();
+}
+
 void WxForm::on(std::string_view name, Handler handler) {
     at(name).handler = std::move(handler);
 }
 
-// Makes the dialog just large enough to show all texts and its title uncut, at most as large as the screen.
+// Makes the dialog large enough to show all texts and its title uncut, at most as large as the screen.
 void WxForm::fit() {
     const wxSize screen = wxDisplay(dialog_.get()).GetClientArea().GetSize();
-    wxSize size = dialog_->GetSizer()->CalcMin();
-    size.IncTo(wxSize(widthForTitle(*dialog_, dialog_->GetTitle()), 0));
-    size.DecTo(dialog_->WindowToClientSize(screen));
+    const wxSize most = dialog_->WindowToClientSize(screen);
+    wxSize least = dialog_->GetSizer()->CalcMin();
+    least.IncTo(wxSize(widthForTitle(*dialog_, dialog_->GetTitle()), 0));
+    least.DecTo(most);
+    wxSize size = least;
+    if (has(spec_, ControlKind::List)) {
+        const wxSize main = dialog_->GetParent()->GetClientSize();
+        size.IncTo(placed_ ? dialog_->GetClientSize()
+                           : wxSize(static_cast<int>(main.GetWidth() * kListWidth),
+                                    static_cast<int>(main.GetHeight() * kListHeight)));
+        size.DecTo(most);
+    }
     dialog_->SetMinClientSize(wxDefaultSize);
     dialog_->SetClientSize(size);
-    dialog_->SetMinClientSize(size);
+    dialog_->SetMinClientSize(least);
     dialog_->Layout();
 }
 
-// Centres the client areas: GTK learns the sizes of window frames late or never.
-void WxForm::centre() {
+// In the middle of the parent's client area: GTK learns the sizes of window frames late or never. A form with
+// a list stays beside the tree, in which its rows are looked up.
+wxPoint WxForm::firstPlace() const {
     const wxWindow& parent = *dialog_->GetParent();
     const wxRect area(parent.ClientToScreen(wxPoint()), parent.GetClientSize());
-    const wxRect screen = wxDisplay(&parent).GetClientArea();
+    const wxRect form = wxRect(dialog_->GetClientSize()).CentreIn(area);
+    if (!has(spec_, ControlKind::List)) return form.GetTopLeft();
+    return area.GetBottomRight() - wxPoint(form.GetWidth(), form.GetHeight()) -
+           dialog_->FromDIP(wxPoint(kListMargin, kListMargin));
+}
+
+void WxForm::place() {
+    const wxRect screen = wxDisplay(dialog_->GetParent()).GetClientArea();
     const wxSize size = dialog_->GetSize();
-    wxPoint place = wxRect(dialog_->GetClientSize()).CentreIn(area).GetTopLeft();
+    wxPoint place = firstPlace();
     place.x = std::max(screen.GetLeft(), std::min(place.x, screen.GetRight() - size.GetWidth()));
     place.y = std::max(screen.GetTop(), std::min(place.y, screen.GetBottom() - size.GetHeight()));
     dialog_->Move(place);
@@ -196,7 +239,7 @@ void WxForm::centre() {
 
 void WxForm::prepare() {
     fit();
-    centre();
+    if (!std::exchange(placed_, true)) place();
     shown_ = true;
     if (!spec_.initialFocus.empty()) {
         at(spec_.initialFocus).focus();

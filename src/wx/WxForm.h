@@ -9,6 +9,8 @@
 
 namespace trevandix {
 
+class WxFormList;
+
 /// A form, shown as a dialog of the main window.
 class WxForm : public Form {
 public:
@@ -29,6 +31,9 @@ public:
     void setChecked(std::string_view name, bool checked) override;
     void setFocus(std::string_view name) override;
     void setCells(std::string_view name, const std::vector<std::vector<std::string>>& rows) override;
+    void connectList(std::string_view name, const ListContents& contents, ListHandlers handlers) override;
+    void refreshList(std::string_view name, const ListPlace& place) override;
+    ListPlace listPlace(std::string_view name) const override;
     void on(std::string_view name, Handler handler) override;
     void onClosed(Handler handler) override { closed_ = std::move(handler); }
     void onActivated(Handler handler) override { activated_ = std::move(handler); }
@@ -53,8 +58,10 @@ private:
     bool pressFromKeyboard(const WxControl* button);
     const WxControl* buttonForEnter() const;
     bool followAccessKey(const wxKeyEvent& event);
+    WxFormList& listAt(std::string_view name) const;
     void fit();
-    void centre();
+    wxPoint firstPlace() const;
+    void place();
     void prepare();
 
     const FormSpec& spec_;
@@ -65,6 +72,7 @@ private:
     Handler activated_;
     bool activationWaits_ = false;
     bool shown_ = false;
+    bool placed_ = false;  ///< has been shown before
 };
 
 /// Creates forms as dialogs of one window.

@@ -3,6 +3,7 @@
 #include <wx/statbox.h>
 
 #include "wx/WxBasics.h"
+#include "wx/WxFormList.h"
 #include "wx/WxNative.h"
 
 namespace trevandix {
@@ -11,6 +12,7 @@ namespace {
 
 constexpr int kGap = 8;
 constexpr int kMargin = 12;
+constexpr int kSpokenColumns = 3;  // of a list's row
 
 const wxGBSpan kOneColumn(1, 1);
 const wxGBSpan kBothColumns(1, 2);
@@ -60,10 +62,14 @@ void WxFormLayout::add(Area& area, const ControlSpec& shape, const ControlSpec* 
     const bool startsGroup = shape.kind == ControlKind::Option && !area.hasOptions;
     area.hasOptions = area.hasOptions || startsGroup;
     WxControl& control = controls_.emplace_back(WxControl::make(area.parent, shape, startsGroup, keys_));
-    // A field without a caption gets the spoken name of the control before it, a grid that of the form.
+    // A field without a caption gets the spoken name of the control before it, a grid or list that of the
+    // form.
     if (control.isField() && control.caption.empty() && controls_.size() > 1)
         setAccessibleName(*control.window, toWx(controls_[controls_.size() - 2].caption));
     if (shape.kind == ControlKind::Grid) nameGrid(*control.window, shape);
+    if (shape.kind == ControlKind::List)
+        makeReadable(static_cast<WxFormList&>(*control.window), toWx(spec_.caption), toWx(shape.description),
+                     kSpokenColumns);
     const int gap = area.parent.FromDIP(kGap);
     switch (shape.place) {
         case Place::ButtonColumn:
@@ -96,8 +102,12 @@ void WxFormLayout::nameGrid(wxWindow& grid, const ControlSpec& shape) {
         setAccessibleName(*part, toWx(spec_.caption), toWx(shape.description));
 }
 
+bool WxFormLayout::fillsArea(ControlKind kind) {
+    return kind == ControlKind::Grid || kind == ControlKind::List;
+}
+
 bool WxFormLayout::fillsWidth(ControlKind kind) {
-    return kind == ControlKind::Grid || kind == ControlKind::Text || kind == ControlKind::Choice ||
+    return fillsArea(kind) || kind == ControlKind::Text || kind == ControlKind::Choice ||
            kind == ControlKind::Combo;
 }
 
@@ -113,11 +123,11 @@ void WxFormLayout::startRow(Area& area, WxControl& control, const ControlSpec* n
     area.grid->Add(area.cell, wxGBPosition(area.row, secondColumn ? 1 : 0),
                    secondColumn ? kOneColumn : kBothColumns, wxEXPAND);
     if (standsForLabel) return;
-    const bool grid = control.shape->kind == ControlKind::Grid;
+    const bool whole = fillsArea(control.shape->kind);
     const wxSizerFlags flags(fillsWidth(control.shape->kind) ? 1 : 0);
     area.cell->Add(control.window,
-                   grid ? wxSizerFlags(flags).Expand() : wxSizerFlags(flags).CentreVertical());
-    if (grid) area.grid->AddGrowableRow(static_cast<std::size_t>(area.row));
+                   whole ? wxSizerFlags(flags).Expand() : wxSizerFlags(flags).CentreVertical());
+    if (whole) area.grid->AddGrowableRow(static_cast<std::size_t>(area.row));
 }
 
 void WxFormLayout::addFrame(Area& area, const ControlSpec& shape) {

@@ -38,6 +38,7 @@ private:
     void startRow(Area& area, WxControl& control, const ControlSpec* next);
     const ControlSpec* nextIn(std::string_view frame, const ControlSpec* after) const;
     void nameGrid(wxWindow& grid, const ControlSpec& shape);
+    static bool fillsArea(ControlKind kind);
     static bool fillsWidth(ControlKind kind);
 
     const FormSpec& spec_;

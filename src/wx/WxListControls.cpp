@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "wx/WxBasics.h"
+#include "wx/WxNative.h"
 
 namespace trevandix {
 
@@ -16,10 +17,54 @@ constexpr int kHeaderMargin = 24;
 
 }  // namespace
 
-WxReportList::WxReportList(wxWindow* parent, const ListView& list)
+wxWindow& rowArea(wxListCtrl& control) {
+#ifdef __WXGTK__
+    for (wxWindow* part : control.GetChildren()) {
+        if (part->GetName() != "wxlistctrlcolumntitles") return *part;
+    }
+#endif
+    return control;
+}
+
+void makeReadable(wxListCtrl& control, const wxString& name, const wxString& purpose,
+                  [[maybe_unused]] int columns) {
+    wxWindow& rows = rowArea(control);
+    setAccessibleName(control, name, purpose);
+    setAccessibleName(rows, name, purpose);
+#ifdef __WXGTK__
+    // wx redraws the header before it scrolls the rows, so the header is redrawn afterwards.
+    for (const auto& type : {wxEVT_SCROLLWIN_LINEUP, wxEVT_SCROLLWIN_LINEDOWN, wxEVT_SCROLLWIN_PAGEUP,
+                             wxEVT_SCROLLWIN_PAGEDOWN, wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_BOTTOM,
+                             wxEVT_SCROLLWIN_THUMBTRACK, wxEVT_SCROLLWIN_THUMBRELEASE}) {
+        control.Bind(type, [&control](wxScrollWinEvent& event) {
+            event.Skip();
+            control.CallAfter([&control] { control.Refresh(); });
+        });
+    }
+    // As in the tree, the name tells the current row. A virtual list leaves event.GetText() empty.
+    control.Bind(wxEVT_LIST_ITEM_FOCUSED, [&control, &rows, name, columns](wxListEvent& event) {
+        event.Skip();
+        if (event.GetIndex() < 0) return;
+        wxString spoken = name + ":";
+        for (int column = 0; column < columns; ++column)
+            spoken += " " + control.GetItemText(event.GetIndex(), column);
+        setAccessibleName(rows, spoken);
+    });
+#endif
+}
+
+std::vector<std::size_t> selectedRows(const wxListCtrl& control) {
+    std::vector<std::size_t> rows;
+    rows.reserve(static_cast<std::size_t>(control.GetSelectedItemCount()));
+    for (long row = -1; (row = control.GetNextItem(row, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED)) >= 0;) {
+        rows.push_back(static_cast<std::size_t>(row));
+    }
+    return rows;
+}
+
+WxReportList::WxReportList(wxWindow* parent, const wxString& name)
     : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                 wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_SIMPLE, wxDefaultValidator, "ListView1"),
-      list_(list),
+                 wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_SIMPLE, wxDefaultValidator, name),
       scaling_(*this, {[this] { return widths(); }, [this](const auto& wanted) { setWidths(wanted); },
                        [this] { return least_; }}) {
     // The control itself applies the new width only after this event.
@@ -36,7 +81,7 @@ WxReportList::WxReportList(wxWindow* parent, const ListView& list)
 
 void WxReportList::refill(bool columns) {
     const wxWindowUpdateLocker frozen(this);
-    const long rows = static_cast<long>(list_.rows().size());
+    const long rows = static_cast<long>(contents_->rowCount());
     empty();
     if (columns) buildColumns();
     showSortArrow();
@@ -51,6 +96,31 @@ void WxReportList::refill(bool columns) {
 void WxReportList::empty() {
     if (GetItemCount() > 0) SetItemState(-1, 0, wxLIST_STATE_SELECTED);
     SetItemCount(0);
+}
+
+ListPlace WxReportList::place() const {
+    ListPlace place;
+    place.selected = selectedRows(*this);
+    const long focused = GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
+    if (focused >= 0) place.focused = static_cast<std::size_t>(focused);
+    place.top = static_cast<std::size_t>(std::max(GetTopItem(), 0L));
+    place.left = left();
+    return place;
+}
+
+void WxReportList::restore(const ListPlace& place) {
+    const wxWindowUpdateLocker frozen(this);
+    if (GetItemCount() > 0 && place.selected.size() == static_cast<std::size_t>(GetItemCount())) {
+        SetItemState(-1, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+    } else {
+        for (const std::size_t row : place.selected)
+            SetItemState(static_cast<long>(row), wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
+    }
+    if (place.focused) {
+        SetItemState(static_cast<long>(*place.focused), wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
+        if (!place.top) EnsureVisible(static_cast<long>(*place.focused));
+    }
+    if (place.top) scrollTo(static_cast<long>(*place.top), place.left);
 }
 
 #ifdef __WXMSW__
@@ -75,8 +145,9 @@ void WxReportList::scrollTo(long row, int left) {
 }
 
 void WxReportList::showSortArrow() {
-    if (list_.sorted() && static_cast<int>(list_.sortKey()) < GetColumnCount()) {
-        ShowSortIndicator(static_cast<int>(list_.sortKey()), true);
+    const auto column = contents_->sortColumn();
+    if (column && static_cast<int>(*column) < GetColumnCount()) {
+        ShowSortIndicator(static_cast<int>(*column), true);
     } else {
         RemoveSortIndicator();
     }
@@ -88,7 +159,7 @@ void WxReportList::buildColumns() {
     widthless_ = width <= 0;
     least_.clear();
     std::vector<int> wanted;
-    for (const ListColumn& column : list_.columns()) {
+    for (const ListColumn& column : contents_->columns()) {
         least_.push_back(GetTextExtent(toWx(column.header)).GetWidth() + FromDIP(kHeaderMargin));
         wanted.push_back(column.width > 0 ? static_cast<int>(std::lround(width * column.width))
                                           : FromDIP(kDefaultColumnWidth));
@@ -96,7 +167,7 @@ void WxReportList::buildColumns() {
     if (!widthless_) scaling_.keep(wanted, GetSize().GetWidth());
     wanted = widened(std::move(wanted), least_, width);
     for (std::size_t i = 0; i < wanted.size(); ++i)
-        AppendColumn(toWx(list_.columns()[i].header), wxLIST_FORMAT_LEFT, wanted[i]);
+        AppendColumn(toWx(contents_->columns()[i].header), wxLIST_FORMAT_LEFT, wanted[i]);
 }
 
 // A column that the user made narrower than its header stays narrow.
@@ -122,20 +193,20 @@ void WxReportList::setWidths(const std::vector<int>& widths) {
 void WxReportList::loadImages() {
     const std::size_t before = images_.bundles().size();
     std::string_view last;
-    for (const ListRow& row : list_.rows()) {
-        if (row.smallIcon != last) images_.indexOf(last = row.smallIcon);
+    for (std::size_t row = 0; row < contents_->rowCount(); ++row) {
+        if (contents_->icon(row) != last) images_.indexOf(last = contents_->icon(row));
     }
     if (images_.bundles().size() != before) SetSmallImages(images_.bundles());
 }
 
 wxString WxReportList::OnGetItemText(long row, long column) const {
-    if (row < 0 || static_cast<std::size_t>(row) >= list_.rows().size()) return {};
-    return toWx(list_.cell(static_cast<std::size_t>(row), static_cast<std::size_t>(column)));
+    if (row < 0 || static_cast<std::size_t>(row) >= contents_->rowCount()) return {};
+    return toWx(contents_->cell(static_cast<std::size_t>(row), static_cast<std::size_t>(column)));
 }
 
 int WxReportList::OnGetItemImage(long row) const {
-    if (row < 0 || static_cast<std::size_t>(row) >= list_.rows().size()) return -1;
-    return images_.indexOf(list_.rows()[static_cast<std::size_t>(row)].smallIcon);
+    if (row < 0 || static_cast<std::size_t>(row) >= contents_->rowCount()) return -1;
+    return images_.indexOf(contents_->icon(static_cast<std::size_t>(row)));
 }
 
 namespace {

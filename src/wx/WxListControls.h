@@ -8,19 +8,34 @@
 
 namespace trevandix {
 
-/// The list with columns. It holds no rows, but asks the ListView for those that it draws.
+/// The window that receives the mouse events of the rows. Where wx draws the control itself, this is a child
+/// of it.
+wxWindow& rowArea(wxListCtrl& control);
+
+/// Sets what a screen reader says about a list. Where wx draws the control itself, the name tells the first
+/// columns of the current row too. Also redraws the header when the list is scrolled, which wx forgets.
+void makeReadable(wxListCtrl& control, const wxString& name, const wxString& purpose, int columns = 1);
+
+/// Selected rows, ascending.
+std::vector<std::size_t> selectedRows(const wxListCtrl& control);
+
+/// The list with columns. It holds no rows, but asks for those that it draws.
 class WxReportList : public wxListCtrl {
 public:
-    WxReportList(wxWindow* parent, const ListView& list);
+    WxReportList(wxWindow* parent, const wxString& name);
 
-    /// Shows the rows of the ListView, and its columns if `columns`, with nothing selected.
+    /// Must be called once before `refill`. `contents` must outlive the list.
+    void connect(const ListContents& contents) { contents_ = &contents; }
+
+    /// Shows the rows of the contents, and the columns if `columns`, with nothing selected.
     void refill(bool columns);
+    ListPlace place() const;
+    /// To be called after `refill`.
+    void restore(const ListPlace& place);
     /// Removes all rows from the display.
     void empty();
     /// Horizontal scroll position, in the control's own unit.
     int left() const;
-    /// Scrolls until `row` is the first visible row, or as far as the list allows.
-    void scrollTo(long row, int left);
 
 protected:
     wxString OnGetItemText(long row, long column) const override;
@@ -33,8 +48,10 @@ private:
     void setWidths(const std::vector<int>& widths);
     void loadImages();
     void showSortArrow();
+    /// Scrolls until `row` is the first visible row, or as far as the list allows.
+    void scrollTo(long row, int left);
 
-    const ListView& list_;
+    const ListContents* contents_ = nullptr;
     mutable WxImageList images_{kTreeIconSize};
     WxColumnScaling scaling_;
     std::vector<int> least_;  // of each column, so that its header is readable

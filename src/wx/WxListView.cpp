@@ -17,17 +17,6 @@ namespace {
 constexpr char kSpokenName[] = "Contents";
 constexpr char kSpokenPurpose[] = "What the selected node holds";
 
-// The window that receives the mouse events of the rows. Where wx draws the control itself, this is a child
-// of it.
-wxWindow& rowArea(wxListCtrl& control) {
-#ifdef __WXGTK__
-    for (wxWindow* part : control.GetChildren()) {
-        if (part->GetName() != "wxlistctrlcolumntitles") return *part;
-    }
-#endif
-    return control;
-}
-
 }  // namespace
 
 WxListView::WxListView(wxWindow* parent, ListView& list, WxInputGate& gate, OpenMenu openMenu)
@@ -35,8 +24,9 @@ WxListView::WxListView(wxWindow* parent, ListView& list, WxInputGate& gate, Open
       list_(list),
       gate_(gate),
       openMenu_(std::move(openMenu)),
-      report_(new WxReportList(this, list)),
+      report_(new WxReportList(this, "ListView1")),
       shown_(report_) {
+    report_->connect(list);
     SetSizer(new wxBoxSizer(wxVERTICAL));
     GetSizer()->Add(report_, wxSizerFlags(1).Expand());
     watch(*report_);
@@ -67,27 +57,8 @@ void WxListView::watch(wxListCtrl& control) {
                    [column](MainWindowEvents& e) { e.ListView1_ColumnClick(column); });
     });
     control.Bind(wxEVT_CONTEXT_MENU, &WxListView::onContextMenu, this);
-    wxWindow& rows = rowArea(control);
-    setAccessibleName(control, kSpokenName, kSpokenPurpose);
-    setAccessibleName(rows, kSpokenName, kSpokenPurpose);
-    watchRows(rows);
-#ifdef __WXGTK__
-    // wx redraws the header before it scrolls the rows, so the header is redrawn afterwards.
-    for (const auto& type : {wxEVT_SCROLLWIN_LINEUP, wxEVT_SCROLLWIN_LINEDOWN, wxEVT_SCROLLWIN_PAGEUP,
-                             wxEVT_SCROLLWIN_PAGEDOWN, wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_BOTTOM,
-                             wxEVT_SCROLLWIN_THUMBTRACK, wxEVT_SCROLLWIN_THUMBRELEASE}) {
-        control.Bind(type, [&control](wxScrollWinEvent& event) {
-            event.Skip();
-            control.CallAfter([&control] { control.Refresh(); });
-        });
-    }
-    // As in the tree, the name tells the current row. A virtual list leaves event.GetText() empty.
-    control.Bind(wxEVT_LIST_ITEM_FOCUSED, [&control, &rows](wxListEvent& event) {
-        event.Skip();
-        if (event.GetIndex() >= 0)
-            setAccessibleName(rows, kSpokenName + (": " + control.GetItemText(event.GetIndex())));
-    });
-#endif
+    makeReadable(control, kSpokenName, kSpokenPurpose);
+    watchRows(rowArea(control));
 }
 
 void WxListView::watchRows(wxWindow& rows) {
@@ -159,27 +130,23 @@ void WxListView::contentsChanged(bool columns) {
 }
 
 ListPlace WxListView::place() const {
+    if (shown_ == report_) return report_->place();
     ListPlace place;
     place.selected = selectedRows();
     const long focused = shown_->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
     if (focused >= 0) place.focused = static_cast<std::size_t>(focused);
-    if (shown_ == report_) {
-        place.top = static_cast<std::size_t>(std::max(report_->GetTopItem(), 0L));
-        place.left = report_->left();
-    }
     return place;
 }
 
 void WxListView::restore(const ListPlace& place) {
     const ScopedIncrement quiet(quiet_);
+    if (shown_ == report_) return report_->restore(place);
     const wxWindowUpdateLocker frozen(this);
     for (const std::size_t row : place.selected)
         shown_->SetItemState(static_cast<long>(row), wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
-    if (place.focused) {
-        shown_->SetItemState(static_cast<long>(*place.focused), wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
-        if (shown_ != report_ || !place.top) shown_->EnsureVisible(static_cast<long>(*place.focused));
-    }
-    if (shown_ == report_ && place.top) report_->scrollTo(static_cast<long>(*place.top), place.left);
+    if (!place.focused) return;
+    shown_->SetItemState(static_cast<long>(*place.focused), wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
+    shown_->EnsureVisible(static_cast<long>(*place.focused));
 }
 
 void WxListView::rowChanged(std::size_t row) {
@@ -201,12 +168,7 @@ bool WxListView::usable() const {
 }
 
 std::vector<std::size_t> WxListView::selectedRows() const {
-    std::vector<std::size_t> rows;
-    rows.reserve(static_cast<std::size_t>(shown_->GetSelectedItemCount()));
-    for (long row = -1; (row = shown_->GetNextItem(row, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED)) >= 0;) {
-        rows.push_back(static_cast<std::size_t>(row));
-    }
-    return rows;
+    return trevandix::selectedRows(*shown_);
 }
 
 std::optional<std::size_t> WxListView::currentRow() const {

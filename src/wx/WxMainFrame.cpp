@@ -25,7 +25,8 @@ namespace {
 
 constexpr double kScreenShare = 0.8;
 constexpr double kTreeShare = 0.4;  // of the width
-constexpr int kTick = 1000;         // milliseconds
+constexpr int kTick = 250;          // milliseconds
+constexpr auto kPause = std::chrono::milliseconds(300);
 constexpr int kSmallestPane = 120;
 constexpr int kSmallestWidth = 320;
 constexpr int kSmallestHeight = 300;
@@ -85,7 +86,9 @@ WxMainFrame::WxMainFrame(const CommandTables& tables, StructureTree& tree, ListV
         [this](std::string_view key) {
             gate_.run([key](MainWindowEvents& events) { events.Toolbar1_ButtonClick(key); });
         });
-    status_ = new WxStatusBar(this);
+    status_ = new WxStatusBar(this, [this](StatusField field) {
+        gate_.run([field](MainWindowEvents& events) { events.statusClicked(field); });
+    });
     SetStatusBar(status_);
     SetDropTarget(new FileDrop(*this, gate_));  // applies to all child windows
 #ifdef __WXGTK__
@@ -203,11 +206,14 @@ void WxMainFrame::close() {
     Destroy();
 }
 
-// Bypasses the gate: a timer event never touches what a command or a dialog is working on.
 void WxMainFrame::onTimer(wxTimerEvent&) {
     placed_ = true;  // later size changes are the user's
-    if (MainWindowEvents* events = gate_.attached())
-        events->idle(std::chrono::steady_clock::now(), gate_.lastInput());
+    const auto now = std::chrono::steady_clock::now();
+    // Bypasses the gate: this never touches what a command or a dialog is working on.
+    if (MainWindowEvents* events = gate_.attached()) events->idle(now, gate_.lastInput());
+    const bool drags = GetCapture() != nullptr;
+    if (!drags && now - gate_.lastInput() >= kPause)
+        gate_.run([](MainWindowEvents& events) { events.paused(inputWaits); });
 }
 
 void WxMainFrame::onClose(wxCloseEvent& event) {

@@ -2,6 +2,7 @@
 
 #ifdef __WXGTK__
 #include <dlfcn.h>
+#include <poll.h>
 #include <wx/dc.h>
 #include <wx/renderer.h>
 #include <wx/settings.h>
@@ -89,6 +90,25 @@ void greyInactiveSelections() {
     delete wxRendererNative::Set(new Renderer);
 }
 
+// Asks the connection to the display: what waits in GTK's own loop may also be a timer. GDK does not know
+// whether a Wayland connection has news, so this looks at its file.
+bool inputWaits() {
+    static auto* const waits = gtkFunction<int()>("gdk_events_pending");
+    if (waits != nullptr && waits() != 0) return true;
+    static auto* const displayOf = gtkFunction<void*()>("gdk_display_get_default");
+    static auto* const typeOf = gtkFunction<std::size_t()>("gdk_wayland_display_get_type");
+    static auto* const isOf = gtkFunction<int(void*, std::size_t)>("g_type_check_instance_is_a");
+    static auto* const connectionOf = gtkFunction<void*(void*)>("gdk_wayland_display_get_wl_display");
+    static auto* const fileOf = gtkFunction<int(void*)>("wl_display_get_fd");
+    if (displayOf == nullptr || typeOf == nullptr || isOf == nullptr || connectionOf == nullptr ||
+        fileOf == nullptr)
+        return false;
+    void* const display = displayOf();
+    if (display == nullptr || isOf(display, typeOf()) == 0) return false;
+    pollfd file{fileOf(connectionOf(display)), POLLIN, 0};
+    return poll(&file, 1, 0) > 0;
+}
+
 // A GTK message box is as wide as its text, which may cut the title. wx creates the box only when it shows
 // it, too late to set its width, so a style rule sets it for all boxes.
 void setMessageBoxWidth(int width) {
@@ -111,6 +131,15 @@ void setMessageBoxWidth(int width) {
 void announce(wxWindow&, const wxString&) {}
 void greyInactiveSelections() {}
 void setMessageBoxWidth(int) {}
+#ifdef __WXMSW__
+bool inputWaits() {
+    return HIWORD(::GetQueueStatus(QS_INPUT)) != 0;
+}
+#else
+bool inputWaits() {
+    return false;
+}
+#endif
 
 #endif
 

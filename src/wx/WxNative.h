@@ -19,6 +19,9 @@ void setAccessibleDescription(const wxMenuItem& entry);
 /// bar by themselves when the user asks.
 void announce(wxWindow& window, const wxString& text);
 
+/// True when a key or the mouse waits to be handled. Quick enough to be asked every millisecond.
+bool inputWaits();
+
 /// Draws the selection grey in every tree and list that does not have the focus.
 void greyInactiveSelections();
 

@@ -7,6 +7,7 @@
 #include <wx/filename.h>
 #include <wx/image.h>
 #include <wx/msgdlg.h>
+#include <wx/textbuf.h>
 #include <wx/utils.h>
 // Needs the types of msgdlg.h.
 #include <wx/generic/msgdlgg.h>
@@ -120,6 +121,13 @@ std::string WxClipboard::text() {
     if (!locker) return {};
     wxTextDataObject data;
     return wxTheClipboard->GetData(data) ? fromWx(data.GetText()) : std::string();
+}
+
+void WxClipboard::setText(std::string_view text) {
+    const wxClipboardLocker locker;
+    if (!locker) return;
+    wxTheClipboard->SetData(new wxTextDataObject(wxTextBuffer::Translate(toWx(text))));
+    wxTheClipboard->Flush();  // keeps the text when the program ends
 }
 
 namespace {

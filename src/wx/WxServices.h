@@ -21,10 +21,11 @@ public:
                                     std::string_view proposedName) override;
 };
 
-/// The system's clipboard. Returns an empty text when it holds none or another program has locked it.
+/// The system's clipboard. While another program has locked it, it holds no text and takes none.
 class WxClipboard : public Clipboard {
 public:
     std::string text() override;
+    void setText(std::string_view text) override;
 };
 
 /// The mouse pointer of the whole program.

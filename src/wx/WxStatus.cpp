@@ -16,12 +16,13 @@ namespace {
 
 constexpr int kMargin = 24;   // between a text and the edges of a field that has room, both sides together
 constexpr int kPadding = 8;   // the same in a field that is too narrow for its text
-constexpr int kBorders = 48;  // of all fields
+constexpr int kBorders = 60;  // of all fields
 constexpr int kGrip = 24;     // the size grip over the last field
+constexpr char kProblemsTip[] = " (a click shows them)";
 
 }  // namespace
 
-WxStatusBar::WxStatusBar(wxWindow* parent)
+WxStatusBar::WxStatusBar(wxWindow* parent, Clicked clicked)
     : wxStatusBar(parent, wxID_ANY, wxSTB_SIZEGRIP | wxFULL_REPAINT_ON_RESIZE) {
     SetName("StatusBar1");
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -31,6 +32,10 @@ WxStatusBar::WxStatusBar(wxWindow* parent)
     Bind(wxEVT_MOTION, [this](wxMouseEvent& event) {
         event.Skip();
         showToolTip(event.GetPosition());
+    });
+    Bind(wxEVT_LEFT_UP, [this, clicked = std::move(clicked)](wxMouseEvent& event) {
+        event.Skip();
+        if (const auto field = fieldAt(event.GetPosition())) clicked(*field);
     });
     showNews();
 }
@@ -54,28 +59,38 @@ wxString WxStatusBar::fullText(StatusField field) const {
     return news_[static_cast<std::size_t>(field)];
 }
 
-void WxStatusBar::showToolTip(const wxPoint& point) {
+std::optional<StatusField> WxStatusBar::fieldAt(const wxPoint& point) const {
     for (int field = 0; field < kFields; ++field) {
         wxRect place;
-        if (!GetFieldRect(field, place) || !place.Contains(point)) continue;
-        const wxString text = fullText(static_cast<StatusField>(field));
-        const wxString tip = GetStatusText(field) == text ? wxString() : text;
-        if (GetToolTipText() != tip) SetToolTip(tip);
-        return;
+        if (GetFieldRect(field, place) && place.Contains(point)) return static_cast<StatusField>(field);
     }
+    return std::nullopt;
 }
 
+void WxStatusBar::showToolTip(const wxPoint& point) {
+    const auto field = fieldAt(point);
+    if (!field) return;
+    const wxString text = fullText(*field);
+    wxString tip = GetStatusText(static_cast<int>(*field)) == text ? wxString() : text;
+    if (*field == StatusField::Problems && !text.empty()) tip = text + kProblemsTip;
+    if (GetToolTipText() != tip) SetToolTip(tip);
+}
+
+// Where there is little room, first the notice gives way, then the selection, then the counts.
 void WxStatusBar::showNews() {
     const auto needed = [this](StatusField field) {
-        return GetTextExtent(fullText(field)).GetWidth() + FromDIP(kMargin);
+        const wxString text = fullText(field);
+        return text.empty() ? 0 : GetTextExtent(text).GetWidth() + FromDIP(kMargin);
     };
-    const int counts = needed(StatusField::Counts);
     const int saved = needed(StatusField::Saved);
-    const int rest = GetClientSize().GetWidth() - counts - saved - FromDIP(kBorders);
+    const int problems = needed(StatusField::Problems);
+    const int room = GetClientSize().GetWidth() - saved - problems - FromDIP(kBorders);
+    const int counts = std::clamp(needed(StatusField::Counts), 1, std::max(room, 1));
+    const int rest = room - counts;
     // The notice gets the width it needs, but at most half when that leaves too little for the selection.
     const int notice = std::min(needed(StatusField::Notice) + FromDIP(kGrip),
                                 std::max(rest / 2, rest - needed(StatusField::Selection)));
-    const int widths[kFields]{-1, counts, saved, std::max(notice, 1)};
+    const int widths[kFields]{-1, counts, std::max(saved, 1), std::max(problems, 1), std::max(notice, 1)};
     SetFieldsCount(kFields, widths);
     wxString all;
     for (int field = 0; field < kFields; ++field) {

@@ -5,6 +5,8 @@
 #include <wx/statusbr.h>
 
 #include <array>
+#include <functional>
+#include <optional>
 
 #include "editor/MainWindow.h"
 
@@ -15,18 +17,20 @@ namespace trevandix {
 /// shown instead of the selection.
 class WxStatusBar : public wxStatusBar {
 public:
-    explicit WxStatusBar(wxWindow* parent);
+    using Clicked = std::function<void(StatusField field)>;
+    WxStatusBar(wxWindow* parent, Clicked clicked);
 
     void setNews(StatusField field, const wxString& text);
     /// An empty text removes the hint.
     void setHint(const wxString& text);
 
 private:
-    static constexpr int kFields = 4;
+    static constexpr int kFields = 5;
 
     void showNews();
     wxString fullText(StatusField field) const;
     wxString fitting(int field) const;
+    std::optional<StatusField> fieldAt(const wxPoint& point) const;
     void showToolTip(const wxPoint& point);
 
     std::array<wxString, kFields> news_;
