@@ -58,7 +58,7 @@ constexpr std::ptrdiff_t kRun = 1024;  // sorted in about a millisecond
 }  // namespace
 
 const std::vector<ListColumn>& ProblemRows::columns() const {
-    static const std::vector<ListColumn> kColumns{{"Severity", 0.12}, {"Object", 0.28}, {"Problem", 0.57}};
+    static const std::vector<ListColumn> kColumns{{"Severity", 0.14}, {"Object", 0.36}, {"Problem", 0.48}};
     return kColumns;
 }
 

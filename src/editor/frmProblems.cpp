@@ -15,6 +15,8 @@ constexpr std::string_view kList = "lstProblems";
 constexpr std::array kControls{
     ControlSpec{ControlKind::Heading, "lblCounts"},
     ControlSpec{ControlKind::List, kList}.describedAs("What the checks found"),
+    ControlSpec{ControlKind::Note, "txtProblem", "Current problem"}.describedAs(
+        "What is wrong and how to mend it"),
     ControlSpec{ControlKind::Button, "cmdSelect", "&Select", "", Place::ButtonRow}.describedAs(
         "Selects the object of the current problem"),
     ControlSpec{ControlKind::Button, "cmdCopy", "Copy &All", "", Place::ButtonRow}.describedAs(
@@ -50,7 +52,8 @@ void frmProblems::Form_Load() {
     form_->connectList(kList, rows_,
                        {.open = [this] { cmdSelect_Click(); },
                         .sort = [this](std::size_t column) { sortBy(column); },
-                        .copy = [this] { copySelected(); }});
+                        .copy = [this] { copySelected(); },
+                        .move = [this] { showText(); }});
     form_->onClosed([this] {
         readMarks();
         open_ = false;
@@ -121,6 +124,13 @@ void frmProblems::showRows() {
         if (place.selected.empty()) place.selected.push_back(shownRow());
     }
     form_->refreshList(kList, place);
+    showText();
+}
+
+// All of the current row's text, for which the column may be too narrow.
+void frmProblems::showText() {
+    const auto row = form_->listPlace(kList).focused;
+    form_->setText("txtProblem", row && *row < rows_.rowCount() ? rows_.at(*row).text : "");
 }
 
 void frmProblems::nextProblem() {

@@ -40,6 +40,7 @@ private:
     void readMarks();
     std::size_t shownRow() const;
     void showRows();
+    void showText();
     void show(std::size_t row);
     void cmdSelect_Click();
     void cmdCopy_Click();

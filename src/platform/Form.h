@@ -23,6 +23,7 @@ enum class ControlKind {
     Frame,  ///< box around the controls that name it
     Grid,   ///< read-only cells; the first row is the header
     List,   ///< rows of a ListContents, of which the user can select several
+    Note,   ///< read-only text of several lines; only screen readers get its caption
 };
 
 /// Which typed or pasted characters a text box accepts.
@@ -109,6 +110,7 @@ struct ListHandlers {
     std::function<void()> open{};                    ///< double click on a row
     std::function<void(std::size_t column)> sort{};  ///< click on a header
     std::function<void()> copy{};                    ///< Ctrl+C
+    std::function<void()> move{};                    ///< another row has the focus
 };
 
 /// One window built from a table. Controls have the names of the table; texts are UTF-8. Errors:

@@ -103,6 +103,7 @@ void WxTextBox::onText(wxCommandEvent& event) {
 namespace {
 
 constexpr int kFieldPadding = 10;  // above and below the text together
+constexpr int kNoteLines = 3;
 
 // Some toolkits do not grow their fields with the font.
 void setSize(wxControl& field, int columns) {
@@ -117,6 +118,14 @@ Field* makeField(wxWindow& parent, const ControlSpec& shape) {
     auto* field = new Field(&parent, wxID_ANY);
     setSize(*field, shape.columns);
     return field;
+}
+
+wxWindow* makeNote(wxWindow& parent) {
+    auto* note = new wxTextCtrl(&parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+                                wxTE_MULTILINE | wxTE_READONLY);
+    note->SetMinSize(
+        wxSize(-1, kNoteLines * note->GetCharHeight() + note->FromDIP(kFieldPadding)));
+    return note;
 }
 
 wxWindow* makeWindow(wxWindow& parent, const ControlSpec& shape, const wxString& caption, bool startsGroup) {
@@ -142,13 +151,15 @@ wxWindow* makeWindow(wxWindow& parent, const ControlSpec& shape, const wxString&
             return new WxGrid(&parent);
         case ControlKind::List:
             return new WxFormList(&parent);
+        case ControlKind::Note:
+            return makeNote(parent);
     }
     return nullptr;
 }
 
 bool takesAccessKey(ControlKind kind) {
     return kind != ControlKind::Heading && kind != ControlKind::Frame && kind != ControlKind::Grid &&
-           kind != ControlKind::List;
+           kind != ControlKind::List && kind != ControlKind::Note;
 }
 
 }  // namespace
@@ -167,7 +178,8 @@ WxControl WxControl::make(wxWindow& parent, const ControlSpec& shape, bool start
     control.window->SetName(toWx(shape.name));
     if (auto* entry = dynamic_cast<wxTextEntry*>(control.window))
         control.box = std::make_unique<WxTextBox>(*control.window, *entry, shape.filter);
-    const bool ownName = !control.isField() && shape.kind != ControlKind::Grid;
+    const bool ownName =
+        !control.isField() && shape.kind != ControlKind::Grid && shape.kind != ControlKind::Note;
     setAccessibleName(*control.window, ownName ? wxString() : toWx(control.caption), toWx(shape.description));
     return control;
 }

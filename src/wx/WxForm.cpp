@@ -36,7 +36,7 @@ bool isResizable(const FormSpec& shape) {
 
 // Of the window in front of which a form with a list is shown.
 constexpr double kListWidth = 0.58;
-constexpr double kListHeight = 0.4;
+constexpr double kListHeight = 0.5;
 constexpr int kListMargin = 40;  // to its lower right corner, in device-independent pixels
 
 }  // namespace
@@ -125,7 +125,7 @@ void WxForm::setText(std::string_view name, std::string_view text) {
     } else {
         control->setText(text, keys_);
     }
-    if (shown_ && !control->isField()) fit();
+    if (shown_ && control->box == nullptr && !control->isField()) fit();
 }
 
 void WxForm::setItems(std::string_view name, const std::vector<std::string>& items) {

@@ -107,7 +107,7 @@ bool WxFormLayout::fillsArea(ControlKind kind) {
 }
 
 bool WxFormLayout::fillsWidth(ControlKind kind) {
-    return fillsArea(kind) || kind == ControlKind::Text || kind == ControlKind::Choice ||
+    return fillsArea(kind) || kind == ControlKind::Text || kind == ControlKind::Note || kind == ControlKind::Choice ||
            kind == ControlKind::Combo;
 }
 

@@ -20,6 +20,10 @@ WxFormList::WxFormList(wxWindow* parent) : WxReportList(parent, "") {
         const auto column = static_cast<std::size_t>(event.GetColumn());
         CallAfter([this, column] { handlers_.sort(column); });
     });
+    Bind(wxEVT_LIST_ITEM_FOCUSED, [this](wxListEvent& event) {
+        event.Skip();
+        handlers_.move();
+    });
     Bind(wxEVT_CHAR_HOOK, &WxFormList::onKey, this);
 }
 
