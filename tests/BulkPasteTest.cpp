@@ -67,6 +67,17 @@ TEST(BulkPaste, PreviewWarnsWhenRowsAreNotInAddressOrder) {
     play(place, {{"", "tree U.A: a b c d S(b) | saved"}});
 }
 
+TEST(BulkPaste, PreviewSaysWhatIsWrongWithNewNames) {
+    BulkWorkplace place;
+    const Texts lines = split(place.preview("a b", "x\r\nP&T", "mnuPasteName"), "\n");
+    EXPECT_EQ(lines[0], "Item name||New Item name|Address|Remark|");
+    EXPECT_EQ(lines[1], "a|<---|x|0||");
+    EXPECT_TRUE(lines[2].starts_with("b|<---|P&T|0|") && lines[2].size() > 30) << lines[2];
+    // The command itself refuses this name.
+    EXPECT_TRUE(
+        place.preview("a b", "x\r\nP &", "mnuPasteName").starts_with("Item name||New Item name|Address|\n"));
+}
+
 // Items that can be renamed are renamed, even if they swap names; the others keep their names.
 TEST(BulkPaste, RenamesEveryItemThatCanBeRenamed) {
     const std::string inCollection = failure(kKeyInCollection, "mnuPasteName_Click")[0];

@@ -102,6 +102,8 @@ void act(Workplace& place, const std::string& step) {
     const bool copies = what.starts_with("copy ");
     if (what == "no") {
         place.messages.answers.push_back(Answer::No);
+    } else if (what == "pause") {
+        place.editor.paused([] { return false; });
     } else if (what == "clipboard") {
         place.clipboard.contents = rest;
     } else if (what == "find" || what == "next") {
@@ -110,7 +112,7 @@ void act(Workplace& place, const std::string& step) {
     } else if (what == "sort") {
         place.editor.ListView1_ColumnClick(std::stoul(rest));
     } else if (what.starts_with("mnu") || what.starts_with("edit ") || what.starts_with("button ") ||
-               what == "openObject") {
+               what == "openObject" || what.ends_with("Problem")) {
         if (colon != std::string::npos) {
             place.forms.scripts.emplace_back([rest](FakeForm& form) {
                 if (!rest.empty()) form.fill(rest);
@@ -154,6 +156,7 @@ std::string seen(Workplace& place, const std::string& wanted) {
         {"selection", "selection " + status[StatusField::Selection]},
         {"counts", "counts " + status[StatusField::Counts]},
         {"state", "state " + status[StatusField::Saved]},
+        {"problems", "problems " + status[StatusField::Problems]},
         {"notice", "notice " + status[StatusField::Notice]},
         {"mode", "mode " + std::to_string(static_cast<int>(place.list.mode()))}};
     Texts found;

@@ -55,11 +55,13 @@ struct PlantedWorkplace : Workplace {
 ///   mnuCopy   runs the command                 said M / M         messages; without "said" none are allowed
 ///   button new     presses the toolbar button  mode 3             view mode of the list
 ///   edit U         double click                saved, unsaved     the saved flag
-///   drag U to V    right mouse button          state, counts, selection, notice   a status bar field
+///   drag U to V    right mouse button          state, counts, selection, problems, notice   a field of the
+///                                                                 status bar
 ///   copy U to V    the same with Ctrl          opens F            the dialogs opened
 ///   find: T, next: T    in the find window
 ///   sort: 1        clicks a list header
 ///   clipboard: T   puts T on the clipboard
+///   pause          lets the checks run
 ///   no             answers No to the next question
 ///
 /// "top" is the root. ": FIELDS" after a command or "edit" fills the dialog and presses its default button.

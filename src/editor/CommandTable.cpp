@@ -103,8 +103,8 @@ std::span<const CommandRow> commandRows() {
         row(
             "", "redo", "", "Ctrl+Shift+Z", "", {}, kAlways, [](F& f) { f.undo_.mnuRedo_Click(); }, kNoStep),
         row(
-            "", "mnuProblems", "", "Ctrl+F8", "", {}, kAlways,
-            [](F& f) { f.problems_.mnuProblems_Click(); }, kNoStep),
+            "", "mnuProblems", "", "Ctrl+F8", "", {}, kAlways, [](F& f) { f.problems_.mnuProblems_Click(); },
+            kNoStep),
         row(
             "", "nextProblem", "", "F8", "", {}, kAlways, [](F& f) { f.problems_.nextProblem(); }, kNoStep),
         row(

@@ -123,8 +123,7 @@ Field* makeField(wxWindow& parent, const ControlSpec& shape) {
 wxWindow* makeNote(wxWindow& parent) {
     auto* note = new wxTextCtrl(&parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                                 wxTE_MULTILINE | wxTE_READONLY);
-    note->SetMinSize(
-        wxSize(-1, kNoteLines * note->GetCharHeight() + note->FromDIP(kFieldPadding)));
+    note->SetMinSize(wxSize(-1, kNoteLines * note->GetCharHeight() + note->FromDIP(kFieldPadding)));
     return note;
 }
 

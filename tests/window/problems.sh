@@ -1,0 +1,64 @@
+#!/usr/bin/env bash
+# Problems: the window opens, selects an object and follows its mending and the undo; F8 steps without it.
+. "$(dirname "$0")/lib.sh"
+. "$(dirname "$0")/dialogs.sh"
+
+problems=Problems
+
+# listed TEXT: checks the objects in the window, using the clipboard.
+listed() {
+    printf '' | xclip -selection clipboard
+    keys ctrl+a ctrl+c
+    until_true 5 eval '[ -n "$(xclip -o -selection clipboard 2>/dev/null)" ]' || fail "nothing was copied"
+    until_true 2 lists "$1" || fail "the window lists \"$(objects)\", expected \"$1\""
+}
+objects() { xclip -o -selection clipboard | tr -d '\r' | cut -f 1,2 | tr '\t\n' ' ,'; }
+lists() { [ "$(objects)" = "$1" ]; }
+
+# selected NAME: checks the name of the item that is selected in the tree.
+selected() {
+    await_tree
+    keys Return
+    await "$item"
+    keys alt+i
+    holds "$1"
+    leave_dialog
+}
+
+plant=$folder/plant.xml
+sed -e 's|>Conductivity</name>|>New_Item_1</name>|' -e 's|<comment>start command|<comment>start \&amp; stop|' \
+    "$window_root/samples/water-works.xml" >"$plant"
+cmp -s "$plant" "$window_root/samples/water-works.xml" && fail "no faults were made"
+start "$plant"
+
+keys F8
+await "$problems"
+listed "error Intake.PUMPS.PUMP1.Start,error Intake.PUMPS.PUMP2.Start,warning Dosing.ANALYSERS.New_Item_1,"
+keys Home Down Return
+selected Start
+keys Return
+await "$item"
+fill_text c "start command"
+confirm_dialog
+keys ctrl+F8
+await "$problems"
+listed "error Intake.PUMPS.PUMP1.Start,warning Dosing.ANALYSERS.New_Item_1,"
+leave_dialog
+
+keys ctrl+z F8
+selected Start
+keys F8
+selected New_Item_1
+keys shift+F8 shift+F8 shift+F8
+selected New_Item_1
+
+# A click on the field of the status bar, with no notice beside it.
+keys Home
+main_window
+xdotool mousemove --window "$WINDOW" $((WIDTH - 100)) $((HEIGHT - 12)) click 1
+await "$problems"
+listed "error Intake.PUMPS.PUMP1.Start,error Intake.PUMPS.PUMP2.Start,warning Dosing.ANALYSERS.New_Item_1,"
+leave_dialog
+save_as "$folder/written.xml"
+grep -c 'start & stop' "$folder/written.xml" | grep -qx 2 || fail "the undo did not bring the comment back"
+leave_program
