@@ -65,8 +65,20 @@ shot about
 keys Escape
 await "$main"
 
-keys ctrl+n
+sed -e 's|>Conductivity</name>|>New_Item_1</name>|' -e '1,300s|<comment>start command|<comment>start \&amp; stop|' \
+    -e 's|<address>101</address>|<address>100</address>|' "$plant/water-works.xml" >"$plant/faulty.xml"
+keys ctrl+o
 answer alt+n
+await "Open as existing configuration"
+type_path "$plant/faulty.xml"
+await "$main"
+until_loaded
+keys F8
+await "Problems"
+keys Down
+shot_of problems Problems Escape
+
+keys ctrl+n
 await "Select ModBus interface"
 shot select
 keys Down Return

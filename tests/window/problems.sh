@@ -26,7 +26,7 @@ selected() {
 }
 
 plant=$folder/plant.xml
-sed -e 's|>Conductivity</name>|>New_Item_1</name>|' -e 's|<comment>start command|<comment>start \&amp; stop|' \
+sed -e 's|>Conductivity</name>|>New_Item_1</name>|' -e '1,300s|<comment>start command|<comment>start \&amp; stop|' \
     "$window_root/samples/water-works.xml" >"$plant"
 cmp -s "$plant" "$window_root/samples/water-works.xml" && fail "no faults were made"
 start "$plant"
