@@ -15,14 +15,13 @@ listed() {
 objects() { xclip -o -selection clipboard | tr -d '\r' | cut -f 1,2 | tr '\t\n' ' ,'; }
 lists() { [ "$(objects)" = "$1" ]; }
 
-# selected NAME: checks the name of the item that is selected in the tree.
-selected() {
+# opens NAME: opens the dialog of the selected item, which has this name. Afterwards the item's branch is selected.
+opens() {
     await_tree
     keys Return
     await "$item"
     keys alt+i
     holds "$1"
-    leave_dialog
 }
 
 plant=$folder/plant.xml
@@ -35,9 +34,7 @@ keys F8
 await "$problems"
 listed "error Intake.PUMPS.PUMP1.Start,error Intake.PUMPS.PUMP2.Start,warning Dosing.ANALYSERS.New_Item_1,"
 keys Home Down Return
-selected Start
-keys Return
-await "$item"
+opens Start
 fill_text c "start command"
 confirm_dialog
 keys ctrl+F8
@@ -46,11 +43,14 @@ listed "error Intake.PUMPS.PUMP1.Start,warning Dosing.ANALYSERS.New_Item_1,"
 leave_dialog
 
 keys ctrl+z F8
-selected Start
+opens Start
+leave_dialog
 keys F8
-selected New_Item_1
+opens New_Item_1
+leave_dialog
 keys shift+F8 shift+F8 shift+F8
-selected New_Item_1
+opens New_Item_1
+leave_dialog
 
 # A click on the field of the status bar, with no notice beside it.
 keys Home
