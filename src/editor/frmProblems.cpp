@@ -127,10 +127,12 @@ void frmProblems::showRows() {
     showText();
 }
 
-// All of the current row's text, for which the column may be too narrow.
+// All of the current row, for which the columns may be too narrow.
 void frmProblems::showText() {
     const auto row = form_->listPlace(kList).focused;
-    form_->setText("txtProblem", row && *row < rows_.rowCount() ? rows_.at(*row).text : "");
+    const bool known = row && *row < rows_.rowCount();
+    form_->setText("txtProblem",
+                   known ? std::string(rows_.cell(*row, 1)).append(": ").append(rows_.cell(*row, 2)) : "");
 }
 
 void frmProblems::nextProblem() {

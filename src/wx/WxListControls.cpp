@@ -109,8 +109,9 @@ ListPlace WxReportList::place() const {
 }
 
 void WxReportList::restore(const ListPlace& place) {
+    if (GetItemCount() == 0) return;
     const wxWindowUpdateLocker frozen(this);
-    if (GetItemCount() > 0 && place.selected.size() == static_cast<std::size_t>(GetItemCount())) {
+    if (place.selected.size() == static_cast<std::size_t>(GetItemCount())) {
         SetItemState(-1, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
     } else {
         for (const std::size_t row : place.selected)

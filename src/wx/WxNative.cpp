@@ -65,8 +65,9 @@ public:
 
 void setAccessibleName(wxWindow& window, const wxString& name, const wxString& description) {
     setTexts(window.GetHandle(), name, description);
-    // A control that wx draws itself has its focus in an inner widget.
-    if (window.m_wxwindow != nullptr) setTexts(window.m_wxwindow, name, description);
+    // A control that wx draws itself, and a text of several lines, has its focus in an inner widget.
+    for (void* inner : {static_cast<void*>(window.m_wxwindow), static_cast<void*>(window.m_focusWidget)})
+        setTexts(inner, name, description);
 }
 
 // Older libraries have no such signal.

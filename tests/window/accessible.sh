@@ -21,7 +21,7 @@ told() {
 asked() { /usr/bin/python3 "$window_root/tests/window/accessible.py" "$@" 2>"$folder/told"; }
 
 plant=$folder/plant.xml
-cp "$window_root/samples/water-works.xml" "$plant"
+sed 's|>Redox</name>|>New_Item_1</name>|' "$window_root/samples/water-works.xml" >"$plant"
 start "$plant"
 go 2 # a branch
 told "$main" "Configuration: ANALYSERS"
@@ -55,6 +55,9 @@ leave_dialog
 copied 'Chlorine\r\nConductance\r\nRedox_Potential\r\n'
 go 2 Tab ctrl+a alt+e Up Up Return
 told "Replace Text" Confirm
+leave_dialog
+keys F8
+told "Problems" "Problems: warning Dosing.ANALYSERS.New_Item_1"
 leave_dialog
 keys alt+a Return
 told "About Trevandix Configuration Editor" Ok
