@@ -41,8 +41,12 @@ struct FakeFileDialog : FileDialog {
 
 struct FakeClipboard : Clipboard {
     std::string text() override { return contents; }
-    void setText(std::string_view text) override { contents = text; }
+    bool setText(std::string_view text) override {
+        if (!locked) contents = text;
+        return !locked;
+    }
     std::string contents;
+    bool locked = false;
 };
 
 struct FakeRegistry : Registry {

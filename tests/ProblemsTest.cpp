@@ -64,7 +64,7 @@ TEST(Problems, StepsFollowTheEdits) {
     place.follow({
         {"@Speed_Actual; pause", "Speed_Actual | No problems |  |"},
         {"nextProblem", "Speed_Actual | No problems |  |"},  // opens the window
-        {"nextProblem", "Speed_Actual | No problems | No problems |"},
+        {"nextProblem", "Speed_Actual | No problems | No problem to select |"},
         // Counted in the next pause, or at once where they are needed.
         {"edit @Start: txtComment=a & b", "pump | No problems |  |"},
         {"edit @Stop: txtComment=&; pause", "pump | 2 errors |  | *Start Stop"},
@@ -118,6 +118,9 @@ TEST(Problems, WindowSelectsSortsAndCopies) {
     EXPECT_TRUE(copied.starts_with("warning\t" + std::string(kPump) + "New_Item_9\t")) << copied;
     form.press("cmdCopy");
     EXPECT_EQ(split(place.clipboard.contents, "\n").size(), 4U);
+    place.clipboard.locked = true;
+    form.press("cmdCopy");
+    EXPECT_EQ(place.window.status[StatusField::Notice], "Not copied: another program uses the clipboard");
     form.press("cmdSelect");
     place.follow({{"", "New_Item_9" + counts + "1 of 3, warning | *New_Item_9 Start Stop"}});
     form.rowsShown = {{2}, 2};

@@ -167,7 +167,7 @@ void frmProblems::cmdSelect_Click() {
 
 // Selects the object of the row as a click in the tree does.
 void frmProblems::show(std::size_t row) {
-    if (rows_.rowCount() == 0) return context_.news.tell(context_.news.problems());
+    if (rows_.rowCount() == 0) return context_.news.tell("No problem to select");
     marks_ = {{row}, row, false};
     showRows();
     const Finding& finding = rows_.at(row);
@@ -201,8 +201,9 @@ void frmProblems::cmdCopy_Click() {
 
 void frmProblems::copy(const std::string& text, std::size_t rows) const {
     if (rows == 0) return;
-    context_.platform.clipboard.setText(text);
-    context_.news.tell(counted(rows, "problem", "problems") + " copied");
+    const bool copied = context_.platform.clipboard.setText(text);
+    context_.news.tell(copied ? counted(rows, "problem", "problems") + " copied"
+                              : "Not copied: another program uses the clipboard");
     context_.news.update();
 }
 

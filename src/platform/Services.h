@@ -39,8 +39,8 @@ public:
     virtual ~Clipboard() = default;
     /// Line ends are those of the program that copied it.
     virtual std::string text() = 0;
-    /// Lines end with LF.
-    virtual void setText(std::string_view text) = 0;
+    /// Lines end with LF. False when another program keeps the clipboard locked.
+    virtual bool setText(std::string_view text) = 0;
 };
 
 /// Where the OPC server finds the path of its configuration.

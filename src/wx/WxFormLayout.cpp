@@ -107,8 +107,8 @@ bool WxFormLayout::fillsArea(ControlKind kind) {
 }
 
 bool WxFormLayout::fillsWidth(ControlKind kind) {
-    return fillsArea(kind) || kind == ControlKind::Text || kind == ControlKind::Note ||
-           kind == ControlKind::Choice || kind == ControlKind::Combo;
+    return fillsArea(kind) || kind == ControlKind::Heading || kind == ControlKind::Text ||
+           kind == ControlKind::Note || kind == ControlKind::Choice || kind == ControlKind::Combo;
 }
 
 void WxFormLayout::startRow(Area& area, WxControl& control, const ControlSpec* next) {

@@ -6,6 +6,7 @@
 #include <wx/filedlg.h>
 #include <wx/filename.h>
 #include <wx/image.h>
+#include <wx/log.h>
 #include <wx/msgdlg.h>
 #include <wx/textbuf.h>
 #include <wx/utils.h>
@@ -123,11 +124,20 @@ std::string WxClipboard::text() {
     return wxTheClipboard->GetData(data) ? fromWx(data.GetText()) : std::string();
 }
 
-void WxClipboard::setText(std::string_view text) {
-    const wxClipboardLocker locker;
-    if (!locker) return;
-    wxTheClipboard->SetData(new wxTextDataObject(wxTextBuffer::Translate(toWx(text))));
-    wxTheClipboard->Flush();  // keeps the text when the program ends
+// Other programs look at the clipboard whenever it changes, and lock it for a moment.
+bool WxClipboard::setText(std::string_view text) {
+    constexpr int kTries = 10;
+    constexpr int kPause = 20;  // milliseconds
+    const wxLogNull silent;
+    for (int tries = 0; tries < kTries; ++tries) {
+        if (tries > 0) wxMilliSleep(kPause);
+        const wxClipboardLocker locker;
+        if (!locker || !wxTheClipboard->SetData(new wxTextDataObject(wxTextBuffer::Translate(toWx(text)))))
+            continue;
+        wxTheClipboard->Flush();  // keeps the text when the program ends
+        return true;
+    }
+    return false;
 }
 
 namespace {

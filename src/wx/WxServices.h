@@ -25,7 +25,7 @@ public:
 class WxClipboard : public Clipboard {
 public:
     std::string text() override;
-    void setText(std::string_view text) override;
+    bool setText(std::string_view text) override;
 };
 
 /// The mouse pointer of the whole program.

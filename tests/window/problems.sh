@@ -15,6 +15,12 @@ listed() {
 objects() { xclip -o -selection clipboard | tr -d '\r' | cut -f 1,2 | tr '\t\n' ' ,'; }
 lists() { [ "$(objects)" = "$1" ]; }
 
+# Closes a dialog or the window. Under Wine the window manager does not know which window gets the keyboard.
+close_by() {
+    keys "$1"
+    await_tree
+}
+
 # opens NAME: opens the dialog of the selected item, which has this name. Afterwards the item's branch is selected.
 opens() {
     await_tree
@@ -36,21 +42,21 @@ listed "error Intake.PUMPS.PUMP1.Start,error Intake.PUMPS.PUMP2.Start,warning Do
 keys Home Down Return
 opens Start
 fill_text c "start command"
-confirm_dialog
+close_by Return
 keys ctrl+F8
 await "$problems"
 listed "error Intake.PUMPS.PUMP1.Start,warning Dosing.ANALYSERS.New_Item_1,"
-leave_dialog
+close_by Escape
 
 keys ctrl+z F8
 opens Start
-leave_dialog
+close_by Escape
 keys F8
 opens New_Item_1
-leave_dialog
+close_by Escape
 keys shift+F8 shift+F8 shift+F8
 opens New_Item_1
-leave_dialog
+close_by Escape
 
 # A click on the field of the status bar, with no notice beside it.
 keys Home
@@ -58,7 +64,7 @@ main_window
 xdotool mousemove --window "$WINDOW" $((WIDTH - 100)) $((HEIGHT - 12)) click 1
 await "$problems"
 listed "error Intake.PUMPS.PUMP1.Start,error Intake.PUMPS.PUMP2.Start,warning Dosing.ANALYSERS.New_Item_1,"
-leave_dialog
+close_by Escape
 save_as "$folder/written.xml"
 grep -c 'start & stop' "$folder/written.xml" | grep -qx 2 || fail "the undo did not bring the comment back"
 leave_program
