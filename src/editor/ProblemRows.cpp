@@ -86,11 +86,20 @@ std::optional<ProblemRows::Order> ProblemRows::sorted(const std::vector<Finding>
         if (interrupted()) return std::nullopt;
         std::stable_sort(place(from), place(from + kRun), less);
     }
+    Order merged(order.size());
     for (std::ptrdiff_t run = kRun; run < count; run *= 2) {
-        for (std::ptrdiff_t from = 0; from + run < count; from += 2 * run) {
-            if (interrupted()) return std::nullopt;
-            std::inplace_merge(place(from), place(from + run), place(from + 2 * run), less);
+        auto out = merged.begin();
+        for (std::ptrdiff_t from = 0; from < count; from += 2 * run) {
+            auto left = place(from);
+            auto right = place(from + run);
+            while (left != place(from + run) || right != place(from + 2 * run)) {
+                if ((out - merged.begin()) % kRun == 0 && interrupted()) return std::nullopt;
+                const bool fromRight =
+                    left == place(from + run) || (right != place(from + 2 * run) && less(*right, *left));
+                *out++ = fromRight ? *right++ : *left++;
+            }
         }
+        order.swap(merged);
     }
     return order;
 }
