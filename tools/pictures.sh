@@ -69,7 +69,7 @@ sed -e 's|>Conductivity</name>|>New_Item_1</name>|' -e '1,300s|<comment>start co
     -e 's|<address>101</address>|<address>100</address>|' "$plant/water-works.xml" >"$plant/faulty.xml"
 keys ctrl+o
 answer alt+n
-await "Open as existing configuration"
+await_file_dialog "Open as existing configuration"
 type_path "$plant/faulty.xml"
 await "$main"
 until_loaded

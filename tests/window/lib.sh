@@ -208,7 +208,7 @@ visible_windows() { xdotool search --onlyvisible --class "$(basename "$program")
 
 save_as() { # PATH [KEY of the command]
     if [ -n "${2:-}" ]; then keys "$2"; else menu f a; fi
-    await "Save configuration"
+    await_file_dialog "Save configuration"
     type_path "$1"
     await "$main"
     until_true 10 test -s "$1" || fail "nothing was written to $1"
@@ -257,6 +257,12 @@ holds() {
     until_true 5 eval '[ -n "$(xclip -o -selection clipboard 2>/dev/null)" ]' || fail "nothing was copied"
     value=$(xclip -o -selection clipboard)
     [ "$value" = "$1" ] || fail "the field holds \"$value\", expected \"$1\""
+}
+
+# Waits for the system's file dialog. GTK prints warnings if one closes while it still lists its folder.
+await_file_dialog() { # TITLE
+    await "$1"
+    if [ -z "$under_wine" ]; then sleep 1; fi
 }
 
 # type_path PATH: types it into the system's file dialog.

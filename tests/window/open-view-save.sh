@@ -18,7 +18,7 @@ fi
 
 open_file() {
     keys ctrl+o
-    await "Open as existing configuration"
+    await_file_dialog "Open as existing configuration"
     type_path "$1"
 }
 
@@ -55,7 +55,8 @@ leave_dialog
 keys ctrl+s
 answer Escape "$main" # is Cancel
 keys ctrl+s
-answer alt+n "Save configuration"
+answer alt+n
+await_file_dialog "Save configuration"
 leave_dialog
 same_bytes "$window_root/samples/water-works.xml" "$plant"
 echo spoiled >"$plant"
