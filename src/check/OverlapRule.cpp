@@ -116,7 +116,8 @@ std::string told(const Survey& survey, const Partners& partners) {
     std::string text;
     for (std::size_t i = 0; i < partners.named; ++i)
         text += (i == 0 ? "overlaps " : ", ") + shownPartner(survey, survey.items[partners.items[i]]);
-    return text + andMore(partners.count - partners.named) + "; move one of them";
+    return text + andMore(partners.count - partners.named) +
+           "; move one of them unless they are to show the same place in two ways";
 }
 
 }  // namespace

@@ -143,10 +143,11 @@ void findFunctionCodes(Search& search) {
         if (table == nullptr) return;
         const clsModBusType& type = *search.survey.configuration.dataTypes.at(*object.key);
         const auto tell = [&](std::string_view kind, int code, int usual) {
-            const std::string wanted = usual == 0 ? "none" : std::to_string(usual);
+            const std::string wanted =
+                usual == 0 ? "which has none; enter 0" : std::to_string(usual) + "; enter it";
             search.found(*object.key, std::string(kind) + " code " + std::to_string(code) +
                                           " is not that of the table, " + wanted +
-                                          "; enter it unless the device is special");
+                                          " unless the device is special");
         };
         const int write = type.getWriteCode();
         const int single = type.getSingleWrCode();
