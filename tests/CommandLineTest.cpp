@@ -28,7 +28,8 @@ struct CommandLine : ::testing::Test {
     std::string run(int code, const Texts& arguments, XmlParser& with) {
         TextSink out;
         err.text.clear();
-        EXPECT_EQ(runTrevandix({out, err, colours}, with, arguments), code) << err.text;
+        EXPECT_EQ(runTrevandix({out, err, [] { return std::string(); }, colours}, with, arguments), code)
+            << err.text;
         return out.text;
     }
     std::string run(int code, const Texts& arguments) { return run(code, arguments, parser); }

@@ -15,7 +15,7 @@ namespace {
 [[noreturn]] void runAndExit(std::vector<std::string> arguments) {
     StandardStream out(StandardStream::Kind::Output);
     StandardStream err(StandardStream::Kind::Error);
-    const Console console{out, err, out.showsColours()};
+    const Console console{out, err, readStandardInput, out.showsColours()};
     PugiXmlParser parser;
     int code = runTrevandix(console, parser, std::move(arguments));
     try {

@@ -13,7 +13,7 @@ class XmlParser;
 /// What a command ends with.
 enum ExitCode : int {
     kNothingFound = 0,  ///< or: done
-    kFound = 1,         ///< findings or differences
+    kFound = 1,         ///< findings, differences or refused rows
     kFailed = 2,        ///< a file that cannot be read or written, or a wrong command line
 };
 
@@ -51,6 +51,29 @@ struct NewCommand {
     bool force = false;  ///< `out` may exist
 
     ExitCode run() const;
+};
+
+struct ListCommand {
+    std::string file;
+    bool units = false;  ///< instead of items
+    bool types = false;  ///< instead of items
+    std::string separator = "comma";
+    std::string out;     ///< empty for none; without a target the table is printed
+    bool force = false;  ///< `out` may exist
+
+    ExitCode run(const Console& console, XmlParser& parser) const;
+};
+
+struct ImportCommand {
+    std::string file;
+    std::vector<std::string> tables;  ///< "-" is standard input
+    std::string out;                  ///< empty with `inPlace`
+    bool inPlace = false;             ///< the target is the file itself; untouched when nothing changes
+    bool force = false;               ///< `out` may exist
+    bool dryRun = false;              ///< writes nothing
+    bool skipRefused = false;         ///< writes although rows were refused
+
+    ExitCode run(const Console& console, XmlParser& parser) const;
 };
 
 }  // namespace trevandix

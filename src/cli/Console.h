@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -8,11 +9,12 @@
 
 namespace trevandix {
 
-/// Where the commands print. Text is UTF-8.
+/// Where the commands print and read. Text that they print is UTF-8.
 struct Console {
     ByteSink& out;
     ByteSink& err;
-    bool colours = false;  ///< of `out`
+    std::function<std::string()> in;  ///< all that is left of standard input; throws RuntimeError
+    bool colours = false;             ///< of `out`
 };
 
 /// Why a command cannot do its work; the text names the file.

@@ -79,6 +79,33 @@ private:
     KeyedCollection<clsItem>::Iterator nextItem_;
 };
 
+// Quotes show where a text begins and ends.
+std::string valueText(const std::string& text) {
+    const bool plain = !text.empty() && text.find_first_of(" \"") == std::string::npos;
+    return plain ? escaped(text) : '"' + escaped(text) + '"';
+}
+
+std::string lineOf(const Difference& difference) {
+    if (difference.kind == Difference::Kind::Removed) return "- " + escaped(difference.object);
+    if (difference.kind == Difference::Kind::Added) return "+ " + escaped(difference.object);
+    std::string line = "~ ";
+    if (!difference.object.empty()) line += escaped(difference.object) + ": ";
+    return line.append(difference.field) + ' ' + valueText(difference.before) + " -> " +
+           valueText(difference.after);
+}
+
+Colour colourOf(Difference::Kind kind) {
+    switch (kind) {
+        case Difference::Kind::Removed:
+            return Colour::Red;
+        case Difference::Kind::Added:
+            return Colour::Green;
+        case Difference::Kind::Changed:
+            break;
+    }
+    return Colour::Yellow;
+}
+
 }  // namespace
 
 void compare(const Configuration& before, const Configuration& after,
@@ -91,6 +118,10 @@ void compare(const Configuration& before, const Configuration& after,
     forEachNode(after, [&](const TreeNode& node) {
         if (counterpart(node, before) == nullptr) found({Kind::Added, pathOf(node)});
     });
+}
+
+void print(const Console& console, const Difference& difference) {
+    console.out.write(coloured(console, colourOf(difference.kind), lineOf(difference)) + "\n");
 }
 
 }  // namespace trevandix

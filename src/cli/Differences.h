@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "cli/Console.h"
 #include "model/Configuration.h"
 
 namespace trevandix {
@@ -13,10 +14,13 @@ struct Difference {
     enum class Kind { Removed, Added, Changed };
     Kind kind;
     std::string object;        ///< its path; empty for the whole file
-    std::string_view field{};  ///< name in the file, of what was changed
+    std::string_view field{};  ///< of what was changed: its name in the file or its column in a table
     std::string before{};
     std::string after{};
 };
+
+/// Prints a line, coloured if the console has colours.
+void print(const Console& console, const Difference& difference);
 
 /// Tells all differences: of the objects before in their order, then those added in theirs. The order itself
 /// is none. Branch names are in capitals, as they are read.

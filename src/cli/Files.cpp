@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "check/Check.h"
 #include "cli/Console.h"
 #include "platform/FileAccess.h"
 #include "platform/RuntimeError.h"
@@ -10,9 +11,6 @@
 
 namespace trevandix {
 
-namespace {
-
-// Names the file in whatever goes wrong in `body`.
 void forFile(const std::string& file, const std::function<void()>& body) {
     try {
         inProcedure("", body);
@@ -21,9 +19,7 @@ void forFile(const std::string& file, const std::function<void()>& body) {
     }
 }
 
-}  // namespace
-
-const Configuration& readFile(XmlParser& parser, const std::string& file) {
+Configuration& readFile(XmlParser& parser, const std::string& file) {
     static std::unique_ptr<Configuration> before;
     static std::unique_ptr<Configuration> configuration;
     before = std::move(configuration);
@@ -39,6 +35,16 @@ const Configuration& readFile(XmlParser& parser, const std::string& file) {
 
 void requireFree(const std::string& file) {
     if (fileExists(file)) throw CommandError(file + ": The file exists. --force replaces it.");
+}
+
+void requireUnchanged(const std::string& file, const std::optional<FileStamp>& stamp) {
+    if (FileStamp::of(file) != stamp)
+        throw CommandError(file + ": Another program changed the file. Nothing was written.");
+}
+
+void warnOfUnreadable(const Console& console, const std::string& file, const Configuration& configuration) {
+    if (const std::string fault = firstUnreadable(configuration); !fault.empty())
+        complain(console, file + ": warning: other programs cannot read the result: " + fault);
 }
 
 void writeFile(const Configuration& configuration, const std::string& file) {

@@ -1,19 +1,33 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 
 #include "model/Configuration.h"
+#include "platform/SafeFile.h"
 
 namespace trevandix {
 
+struct Console;
 class XmlParser;
 
 /// The configuration in the file. It stays until the second call after this one, the last two until the
 /// program ends: taking a large one apart would take long. Errors: CommandError.
-const Configuration& readFile(XmlParser& parser, const std::string& file);
+Configuration& readFile(XmlParser& parser, const std::string& file);
+
+/// What `body` does with the file. Errors: CommandError, which names the file, instead of RuntimeError.
+void forFile(const std::string& file, const std::function<void()>& body);
 
 /// Refuses to replace a file. Errors: CommandError when there is one.
 void requireFree(const std::string& file);
+
+/// Refuses to go on when the file no longer has the stamp that it had before it was read. Errors:
+/// CommandError.
+void requireUnchanged(const std::string& file, const std::optional<FileStamp>& stamp);
+
+/// Warns if other programs could not read the configuration from a file.
+void warnOfUnreadable(const Console& console, const std::string& file, const Configuration& configuration);
 
 /// Saves as safely as the editor does. Errors: CommandError.
 void writeFile(const Configuration& configuration, const std::string& file);

@@ -27,11 +27,15 @@ private:
     void addDiff(const Console& console, XmlParser& parser);
     void addFormat(const Console& console, XmlParser& parser);
     void addNew();
+    void addList(const Console& console, XmlParser& parser);
+    void addImport(const Console& console, XmlParser& parser);
 
     CheckCommand check_;
     DiffCommand diff_;
     FormatCommand format_;
     NewCommand new_;
+    ListCommand list_;
+    ImportCommand import_;
 };
 
 Parsing::Parsing(const Console& console, XmlParser& parser) {
@@ -55,6 +59,8 @@ Parsing::Parsing(const Console& console, XmlParser& parser) {
     addDiff(console, parser);
     addFormat(console, parser);
     addNew();
+    addList(console, parser);
+    addImport(console, parser);
 }
 
 CLI::App& Parsing::add(const std::string& name, const std::string& what, const std::string& footer,
@@ -118,6 +124,52 @@ void Parsing::addNew() {
         ->option_text(kNothing);
     sub.add_option("-o", new_.out, "Write to OUT; required.")->required()->option_text("OUT");
     sub.add_flag("--force", new_.force, "Replace OUT if it exists.");
+}
+
+void Parsing::addList(const Console& console, XmlParser& parser) {
+    CLI::App& sub = add("list", "List items, units or data types as a table for spreadsheets.",
+                        "Prints the table unless there is a target: CSV as UTF-8 with mark, which import\n"
+                        "takes back.\n\n"
+                        "Exit code: 0 done, 2 a file cannot be read or written.\n\n"
+                        "Example:\n  trevandix list plant.xml -o items.csv",
+                        [&] { return list_.run(console, parser); });
+    sub.add_option("FILE", list_.file, "Configuration.")->required()->option_text(kNothing);
+    CLI::Option* units = sub.add_flag("--units", list_.units, "List units instead of items.");
+    sub.add_flag("--types", list_.types, "List data types instead of items.")
+        ->excludes(units)
+        ->option_text(kNothing);
+    sub.add_option("--separator", list_.separator, "What separates cells; comma unless given.")
+        ->check(CLI::IsMember({"comma", "semicolon", "tab"}))
+        ->option_text("comma|semicolon|tab");
+    sub.add_option("-o", list_.out, "Write to OUT.")->option_text("OUT");
+    sub.add_flag("--force", list_.force, "Replace OUT if it exists.");
+}
+
+void Parsing::addImport(const Console& console, XmlParser& parser) {
+    CLI::App& sub = add("import", "Change and add what tables hold.",
+                        "Takes data types first, then units, then items. Prints a line for each change:\n"
+                        "\"+ OBJECT\" added, \"~ OBJECT: column old -> new\" changed; and for each row that\n"
+                        "is refused, on standard error: \"TABLE: line 12: OBJECT: reason\". Nothing is\n"
+                        "written then without --skip-refused. Without changes --in-place leaves FILE as\n"
+                        "it is. One of -o and --in-place is required.\n\n"
+                        "Exit code: 0 done, 1 rows were refused, 2 a file cannot be read or written.\n\n"
+                        "Example:\n  trevandix import plant.xml units.csv items.csv --in-place",
+                        [&] {
+                            if (import_.out.empty() && !import_.inPlace)
+                                throw CLI::RequiredError("-o OUT or --in-place");
+                            return import_.run(console, parser);
+                        });
+    sub.add_option("FILE", import_.file, "Configuration.")->required()->option_text(kNothing);
+    sub.add_option("TABLE", import_.tables, "Tables as list writes them, in any order; - is standard input.")
+        ->required()
+        ->option_text(kNothing);
+    CLI::Option* out = sub.add_option("-o", import_.out, "Write to OUT.")->option_text("OUT");
+    sub.add_flag("--in-place", import_.inPlace, "Write to FILE; not together with -o.")
+        ->excludes(out)
+        ->option_text(kNothing);
+    sub.add_flag("--force", import_.force, "Replace OUT if it exists.");
+    sub.add_flag("--dry-run", import_.dryRun, "Print everything, but write nothing.");
+    sub.add_flag("--skip-refused", import_.skipRefused, "Write although rows were refused.");
 }
 
 }  // namespace

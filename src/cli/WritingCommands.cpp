@@ -1,4 +1,3 @@
-#include "check/Check.h"
 #include "cli/Commands.h"
 #include "cli/Files.h"
 #include "model/ValueTypes.h"
@@ -12,8 +11,7 @@ ExitCode FormatCommand::run(const Console& console, XmlParser& parser) const {
     if (!out.empty() && !force) requireFree(out);
     const auto stamp = FileStamp::of(file);  // before reading: who writes meanwhile is noticed
     const Configuration& configuration = readFile(parser, file);
-    if (const std::string fault = firstUnreadable(configuration); !fault.empty())
-        complain(console, file + ": warning: other programs cannot read the result: " + fault);
+    warnOfUnreadable(console, file, configuration);
     const std::string& target = inPlace ? file : out;
     if (target.empty()) {
         constexpr std::size_t kNodesPerCall = 4096;
@@ -23,8 +21,7 @@ ExitCode FormatCommand::run(const Console& console, XmlParser& parser) const {
         }
         return kNothingFound;
     }
-    if (FileStamp::of(file) != stamp)
-        throw CommandError(file + ": Another program changed the file. Nothing was written.");
+    requireUnchanged(file, stamp);
     writeFile(configuration, target);
     return kNothingFound;
 }

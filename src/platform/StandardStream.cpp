@@ -1,8 +1,10 @@
 #include "platform/StandardStream.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <span>
 #include <utility>
 
 #include "platform/FileAccess.h"
@@ -75,6 +77,15 @@ int writeBytes(StandardStream::Kind kind, std::string_view bytes) {
     return 0;
 }
 
+// Returns 0 or an `errno`; no bytes at the end.
+int readBytes(std::span<char> place, std::size_t& length) {
+    DWORD read = 0;
+    const auto most = static_cast<DWORD>(place.size());
+    const bool done = ReadFile(GetStdHandle(STD_INPUT_HANDLE), place.data(), most, &read, nullptr) != 0;
+    length = read;
+    return done || GetLastError() == ERROR_BROKEN_PIPE ? 0 : EIO;
+}
+
 // Windows 10 shows colours once it is asked to, older consoles refuse.
 bool isColourTerminal(StandardStream::Kind kind) {
     constexpr DWORD kVirtualTerminal = 4;
@@ -99,6 +110,15 @@ int writeBytes(StandardStream::Kind kind, std::string_view bytes) {
         if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return 0;
+}
+
+// Returns 0 or an `errno`; no bytes at the end.
+int readBytes(std::span<char> place, std::size_t& length) {
+    ssize_t read = -1;
+    do read = ::read(STDIN_FILENO, place.data(), place.size());
+    while (read < 0 && errno == EINTR);
+    length = static_cast<std::size_t>(std::max<ssize_t>(read, 0));
+    return read < 0 ? errno : 0;
 }
 
 bool isColourTerminal(StandardStream::Kind kind) {
@@ -140,6 +160,18 @@ void StandardStream::flush() {
 bool StandardStream::showsColours() const {
     const char* forbidden = std::getenv("NO_COLOR");
     return (forbidden == nullptr || *forbidden == '\0') && isColourTerminal(kind_);
+}
+
+std::string readStandardInput() {
+    std::string bytes;
+    std::array<char, kPiece> piece{};
+    while (bytes.size() <= kLargestFile) {
+        std::size_t length = 0;
+        if (const int error = readBytes(piece, length); error != 0) throwFileError(error);
+        if (length == 0) return bytes;
+        bytes.append(piece.data(), length);
+    }
+    throw RuntimeError(ErrorNumber::OutOfMemory);
 }
 
 }  // namespace trevandix

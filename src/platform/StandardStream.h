@@ -27,4 +27,8 @@ private:
     std::string waiting_;
 };
 
+/// All bytes of standard input as they are. Errors: those of `throwFileError`; OutOfMemory for more than
+/// kLargestFile bytes.
+std::string readStandardInput();
+
 }  // namespace trevandix
