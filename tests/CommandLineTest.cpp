@@ -164,7 +164,7 @@ TEST_F(CommandLine, CheckTellsTheSameAsTextAndAsJson) {
 }
 
 // A file that another program writes between reading and writing stays as that program left it.
-TEST_F(CommandLine, FormatKeepsTheWorkOfOthers) {
+TEST_F(CommandLine, WritingKeepsTheWorkOfOthers) {
     struct SlowParser : PugiXmlParser {
         std::unique_ptr<XmlDocument> load(const std::string& filePath) override {
             auto document = PugiXmlParser::load(filePath);
@@ -173,10 +173,12 @@ TEST_F(CommandLine, FormatKeepsTheWorkOfOthers) {
         }
     } slow;
     const std::string file = path("plant.xml");
-    for (const Texts& target : {Texts{"--in-place"}, Texts{"-o", file, "--force"}}) {
+    const std::string table = path("types.csv");
+    writeFile(table, "Name,Read Code\ncoil,3\n");
+    for (const Texts& arguments :
+         {Texts{"format", file, "--in-place"}, Texts{"format", file, "-o", file, "--force"},
+          Texts{"import", file, table, "--in-place"}}) {
         run(0, {"new", "rtu", "-o", file, "--force"});
-        Texts arguments{"format", file};
-        arguments.insert(arguments.end(), target.begin(), target.end());
         run(2, arguments, slow);
         EXPECT_EQ(readFile(file), "the work of others");
         EXPECT_TRUE(err.text.find("Another program") != std::string::npos) << err.text;

@@ -18,11 +18,11 @@ fail() {
 }
 
 # row CODE OUT ERR ARGUMENT...: runs the program, whose output must match the patterns. With `to` set, standard output
-# goes there. No row may leave a backup behind.
+# goes there, with `from` set, standard input comes from there. No row may leave a backup behind.
 row() {
     local code=$1 out=$2 err=$3 got=0
     shift 3
-    "${run[@]}" "$@" >"${to:-$folder/.out}" 2>"$folder/.err" </dev/null || got=$?
+    "${run[@]}" "$@" >"${to:-$folder/.out}" 2>"$folder/.err" <"${from:-/dev/null}" || got=$?
     [ "$got" = "$code" ] || fail "$*: exit code $got"
     if [ -n "${to:-}" ]; then : >"$folder/.out"; fi
     # shellcheck disable=SC2053
@@ -50,8 +50,8 @@ missing='*"trevandix --help"*'
 
 # What each command tells about itself, and wrong usage.
 row 0 'Trevandix * [0-9]*.[0-9]*.[0-9]*' '' --version
-for command in '' check diff format new; do row 0 '*Usage: *Exit code: *Example:*' '' $command --help; done
-row 0 '.TH TREVANDIX*.SS trevandix check*.SS trevandix new*' '' --man-page
+for command in '' check diff format new list import; do row 0 '*Usage: *Exit code: *Example:*' '' $command --help; done
+row 0 '.TH TREVANDIX*.SS trevandix check*.SS trevandix new*.SS trevandix import*' '' --man-page
 row 2 '' "*COMMAND*$missing"
 row 2 '' "*paint*$missing" paint tcp.xml
 row 2 '' "*FILE*$missing" check
@@ -61,15 +61,21 @@ row 2 '' "*NEW*$missing" diff tcp.xml
 row 2 '' "*in-place*$missing" format tcp.xml --in-place -o out.xml
 row 2 '' "*plc*$missing" new plc -o out.xml
 row 2 '' "*-o*$missing" new tcp
+row 2 '' "*units*$missing" list tcp.xml --units --types
+row 2 '' "*comma*$missing" list tcp.xml --separator dot
+row 2 '' "*TABLE*$missing" import tcp.xml --in-place
+row 2 '' "*-o*--in-place*$missing" import tcp.xml - --dry-run
+row 2 '' "*in-place*$missing" import tcp.xml - --in-place -o out.xml
 
 # Files that are none.
 for file in absent.xml:'File not found' folder:'Path/File*' damaged.xml:'*not well-formed*: line *' empty.xml:'*not well-formed*' \
     wrong.xml:'The configuration file is not valid.'; do
-    for command in check 'diff tcp.xml' 'format -o out.xml'; do
+    for command in check 'diff tcp.xml' 'format -o out.xml' 'list -o out.xml'; do
         # shellcheck disable=SC2086
         row 2 '' "trevandix: ${file%%:*}: ${file#*:}" $command "${file%%:*}"
     done
     row 2 '' "trevandix: ${file%%:*}: *" format --in-place "${file%%:*}"
+    row 2 '' "trevandix: ${file%%:*}: *" import --in-place "${file%%:*}" -
 done
 row 2 '' '*out/new.xml: *' new tcp -o out/new.xml
 row 2 '' '*folder: *' new tcp --force -o folder
@@ -123,6 +129,53 @@ row 1 '~ interface TrevandixTcpIp -> TrevandixRTU' '' diff new-tcp.xml new-rtu.x
 row 2 '' '*--force*' new rtu -o new-tcp.xml
 row 0 '' '' new rtu -o new-tcp.xml --force
 same new-tcp.xml new-rtu.xml
+
+# list, whose tables import takes back without a change, and in any order into an empty configuration
+for kind in tcp rtu; do
+    for option in '' '--units --separator tab' '--types --separator semicolon'; do
+        table=table${option:2:5}.csv
+        # shellcheck disable=SC2086
+        row 0 '' '' list $kind.xml $option -o "$table" --force
+        # shellcheck disable=SC2086
+        to=printed.csv row 0 '' '' list $kind.xml $option
+        same printed.csv "$table"
+        tr -d '\t' <$kind.xml >flat.xml
+        cp flat.xml untouched.xml
+        from=$table row 0 '' '' import flat.xml - --in-place
+        same flat.xml untouched.xml
+        row 0 '' '' import flat.xml "$table" -o back.xml --force
+        same back.xml $kind.xml
+    done
+    row 0 '' '' new $kind -o bare.xml --force
+    sed -i '/DATATYPE/d' bare.xml
+    row 0 '+ ModBus.*+ *' '' import bare.xml table.csv tableunits.csv tabletypes.csv --in-place
+    row 0 '' '' diff $kind.xml bare.xml
+done
+[[ $(head -c 7 table.csv) == $'\xEF\xBB\xBFUnit' ]] || fail 'no mark'
+row 2 '' '*table.csv: *--force*' list tcp.xml -o table.csv
+row 2 '' '*out/table.csv: *' list tcp.xml -o out/table.csv
+to=/dev/full row 2 '' 'trevandix: Disk full: standard output' list tcp.xml
+
+# import
+cp tcp.xml plant.xml
+printf '%s\r\n' Name,Colour,Timeout Intake,red,700 Ζ,red,700 $'A\eB,red,1' >Πίνακας.csv
+changes='~ Intake: Timeout 2000 -> 700'
+refusals='trevandix: Πίνακας.csv: warning: *"Colour"*'$'\n''Πίνακας.csv: line 3: Ζ: *'$'\n''Πίνακας.csv: line 4: A\\u001BB: *'
+row 1 "$changes" "$refusals"$'\n''trevandix: 2 rows *--skip-refused*' import plant.xml Πίνακας.csv --in-place
+row 1 "$changes" "$refusals" import plant.xml Πίνακας.csv --in-place --dry-run --skip-refused
+same plant.xml tcp.xml
+row 1 "$changes" "$refusals" import plant.xml Πίνακας.csv --in-place --skip-refused
+row 1 '~ Intake: timeout 2000 -> 700' '' diff tcp.xml plant.xml
+printf 'Name;Timeout\nIntake;800\n' >first.csv
+printf 'Name;Timeout\nIntake;900\n' >second.csv
+row 0 '~ Intake: Timeout 700 -> 800'$'\n''~ Intake: Timeout 800 -> 900' '' import plant.xml first.csv second.csv -o 900.xml
+row 2 '' '*900.xml: *--force*' import plant.xml first.csv -o 900.xml
+printf 'Name,Name\n' >twice.csv
+for table in absent.csv:'File not found' folder:'Path/File*' twice.csv:'The text is not a table: line 1: *'; do
+    row 2 '' "trevandix: ${table%%:*}: ${table#*:}" import plant.xml first.csv "${table%%:*}" --in-place
+done
+from=twice.csv row 2 '' 'trevandix: standard input: *line 1: *' import plant.xml - --in-place
+row 1 '~ *700 -> 900' '' diff plant.xml 900.xml
 
 # Standard output that takes nothing: a full disk, a pipe that nobody reads.
 to=/dev/full row 2 '' 'trevandix: Disk full: standard output' format tcp.xml

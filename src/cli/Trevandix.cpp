@@ -134,8 +134,9 @@ void Parsing::addList(const Console& console, XmlParser& parser) {
                         "Example:\n  trevandix list plant.xml -o items.csv",
                         [&] { return list_.run(console, parser); });
     sub.add_option("FILE", list_.file, "Configuration.")->required()->option_text(kNothing);
-    CLI::Option* units = sub.add_flag("--units", list_.units, "List units instead of items.");
-    sub.add_flag("--types", list_.types, "List data types instead of items.")
+    CLI::Option* units =
+        sub.add_flag("--units", list_.units, "List units instead of items.")->option_text(kNothing);
+    sub.add_flag("--types", list_.types, "List data types; not together with --units.")
         ->excludes(units)
         ->option_text(kNothing);
     sub.add_option("--separator", list_.separator, "What separates cells; comma unless given.")
@@ -160,7 +161,7 @@ void Parsing::addImport(const Console& console, XmlParser& parser) {
                             return import_.run(console, parser);
                         });
     sub.add_option("FILE", import_.file, "Configuration.")->required()->option_text(kNothing);
-    sub.add_option("TABLE", import_.tables, "Tables as list writes them, in any order; - is standard input.")
+    sub.add_option("TABLE", import_.tables, "Tables as list writes them; - is standard input.")
         ->required()
         ->option_text(kNothing);
     CLI::Option* out = sub.add_option("-o", import_.out, "Write to OUT.")->option_text("OUT");
