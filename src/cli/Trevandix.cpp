@@ -17,7 +17,7 @@ constexpr const char* kNothing = " ";  // instead of what the library says of an
 struct Parsing {
     explicit Parsing(const Console& console, XmlParser& parser);
 
-    CLI::App app{"Checks, compares and writes configurations of a Modbus OPC server.", "trevandix"};
+    CLI::App app{"Checks, compares, writes and fills configurations of a Modbus OPC server.", "trevandix"};
     std::function<ExitCode()> command;
 
 private:
