@@ -158,10 +158,10 @@ to=/dev/full row 2 '' 'trevandix: Disk full: standard output' list tcp.xml
 
 # import
 cp tcp.xml plant.xml
-printf '%s\r\n' Name,Colour,Timeout Intake,red,700 Ζ,red,700 $'A\eB,red,1' >Πίνακας.csv
+printf '%s\r\n' Name,Colour,Timeout Intake,red,700 Ζ,red,700 $'A\eB,red,1' ,red,1 >Πίνακας.csv
 changes='~ Intake: Timeout 2000 -> 700'
-refusals='trevandix: Πίνακας.csv: warning: *"Colour"*'$'\n''Πίνακας.csv: line 3: Ζ: *'$'\n''Πίνακας.csv: line 4: A\\u001BB: *'
-row 1 "$changes" "$refusals"$'\n''trevandix: 2 rows *--skip-refused*' import plant.xml Πίνακας.csv --in-place
+refusals='trevandix: Πίνακας.csv: warning: *"Colour"*'$'\n''Πίνακας.csv: line 3: Ζ: *'$'\n''Πίνακας.csv: line 4: A\\u001BB:*'$'\n''Πίνακας.csv: line 5: [!:]*'
+row 1 "$changes" "$refusals"$'\n''trevandix: 3 rows *--skip-refused*' import plant.xml Πίνακας.csv --in-place
 row 1 "$changes" "$refusals" import plant.xml Πίνακας.csv --in-place --dry-run --skip-refused
 same plant.xml tcp.xml
 row 1 "$changes" "$refusals" import plant.xml Πίνακας.csv --in-place --skip-refused

@@ -23,7 +23,7 @@ Separator separatorCalled(const std::string& name) {
     return name == "semicolon" ? Separator::Semicolon : Separator::Comma;
 }
 
-// Items need their units, and units' items the data types.
+// Items need units and data types.
 int rank(const NamedTable& named) {
     if (named.table.kind == NodeTag::DataType) return 0;
     return named.table.kind == NodeTag::Plc ? 1 : 2;
@@ -61,8 +61,9 @@ void printChanges(const Console& console, const std::string& table, const Change
             printChange(console, object, change);
             continue;
         }
-        console.err.write(escaped(table) + ": line " + std::to_string(change.line) + ": " + escaped(object) +
-                          ": " + escaped(change.refusal) + "\n");
+        std::string line = escaped(table) + ": line " + std::to_string(change.line) + ": ";
+        if (!change.object.empty()) line += escaped(object) + ": ";
+        console.err.write(line + escaped(change.refusal) + "\n");
     }
 }
 
