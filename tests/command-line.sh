@@ -130,6 +130,20 @@ row 2 '' '*--force*' new rtu -o new-tcp.xml
 row 0 '' '' new rtu -o new-tcp.xml --force
 same new-tcp.xml new-rtu.xml
 
+# An option where OUT was forgotten, and elements that are no part of a configuration: no file loses them unasked.
+row 2 '' '*OUT begins with "-"*' format tcp.xml -o --force
+sed '0,/<tags>/s//<tagz>/; 0,/<\/tags>/s//<\/tagz>/' tcp.xml >skipped.xml
+cp skipped.xml kept.xml
+row 0 '' '*skipped.xml: warning: <tagz> in Intake *' check skipped.xml
+row 1 '' '*<tagz> in Intake *' check --strict skipped.xml
+row 0 '*"skipped":"<tagz> in Intake"*"warnings":1*' '*<tagz>*' check --format json skipped.xml
+row 2 '' '*<tagz> in Intake *--force*' format skipped.xml --in-place
+same skipped.xml kept.xml
+sed '0,/<\/tag>/s//<scale>2<\/scale>&/' tcp.xml >skipped.xml
+row 2 '' '*<scale> in Intake.*--force*' format skipped.xml --in-place
+row 0 '' '*' format skipped.xml --in-place --force
+same skipped.xml tcp.xml
+
 # list, whose tables import takes back without a change, and in any order into an empty configuration
 for kind in tcp rtu; do
     for option in '' '--units --separator tab' '--types --separator semicolon'; do

@@ -44,10 +44,13 @@ ExitCode CheckCommand::run(const Console& console, XmlParser& parser) const {
     for (const std::string& file : files) {
         Json result{{"file", file}};
         try {
-            const std::vector<Finding> findings = check(readFile(parser, file)).value();
+            std::string skipped;
+            const std::vector<Finding> findings = check(readFile(parser, file, &skipped)).value();
+            warnOfSkipped(console, file, skipped, false, false);
             const FindingCounts counts = countFindings(findings);
             total.errors += counts.errors;
-            total.warnings += counts.warnings;
+            total.warnings += counts.warnings + (skipped.empty() ? 0 : 1);
+            if (!skipped.empty()) result["skipped"] = skipped;
             result["findings"] = Json::array();
             for (const Finding& finding : findings) {
                 if (asJson)

@@ -19,16 +19,17 @@ void forFile(const std::string& file, const std::function<void()>& body) {
     }
 }
 
-Configuration& readFile(XmlParser& parser, const std::string& file) {
+Configuration& readFile(XmlParser& parser, const std::string& file, std::string* skipped) {
     static std::unique_ptr<Configuration> before;
     static std::unique_ptr<Configuration> configuration;
     before = std::move(configuration);
     configuration = std::make_unique<Configuration>();
     forFile(file, [&] {
         configuration->begin(file);
-        if (!ConfigurationReader(*configuration, parser).read(file))
-            throw CommandError(file + ": " + std::string(kNoConfiguration));
+        ConfigurationReader reader(*configuration, parser);
+        if (!reader.read(file)) throw CommandError(file + ": " + std::string(kNoConfiguration));
         configuration->endLoad();
+        if (skipped != nullptr) *skipped = reader.skipped();
     });
     return *configuration;
 }
@@ -45,6 +46,15 @@ void requireUnchanged(const std::string& file, const std::optional<FileStamp>& s
 void warnOfUnreadable(const Console& console, const std::string& file, const Configuration& configuration) {
     if (const std::string fault = firstUnreadable(configuration); !fault.empty())
         complain(console, file + ": warning: other programs cannot read the result: " + fault);
+}
+
+void warnOfSkipped(const Console& console, const std::string& file, const std::string& skipped, bool inPlace,
+                   bool force) {
+    if (skipped.empty()) return;
+    const std::string what = skipped + " is no part of a configuration";
+    if (inPlace && !force)
+        throw CommandError(file + ": " + what + " and would be lost. --force writes the file without it.");
+    complain(console, file + ": warning: " + what + ", so the result lacks it.");
 }
 
 void writeFile(const Configuration& configuration, const std::string& file) {

@@ -83,7 +83,9 @@ ExitCode ListCommand::run(const Console& console, XmlParser& parser) const {
 ExitCode ImportCommand::run(const Console& console, XmlParser& parser) const {
     if (!out.empty() && !force) requireFree(out);
     const auto stamp = FileStamp::of(file);  // before reading: who writes meanwhile is noticed
-    Configuration& configuration = readFile(parser, file);
+    std::string skipped;
+    Configuration& configuration = readFile(parser, file, &skipped);
+    warnOfSkipped(console, file, skipped, inPlace, force);
     std::size_t refused = 0;
     std::size_t accepted = 0;
     for (const auto& [name, table] : readTables(console, tables)) {
@@ -102,6 +104,7 @@ ExitCode ImportCommand::run(const Console& console, XmlParser& parser) const {
     warnOfUnreadable(console, file, configuration);
     if (dryRun || (inPlace && accepted == 0)) return code;
     requireUnchanged(file, stamp);
+    if (!inPlace && !force) requireFree(out);
     writeFile(configuration, inPlace ? file : out);
     return code;
 }

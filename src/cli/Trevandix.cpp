@@ -38,6 +38,17 @@ private:
     ImportCommand import_;
 };
 
+// A value such as "--force" stands where OUT was forgotten.
+CLI::Option* addOut(CLI::App& sub, std::string& out) {
+    const auto refused = [](const std::string& value) {
+        return value.starts_with('-') ? "OUT begins with \"-\"; ./" + value + " is a file of that name"
+                                      : std::string();
+    };
+    return sub.add_option("-o", out, "Write to OUT.")->check(refused, "")->option_text("OUT");
+}
+
+constexpr char kForce[] = "Replace OUT if it exists; with --in-place, drop what is no configuration.";
+
 Parsing::Parsing(const Console& console, XmlParser& parser) {
     app.allow_windows_style_options(false);  // "/" begins a path
     app.get_formatter()->label("OPTIONS", "OPTION...");
@@ -106,11 +117,11 @@ void Parsing::addFormat(const Console& console, XmlParser& parser) {
                         "Example:\n  trevandix format plant.xml --in-place",
                         [&] { return format_.run(console, parser); });
     sub.add_option("FILE", format_.file, "Configuration.")->required()->option_text(kNothing);
-    CLI::Option* out = sub.add_option("-o", format_.out, "Write to OUT.")->option_text("OUT");
+    CLI::Option* out = addOut(sub, format_.out);
     sub.add_flag("--in-place", format_.inPlace, "Write to FILE; not together with -o.")
         ->excludes(out)
         ->option_text(kNothing);
-    sub.add_flag("--force", format_.force, "Replace OUT if it exists.");
+    sub.add_flag("--force", format_.force, kForce);
 }
 
 void Parsing::addNew() {
@@ -122,7 +133,7 @@ void Parsing::addNew() {
         ->required()
         ->check(CLI::IsMember({"tcp", "rtu"}))
         ->option_text(kNothing);
-    sub.add_option("-o", new_.out, "Write to OUT; required.")->required()->option_text("OUT");
+    addOut(sub, new_.out)->required()->description("Write to OUT; required.");
     sub.add_flag("--force", new_.force, "Replace OUT if it exists.");
 }
 
@@ -142,7 +153,7 @@ void Parsing::addList(const Console& console, XmlParser& parser) {
     sub.add_option("--separator", list_.separator, "What separates cells; comma unless given.")
         ->check(CLI::IsMember({"comma", "semicolon", "tab"}))
         ->option_text("comma|semicolon|tab");
-    sub.add_option("-o", list_.out, "Write to OUT.")->option_text("OUT");
+    addOut(sub, list_.out);
     sub.add_flag("--force", list_.force, "Replace OUT if it exists.");
 }
 
@@ -164,11 +175,11 @@ void Parsing::addImport(const Console& console, XmlParser& parser) {
     sub.add_option("TABLE", import_.tables, "Tables as list writes them; - is standard input.")
         ->required()
         ->option_text(kNothing);
-    CLI::Option* out = sub.add_option("-o", import_.out, "Write to OUT.")->option_text("OUT");
+    CLI::Option* out = addOut(sub, import_.out);
     sub.add_flag("--in-place", import_.inPlace, "Write to FILE; not together with -o.")
         ->excludes(out)
         ->option_text(kNothing);
-    sub.add_flag("--force", import_.force, "Replace OUT if it exists.");
+    sub.add_flag("--force", import_.force, kForce);
     sub.add_flag("--dry-run", import_.dryRun, "Print everything, but write nothing.");
     sub.add_flag("--skip-refused", import_.skipRefused, "Write although rows were refused.");
 }

@@ -10,7 +10,9 @@ namespace trevandix {
 ExitCode FormatCommand::run(const Console& console, XmlParser& parser) const {
     if (!out.empty() && !force) requireFree(out);
     const auto stamp = FileStamp::of(file);  // before reading: who writes meanwhile is noticed
-    const Configuration& configuration = readFile(parser, file);
+    std::string skipped;
+    const Configuration& configuration = readFile(parser, file, &skipped);
+    warnOfSkipped(console, file, skipped, inPlace, force);
     warnOfUnreadable(console, file, configuration);
     const std::string& target = inPlace ? file : out;
     if (target.empty()) {
@@ -22,6 +24,7 @@ ExitCode FormatCommand::run(const Console& console, XmlParser& parser) const {
         return kNothingFound;
     }
     requireUnchanged(file, stamp);
+    if (!inPlace && !force) requireFree(out);
     writeFile(configuration, target);
     return kNothingFound;
 }

@@ -165,13 +165,17 @@ std::vector<FileField> clsItem::fileFields() const {
     return fields;
 }
 
-void clsItem::SetByXml(const XmlElement& element, const Key& container) {
+XmlElement clsItem::SetByXml(const XmlElement& element, const Key& container) {
     constexpr const auto& kFields = Tables::kFields;
     std::array<XmlElement, kFields.size()> children;
+    XmlElement unknown;
     for (XmlElement child = element.firstChild(); child; child = child.nextSibling()) {
         const auto place = static_cast<std::size_t>(
             std::ranges::find(kFields, child.name(), &Field::element) - kFields.begin());
-        if (place < kFields.size() && !children[place]) children[place] = child;
+        if (place < kFields.size() && !children[place])
+            children[place] = child;
+        else if (!unknown)
+            unknown = child;
     }
     std::string buffer;
     for (std::size_t i = 0; i < kFields.size(); ++i) {
@@ -181,6 +185,7 @@ void clsItem::SetByXml(const XmlElement& element, const Key& container) {
             throwMissing(element, "element", kFields[i].element);
     }
     sKey_ = Key(container, sName_);
+    return unknown;
 }
 
 void clsItem::SetByForm(const ItemFields& fields, const Key& container) {

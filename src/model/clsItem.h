@@ -56,9 +56,10 @@ public:
     void sKey(const Key& key) { sKey_ = key; }
     void swapKey(Key& key) { swap(sKey_, key); }
 
-    /// From a tag element; `container` is the key of the unit or branch around it.
-    /// Errors: ObjectNotSet for a missing element, Overflow.
-    void SetByXml(const XmlElement& element, const Key& container);
+    /// From a tag element; `container` is the key of the unit or branch around it. Returns the first child
+    /// element that is no field or comes twice, or an empty handle. Errors: ObjectNotSet for a missing
+    /// element, Overflow.
+    XmlElement SetByXml(const XmlElement& element, const Key& container);
     /// From the texts of the item dialog; `container` is the key of the node that holds the item. Errors:
     /// Overflow.
     void SetByForm(const ItemFields& fields, const Key& container);

@@ -1,5 +1,6 @@
 #include "xmlfile/ConfigurationReader.h"
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -89,15 +90,19 @@ bool ConfigurationReader::readDocument(const XmlDocument& document) {
     if (kind == nullptr) return false;
     configuration_.setInterfaceKind(kind->interfaceKind);
     forEachElement(root, [&](const XmlElement& section) {
-        if (section.isNamed("MODBUS")) readDataTypes(section);
-        if (section.isNamed("OPC_DA")) readUnits(section);
+        if (section.isNamed("MODBUS"))
+            readDataTypes(section);
+        else if (section.isNamed("OPC_DA"))
+            readUnits(section);
+        else
+            skip(section, root.name());
     });
     return true;
 }
 
 void ConfigurationReader::readDataTypes(const XmlElement& section) {
     forEachElement(section, [&](const XmlElement& child) {
-        if (!child.isNamed("DATATYPE")) return;
+        if (!child.isNamed("DATATYPE")) return skip(child, section.name());
         clsModBusType record;
         record.SetByXml(child);
         requireName(record.getName(), child);
@@ -107,7 +112,8 @@ void ConfigurationReader::readDataTypes(const XmlElement& section) {
 
 void ConfigurationReader::readUnits(const XmlElement& section) {
     forEachElement(section, [&](const XmlElement& child) {
-        if (child.isNamed("PLC")) inProcedure("BrowsePlc", [&] { BrowsePlc(child); });
+        if (!child.isNamed("PLC")) return skip(child, section.name());
+        inProcedure("BrowsePlc", [&] { BrowsePlc(child); });
     });
 }
 
@@ -117,8 +123,13 @@ void ConfigurationReader::BrowsePlc(const XmlElement& element) {
     requireName(record.getName(), element);
     TreeNode& unit = configuration_.addUnit(std::move(record), true);
     configuration_.tree.ensureVisible(unit);
+    std::vector<std::string_view> fields;
+    if (configuration_.state.interfaceKind == kRtu) fields = clsPLC::fieldNames(kRtu);
     forEachElement(element, [&](const XmlElement& child) {
-        if (child.isNamed("TAGS")) inProcedure("BrowseBranch", [&] { BrowseBranch(child, unit); });
+        if (child.isNamed("TAGS"))
+            inProcedure("BrowseBranch", [&] { BrowseBranch(child, unit); });
+        else if (std::ranges::find(fields, child.name()) == fields.end())
+            skip(child, unit.key());
     });
 }
 
@@ -148,8 +159,9 @@ void ConfigurationReader::BrowseBranch(const XmlElement& tags, TreeNode& unit) {
 
 void ConfigurationReader::readItem(const XmlElement& element, TreeNode& container) {
     clsItem record;
-    record.SetByXml(element, container.key());
+    const XmlElement unknown = record.SetByXml(element, container.key());
     countKey(record.sKey());
+    if (unknown) skip(unknown, record.sKey());
     configuration_.addItem(std::move(record), container);
     configuration_.tree.setExpanded(container, true);
     itemRead_();
@@ -162,6 +174,11 @@ TreeNode& ConfigurationReader::readBranch(const XmlElement& element, TreeNode& c
     TreeNode& node = configuration_.addBranch(std::move(record), container);
     configuration_.tree.setExpanded(container, true);
     return node;
+}
+
+void ConfigurationReader::skip(const XmlElement& element, std::string_view container) {
+    if (!skipped_.empty()) return;
+    skipped_ = "<" + std::string(element.name()) + "> in " + std::string(container);
 }
 
 // Each key contains the names of all branches around it, so a small file could use up any amount of memory.

@@ -31,6 +31,9 @@ public:
     /// Overflow, KeyInCollection, KeyNotUnique; the description names a whole backup if one stands beside the
     /// file. What was read up to there stays.
     bool read(const std::string& filePath, Origin origin = Origin::AnyProgram);
+    /// The first element that is no part of a configuration, such as `<notes> in PLC1`; empty if there is
+    /// none. It is skipped, so saving the configuration removes it from the file.
+    const std::string& skipped() const { return skipped_; }
 
 private:
     bool readDocument(const XmlDocument& document);
@@ -41,12 +44,14 @@ private:
     void BrowseBranch(const XmlElement& tags, TreeNode& unit);
     void readItem(const XmlElement& element, TreeNode& container);
     TreeNode& readBranch(const XmlElement& element, TreeNode& container);
+    void skip(const XmlElement& element, std::string_view container);
     /// Errors: OutOfMemory once all keys together are beyond every plant's size.
     void countKey(const Key& key);
 
     Configuration& configuration_;
     XmlParser& parser_;
     std::function<void()> itemRead_;
+    std::string skipped_;
     std::size_t keyBytes_ = 0;  // of all branches and items read
 };
 
