@@ -50,6 +50,14 @@ void requireName(const std::string& name, const XmlElement& element) {
     throw RuntimeError(ErrorNumber::InvalidCall, (detail += element.attribute("name").value_or("")) += '"');
 }
 
+// Where to look for an element that cannot be read.
+std::string placeOf(const XmlElement& element, const TreeNode& container) {
+    std::string buffer;
+    const XmlElement name = element.child("name");
+    const std::string text(name ? name.text(buffer) : element.name());
+    return '"' + text + "\" in " + container.key().str();
+}
+
 // A file that was cut off lacks its end tag.
 bool isWhole(const std::string& filePath) {
     try {
@@ -149,10 +157,14 @@ void ConfigurationReader::BrowseBranch(const XmlElement& tags, TreeNode& unit) {
             continue;
         }
         levels.back().next = element.nextSibling();
-        if (element.isNamed("TAG")) {
-            readItem(element, container);
-        } else {
-            levels.push_back({element.firstChild(), &readBranch(element, container)});
+        try {
+            if (element.isNamed("TAG")) {
+                readItem(element, container);
+            } else {
+                levels.push_back({element.firstChild(), &readBranch(element, container)});
+            }
+        } catch (const RuntimeError& failure) {
+            throw failure.with(placeOf(element, container));
         }
     }
 }
