@@ -36,13 +36,14 @@ plant() {
             line("\t\t\t\t<" name ">")
             for (i = from; i < to; i++)
                 printf "\t\t\t\t\t<tag>\r\n\t\t\t\t\t\t<name>Signal_%d</name>\r\n\t\t\t\t\t\t<comment>measured value %d</comment>\r\n" \
-                    "\t\t\t\t\t\t<address>%d</address>\r\n\t\t\t\t\t\t<datatype>HREGISTER VT_I2</datatype>\r\n" \
-                    "\t\t\t\t\t\t<accessrights>READ</accessrights>\r\n\t\t\t\t\t</tag>\r\n", i, i * 7919 % items, i * 31 % 65536
+                    "\t\t\t\t\t\t<address>%d</address>\r\n\t\t\t\t\t\t<datatype>%s VT_I2</datatype>\r\n" \
+                    "\t\t\t\t\t\t<accessrights>READ</accessrights>\r\n\t\t\t\t\t</tag>\r\n", i, i * 7919 % items, i * 31 % 65536, i < 65536 ? "HREGISTER" : "IREGISTER"
             line("\t\t\t\t</" name ">")
         }
         BEGIN {
             line("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>"); line("<VOSKModBusTcpIpCfg>"); line("\t<MODBUS>")
             line("\t\t<DATATYPE name=\"HREGISTER\" readcode = \"3\" writecode=\"16\" singlewrcode=\"6\"/>")
+            line("\t\t<DATATYPE name=\"IREGISTER\" readcode = \"4\" writecode=\"0\" singlewrcode=\"0\"/>")
             line("\t</MODBUS>"); line("\t<OPC_DA>")
             line("\t\t<PLC name=\"A\" address = \"10.0.0.1\" id=\"1\" timeout=\"1000\">"); line("\t\t\t<tags>")
             branch("ALL", 0, items / 10)
