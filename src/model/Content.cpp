@@ -55,7 +55,7 @@ void Content::setText(TreeNode& node, std::string_view text) {
     touch();
 }
 
-void Content::rekey(const std::vector<std::pair<TreeNode*, Key>>& keys) {
+void Content::rekey(const std::vector<NewKey>& keys) {
     if (keys.empty()) return;
     KeyChange change;
     change.all.reserve(keys.size());

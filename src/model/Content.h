@@ -5,10 +5,18 @@
 #include <string_view>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 #include "model/Journal.h"
 
 namespace trevandix {
+
+/// A node and the key that it is to get.
+struct NewKey {
+    TreeNode* node;
+    Key wanted;
+    const Key& key() const { return wanted; }
+};
 
 /// Owns the content of a `Configuration` and offers the only steps that change it. Each step changes one
 /// thing and notes in the journal how to undo it. Steps do not keep records and nodes in agreement; the edits
@@ -79,7 +87,7 @@ public:
 
     /// Gives items and branches, nodes and records, new keys. They may exchange keys; apart from that the new
     /// keys must be free. Errors: InvalidCall for a node without a record, with nothing changed.
-    void rekey(const std::vector<std::pair<TreeNode*, Key>>& keys);
+    void rekey(const std::vector<NewKey>& keys);
 
     /// Undoes a noted change, or redoes it after that.
     void turn(Change& change);

@@ -68,15 +68,15 @@ private:
 
 void renameItems(Content& content, std::vector<ItemRenaming>& renamings) {
     const Plan plan(content, renamings);
-    std::vector<std::pair<TreeNode*, Key>> keys;
+    std::vector<NewKey> keys;
     std::vector<const std::string*> names;
     for (const ItemRenaming& renaming : renamings) {
         if (renaming.failure) continue;
-        keys.emplace_back(&content.tree().at(renaming.key), renaming.newKey);
+        keys.push_back({&content.tree().at(renaming.key), renaming.newKey});
         names.push_back(&renaming.name);
     }
     content.rekey(keys);
-    for (std::size_t i = 0; i < keys.size(); ++i) content.rename(*keys[i].first, *names[i]);
+    for (std::size_t i = 0; i < keys.size(); ++i) content.rename(*keys[i].node, *names[i]);
 }
 
 }  // namespace trevandix

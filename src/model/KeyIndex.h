@@ -13,6 +13,11 @@ namespace trevandix {
 template <typename Handle>
 class KeyIndex {
 public:
+    /// Makes room for this many objects.
+    void reserve(std::size_t count) {
+        while (count * 4 > cells_.size() * 3) grow();
+    }
+
     /// False if the key exists; the index is then unchanged.
     bool insert(Handle handle) {
         if ((size_ + 1) * 4 > cells_.size() * 3) grow();

@@ -1,12 +1,24 @@
 #include "model/SubtreeRekeying.h"
 
-#include <unordered_map>
-#include <unordered_set>
-#include <utility>
-
+#include "model/KeyIndex.h"
 #include "platform/RuntimeError.h"
 
 namespace trevandix {
+
+namespace {
+
+bool takesKeyFromContainer(const TreeNode& node) {
+    return node.tag() == NodeTag::Item || node.tag() == NodeTag::Branch;
+}
+
+// True for the container and what gets a new key below it.
+bool moves(const TreeNode& node, const TreeNode& container) {
+    const TreeNode* each = &node;
+    while (each != &container && each != nullptr && takesKeyFromContainer(*each)) each = each->parent();
+    return each == &container;
+}
+
+}  // namespace
 
 SubtreeRekeying::SubtreeRekeying(Content& content, const TreeNode& container, const Key& containerKey)
     : content_(content) {
@@ -29,10 +41,10 @@ void SubtreeRekeying::plan(const TreeNode& container, const Key& containerKey) {
             continue;
         }
         levels.back().next = node->nextSibling();
-        if (node->tag() != NodeTag::Item && node->tag() != NodeTag::Branch) continue;
+        if (!takesKeyFromContainer(*node)) continue;
         const Key key(levels.back().key, node->text());
         if (!hasRecord(node->tag(), node->key())) throw RuntimeError(ErrorNumber::InvalidCall);
-        keys_.emplace_back(node, key);
+        keys_.push_back({node, key});
         if (node->tag() == NodeTag::Branch) levels.push_back({node->firstChild(), key});
     }
 }
@@ -44,21 +56,16 @@ bool SubtreeRekeying::hasRecord(NodeTag tag, const Key& key) const {
 
 // A new key must be free, or become free because the node that has it moves away too.
 void SubtreeRekeying::check(const TreeNode& container) const {
-    std::unordered_map<Key, NodeTag> leaving{{container.key(), container.tag()}};
-    std::unordered_set<Key> arriving;
-    leaving.reserve(keys_.size());
+    KeyIndex<const NewKey*> arriving;
     arriving.reserve(keys_.size());
-    for (const auto& [node, key] : keys_) leaving.emplace(node->key(), node->tag());
-    for (const auto& [node, key] : keys_) {
-        if (!arriving.insert(key).second) throw RuntimeError(ErrorNumber::KeyInCollection);
-        const auto mover = leaving.find(key);
-        const bool recordLeaves = mover != leaving.end() && mover->second == node->tag();
-        if (!recordLeaves && hasRecord(node->tag(), key)) {
+    for (const NewKey& each : keys_) {
+        if (!arriving.insert(&each)) throw RuntimeError(ErrorNumber::KeyInCollection);
+        const TreeNode* holder = content_.tree().find(each.wanted);
+        const bool leaves = holder != nullptr && moves(*holder, container);
+        const bool recordLeaves = leaves && holder->tag() == each.node->tag();
+        if (!recordLeaves && hasRecord(each.node->tag(), each.wanted))
             throw RuntimeError(ErrorNumber::KeyInCollection);
-        }
-        if (mover == leaving.end() && content_.tree().find(key) != nullptr) {
-            throw RuntimeError(ErrorNumber::KeyNotUnique);
-        }
+        if (holder != nullptr && !leaves) throw RuntimeError(ErrorNumber::KeyNotUnique);
     }
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <utility>
 #include <vector>
 
 #include "model/Content.h"
@@ -24,7 +23,7 @@ private:
     void check(const TreeNode& container) const;
 
     Content& content_;
-    std::vector<std::pair<TreeNode*, Key>> keys_;
+    std::vector<NewKey> keys_;
 };
 
 }  // namespace trevandix
