@@ -1,7 +1,6 @@
 #include "model/Configuration.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
 #include <utility>
 
@@ -262,14 +261,14 @@ void Configuration::removeMoved(TreeNode& source) {
     } else {
         content_.unlink(source);
     }
-    deed_.verb = "Move";
+    stepName_.setVerb("Move");
 }
 
 Configuration::Step::Step(Configuration& configuration, std::string_view verb)
     : configuration_(configuration), saved_(configuration.state_.saved) {
     if (configuration_.steps_++ > 0) return;
     configuration_.beginStep();
-    configuration_.deed_ = {.verb = std::string(verb), .verbStays = !verb.empty()};
+    configuration_.stepName_ = StepName(verb);
 }
 
 Configuration::Step::~Step() {
@@ -277,7 +276,7 @@ Configuration::Step::~Step() {
 }
 
 void Configuration::Step::setName(std::string name) {
-    configuration_.deed_.whole = std::move(name);
+    configuration_.stepName_.setWhole(std::move(name));
 }
 
 void Configuration::Step::takeBack() {
@@ -295,44 +294,18 @@ void Configuration::beginStep() {
 }
 
 void Configuration::endStep() {
-    if (content_.journal().noting()) content_.journal().end(stepName(), moment());
+    if (content_.journal().noting()) content_.journal().end(stepName_.text(), moment());
 }
 
 void Configuration::beginNextStep() {
     if (steps_ != 1) return;
     endStep();
     beginStep();
-    deed_.count = 0;
+    stepName_.restart();
 }
 
 void Configuration::tell(std::string_view verb, NodeTag tag, std::string_view name) {
-    if (!content_.journal().noting()) return;
-    if (deed_.count == 0) {
-        if (!deed_.verbStays) deed_.verb = verb;
-        deed_.tag = tag;
-        deed_.name = name;
-        deed_.count = 1;
-    } else if (deed_.tag == tag && (deed_.verbStays || deed_.verb == verb)) {
-        ++deed_.count;
-    }
-}
-
-std::string Configuration::stepName() const {
-    struct Kind {
-        std::string_view one, many;
-    };
-    constexpr std::array<Kind, 6> kKinds{{{"configuration", "configurations"},
-                                          {"folder", "folders"},
-                                          {"data type", "data types"},
-                                          {"unit", "units"},
-                                          {"branch", "branches"},
-                                          {"item", "items"}}};
-    if (!deed_.whole.empty()) return deed_.whole;
-    if (deed_.count == 0) return "Change";
-    const Kind& kind = kKinds.at(static_cast<std::size_t>(deed_.tag));
-    std::string name = deed_.verb + ' ';
-    if (deed_.count == 1) return name.append(kind.one).append(" ").append(deed_.name);
-    return name.append(std::to_string(deed_.count)).append(" ").append(kind.many);
+    if (content_.journal().noting()) stepName_.tell(verb, tag, name);
 }
 
 Journal::Moment Configuration::moment() const {

@@ -8,6 +8,7 @@
 
 #include "model/Content.h"
 #include "model/EditingState.h"
+#include "model/StepName.h"
 
 namespace trevandix {
 
@@ -147,21 +148,9 @@ public:
     void raisePasteCounter();
 
 private:
-    /// What the name of the open step is made of: verb, and number, kind and first name of the objects
-    /// edited.
-    struct Deed {
-        std::string verb;
-        bool verbStays = false;
-        NodeTag tag{};
-        std::string name{};
-        std::size_t count = 0;
-        std::string whole{};  ///< the name of the step, if one was given
-    };
-
     void tell(std::string_view verb, NodeTag tag, std::string_view name);
     void beginStep();
     void endStep();
-    std::string stepName() const;
     Journal::Moment moment() const;
     void turnBack(Journal::Step& step);
     void arriveAt(const Journal::Moment& moment);
@@ -180,7 +169,7 @@ private:
     bool inFile_ = false;
     bool hasHistory_ = false;
     int steps_ = 0;  // nesting depth of `Step`s
-    Deed deed_{};
+    StepName stepName_{};
 };
 
 /// The key of a record called `name` in `node`, or with `useParent` in the parent of `node`.
