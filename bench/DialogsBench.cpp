@@ -17,6 +17,7 @@ void addGroup(benchmark::State& state) {
         state.PauseTiming();
         auto place =
             std::make_unique<PlantedWorkplace>(Texts{"ModBus.holding register", "Unit", "Unit.Branch/"});
+        place->checks = false;
         place->at("Unit.Branch");
         state.ResumeTiming();
         runDialog(*place, "mnuAddItem", [&](FakeForm& form) {
@@ -37,6 +38,7 @@ BENCHMARK(addGroup)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillise
 // Renames a unit with `range(0)` items in 100 branches.
 void renameUnit(benchmark::State& state) {
     PlantedWorkplace place({"Unit0"});
+    place.checks = false;
     for (int branch = 0; branch < 100; ++branch)
         plantBranch(place.configuration, place.node("Unit0"), "Branch" + std::to_string(branch));
     for (std::int64_t i = 0; i < state.range(0); ++i) {

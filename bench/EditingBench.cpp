@@ -19,6 +19,7 @@ constexpr std::size_t kItemsPerBranch = 100;
 /// 100,000 items that no command changes. The tree and the list show branch A; all of its rows are selected.
 struct Plant : Workplace {
     explicit Plant(std::size_t items) {
+        checks = false;
         newConfiguration(kTcpIp);
         build([&](TreeNode& branch) { fill(branch, items); });
         click("U.A");

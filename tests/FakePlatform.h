@@ -217,6 +217,7 @@ public:
     ListView list;
     Platform platform;
     frmEditing editor;
+    bool checks = true;
 
     /// Runs New for this interface kind.
     void newConfiguration(std::string_view interfaceKind);
@@ -237,7 +238,7 @@ public:
     void selectRows(const Texts& texts);
 
     // A command, a double click on a node, and dropping the dragged node. They throw if tree and collections
-    // agreed before but do not agree afterwards.
+    // agreed before but do not agree afterwards, unless `checks` is off, for benchmarks.
     void run(std::string_view command);
     void edit(std::string_view key);
     void drop(const TreeNode& source);
