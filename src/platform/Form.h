@@ -105,7 +105,7 @@ private:
     std::set<char> used_;
 };
 
-/// What the user does in a List besides selecting rows.
+/// What the user does in a List besides selecting rows. What has no handler does nothing.
 struct ListHandlers {
     std::function<void()> open{};                    ///< double click on a row
     std::function<void(std::size_t column)> sort{};  ///< click on a header

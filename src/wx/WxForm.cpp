@@ -34,9 +34,10 @@ bool isResizable(const FormSpec& shape) {
     return has(shape, ControlKind::Grid) || has(shape, ControlKind::List);
 }
 
-// Of the window in front of which a form with a list is shown.
+// Of the window in front of which a form with a list is shown, beside its tree or instead of it.
 constexpr double kListWidth = 0.58;
 constexpr double kListHeight = 0.5;
+constexpr double kModalShare = 0.85;
 constexpr int kListMargin = 40;  // to its lower right corner, in device-independent pixels
 
 }  // namespace
@@ -205,10 +206,7 @@ void WxForm::fit() {
     least.DecTo(most);
     wxSize size = least;
     if (has(spec_, ControlKind::List)) {
-        const wxSize main = dialog_->GetParent()->GetClientSize();
-        size.IncTo(placed_ ? dialog_->GetClientSize()
-                           : wxSize(static_cast<int>(main.GetWidth() * kListWidth),
-                                    static_cast<int>(main.GetHeight() * kListHeight)));
+        size.IncTo(placed_ ? dialog_->GetClientSize() : firstSize());
         size.DecTo(most);
     }
     dialog_->SetMinClientSize(wxDefaultSize);
@@ -217,13 +215,19 @@ void WxForm::fit() {
     dialog_->Layout();
 }
 
-// In the middle of the parent's client area: GTK learns the sizes of window frames late or never. A form with
-// a list stays beside the tree, in which its rows are looked up.
+wxSize WxForm::firstSize() const {
+    const wxSize main = dialog_->GetParent()->GetClientSize();
+    return {static_cast<int>(main.GetWidth() * (modal_ ? kModalShare : kListWidth)),
+            static_cast<int>(main.GetHeight() * (modal_ ? kModalShare : kListHeight))};
+}
+
+// In the middle of the parent's client area: GTK learns the sizes of window frames late or never. A modeless
+// form with a list stays beside the tree, in which its rows are looked up.
 wxPoint WxForm::firstPlace() const {
     const wxWindow& parent = *dialog_->GetParent();
     const wxRect area(parent.ClientToScreen(wxPoint()), parent.GetClientSize());
     const wxRect form = wxRect(dialog_->GetClientSize()).CentreIn(area);
-    if (!has(spec_, ControlKind::List)) return form.GetTopLeft();
+    if (modal_ || !has(spec_, ControlKind::List)) return form.GetTopLeft();
     return area.GetBottomRight() - wxPoint(form.GetWidth(), form.GetHeight()) -
            dialog_->FromDIP(wxPoint(kListMargin, kListMargin));
 }
@@ -254,6 +258,7 @@ void WxForm::prepare() {
 void WxForm::showModal() {
     if (!dialog_) return;
     const FocusKeeper focus;
+    modal_ = true;
     prepare();
     dialog_->ShowModal();
 }

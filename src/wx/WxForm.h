@@ -62,6 +62,7 @@ private:
     void fit();
     wxPoint firstPlace() const;
     void place();
+    wxSize firstSize() const;
     void prepare();
 
     const FormSpec& spec_;
@@ -73,6 +74,7 @@ private:
     bool activationWaits_ = false;
     bool shown_ = false;
     bool placed_ = false;  ///< has been shown before
+    bool modal_ = false;
 };
 
 /// Creates forms as dialogs of one window.

@@ -9,20 +9,26 @@ namespace {
 constexpr int kLeastWidth = 360;  // device-independent pixels
 constexpr int kLeastHeight = 110;
 
+void run(const std::function<void()>& handler) {
+    if (handler) handler();
+}
+
 }  // namespace
 
 WxFormList::WxFormList(wxWindow* parent) : WxReportList(parent, "") {
     SetMinSize(FromDIP(wxSize(kLeastWidth, kLeastHeight)));
     // Handlers run after the control has finished with the event, because they change its rows.
-    Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { CallAfter([this] { handlers_.open(); }); });
+    Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { CallAfter([this] { run(handlers_.open); }); });
     Bind(wxEVT_LIST_COL_CLICK, [this](wxListEvent& event) {
         if (event.GetColumn() < 0) return;
         const auto column = static_cast<std::size_t>(event.GetColumn());
-        CallAfter([this, column] { handlers_.sort(column); });
+        CallAfter([this, column] {
+            if (handlers_.sort) handlers_.sort(column);
+        });
     });
     Bind(wxEVT_LIST_ITEM_FOCUSED, [this](wxListEvent& event) {
         event.Skip();
-        handlers_.move();
+        run(handlers_.move);
     });
     Bind(wxEVT_CHAR_HOOK, &WxFormList::onKey, this);
 }
@@ -44,7 +50,7 @@ void WxFormList::onKey(wxKeyEvent& event) {
     if (control && event.GetKeyCode() == 'A') {
         if (GetItemCount() > 0) SetItemState(-1, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
     } else if (control && (event.GetKeyCode() == 'C' || event.GetKeyCode() == WXK_INSERT)) {
-        handlers_.copy();
+        run(handlers_.copy);
     } else {
         event.Skip();
     }

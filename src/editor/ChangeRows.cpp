@@ -1,0 +1,68 @@
+#include "editor/ChangeRows.h"
+
+#include <algorithm>
+
+namespace trevandix {
+
+namespace {
+
+enum Column : std::size_t { kObject, kField, kOld, kNew, kRemark };
+
+std::string remarkOf(const IntendedChange& change) {
+    if (change.refused()) {
+        const std::string line = change.line == 0 ? "" : ", line " + std::to_string(change.line);
+        return "Refused" + line + ": " + change.refusal;
+    }
+    if (!change.adds) return change.remark;
+    return change.remark.empty() ? "Added" : "Added, " + change.remark;
+}
+
+}  // namespace
+
+ChangeRows::ChangeRows(std::span<const IntendedChange> changes) : changes_(changes) {
+    remarks_.reserve(changes.size());
+    for (std::uint32_t i = 0; i < changes.size(); ++i) {
+        remarks_.push_back(remarkOf(changes[i]));
+        if (changes[i].refused()) rows_.push_back({i, 0});
+    }
+    for (std::uint32_t i = 0; i < changes.size(); ++i) {
+        const std::size_t rows =
+            changes[i].refused() ? 0 : std::max<std::size_t>(changes[i].fields.size(), 1);
+        for (std::uint32_t field = 0; field < rows; ++field) rows_.push_back({i, field});
+    }
+}
+
+const std::vector<ListColumn>& ChangeRows::columns() const {
+    static const std::vector<ListColumn> kColumns{
+        {"Object", 0.28}, {"Field", 0.14}, {"Old", 0.16}, {"New", 0.16}, {"Remark", 0.24}};
+    return kColumns;
+}
+
+// A refused row stands for all fields of its object; it shows the field if there is only one.
+const FieldChange* ChangeRows::field(const Row& row) const {
+    const IntendedChange& change = changes_[row.change];
+    const bool shown = change.refused() ? change.fields.size() == 1 : !change.fields.empty();
+    return shown ? &change.fields[row.field] : nullptr;
+}
+
+std::string_view ChangeRows::cell(std::size_t row, std::size_t column) const {
+    const Row& at = rows_[row];
+    if (column == kObject) return changes_[at.change].object;
+    if (column == kRemark) return at.field == 0 ? std::string_view(remarks_[at.change]) : std::string_view();
+    const FieldChange* change = field(at);
+    if (change == nullptr) return {};
+    return column == kField ? change->header : column == kOld ? change->before : change->after;
+}
+
+std::string ChangeRows::text(std::size_t row) const {
+    const Row& at = rows_[row];
+    std::string text = changes_[at.change].object;
+    if (const FieldChange* change = field(at)) {
+        text.append(", ").append(change->header).append(": ");
+        if (!changes_[at.change].adds) text.append(change->before).append(" -> ");
+        text.append(change->after);
+    }
+    return remarks_[at.change].empty() ? text : text.append(". ").append(remarks_[at.change]);
+}
+
+}  // namespace trevandix
