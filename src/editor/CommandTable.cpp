@@ -110,6 +110,18 @@ std::span<const CommandRow> commandRows() {
         row(
             "", "previousProblem", "", "Shift+F8", "", {}, kAlways,
             [](F& f) { f.problems_.previousProblem(); }, kNoStep),
+        row(
+            "", "mnuCopyTable", "", "Ctrl+Shift+C", "", {}, kAlways,
+            [](F& f) { f.tables_.mnuCopyTable_Click(); }, kNoStep),
+        row(
+            "", "mnuPasteTable", "", "Ctrl+Shift+V", "", {}, kAlways,
+            [](F& f) { f.tables_.mnuPasteTable_Click(); }, kNoStep),
+        row(
+            "", "mnuExportTable", "", "", "", {}, kAlways, [](F& f) { f.tables_.mnuExportTable_Click(); },
+            kNoStep),
+        row(
+            "", "mnuImportTable", "", "", "", {}, kAlways, [](F& f) { f.tables_.mnuImportTable_Click(); },
+            kNoStep),
         // Find Next; does nothing unless the find window is open
         row("", "cmdNext", "", "F3", "", {}, kAlways, [](F& f) { f.find_.findNextByKey(); }),
     };

@@ -54,10 +54,11 @@ struct ShiftState {
     bool alt = false;
 };
 
-/// An entry that the context menus of tree and list have besides those of the menus.
+/// An entry that the context menus of tree and list have besides those of the menus; without a command, a
+/// separator.
 struct ContextEntry {
-    std::string_view command;
-    std::string caption;  ///< with names in it, so "&" marks no access key
+    std::string_view command{};
+    std::string caption{};  ///< with names in it, so "&" marks no access key
     bool enabled = true;
 };
 

@@ -1,7 +1,6 @@
 #include "editor/XmlFiles.h"
 
-#include <algorithm>
-#include <chrono>
+#include "editor/WorkProgress.h"
 
 namespace trevandix {
 
@@ -9,37 +8,23 @@ namespace {
 
 constexpr int kWrap = 100;               // where the percentage starts over
 constexpr unsigned kItemsPerClock = 32;  // reading the clock for each item would take too long
-constexpr std::chrono::milliseconds kInterval{33};
-constexpr int kLoadPerPump = 20;  // time for loading, as a multiple of the time for the window
 
-/// Shows the progress of a load on `pnlPercent` and lets the window handle events: at most thirty times a
-/// second, and never for more than a twentieth of the time.
+/// Tells the progress of a load, as no end is known: the percentage counts items.
 class LoadProgress {
 public:
-    explicit LoadProgress(MainWindow& window) : window_(window) {}
+    explicit LoadProgress(MainWindow& window) : progress_(window) {}
 
     void itemRead() {
         percent_ = (percent_ + 1) % kWrap;
         if (--untilClockIsRead_ > 0) return;
         untilClockIsRead_ = kItemsPerClock;
-        if (Clock::now() >= next_) show();
+        if (progress_.due()) progress_.show(percent_);
     }
 
 private:
-    using Clock = std::chrono::steady_clock;
-
-    void show() {
-        const auto start = Clock::now();
-        window_.setPercent(percent_);
-        window_.processEvents();
-        const auto end = Clock::now();
-        next_ = end + std::max<Clock::duration>(kInterval, (end - start) * kLoadPerPump);
-    }
-
-    MainWindow& window_;
+    WorkProgress progress_;
     int percent_ = 0;
     unsigned untilClockIsRead_ = kItemsPerClock;
-    Clock::time_point next_ = Clock::now() + kInterval;
 };
 
 }  // namespace

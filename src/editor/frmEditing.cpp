@@ -17,6 +17,7 @@ frmEditing::frmEditing(Platform& platform, Configuration& configuration, ListVie
       clipboard_(context_, views_),
       bulkPaste_(context_),
       drag_(context_),
+      tables_(context_, views_),
       undo_(context_, views_),
       find_(context_),
       problems_(context_, views_),
@@ -98,8 +99,10 @@ void frmEditing::statusClicked(StatusField field) {
 }
 
 std::vector<ContextEntry> frmEditing::contextEntries() const {
-    std::vector<ContextEntry> entries = undo_.contextEntries();
-    entries.insert(entries.begin(), {"mnuProblems", "Show Problems"});
+    std::vector<ContextEntry> entries = tables_.contextEntries();
+    entries.push_back({});
+    entries.push_back({"mnuProblems", "Show Problems"});
+    for (ContextEntry& entry : undo_.contextEntries()) entries.push_back(std::move(entry));
     return entries;
 }
 
@@ -162,7 +165,8 @@ void frmEditing::dragCancelled() {
 }
 
 void frmEditing::fileDropped(const std::string& filePath) {
-    openFile(filePath);
+    if (!TableCommands::isTableFile(filePath)) return openFile(filePath);
+    react([&] { tables_.importFile(filePath); });
 }
 
 void frmEditing::TreeView1_OLEDragDrop() {

@@ -11,6 +11,7 @@
 #include "editor/ObjectCommands.h"
 #include "editor/Recovery.h"
 #include "editor/StatusNews.h"
+#include "editor/TableCommands.h"
 #include "editor/TreeAndList.h"
 #include "editor/Undo.h"
 #include "editor/frmFind.h"
@@ -79,6 +80,7 @@ private:
     ClipboardEditing clipboard_;
     BulkPaste bulkPaste_;
     DragAndDrop drag_;
+    TableCommands tables_;
     Undo undo_;
     frmFind find_;
     frmProblems problems_;

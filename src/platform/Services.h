@@ -39,7 +39,8 @@ public:
     virtual ~Clipboard() = default;
     /// Line ends are those of the program that copied it.
     virtual std::string text() = 0;
-    /// Lines end with LF. False when another program keeps the clipboard locked.
+    /// Lines that end with LF get the system's line ends; a text with CR stays as it is. False when another
+    /// program keeps the clipboard locked.
     virtual bool setText(std::string_view text) = 0;
 };
 

@@ -197,6 +197,7 @@ void WxCommands::appendEntries(wxMenu& popup, std::string_view menu) {
 
 // Returns the entry's id.
 int WxCommands::appendEntry(wxMenu& popup, const ContextEntry& entry) const {
+    if (entry.command.empty()) return popup.AppendSeparator()->GetId();
     wxString caption = toWx(entry.caption);
     caption.Replace("\t", " ");  // would begin a shortcut
     // A menu as wide as a very long name would not fit on the screen.
@@ -205,7 +206,7 @@ int WxCommands::appendEntry(wxMenu& popup, const ContextEntry& entry) const {
                                    wxELLIPSIZE_FLAGS_NONE);
     wxString text = wxControl::EscapeMnemonics(caption);
     const auto command = std::ranges::find(commands_, entry.command, &CommandSpec::name);
-    if (command != commands_.end()) text += "\t" + toWx(command->shortcut);
+    if (command != commands_.end() && !command->shortcut.empty()) text += "\t" + toWx(command->shortcut);
     wxMenuItem* item = popup.Append(wxID_ANY, text);
     item->Enable(entry.enabled);
     return item->GetId();

@@ -129,11 +129,12 @@ bool WxClipboard::setText(std::string_view text) {
     constexpr int kTries = 10;
     constexpr int kPause = 20;  // milliseconds
     const wxLogNull silent;
+    const bool native = text.find('\r') != std::string_view::npos;
+    const wxString contents = native ? toWx(text) : wxTextBuffer::Translate(toWx(text));
     for (int tries = 0; tries < kTries; ++tries) {
         if (tries > 0) wxMilliSleep(kPause);
         const wxClipboardLocker locker;
-        if (!locker || !wxTheClipboard->SetData(new wxTextDataObject(wxTextBuffer::Translate(toWx(text)))))
-            continue;
+        if (!locker || !wxTheClipboard->SetData(new wxTextDataObject(contents))) continue;
         wxTheClipboard->Flush();  // keeps the text when the program ends
         return true;
     }
