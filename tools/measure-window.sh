@@ -196,3 +196,20 @@ await "$box"
 measure "save" Return
 await "$box"
 xdotool key Return
+await "$main"
+
+# changed_table AWK: changes the table in the clipboard by a program for awk.
+changed_table() {
+    xclip -o -selection clipboard >"$folder/table.txt"
+    awk -F'\t' -v OFS='\t' "$1" "$folder/table.txt" | xclip -i -selection clipboard
+}
+xdotool key shift+Tab Home
+measure "copy all items as a table" ctrl+shift+c
+for change in 'comments and addresses:NR > 1 { $5 = $5 "b"; $7 = ($7 + 1) % 65536 } 1' 'added items:NR > 1 { $2 = $2 "_New" } 1'; do
+    changed_table "${change#*:}"
+    measure "preview of a table, ${change%%:*}" ctrl+shift+v
+    await "Paste Table"
+    scroll "scroll it, each frame" 700 400
+    measure "apply it" Return
+    await "$main"
+done
