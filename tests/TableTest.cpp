@@ -6,7 +6,7 @@
 #include "Plant.h"
 #include "RandomSteps.h"
 #include "model/ValueTypes.h"
-#include "table/ChangeSet.h"
+#include "table/Plan.h"
 #include "xmlfile/ConfigurationPrinter.h"
 #include "xmlfile/ConfigurationReader.h"
 #include "xmlfile/Latin1Lines.h"
@@ -21,6 +21,8 @@ constexpr std::array kSeparators{Separator::Comma, Separator::Semicolon, Separat
 std::string file(const Configuration& configuration, NodeTag kind, Separator separator = Separator::Comma) {
     return csvFile(exportTable(configuration, kind), separator);
 }
+
+const std::string doubtful{kDoubtful};
 
 /// What is to change, one line per change: "3 U.A.x: Address 1 > 2" or "3 U.A.x refused: why".
 Texts told(const ChangeSet& set) {
@@ -214,6 +216,8 @@ TEST(Table, ChangesAndRefusalsOfItems) {
                {"Unit,Branch,Name,New Name,Address|U,A,x,y,8|U,A,y,x,0",
                 "2 U.A.x: Name x > y / 3 U.A.y: Name y > x"},
                {"Unit,Branch,Name,New Name|U,A,x,y", "2 U.A.x refused: The name is taken"},
+               {"Unit,Branch,Name,New Name|U,A,x,y|U,A,y,x",
+                "2 U.A.x refused: " + doubtful + " / 3 U.A.y refused: " + doubtful},
                {"Unit,Branch,Name,New Name|U,A,x,y|U,A,y,z|U,A,z,a b",
                 "2 U.A.x refused: The name is taken / 3 U.A.y refused: The name is taken / 4 U.A.z refused: "
                 "Name \"a b\" has "
@@ -308,6 +312,16 @@ TEST(Table, ChangesAndRefusalsOfUnitsAndDataTypes) {
             {"Name,Read Code,Single Write Code|coil,2.5,|input status,4,6",
              "2 coil is new: Name coil: Read Code 2: Write Code 15 / 3 input status: Read Code 2 > 4"},
         });
+    // A "." in a unit's name: its key may be that of an object in another unit.
+    PlantedWorkplace dotted({"U", "U.A/", "V"});
+    plantUnit(dotted.configuration, "W.A");
+    import(dotted.configuration,
+           {{"Name,New Name|U,V|V,U", "2 U refused: " + doubtful + " / 3 V refused: " + doubtful},
+            {"Name,New Name|U,W", "2 U refused: The name is taken"},
+            {"Name,New Name|U,W|W.A,Z", "2 U: Name U > W / 3 W.A: Name W.A > Z"},
+            {"Name,New Name|W,U", "2 W: Name W > U"},
+            { "Name,New Name|U,W|V,W.A",
+              "2 U: Name U > W / 3 V refused: The name is taken" }});
 }
 
 TEST(Table, FilesOfSpreadsheets) {

@@ -239,7 +239,7 @@ TEST(Commands, EveryButtonRunsItsCommand) {
 }
 
 // Names, shortcuts, buttons, button places and the access keys of each menu are unique. Every command has a
-// menu or a shortcut.
+// menu, a shortcut or an entry in the context menus.
 TEST(Commands, TablesFitTogether) {
     std::set<std::string> taken;
     const auto take = [&](std::string kind, std::string_view text) {
@@ -254,6 +254,9 @@ TEST(Commands, TablesFitTogether) {
         take("menu", menu.name);
         takeAccessKey("the menu bar", menu.caption);
     }
+    const Workplace place;
+    std::set<std::string_view> context;
+    for (const ContextEntry& entry : place.editor.contextEntries()) context.insert(entry.command);
     for (const CommandSpec& command : commandTables().commands) {
         take("name", command.name);
         take("shortcut", command.shortcut);
@@ -261,7 +264,7 @@ TEST(Commands, TablesFitTogether) {
         if (!command.button.key.empty()) take("place", std::to_string(command.button.place));
         takeAccessKey(command.menu, command.caption);
         EXPECT_TRUE(taken.contains("menu: " + std::string(command.menu)) ||
-                    (command.menu.empty() && !command.shortcut.empty()))
+                    (command.menu.empty() && (!command.shortcut.empty() || context.contains(command.name))))
             << command.name;
     }
 }

@@ -18,8 +18,8 @@ struct ToolButtonSpec {
 
 /// A command; without a name, a separator in its menu.
 struct CommandSpec {
-    /// Its menu; its own name if it is itself on the menu bar. Empty for a command with only a shortcut, such
-    /// as "F3", which works in the main window and its modeless windows.
+    /// Its menu; its own name if it is itself on the menu bar. Empty for a command with only an entry in the
+    /// context menus or a shortcut, such as "F3", which works in the main window and its modeless windows.
     std::string_view menu;
     std::string_view name{};
     std::string_view caption{};   ///< "&" marks the access key

@@ -28,6 +28,22 @@ std::string boxRefusal(std::string_view header, KeyFilter filter, const std::str
            (name ? "letters A to Z, digits, \"-\" and \"_\"" : "digits, \"-\", \".\" and blanks");
 }
 
+std::vector<std::size_t> doubtfulRings(const std::vector<std::size_t>& next,
+                                       const std::vector<bool>& fitsBoth) {
+    std::vector<std::size_t> rows;
+    std::vector<std::size_t> walk(next.size(), kNoRow);  // that came by first
+    for (std::size_t start = 0; start < next.size(); ++start) {
+        std::size_t at = start;
+        for (; at != kNoRow && walk[at] == kNoRow; at = next[at]) walk[at] = start;
+        if (at == kNoRow || walk[at] != start) continue;
+        std::vector<std::size_t> ring{at};
+        for (std::size_t row = next[at]; row != at; row = next[row]) ring.push_back(row);
+        if (std::ranges::any_of(ring, [&](std::size_t row) { return fitsBoth[row]; }))
+            rows.insert(rows.end(), ring.begin(), ring.end());
+    }
+    return rows;
+}
+
 ChangeSet::ChangeSet(const Configuration& configuration, const Table& table, const TableProgress& progress)
     : kind_(table.kind),
       revision_(configuration.revision()),

@@ -23,6 +23,7 @@ struct Draft {
     Container* container = nullptr;
     TreeNode* node = nullptr;  ///< nullptr for a new item
     clsItem record{};
+    bool fitsBoth = false;  ///< the row fits the items of its old and of its new name
 
     bool takesName() const { return node == nullptr || node->key() != record.sKey(); }
 };
@@ -55,6 +56,7 @@ private:
     std::string reason(const ItemOutcome& made, const Draft& draft);
 
     void claimNames();
+    void refuseDoubtful();
     void claim(std::size_t draft);
     static std::string newBranches(Container* container);
     bool claimContainers(Container* container);
@@ -80,9 +82,12 @@ bool ItemPlan::choose(const CsvRow& row, IntendedChange& change, Draft& draft) {
     Container& container = *draft.container;
     Container::Entry* entry = container.unused(name);
     Container::Entry* renamed = renames ? container.unused(*wanted) : nullptr;
-    if (fits(row, container, renamed) && !fits(row, container, entry)) {
-        renamed->line = row.line;
-        return false;
+    if (fits(row, container, renamed)) {
+        draft.fitsBoth = fits(row, container, entry);
+        if (!draft.fitsBoth) {
+            renamed->line = row.line;
+            return false;
+        }
     }
     if (entry != nullptr) {
         entry->line = row.line;
@@ -140,6 +145,7 @@ void ItemPlan::claimNames() {
         if (!changes[i].refused() && draft.node != nullptr && draft.takesName())
             leaving_.emplace(draft.node->key(), i);
     }
+    refuseDoubtful();
     for (std::size_t i = 0; i < drafts_.size(); ++i) {
         if (!changes[i].refused() && drafts_[i].takesName()) claim(i);
     }
@@ -147,6 +153,17 @@ void ItemPlan::claimNames() {
     for (std::size_t i = 0; i < drafts_.size(); ++i) {
         if (!changes[i].refused() && changes[i].adds) changes[i].remark = newBranches(drafts_[i].container);
     }
+}
+
+void ItemPlan::refuseDoubtful() {
+    std::vector<std::size_t> next(drafts_.size(), kNoRow);
+    std::vector<bool> fitsBoth(drafts_.size());
+    for (const auto& [key, row] : leaving_) {
+        const auto leaver = leaving_.find(drafts_[row].record.sKey());
+        if (leaver != leaving_.end()) next[row] = leaver->second;
+        fitsBoth[row] = drafts_[row].fitsBoth;
+    }
+    for (const std::size_t row : doubtfulRings(next, fitsBoth)) refuse(row, kDoubtful);
 }
 
 void ItemPlan::claim(std::size_t draft) {

@@ -138,7 +138,8 @@ std::string reasonAgainst(const Columns& columns, ColumnSet set, const Fields& f
         if (offered == nullptr) continue;
         const std::string& text = fields.*columns[i].text;
         if (std::ranges::find(*offered, text) != offered->end()) continue;
-        reason = std::string(columns[i].header) + ' ' + quoted(text) + " is not in the dialog's list";
+        reason =
+            std::string(columns[i].header) + ' ' + trevandix::quoted(text) + " is not in the dialog's list";
     }
     return reason;
 }
@@ -150,7 +151,17 @@ inline std::string secondRow(std::size_t line) {
     return "Line " + std::to_string(line) + " is about the same object";
 }
 inline std::string nothingToRename(std::string_view name) {
-    return "There is no " + quoted(name) + " to rename";
+    return "There is no " + trevandix::quoted(name) + " to rename";
 }
+
+/// No row.
+inline constexpr std::size_t kNoRow = static_cast<std::size_t>(-1);
+/// Rows that exchange names in a ring, where one of them fits both the object that has its old name and the
+/// one that has its new name: the names may have been exchanged already. `next` is for each row the one that
+/// renames the object whose name it wants, or `kNoRow`.
+std::vector<std::size_t> doubtfulRings(const std::vector<std::size_t>& next,
+                                       const std::vector<bool>& fitsBoth);
+inline constexpr std::string_view kDoubtful =
+    "No column tells whether the names have been exchanged already; add one in which the objects differ";
 
 }  // namespace trevandix

@@ -35,6 +35,7 @@ struct Draft {
     UnitFields fields{};
     clsPLC record{};
     ColumnSet changed = 0;
+    bool fitsBoth = false;  ///< the row fits the units of its old and of its new name
 
     bool renames() const { return old != nullptr && old->getName() != record.getName(); }
 };
@@ -44,6 +45,7 @@ public:
     UnitPlan(const Configuration& configuration, const Table& table)
         : configuration_(configuration), kind_(configuration.state.interfaceKind) {
         for (const CsvRow& row : table.rows) add(table, row);
+        refuseDoubtful();
         // A refusal can be the reason for another one.
         while (judgeAll()) {
         }
@@ -115,8 +117,9 @@ private:
         const bool renames = wanted != nullptr && !wanted->empty() && *wanted != name;
         std::shared_ptr<const clsPLC> old = unitCalled(name);
         const auto renamed = renames ? unitCalled(*wanted) : nullptr;
-        const bool done =
-            renamed != nullptr && fits(table, row, renamed) && (old == nullptr || !fits(table, row, old));
+        const bool fitsNew = renamed != nullptr && fits(table, row, renamed);
+        const bool fitsBoth = fitsNew && old != nullptr && fits(table, row, old);
+        const bool done = fitsNew && !fitsBoth;
         if (done) old = renamed;
         IntendedChange change{.line = row.line, .object = name, .adds = old == nullptr && !renames};
         const auto [first, isFirst] = lines_.try_emplace(old != nullptr ? old->getName() : name, row.line);
@@ -126,6 +129,7 @@ private:
             change.refusal = nothingToRename(name);
         if (done && !change.refused()) return;
         Draft draft = drafted(table, row, old, renames ? *wanted : name);
+        draft.fitsBoth = fitsBoth;
         const std::string failure = convert(draft);
         if (draft.changed == 0 && !change.refused()) return;
         const UnitFields before = old != nullptr ? old->texts(kind_) : UnitFields{};
@@ -135,6 +139,20 @@ private:
         if (!change.refused()) change.refusal = failure;
         changes.push_back(std::move(change));
         drafts_.push_back(std::move(draft));
+    }
+
+    void refuseDoubtful() {
+        std::map<std::string, std::size_t> leaving;  // rows by the old name
+        for (std::size_t i = 0; i < drafts_.size(); ++i)
+            if (drafts_[i].renames() && !changes[i].refused()) leaving[drafts_[i].old->getName()] = i;
+        std::vector<std::size_t> next(drafts_.size(), kNoRow);
+        std::vector<bool> fitsBoth(drafts_.size());
+        for (const auto& [name, row] : leaving) {
+            const auto leaver = leaving.find(drafts_[row].record.getName());
+            if (leaver != leaving.end()) next[row] = leaver->second;
+            fitsBoth[row] = drafts_[row].fitsBoth;
+        }
+        for (const std::size_t row : doubtfulRings(next, fitsBoth)) changes[row].refusal = kDoubtful;
     }
 
     std::string reason(const Draft& draft, OtherUnits others) const {
@@ -179,7 +197,7 @@ private:
             std::vector<const clsPLC*> others = units;
             std::erase(others, &drafts_[i].record);
             const bool named = contains(drafts_[i].changed, kName);
-            changes[i].refusal = named && isTaken(drafts_[i].record.getName(), others)
+            changes[i].refusal = named && (isTaken(drafts_[i].record.getName(), others) || clashes(i))
                                      ? kNameTaken
                                      : reason(drafts_[i], others);
             if (!changes[i].refused()) continue;
@@ -195,21 +213,48 @@ private:
         return configuration_.tree.find(name) != nullptr && unitCalled(name) == nullptr;
     }
 
-    // Units that exchange their names take turns by a name that nobody has.
+    // Whether an object of the unit would get the key of one in another unit, which only a "." in a unit's
+    // name makes possible.
+    bool clashes(std::size_t draft) const {
+        const std::string& name = drafts_[draft].record.getName();
+        std::vector<std::pair<std::string, std::string>> near;  // old and new name of units with such keys
+        const auto look = [&](const std::string& from, const std::string& to) {
+            if (to.starts_with(name + '.') || name.starts_with(to + '.')) near.emplace_back(from, to);
+        };
+        std::unordered_set<const clsPLC*> leaving{drafts_[draft].old.get()};
+        for (std::size_t i = 0; i < drafts_.size(); ++i) {
+            const Draft& other = drafts_[i];
+            if (i == draft || changes[i].refused() || !contains(other.changed, kName)) continue;
+            leaving.insert(other.old.get());
+            look(other.old != nullptr ? other.old->getName() : std::string(), other.record.getName());
+        }
+        for (const auto& [key, unit] : configuration_.units)
+            if (!leaving.contains(unit)) look(unit->getName(), unit->getName());
+        if (near.empty()) return false;
+        const auto isThere = [&](const std::string& key) {
+            return std::ranges::any_of(near, [&](const auto& unit) {
+                const auto& [from, to] = unit;
+                if (key == to) return true;
+                const TreeNode* top = configuration_.tree.find(from);
+                if (top == nullptr || !key.starts_with(to + '.')) return false;
+                const TreeNode* found = configuration_.tree.find(from + key.substr(to.size()));
+                return found != nullptr && liesIn(found, *top);
+            });
+        };
+        if (isThere(name)) return true;
+        if (drafts_[draft].old == nullptr) return false;
+        const TreeNode& top = nodeOf(*drafts_[draft].old);
+        const std::size_t prefix = top.key().view().size();
+        for (const TreeNode* node = nextBelow(top, top); node != nullptr; node = nextBelow(*node, top))
+            if (isThere(name + std::string(node->key().view().substr(prefix)))) return true;
+        return false;
+    }
+
+    // Units that exchange their names take turns by a name that nobody has. Where a "." is in a name, all of
+    // them do: the objects in one unit can be in the way of another one.
     static void rename(Configuration& configuration, std::vector<const Draft*> renaming) {
         std::map<const Draft*, std::string> keys;  // under which each unit stands now
-        for (const Draft* draft : renaming) keys[draft] = draft->old->getName();
-        while (!renaming.empty()) {
-            const auto isFree = [&](const Draft* draft) {
-                return configuration.tree.find(draft->record.sKey()) == nullptr;
-            };
-            const auto next = std::ranges::find_if(renaming, isFree);
-            if (next != renaming.end()) {
-                configuration.replaceUnit(configuration.tree.at(keys[*next]), (*next)->record);
-                renaming.erase(next);
-                continue;
-            }
-            const Draft* draft = renaming.front();
+        const auto wait = [&](const Draft* draft) {
             clsPLC waiting = *draft->old;
             std::string& name = keys[draft];
             TreeNode& node = configuration.tree.at(name);
@@ -218,6 +263,23 @@ private:
             waiting.setName(name);
             waiting.sKey(name);
             configuration.replaceUnit(node, std::move(waiting));
+        };
+        for (const Draft* draft : renaming) keys[draft] = draft->old->getName();
+        const bool dotted = std::ranges::any_of(configuration.units, [](const auto& entry) {
+            return entry.first.view().find('.') != std::string_view::npos;
+        });
+        if (dotted && renaming.size() > 1) std::ranges::for_each(renaming, wait);
+        while (!renaming.empty()) {
+            const auto isFree = [&](const Draft* draft) {
+                return configuration.tree.find(draft->record.sKey()) == nullptr;
+            };
+            const auto next = std::ranges::find_if(renaming, isFree);
+            if (next == renaming.end()) {
+                wait(renaming.front());
+                continue;
+            }
+            configuration.replaceUnit(configuration.tree.at(keys[*next]), (*next)->record);
+            renaming.erase(next);
         }
     }
 
