@@ -113,7 +113,7 @@ TEST(TableCommands, ImportsShowWhatTheyChange) {
              {"paste", units, "cmdConfirm",
               "1 unit to change, 1 to add / V|Identifier|0|9| / V|IP Address|10.0.0.1|"
               "1.2.3.4| / V|Timeout|0|5| / W|Name||W|Added / W|Identifier||7| / W|IP Address||1.2.3.4| / "
-              "W|Timeout||5|  "
+              "W|Timeout||5| "
               "Confirm",
               "unsaved | tree top: ModBus(coil holding register) U(A(x y)) V W"},
              {"import", "Name,Read Code|coil,0", "cmdCancel", "Nothing to change", "saved"},
