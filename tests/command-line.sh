@@ -170,6 +170,20 @@ row 2 '' '*table.csv: *--force*' list tcp.xml -o table.csv
 row 2 '' '*out/table.csv: *' list tcp.xml -o out/table.csv
 to=/dev/full row 2 '' 'trevandix: Disk full: standard output' list tcp.xml
 
+# The plant of the manual, made from its tables by its commands: block N of the chapter.
+block() {
+    awk -v block="$1" '/^### Tables on the command line/ { chapter = 1 }
+        chapter && /^```/ { inside = !inside; count += inside; next }
+        chapter && inside && count == block' "$root/docs/manual.md"
+}
+block 1 >units.csv
+block 2 >items.csv
+block 3 | while read -r _ arguments; do "${run[@]}" $arguments </dev/null; done >made.txt 2>&1
+block 4 >told.txt
+same made.txt told.txt
+[ -s told.txt ] || fail "the manual tells nothing"
+rm plant.xml
+
 # import
 cp tcp.xml plant.xml
 printf '%s\r\n' Name,Colour,Timeout Intake,red,700 Ζ,red,700 $'A\eB,red,1' ,red,1 >Πίνακας.csv

@@ -78,6 +78,15 @@ await "Problems"
 keys Down
 shot_of problems Problems Escape
 
+go 2
+copied 'Unit,Branch,Name,Comment,ModBus Type,Address,Data Type,Access Rights\r\n'\
+'Dosing,ANALYSERS,Redox,"redox potential, mV",input register,16,unsigned 16 bit,READ\r\n'\
+'Dosing,ANALYSERS,Chlorine_Total,"total chlorine, mg/l",input register,70000,32 bit float,READ\r\n'\
+'Dosing,ANALYSERS.TURBIDITY,Value,NTU,input register,40,32 bit float,READ\r\n'\
+'Dosing,ANALYSERS.TURBIDITY,New_Item_1,spare,input register,41,signed 16 bit,READ\r\n'
+keys ctrl+shift+v
+shot_of table-preview "Paste Table" Escape
+
 keys ctrl+n
 await "Select ModBus interface"
 shot select
