@@ -116,6 +116,11 @@ TEST(TableCommands, ImportsShowWhatTheyChange) {
               "W|Timeout||5| "
               "Confirm",
               "unsaved | tree top: ModBus(coil holding register) U(A(x y)) V W"},
+             {"import",
+              "Unit,Branch,Name,Comment,ModBus Type,Data Type,Address,Access Rights|U,A,x,a & "
+              "b,coil,boolean,1,READ|"
+              "U,B.C,New_Item_7,,coil,boolean,1,READ",
+              "cmdCancel", "?", "saved"},
              {"import", "Name,Read Code|coil,0", "cmdCancel", "Nothing to change", "saved"},
              {"paste", "Name,New Name|X,Y", "",
               "1 unit refused / X||||Refused, line 2: There is no \"X\" to rename", "saved"},

@@ -27,6 +27,28 @@ bool never() {
     return false;
 }
 
+using Places = std::unordered_map<Key, std::size_t>;
+
+// For each place the text of the first finding that its object would have and does not have now.
+std::vector<std::string> findingsAdded(const Configuration& configuration, const Places& places,
+                                       std::size_t count, const Intended& intended) {
+    const std::function<bool()> interrupted = never;
+    Pulse pulse(interrupted);
+    std::vector<std::set<const Rule*>> before(count);
+    for (const Finding& finding : findingsOf(Survey(configuration, pulse), pulse)) {
+        if (const auto place = places.find(finding.object); place != places.end())
+            before[place->second].insert(finding.rule);
+    }
+    std::vector<std::string> added(count);
+    const Survey survey(configuration, pulse, &intended);
+    for (Finding& finding : findingsOf(survey, pulse)) {
+        const auto place = places.find(finding.object);
+        if (place == places.end() || before[place->second].contains(finding.rule)) continue;
+        if (added[place->second].empty()) added[place->second] = std::move(finding.text);
+    }
+    return added;
+}
+
 }  // namespace
 
 std::string_view severityName(Severity severity) {
@@ -54,31 +76,36 @@ std::optional<std::vector<Finding>> check(const Configuration& configuration,
 
 std::vector<std::string> findingsAdded(const Configuration& configuration,
                                        std::span<const IntendedName> names) {
-    std::unordered_map<const clsItem*, std::string_view> intended;
-    std::unordered_map<Key, std::size_t> places;
+    std::unordered_map<const clsItem*, clsItem> renamed;
+    Places places;
     for (std::size_t i = 0; i < names.size(); ++i) {
         places.emplace(names[i].item, i);
-        if (const auto record = configuration.items.find(names[i].item))
-            intended.insert_or_assign(record.get(), names[i].name);
+        const auto record = configuration.items.find(names[i].item);
+        if (record != nullptr)
+            renamed.insert_or_assign(record.get(), *record).first->second.sName(names[i].name);
     }
-    const std::function<bool()> interrupted = never;
-    Pulse pulse(interrupted);
-    std::vector<std::set<const Rule*>> before(names.size());
-    for (const Finding& finding : findingsOf(Survey(configuration, pulse), pulse)) {
-        if (const auto place = places.find(finding.object); place != places.end())
-            before[place->second].insert(finding.rule);
+    return findingsAdded(configuration, places, names.size(),
+                         {[&](const TreeNode&, const clsItem& present) -> const clsItem& {
+                             const auto record = renamed.find(&present);
+                             return record == renamed.end() ? present : record->second;
+                         }});
+}
+
+std::vector<std::string> findingsAdded(const Configuration& configuration,
+                                       std::span<const IntendedItem> items) {
+    std::unordered_map<const TreeNode*, const clsItem*> changed;
+    Places places;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const bool exists = items[i].node != nullptr;
+        places.emplace(exists ? items[i].node->key() : items[i].record->sKey(), i);
+        if (exists) changed.emplace(items[i].node, items[i].record);
     }
-    const Survey renamed(configuration, pulse, [&](const clsItem& item) -> std::string_view {
-        const auto name = intended.find(&item);
-        return name == intended.end() ? std::string_view(item.sName()) : name->second;
-    });
-    std::vector<std::string> added(names.size());
-    for (Finding& finding : findingsOf(renamed, pulse)) {
-        const auto place = places.find(finding.object);
-        if (place == places.end() || before[place->second].contains(finding.rule)) continue;
-        if (added[place->second].empty()) added[place->second] = std::move(finding.text);
-    }
-    return added;
+    return findingsAdded(configuration, places, items.size(),
+                         {[&](const TreeNode& node, const clsItem& present) -> const clsItem& {
+                              const auto record = changed.find(&node);
+                              return record == changed.end() ? present : *record->second;
+                          },
+                          items});
 }
 
 std::string firstUnreadable(const Configuration& configuration) {

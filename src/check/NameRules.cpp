@@ -96,7 +96,7 @@ void findOtherNames(Search& search) {
     search.each(survey.items, [&](const ItemFacts& item) {
         const Object& object = survey.objects[item.object];
         const std::string& name = item.record->sName();
-        if (object.node->text() == name) return;
+        if (object.node == nullptr || object.node->text() == name) return;
         search.found(*object.key, "comes back with the name " + quoted(name) +
                                       ", as it is a copy that shares its record; confirm it in its dialog");
     });
@@ -104,7 +104,7 @@ void findOtherNames(Search& search) {
 
 void findEmptyBranches(Search& search) {
     search.each(NodeTag::Branch, [&](const Object& branch) {
-        if (branch.node->firstChild() == nullptr)
+        if (branch.node != nullptr && branch.node->firstChild() == nullptr)
             search.found(*branch.key, "holds no item; add some, or delete the branch");
     });
 }

@@ -49,13 +49,14 @@ Span ItemFacts::span() const {
     return {begin, begin + registers * kRegisterBits};
 }
 
-Survey::Survey(const Configuration& surveyed, Pulse& pulse, const NameOf& nameOf)
-    : configuration(surveyed), nextItem_(surveyed.items.begin()) {
+Survey::Survey(const Configuration& surveyed, Pulse& pulse, const Intended* intended)
+    : configuration(surveyed), intended_(intended), nextItem_(surveyed.items.begin()) {
     if (configuration.tree.root() == nullptr) return;  // closed, though data types stay
     objects.reserve(configuration.tree.size());
     items.reserve(configuration.items.size());
     addDataTypes();
-    walk(pulse, nameOf);
+    walk(pulse);
+    if (intended_ != nullptr) addIntended();
     allRecordsFound = recordsFound_ == configuration.dataTypes.size() + configuration.units.size() +
                                            configuration.branches.size() + configuration.items.size();
 }
@@ -69,7 +70,7 @@ void Survey::addDataTypes() {
     }
 }
 
-void Survey::walk(Pulse& pulse, const NameOf& nameOf) {
+void Survey::walk(Pulse& pulse) {
     struct Level {
         const TreeNode* node;
         std::uint32_t object;
@@ -85,7 +86,7 @@ void Survey::walk(Pulse& pulse, const NameOf& nameOf) {
         const std::size_t before = objects.size();
         if (!placed)
             misplaced.push_back(node);
-        else if (!add(*node, levels.back().object, nameOf))
+        else if (!add(*node, levels.back().object))
             bare.push_back(node);
         const bool added = objects.size() > before;
         // Nothing below a unit without a record is written, and only the unit is worth telling.
@@ -112,7 +113,7 @@ bool Survey::hasPlace(const TreeNode& node) const {
     return false;
 }
 
-bool Survey::add(const TreeNode& node, std::uint32_t container, const NameOf& nameOf) {
+bool Survey::add(const TreeNode& node, std::uint32_t container) {
     const auto place = static_cast<std::uint32_t>(objects.size());
     bool found = true;
     switch (node.tag()) {
@@ -134,7 +135,7 @@ bool Survey::add(const TreeNode& node, std::uint32_t container, const NameOf& na
                 {&node.key(), node.text(), &node, container, NodeTag::Branch, marksOf(node.text())});
             break;
         case NodeTag::Item:
-            found = addItem(node, container, nameOf);
+            found = addItem(node, container);
             break;
         case NodeTag::ModBus:
         case NodeTag::Config:
@@ -144,15 +145,50 @@ bool Survey::add(const TreeNode& node, std::uint32_t container, const NameOf& na
     return found;
 }
 
-bool Survey::addItem(const TreeNode& node, std::uint32_t container, const NameOf& nameOf) {
-    const clsItem* record = recordOf(node);
-    if (record == nullptr) return false;
-    const std::string_view name = nameOf ? nameOf(*record) : std::string_view(record->sName());
-    items.push_back({record, &typeFacts(*record), &rightFacts(*record),
-                     static_cast<std::uint32_t>(objects.size()), unit_, record->nAddress(),
-                     record->nBitNumber(), record->nElements(), marksOf(record->sComment())});
-    objects.push_back({&node.key(), name, &node, container, NodeTag::Item, marksOf(name)});
+bool Survey::addItem(const TreeNode& node, std::uint32_t container) {
+    const clsItem* own = recordOf(node);
+    if (own == nullptr) return false;
+    const clsItem& record = intended_ == nullptr ? *own : intended_->recordOf(node, *own);
+    addItem(record, node.key(), &record == own ? &node : nullptr, container);
     return true;
+}
+
+void Survey::addItem(const clsItem& record, const Key& key, const TreeNode* node, std::uint32_t container) {
+    items.push_back({&record, &typeFacts(record), &rightFacts(record),
+                     static_cast<std::uint32_t>(objects.size()), unit_, record.nAddress(),
+                     record.nBitNumber(), record.nElements(), marksOf(record.sComment())});
+    objects.push_back({&key, record.sName(), node, container, NodeTag::Item, marksOf(record.sName())});
+}
+
+void Survey::addIntended() {
+    std::unordered_map<const TreeNode*, std::uint32_t> existing;
+    std::unordered_map<const IntendedContainer*, std::uint32_t> made;
+    for (std::uint32_t i = 0; i < objects.size(); ++i)
+        if (objects[i].tag == NodeTag::Plc || objects[i].tag == NodeTag::Branch)
+            existing[objects[i].node] = i;
+    const auto placeOf = [&](const IntendedContainer* around) {
+        std::vector<const IntendedContainer*> missing;
+        const IntendedContainer* at = around;
+        for (; at->node == nullptr && !made.contains(at); at = at->above) missing.push_back(at);
+        std::uint32_t place = Object::kNone;
+        if (at->node == nullptr)
+            place = made.at(at);
+        else if (const auto found = existing.find(at->node); found != existing.end())
+            place = found->second;
+        for (auto each = missing.rbegin(); each != missing.rend(); ++each) {
+            objects.push_back(
+                {&(*each)->key, (*each)->name, nullptr, place, NodeTag::Branch, marksOf((*each)->name)});
+            place = made[*each] = static_cast<std::uint32_t>(objects.size() - 1);
+        }
+        return place;
+    };
+    for (const IntendedItem& item : intended_->items) {
+        if (item.node != nullptr) continue;
+        const std::uint32_t container = placeOf(item.container);
+        unit_ = container;
+        while (unit_ != Object::kNone && objects[unit_].tag != NodeTag::Plc) unit_ = objects[unit_].container;
+        if (unit_ != Object::kNone) addItem(*item.record, item.record->sKey(), nullptr, container);
+    }
 }
 
 const clsItem* Survey::recordOf(const TreeNode& node) {

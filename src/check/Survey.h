@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "check/Intended.h"
 #include "check/Marks.h"
 #include "check/Pulse.h"
 #include "model/Configuration.h"
@@ -54,7 +55,7 @@ struct Object {
 
     const Key* key;           ///< of its node, or of its record where no node has it
     std::string_view name;    ///< as it is written
-    const TreeNode* node;     ///< nullptr for a data type without one
+    const TreeNode* node;     ///< nullptr for a data type without one, and for what is intended
     std::uint32_t container;  ///< the unit or branch around it, by its place in `objects`; else kNone
     NodeTag tag;
     Marks marks;  ///< of the name
@@ -78,15 +79,12 @@ struct ItemFacts {
     Span span() const;
 };
 
-/// Looks at an item's record and gives the name that the item shall be taken to have.
-using NameOf = std::function<std::string_view(const clsItem&)>;
-
 /// What a configuration's file would hold, gathered in one walk through the tree. Refers to the
-/// configuration, which must stay as it is.
+/// configuration and to what is intended, which must stay as they are.
 class Survey {
 public:
-    /// Errors: Interrupted.
-    Survey(const Configuration& configuration, Pulse& pulse, const NameOf& nameOf = nullptr);
+    /// With `intended`, as if that were done; what it adds comes last. Errors: Interrupted.
+    Survey(const Configuration& configuration, Pulse& pulse, const Intended* intended = nullptr);
     Survey(const Survey&) = delete;
     Survey& operator=(const Survey&) = delete;
 
@@ -102,15 +100,18 @@ public:
 
 private:
     void addDataTypes();
-    void walk(Pulse& pulse, const NameOf& nameOf);
+    void walk(Pulse& pulse);
     bool hasPlace(const TreeNode& node) const;
     /// False where the node has no record.
-    bool add(const TreeNode& node, std::uint32_t container, const NameOf& nameOf);
-    bool addItem(const TreeNode& node, std::uint32_t container, const NameOf& nameOf);
+    bool add(const TreeNode& node, std::uint32_t container);
+    bool addItem(const TreeNode& node, std::uint32_t container);
+    void addItem(const clsItem& record, const Key& key, const TreeNode* node, std::uint32_t container);
+    void addIntended();
     const clsItem* recordOf(const TreeNode& node);
     const TypeFacts& typeFacts(const clsItem& item);
     const RightFacts& rightFacts(const clsItem& item);
 
+    const Intended* intended_;
     KeyedCollection<clsItem>::Iterator nextItem_;  // expected next: both orders are mostly the same
     std::uint32_t unit_ = Object::kNone;           // the one that the walk is in
     std::size_t recordsFound_ = 0;

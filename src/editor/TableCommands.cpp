@@ -185,6 +185,7 @@ void TableCommands::import(std::string_view caption, const std::string& source, 
         Table table{};
         if (!read(source, bytes, table)) return;
         changes.emplace(context_.configuration, table, work.progress());
+        changes->remarkFindings();
         note = unknownColumns(table);
         kind = table.kind;
     }

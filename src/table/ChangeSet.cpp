@@ -61,6 +61,10 @@ std::size_t ChangeSet::refused() const {
     return static_cast<std::size_t>(std::ranges::count_if(changes(), &IntendedChange::refused));
 }
 
+void ChangeSet::remarkFindings() {
+    plan_->remarkFindings();
+}
+
 void ChangeSet::apply(Configuration& configuration, const TableProgress& progress) const {
     if (configuration.revision() != revision_) throw RuntimeError(ErrorNumber::InvalidCall);
     const std::size_t count = accepted();

@@ -61,6 +61,10 @@ public:
     std::size_t refused() const;
     std::size_t accepted() const { return changes().size() - refused(); }
 
+    /// Adds to the remarks of items what the checks would find at them, and do not find now. The
+    /// configuration must be as it was.
+    void remarkFindings();
+
     /// Makes all accepted changes, as one step that can be undone, and marks the configuration as unsaved;
     /// without any it does nothing. Added nodes become visible. Errors: InvalidCall if the configuration,
     /// which must be the open one that was judged, has changed since; on any error it is as it was.

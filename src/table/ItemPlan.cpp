@@ -2,6 +2,7 @@
 #include <unordered_map>
 #include <variant>
 
+#include "check/Check.h"
 #include "model/ItemRenaming.h"
 #include "table/Containers.h"
 #include "table/ItemRows.h"
@@ -44,6 +45,7 @@ public:
     }
 
     void apply(Configuration& configuration, const TableProgress& tell) const override;
+    void remarkFindings() override;
 
 private:
     void addItems(Configuration& configuration, Progress& progress) const;
@@ -218,6 +220,36 @@ void ItemPlan::settle() {
             const bool inside = !changes[i].refused() && drafts_[i].takesName();
             if (inside && !claimContainers(drafts_[i].container)) refuse(i, kBranchTaken);
         }
+    }
+}
+
+void ItemPlan::remarkFindings() {
+    std::unordered_map<const Container*, IntendedContainer> containers;
+    const auto intended = [&](const Container* around) {
+        const IntendedContainer* first = nullptr;
+        IntendedContainer* below = nullptr;
+        for (const Container* at = around; at != nullptr; at = at->node == nullptr ? at->above : nullptr) {
+            const auto [entry, isNew] =
+                containers.try_emplace(at, IntendedContainer{at->node, nullptr, at->key, at->name});
+            (below == nullptr ? first : below->above) = &entry->second;
+            below = &entry->second;
+            if (!isNew) break;
+        }
+        return first;
+    };
+    std::vector<IntendedItem> items;
+    std::vector<IntendedChange*> accepted;
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        const Draft& draft = drafts_[i];
+        if (changes[i].refused()) continue;
+        const bool adds = draft.node == nullptr;
+        items.push_back({&draft.record, draft.node, adds ? intended(draft.container) : nullptr});
+        accepted.push_back(&changes[i]);
+    }
+    const std::vector<std::string> findings = findingsAdded(configuration_, items);
+    for (std::size_t i = 0; i < findings.size(); ++i) {
+        std::string& remark = accepted[i]->remark;
+        if (!findings[i].empty()) remark += (remark.empty() ? "" : "; ") + findings[i];
     }
 }
 

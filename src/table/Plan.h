@@ -26,6 +26,9 @@ public:
     /// stays.
     virtual void apply(Configuration& configuration, const TableProgress& progress) const = 0;
 
+    /// Adds to the remarks what the checks would find at the accepted objects, and do not find now.
+    virtual void remarkFindings() {}
+
     std::vector<IntendedChange> changes;
 };
 

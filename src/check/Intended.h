@@ -1,0 +1,33 @@
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string_view>
+
+#include "model/Configuration.h"
+
+namespace trevandix {
+
+/// A unit or branch that an added item goes into: one that exists, or a branch that is to be made.
+struct IntendedContainer {
+    const TreeNode* node = nullptr;            ///< nullptr for a branch that is to be made
+    const IntendedContainer* above = nullptr;  ///< of such a branch
+    Key key{};                                 ///< of such a branch
+    std::string_view name{};                   ///< of such a branch
+};
+
+/// An item that is to be changed or added.
+struct IntendedItem {
+    const clsItem* record;                         ///< that it gets
+    const TreeNode* node = nullptr;                ///< nullptr for one that is to be added
+    const IntendedContainer* container = nullptr;  ///< of one that is to be added
+};
+
+/// What is to become of a configuration.
+struct Intended {
+    /// The record that a node's item gets; the present one if it stays.
+    std::function<const clsItem&(const TreeNode& node, const clsItem& present)> recordOf;
+    std::span<const IntendedItem> items{};  ///< those without a node are added
+};
+
+}  // namespace trevandix
