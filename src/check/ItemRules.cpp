@@ -5,9 +5,6 @@ namespace trevandix {
 
 namespace {
 
-constexpr std::int64_t kLastAddress = 65535;
-constexpr int kRegisterBits = 16;
-
 /// Calls `look` with each item that the file can hold, and what to tell it by.
 template <typename Look>
 void eachKnown(Search& search, Look look) {
@@ -24,19 +21,19 @@ bool mayRead(const ItemFacts& item) {
 bool mayWrite(const ItemFacts& item) {
     const clsModBusType* type = item.type->dataType;
     if (type == nullptr || type->getWriteCode() != 0) return true;
-    return !item.type->value->elements && type->getSingleWrCode() != 0;
+    return !item.value().elements && type->getSingleWrCode() != 0;
 }
 
 // Registers, or bits in a table of bits.
 std::int64_t places(const ItemFacts& item) {
     const Span span = item.span();
     if (span.empty()) return 0;
-    if (!item.type->modbus->registers) return span.end - span.begin;
-    return (span.end - 1) / kRegisterBits - span.begin / kRegisterBits + 1;
+    const std::int64_t unit = unitsPerAddress(item.table());
+    return (span.end - 1) / unit - span.begin / unit + 1;
 }
 
 std::string_view placeName(const ItemFacts& item) {
-    return item.type->modbus->registers ? "registers" : "bits";
+    return item.table().registers ? "registers" : "bits";
 }
 
 }  // namespace
@@ -59,13 +56,13 @@ void findAccessRights(Search& search) {
                                   .append(mending));
         };
         constexpr std::string_view kDataType = "the data type ";
-        if (item.right->writes && !item.type->modbus->writable())
+        if (item.right->writes && !item.table().writable())
             tell("the table ", " can only be read", "; set READ");
         else if (item.right->reads && !mayRead(item))
             tell(kDataType, " has no read code", "; enter it there");
         else if (item.right->writes && !mayWrite(item))
             tell(kDataType,
-                 item.type->value->elements ? " has no write code for several values" : " has no write code",
+                 item.value().elements ? " has no write code for several values" : " has no write code",
                  "; enter it there, or set READ");
     });
 }
@@ -87,7 +84,7 @@ void findAddresses(Search& search) {
 
 void findBits(Search& search) {
     eachKnown(search, [&](const ItemFacts& item, const Key& key) {
-        if (!item.type->value->bitwise() || (item.bit >= 0 && item.bit < kRegisterBits)) return;
+        if (!item.value().bitwise() || (item.bit >= 0 && item.bit < kRegisterBits)) return;
         search.found(key,
                      "bit " + std::to_string(item.bit) + " is outside 0 to 15; choose one of the register's");
     });
@@ -104,7 +101,7 @@ void findItemValues(Search& search) {
     eachKnown(search, [&](const ItemFacts& item, const Key& key) {
         if (!item.type->offered) {
             search.found(key, "the table " + quoted(item.type->table) + " has no values of type " +
-                                  quoted(item.type->value->label) + "; choose another data type");
+                                  quoted(item.value().label) + "; choose another data type");
         } else if (!item.right->known()) {
             search.found(key, "access right " + quoted(item.record->sAccessRight()) +
                                   " is none of READ, WRITE and READWRITE; choose one of them");
@@ -120,8 +117,8 @@ void findLongRequests(Search& search) {
     constexpr Limits kRegisters{125, 123};
     constexpr Limits kBits{2000, 1968};
     eachKnown(search, [&](const ItemFacts& item, const Key& key) {
-        if (!item.type->value->elements) return;
-        const Limits& most = item.type->modbus->registers ? kRegisters : kBits;
+        if (!item.value().elements) return;
+        const Limits& most = item.table().registers ? kRegisters : kBits;
         const std::int64_t length = places(item);
         const bool tooLongToRead = item.right->reads && length > most.read;
         if (!tooLongToRead && !(item.right->writes && length > most.write)) return;

@@ -10,7 +10,6 @@ namespace trevandix {
 namespace {
 
 constexpr std::size_t kMostPartners = 3;
-constexpr int kRegisterBits = 16;
 
 struct Placed {
     std::uint32_t unit;
@@ -35,7 +34,7 @@ std::vector<Placed> placedItems(const Survey& survey, Pulse& pulse) {
         const ItemFacts& item = survey.items[i];
         if (!item.type->known()) continue;
         const Span span = item.span();
-        if (!span.empty()) all.push_back({item.unit, item.type->modbus, span, i});
+        if (!span.empty()) all.push_back({item.unit, &item.table(), span, i});
     }
     return all;
 }
@@ -92,24 +91,11 @@ private:
     std::array<const Placed*, kMostPartners> latest_{};
 };
 
-std::string shownPlace(const ItemFacts& item) {
-    const Span span = item.span();
-    const bool registers = item.type->modbus->registers;
-    const std::int64_t unit = registers ? kRegisterBits : 1;
-    const std::int64_t first = span.begin / unit;
-    const std::int64_t last = (span.end - 1) / unit;
-    std::string text(item.type->table);
-    text += ' ' + std::to_string(first);
-    if (registers && item.type->value->bitwise()) text += " bit " + std::to_string(span.begin % unit);
-    if (last > first) text += " to " + std::to_string(last);
-    return text;
-}
-
 // Without the unit, which is the same.
 std::string shownPartner(const Survey& survey, const ItemFacts& item) {
     std::string_view key = *survey.objects[item.object].key;
     key.remove_prefix(std::min(key.size(), survey.objects[item.unit].key->view().size() + 1));
-    return shownKey(key) + " (" + shownPlace(item) + ")";
+    return shownKey(key) + " (" + shownPlace(item.table(), item.span(), item.value().bitwise()) + ")";
 }
 
 std::string told(const Survey& survey, const Partners& partners) {

@@ -6,7 +6,6 @@ namespace trevandix {
 
 namespace {
 
-constexpr int kRegisterBits = 16;
 constexpr int kStepsPerNode = 20;
 
 // The next node of a walk, which leaves out what is below `node` unless `enter` is set.
@@ -23,31 +22,16 @@ bool contains(const std::vector<std::string>& texts, std::string_view text) {
 
 }  // namespace
 
-TypeFacts::TypeFacts(const std::string& type, const Configuration& configuration) {
-    const ItemType split = splitDataType(type);
-    table = split.table;
-    const bool comesBack = displayTypeLabel(fileTypeName(type)) == type;
-    modbus = comesBack ? tableOf(table) : nullptr;
-    value = comesBack ? valueTypeIn(type) : nullptr;
-    dataType = configuration.dataTypes.find(Key(table)).get();
-    offered = value != nullptr && contains(valueTypesOf(table), value->label);
-}
+TypeFacts::TypeFacts(const std::string& type, const Configuration& configuration)
+    : table(splitDataType(type).table),
+      stored(type),
+      dataType(configuration.dataTypes.find(Key(table)).get()),
+      offered(stored.value != nullptr && contains(valueTypesOf(table), stored.value->label)) {}
 
 RightFacts::RightFacts(const std::string& right)
     : reads(right == "READ" || right == "READWRITE"),
       writes(right == "WRITE" || right == "READWRITE"),
       marks(marksOf(right)) {}
-
-Span ItemFacts::span() const {
-    const std::int64_t length = count();
-    if (length < 1) return {};
-    if (!type->modbus->registers) return {address, address + length};
-    const std::int64_t begin = std::int64_t{address} * kRegisterBits;
-    if (type->value->bitwise()) return {begin + bit, begin + bit + length};
-    const std::int64_t bits = length * type->value->bits;
-    const std::int64_t registers = (bits + kRegisterBits - 1) / kRegisterBits;
-    return {begin, begin + registers * kRegisterBits};
-}
 
 Survey::Survey(const Configuration& surveyed, Pulse& pulse, const Intended* intended)
     : configuration(surveyed), intended_(intended), nextItem_(surveyed.items.begin()) {

@@ -11,7 +11,7 @@
 #include "check/Marks.h"
 #include "check/Pulse.h"
 #include "model/Configuration.h"
-#include "model/ValueTypes.h"
+#include "model/ItemSpan.h"
 
 namespace trevandix {
 
@@ -20,13 +20,11 @@ struct TypeFacts {
     explicit TypeFacts(const std::string& type, const Configuration& configuration);
 
     std::string_view table;         ///< label of the Modbus table
-    const ModbusTable* modbus;      ///< nullptr for a table that is none of the four
-    const ValueType* value;         ///< nullptr for a value type that is unknown
+    StoredType stored;
     const clsModBusType* dataType;  ///< of the table; nullptr where there is none
     bool offered;                   ///< the item dialog offers the value type for the table
 
-    /// The file holds it, and it comes back.
-    bool known() const { return modbus != nullptr && value != nullptr; }
+    bool known() const { return stored.known(); }
 };
 
 /// What follows from an access right.
@@ -38,15 +36,6 @@ struct RightFacts {
     Marks marks;
 
     bool known() const { return reads || writes; }
-};
-
-/// A part of a table: bits for the tables of registers, addresses for those of bits; empty where no length is
-/// known.
-struct Span {
-    std::int64_t begin = 0;
-    std::int64_t end = 0;
-
-    bool empty() const { return end <= begin; }
 };
 
 /// An object that stands in the file.
@@ -74,9 +63,11 @@ struct ItemFacts {
     Marks commentMarks;
 
     /// Elements of an array or a string, else 1.
-    std::int64_t count() const { return type->value->elements ? elements : 1; }
-    /// Where the value lies; of known types only.
-    Span span() const;
+    std::int64_t count() const { return value().elements ? elements : 1; }
+    // Of known types only.
+    const ModbusTable& table() const { return *type->stored.table; }
+    const ValueType& value() const { return *type->stored.value; }
+    Span span() const { return spanOf(table(), value(), {address, bit}, elements); }
 };
 
 /// What a configuration's file would hold, gathered in one walk through the tree. Refers to the

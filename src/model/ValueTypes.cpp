@@ -134,14 +134,12 @@ std::vector<std::string> accessRightsOf(std::string_view table) {
 }
 
 std::vector<std::string> bitNumbers() {
-    constexpr int kRegisterBits = 16;
     std::vector<std::string> bits;
     for (int bit = 0; bit < kRegisterBits; ++bit) bits.push_back(std::to_string(bit));
     return bits;
 }
 
 ItemPlace advanced(ItemPlace place, std::string_view table, std::string_view label, std::int32_t elements) {
-    constexpr std::int32_t kRegisterBits = 16;
     constexpr std::int32_t kByteBits = 8;
     const ValueType* type = valueTypeOf(label);
     if (type == nullptr) return place;

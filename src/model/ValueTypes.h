@@ -11,6 +11,8 @@
 
 namespace trevandix {
 
+inline constexpr std::int32_t kRegisterBits = 16;
+
 /// One of the four tables of a Modbus device.
 struct ModbusTable {
     std::string_view label;
