@@ -1,7 +1,5 @@
 #include "RandomPlant.h"
 
-#include <random>
-
 #include "Plant.h"
 #include "model/ValueTypes.h"
 
@@ -102,6 +100,44 @@ private:
 };
 
 }  // namespace
+
+namespace {
+
+struct SizedType {
+    std::string label;
+    int bits;  // of an element
+};
+const std::vector<SizedType> kRegisterTypes{{"boolean", 1},
+                                            {"signed 16 bit", 16},
+                                            {"32 bit float", 32},
+                                            {"boolean array", 1},
+                                            {"unsigned 8 bit array", 8},
+                                            {"unsigned 16 bit array", 16},
+                                            {"signed 32 bit array", 32},
+                                            {"string", 8}};
+const std::vector<SizedType> kBitTypes{{"boolean", 16}, {"boolean array", 16}};
+
+}  // namespace
+
+std::set<int> plantSomewhere(Configuration& configuration, TreeNode& container, std::mt19937& random,
+                             const std::string& name, std::string& table) {
+    const auto below = [&](unsigned limit) { return static_cast<int>(random() % limit); };
+    table = std::vector<std::string>{"holding register", "input register", "coil"}[random() % 3];
+    const auto& types = table == "coil" ? kBitTypes : kRegisterTypes;
+    const SizedType& type = types[random() % types.size()];
+    clsItem& item = plantItem(configuration, container, name);
+    item.sDataType(table + ":" + type.label);
+    item.nAddress(below(40));
+    const bool many = type.label.find("array") != std::string::npos || type.label == "string";
+    const int count = many ? 1 + below(7) : 1;
+    if (many) item.nElements(static_cast<std::int16_t>(count));
+    if (type.bits == 1) item.nBitNumber(static_cast<std::int16_t>(below(16)));
+    int length = count * type.bits;
+    if (type.bits == 8) length = (count + 1) / 2 * 16;
+    std::set<int> bits;
+    for (int bit = 0; bit < length; ++bit) bits.insert(item.nAddress() * 16 + item.nBitNumber() + bit);
+    return bits;
+}
 
 void plantAtRandom(Configuration& configuration, unsigned seed) {
     Planting(configuration, seed).run(seed % 2 == 0);
