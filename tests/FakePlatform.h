@@ -81,6 +81,11 @@ struct FakeForm : Form {
     }
     void refreshList(std::string_view, const ListPlace& place) override { rowsShown = place; }
     ListPlace listPlace(std::string_view) const override { return rowsShown; }
+    void connectMap(std::string_view, const MapContents& lines, MapHandlers handlers) override {
+        map = &lines;
+        inMap = std::move(handlers);
+    }
+    void refreshMap(std::string_view) override {}
     void on(std::string_view name, Handler handler) override { state(name).handler = std::move(handler); }
     void onClosed(Handler handler) override { closed_ = std::move(handler); }
     void onActivated(Handler handler) override { activated_ = std::move(handler); }
@@ -107,6 +112,8 @@ struct FakeForm : Form {
     const ListContents* contents = nullptr;
     ListHandlers inList;
     ListPlace rowsShown;
+    const MapContents* map = nullptr;
+    MapHandlers inMap;
     std::function<void(FakeForm&)> script;
 
 private:

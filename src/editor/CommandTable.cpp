@@ -103,6 +103,9 @@ std::span<const CommandRow> commandRows() {
         row(
             "", "redo", "", "Ctrl+Shift+Z", "", {}, kAlways, [](F& f) { f.undo_.mnuRedo_Click(); }, kNoStep),
         row(
+            "", "mnuRegisterMap", "", "F9", "", {}, kAlways, [](F& f) { f.map_.mnuRegisterMap_Click(); },
+            kNoStep),
+        row(
             "", "mnuProblems", "", "Ctrl+F8", "", {}, kAlways, [](F& f) { f.problems_.mnuProblems_Click(); },
             kNoStep),
         row(

@@ -15,6 +15,11 @@ public:
     /// children and keeps them sorted from then on. A list that showed the same node before keeps selection
     /// and scroll position.
     void TreeView1_NodeClick(TreeNode& node);
+    /// The same, and makes the node visible.
+    void select(TreeNode& node) {
+        TreeView1_NodeClick(node);
+        context_.tree().ensureVisible(node);
+    }
     /// Enables the commands for the selected node.
     void enableForSelected() const;
     /// Enables the commands for the node of the list's current row.

@@ -27,9 +27,7 @@ void Undo::show(Turn turn, std::string_view step, std::string_view done, std::st
     {
         const StructureTree::Batch batch(context_.tree());
         std::invoke(turn, context_.configuration);
-        TreeNode& node = *context_.tree().selected();
-        views_.TreeView1_NodeClick(node);
-        context_.tree().ensureVisible(node);
+        views_.select(*context_.tree().selected());
     }
     context_.news.tell(std::move(news));
 }

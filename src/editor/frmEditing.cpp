@@ -13,6 +13,7 @@ frmEditing::frmEditing(Platform& platform, Configuration& configuration, ListVie
                [this] {
                    context_.configuration.beginNextStep();
                    news_.update();
+                   map_.follow();
                }),
       clipboard_(context_, views_),
       bulkPaste_(context_),
@@ -21,6 +22,7 @@ frmEditing::frmEditing(Platform& platform, Configuration& configuration, ListVie
       undo_(context_, views_),
       find_(context_),
       problems_(context_, views_),
+      map_(context_, views_, [this] { TreeView1_DblClick(); }),
       recovery_(context_, file_) {
     file_.onUnsavedEnd([this] { recovery_.keepForNextStart(); });
 }
@@ -37,6 +39,7 @@ void frmEditing::react(Work work) {
     work();
     news_.update();
     problems_.follow();
+    map_.follow();
 }
 
 template <typename Work>
@@ -82,6 +85,7 @@ void frmEditing::Form_Unload() {
     file_.unload();
     find_.unload();
     problems_.unload();
+    map_.unload();
     recovery_.end();
 }
 
@@ -91,7 +95,9 @@ void frmEditing::idle(std::chrono::steady_clock::time_point now,
 }
 
 void frmEditing::paused(const std::function<bool()>& inputWaits) {
-    if (!file_.reading()) problems_.paused(inputWaits);
+    if (file_.reading()) return;
+    map_.follow();
+    problems_.paused(inputWaits);
 }
 
 void frmEditing::statusClicked(StatusField field) {
@@ -101,6 +107,7 @@ void frmEditing::statusClicked(StatusField field) {
 std::vector<ContextEntry> frmEditing::contextEntries() const {
     std::vector<ContextEntry> entries = tables_.contextEntries();
     entries.push_back({});
+    entries.push_back({"mnuRegisterMap", "Register Map", map_.hasUnit()});
     entries.push_back({"mnuProblems", "Show Problems"});
     for (ContextEntry& entry : undo_.contextEntries()) entries.push_back(std::move(entry));
     return entries;

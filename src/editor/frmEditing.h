@@ -16,6 +16,7 @@
 #include "editor/Undo.h"
 #include "editor/frmFind.h"
 #include "editor/frmProblems.h"
+#include "editor/frmRegisterMap.h"
 
 namespace trevandix {
 
@@ -84,6 +85,7 @@ private:
     Undo undo_;
     frmFind find_;
     frmProblems problems_;
+    frmRegisterMap map_;
     Recovery recovery_;
 };
 

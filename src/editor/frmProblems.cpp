@@ -176,10 +176,7 @@ void frmProblems::show(std::size_t row) {
     news.append(severityName(finding.rule->severity)).append(": ");
     if (node == nullptr) news.append(finding.object).append(" is not in the tree. ");
     context_.platform.window.focusTree();
-    if (node != nullptr) {
-        views_.TreeView1_NodeClick(*node);
-        context_.tree().ensureVisible(*node);
-    }
+    if (node != nullptr) views_.select(*node);
     context_.news.tell(news + finding.text);
     context_.news.update();
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/ListContents.h"
+#include "platform/MapContents.h"
 
 namespace trevandix {
 
@@ -23,6 +24,7 @@ enum class ControlKind {
     Frame,  ///< box around the controls that name it
     Grid,   ///< read-only cells; the first row is the header
     List,   ///< rows of a ListContents, of which the user can select several
+    Map,    ///< a MapContents, drawn
     Note,   ///< read-only text of several lines; only screen readers get its caption
 };
 
@@ -144,6 +146,10 @@ public:
     /// The rows of a List have changed; selection, focus and scroll position shall be these.
     virtual void refreshList(std::string_view name, const ListPlace& place) = 0;
     virtual ListPlace listPlace(std::string_view name) const = 0;
+    /// Shows `contents`, which must outlive the form, in a Map.
+    virtual void connectMap(std::string_view name, const MapContents& contents, MapHandlers handlers) = 0;
+    /// What a Map shows has changed. Scrolls to the current place, if that is another one now.
+    virtual void refreshMap(std::string_view name) = 0;
 
     /// Called when the user presses a button, check box or option, or chooses an entry of a list. For a
     /// frame: on Escape while the frame is visible and the cancel button cannot be pressed.

@@ -16,6 +16,7 @@
 #include "wx/WxBasics.h"
 #include "wx/WxColumns.h"
 #include "wx/WxFormList.h"
+#include "wx/WxMap.h"
 #include "wx/WxNative.h"
 
 namespace trevandix {
@@ -150,6 +151,8 @@ wxWindow* makeWindow(wxWindow& parent, const ControlSpec& shape, const wxString&
             return new WxGrid(&parent);
         case ControlKind::List:
             return new WxFormList(&parent);
+        case ControlKind::Map:
+            return new WxMap(&parent);
         case ControlKind::Note:
             return makeNote(parent);
     }
@@ -158,7 +161,7 @@ wxWindow* makeWindow(wxWindow& parent, const ControlSpec& shape, const wxString&
 
 bool takesAccessKey(ControlKind kind) {
     return kind != ControlKind::Heading && kind != ControlKind::Frame && kind != ControlKind::Grid &&
-           kind != ControlKind::List && kind != ControlKind::Note;
+           kind != ControlKind::List && kind != ControlKind::Map && kind != ControlKind::Note;
 }
 
 }  // namespace
@@ -213,6 +216,9 @@ void WxControl::setText(std::string_view text, AccessKeys& keys) {
         const auto entry = std::ranges::find(entries, text);
         static_cast<wxChoice*>(window)->SetSelection(
             entry == entries.end() ? wxNOT_FOUND : static_cast<int>(entry - entries.begin()));
+    } else if (shape->kind == ControlKind::Heading) {
+        caption = text;
+        static_cast<wxStaticText*>(window)->SetLabelText(toWx(text));
     } else {
         const wxString value = toWx(text);
         caption = fromWx(wxControl::RemoveMnemonics(value));
@@ -254,7 +260,7 @@ void WxControl::setCells(const std::vector<std::vector<std::string>>& rows) {
 }
 
 void WxControl::focus() {
-    window->SetFocus();
+    (shape->kind == ControlKind::Map ? &static_cast<WxMap*>(window)->area() : window)->SetFocus();
     if (shape->kind == ControlKind::Text) static_cast<wxTextCtrl*>(window)->SelectAll();
 }
 

@@ -15,6 +15,7 @@
 #include "wx/WxFormList.h"
 #include "wx/WxHelp.h"
 #include "wx/WxIcons.h"
+#include "wx/WxMap.h"
 
 namespace trevandix {
 
@@ -30,15 +31,25 @@ bool has(const FormSpec& shape, ControlKind kind) {
     return std::ranges::find(shape.controls, kind, &ControlSpec::kind) != shape.controls.end();
 }
 
-bool isResizable(const FormSpec& shape) {
-    return has(shape, ControlKind::Grid) || has(shape, ControlKind::List);
+// Its size is the user's.
+bool isLarge(const FormSpec& shape) {
+    return has(shape, ControlKind::List) || has(shape, ControlKind::Map);
 }
 
-// Of the window in front of which a form with a list is shown, beside its tree or instead of it.
-constexpr double kListWidth = 0.58;
-constexpr double kListHeight = 0.5;
-constexpr double kModalShare = 0.85;
-constexpr int kListMargin = 40;  // to its lower right corner, in device-independent pixels
+bool isResizable(const FormSpec& shape) {
+    return has(shape, ControlKind::Grid) || isLarge(shape);
+}
+
+// The first size of a form with a list or a map, as a share of the window in front of which it is shown:
+// beside its tree or, if modal, instead of it.
+struct Share {
+    double width;
+    double height;
+};
+constexpr Share kListShare{0.58, 0.5};
+constexpr Share kMapShare{0.75, 0.85};
+constexpr Share kModalShare{0.85, 0.85};
+constexpr int kListMargin = 40;  // to that window's lower right corner, in device-independent pixels
 
 }  // namespace
 
@@ -193,6 +204,18 @@ ListPlace WxForm::listPlace(std::string_view name) const {
     return dialog_ ? listAt(name).place() : ListPlace();
 }
 
+WxMapArea& WxForm::mapAt(std::string_view name) const {
+    return static_cast<WxMap&>(*at(name).window).area();
+}
+
+void WxForm::connectMap(std::string_view name, const MapContents& contents, MapHandlers handlers) {
+    mapAt(name).show(contents, std::move(handlers));
+}
+
+void WxForm::refreshMap(std::string_view name) {
+    if (dialog_) mapAt(name).refresh();
+}
+
 void WxForm::on(std::string_view name, Handler handler) {
     at(name).handler = std::move(handler);
 }
@@ -205,7 +228,7 @@ void WxForm::fit() {
     least.IncTo(wxSize(widthForTitle(*dialog_, dialog_->GetTitle()), 0));
     least.DecTo(most);
     wxSize size = least;
-    if (has(spec_, ControlKind::List)) {
+    if (isLarge(spec_)) {
         size.IncTo(placed_ ? dialog_->GetClientSize() : firstSize());
         size.DecTo(most);
     }
@@ -217,17 +240,18 @@ void WxForm::fit() {
 
 wxSize WxForm::firstSize() const {
     const wxSize main = dialog_->GetParent()->GetClientSize();
-    return {static_cast<int>(main.GetWidth() * (modal_ ? kModalShare : kListWidth)),
-            static_cast<int>(main.GetHeight() * (modal_ ? kModalShare : kListHeight))};
+    const Share share = modal_ ? kModalShare : has(spec_, ControlKind::Map) ? kMapShare : kListShare;
+    return {static_cast<int>(main.GetWidth() * share.width),
+            static_cast<int>(main.GetHeight() * share.height)};
 }
 
 // In the middle of the parent's client area: GTK learns the sizes of window frames late or never. A modeless
-// form with a list stays beside the tree, in which its rows are looked up.
+// form with a list or a map stays beside the tree, in which its rows are looked up.
 wxPoint WxForm::firstPlace() const {
     const wxWindow& parent = *dialog_->GetParent();
     const wxRect area(parent.ClientToScreen(wxPoint()), parent.GetClientSize());
     const wxRect form = wxRect(dialog_->GetClientSize()).CentreIn(area);
-    if (modal_ || !has(spec_, ControlKind::List)) return form.GetTopLeft();
+    if (modal_ || !isLarge(spec_)) return form.GetTopLeft();
     return area.GetBottomRight() - wxPoint(form.GetWidth(), form.GetHeight()) -
            dialog_->FromDIP(wxPoint(kListMargin, kListMargin));
 }

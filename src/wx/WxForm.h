@@ -10,6 +10,7 @@
 namespace trevandix {
 
 class WxFormList;
+class WxMapArea;
 
 /// A form, shown as a dialog of the main window.
 class WxForm : public Form {
@@ -34,6 +35,8 @@ public:
     void connectList(std::string_view name, const ListContents& contents, ListHandlers handlers) override;
     void refreshList(std::string_view name, const ListPlace& place) override;
     ListPlace listPlace(std::string_view name) const override;
+    void connectMap(std::string_view name, const MapContents& contents, MapHandlers handlers) override;
+    void refreshMap(std::string_view name) override;
     void on(std::string_view name, Handler handler) override;
     void onClosed(Handler handler) override { closed_ = std::move(handler); }
     void onActivated(Handler handler) override { activated_ = std::move(handler); }
@@ -59,6 +62,7 @@ private:
     const WxControl* buttonForEnter() const;
     bool followAccessKey(const wxKeyEvent& event);
     WxFormList& listAt(std::string_view name) const;
+    WxMapArea& mapAt(std::string_view name) const;
     void fit();
     wxPoint firstPlace() const;
     void place();

@@ -4,6 +4,7 @@
 
 #include "wx/WxBasics.h"
 #include "wx/WxFormList.h"
+#include "wx/WxMap.h"
 #include "wx/WxNative.h"
 
 namespace trevandix {
@@ -70,6 +71,8 @@ void WxFormLayout::add(Area& area, const ControlSpec& shape, const ControlSpec* 
     if (shape.kind == ControlKind::List)
         makeReadable(static_cast<WxFormList&>(*control.window), toWx(spec_.caption), toWx(shape.description),
                      kSpokenColumns);
+    if (shape.kind == ControlKind::Map)
+        static_cast<WxMap&>(*control.window).area().setNames(toWx(spec_.caption), toWx(shape.description));
     const int gap = area.parent.FromDIP(kGap);
     switch (shape.place) {
         case Place::ButtonColumn:
@@ -103,7 +106,7 @@ void WxFormLayout::nameGrid(wxWindow& grid, const ControlSpec& shape) {
 }
 
 bool WxFormLayout::fillsArea(ControlKind kind) {
-    return kind == ControlKind::Grid || kind == ControlKind::List;
+    return kind == ControlKind::Grid || kind == ControlKind::List || kind == ControlKind::Map;
 }
 
 bool WxFormLayout::fillsWidth(ControlKind kind) {

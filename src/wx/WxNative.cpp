@@ -159,6 +159,7 @@ void setAccessibleName(wxWindow& window, const wxString& name, const wxString& d
     };
     set(PROPID_ACC_NAME, name);
     set(PROPID_ACC_DESCRIPTION, description);
+    ::NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, window.GetHandle(), OBJID_CLIENT, CHILDID_SELF);
 }
 
 void setAccessibleDescription(const wxMenuItem&) {}  // the status bar shows it

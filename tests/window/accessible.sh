@@ -59,6 +59,15 @@ leave_dialog
 keys F8
 told "Problems" "Problems: warning Dosing.ANALYSERS.New_Item_1"
 leave_dialog
+go 2 F9
+told "Register Map" "Register Map: Dosing.CHLORINE.PUMP.Fault, input status 20"
+keys Right
+told "Register Map" "Register Map: Dosing.CHLORINE.PUMP.Running, input status 21"
+keys alt+f
+told "Next Free Address" # a GTK drop-down list does not announce the focus
+keys Escape
+await "Register Map"
+leave_dialog
 keys alt+a Return
 told "About Trevandix Configuration Editor" Ok
 leave_dialog
