@@ -162,6 +162,14 @@ measure "select the unit" Home Down
 measure "select a branch of a tenth" Down
 scroll "scroll its rows, each frame" 700 300
 scroll "scroll the tree, each frame" 200 300
+measure "open the register map of the unit" Home Down F9
+await "Register Map"
+scroll "scroll it, each frame" 300 300
+measure "go to its last block" End
+measure "go to the block before" Left
+xdotool key Escape
+await "$main"
+measure "select the branch again" Home Down Down
 xdotool key Tab
 measure "select all its rows" ctrl+a
 sort_column
