@@ -65,6 +65,11 @@ shot about
 keys Escape
 await "$main"
 
+go 1 F9
+await "Register Map"
+keys Down Down
+shot_of map "Register Map" Escape
+
 sed -e 's|>Conductivity</name>|>New_Item_1</name>|' -e '1,300s|<comment>start command|<comment>start \&amp; stop|' \
     -e 's|<address>101</address>|<address>100</address>|' "$plant/water-works.xml" >"$plant/faulty.xml"
 keys ctrl+o
@@ -86,6 +91,11 @@ copied 'Unit,Branch,Name,Comment,ModBus Type,Address,Data Type,Access Rights\r\n
 'Dosing,ANALYSERS.TURBIDITY,New_Item_1,spare,input register,41,signed 16 bit,READ\r\n'
 keys ctrl+shift+v
 shot_of table-preview "Paste Table" Escape
+
+go 1 F9
+await "Register Map"
+keys End Up Up
+shot_of map-overlap "Register Map" Escape
 
 keys ctrl+n
 await "Select ModBus interface"
