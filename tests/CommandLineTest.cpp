@@ -28,7 +28,8 @@ struct CommandLine : ::testing::Test {
     std::string run(int code, const Texts& arguments, XmlParser& with) {
         TextSink out;
         err.text.clear();
-        EXPECT_EQ(runTrevandix({out, err, [] { return std::string(); }, colours}, with, arguments), code)
+        EXPECT_EQ(runTrevandix({out, err, [] { return std::string(); }, colours}, with, registry, arguments),
+                  code)
             << err.text;
         return out.text;
     }
@@ -36,6 +37,7 @@ struct CommandLine : ::testing::Test {
 
     OwnFolder folder;
     PugiXmlParser parser;
+    FakeRegistry registry;
     TextSink err;
     bool colours = false;
 };
@@ -191,6 +193,37 @@ TEST_F(CommandLine, ColoursAreForTerminals) {
     const std::string line = run(1, {"diff", path("a"), path("b")});
     colours = true;
     EXPECT_EQ(run(1, {"diff", path("a"), path("b")}), "\x1B[33m" + replaced(line, "\n", "\x1B[0m\n"));
+}
+
+TEST_F(CommandLine, PublishesWithTheRightsThatTheUserGives) {
+    writeFile(folder.path / "plant.xml", fileText({}, {}, true));
+    using enum Publication;
+    struct Case {
+        bool refuses;
+        Publication answer;
+        bool elevate;
+        int code;
+        std::string message;
+    };
+    for (const Case& each :
+         {Case{false, Refused, false, 0, "warning: the server's account"},
+          {true, Done, false, 1, "not published: the system refused; --elevate"},
+          {true, Done, true, 0, "warning"},
+          {true, RightsDenied, true, 1, "not published: administrator's rights were not given\n"},
+          {true, NobodyToAsk, true, 1, "not published: nobody is at the desktop"}}) {
+        registry = {};
+        registry.refuses = each.refuses;
+        registry.answer = each.answer;
+        registry.mapped = true;
+        Texts arguments{"publish", path("./plant.xml")};
+        if (each.elevate) arguments.emplace_back("--elevate");
+        run(each.code, arguments);
+        EXPECT_NE(err.text.find(path("plant.xml") + ": " + each.message), std::string::npos) << err.text;
+        EXPECT_EQ(registry.published,
+                  each.code == 0 ? (Fields{{"TrevandixRTU", path("plant.xml")}}) : Fields());
+    }
+    registry.asks = false;
+    run(2, {"publish", path("plant.xml"), "--elevate"});
 }
 
 }  // namespace trevandix::testing

@@ -31,10 +31,12 @@ std::optional<std::string> FakeFileDialog::save(std::string_view title, std::str
     return choice;
 }
 
-bool FakeRegistry::publish(std::string_view interfaceKind, std::string_view filePath) {
-    if (refuses) return false;
-    published.emplace_back(interfaceKind, filePath);
-    return true;
+Publication FakeRegistry::publish(std::string_view interfaceKind, std::string_view filePath, Rights rights) {
+    const Publication result = !refuses                ? Publication::Done
+                               : rights == Rights::Own ? Publication::Refused
+                                                       : answer;
+    if (result == Publication::Done) published.emplace_back(interfaceKind, filePath);
+    return result;
 }
 
 FakeForm::FakeForm(const FormSpec& formSpec) : shape(formSpec) {

@@ -50,9 +50,14 @@ struct FakeClipboard : Clipboard {
 };
 
 struct FakeRegistry : Registry {
-    bool publish(std::string_view interfaceKind, std::string_view filePath) override;
+    Publication publish(std::string_view interfaceKind, std::string_view filePath, Rights rights) override;
+    bool canAsk() const override { return asks; }
+    bool onMappedDrive(std::string_view) const override { return mapped; }
     std::vector<std::pair<std::string, std::string>> published;
-    bool refuses = false;
+    bool refuses = false;  ///< unless rights are asked for
+    bool asks = true;
+    bool mapped = false;
+    Publication answer = Publication::Done;  ///< when rights are asked for
 };
 
 struct FakePointer : MousePointer {

@@ -202,8 +202,7 @@ TEST(Commands, EveryButtonRunsItsCommand) {
         {"button new", "opens frmSelect"},
         {"button open", "said " + failure("53  File not found", "ImportXML")[0]},
         {"button save",
-         "notice Saved, but not published: the system refused. Run the editor as "
-         "administrator to publish."},
+         "notice Saved, but not published: the system refused. Click here to publish as administrator."},
         {"button close", "state  | list :"},
         {"ModBus; button modbus", "opens frmModBus"},
         {"top; button plc", "opens frmPLC"},
@@ -236,6 +235,32 @@ TEST(Commands, EveryButtonRunsItsCommand) {
         play(place, {{"clipboard: y; U.A: x; " + steps, seen}});
         EXPECT_EQ(place.window.closed, steps == "button exit");
     }
+}
+
+TEST(Commands, AClickPublishesWhatWasRefused) {
+    PlantedWorkplace place({"U"});
+    const auto clicked = [&](bool entry) {
+        EXPECT_EQ(place.editor.contextEntries().front().command == "mnuPublish", entry);
+        place.editor.statusClicked(StatusField::Notice);
+        return place.window.status[StatusField::Notice];
+    };
+    const std::string refused = "Saved, but not published: ";
+    const std::string click = ". Click here to publish as administrator.";
+    place.registry.refuses = true;
+    place.registry.answer = Publication::RightsDenied;
+    EXPECT_EQ(clicked(false), "");
+    place.saved();
+    play(place, {{"", "notice " + refused + "the system refused" + click}});
+    EXPECT_EQ(clicked(true), refused + "administrator's rights were not given" + click);
+    play(place, {{"mnuUndo", "notice Undone: Add unit U. Ctrl+Y redoes it"}});
+    place.registry.answer = Publication::Done;
+    place.registry.mapped = true;
+    EXPECT_EQ(clicked(true), refused + "administrator's rights were not given" + click);  // the click ends it
+    const std::string done = "Published to the server: " + place.path("test.xml") + "; the server's account";
+    EXPECT_TRUE(clicked(true).starts_with(done));
+    EXPECT_TRUE(clicked(false).starts_with(done));
+    EXPECT_EQ(place.registry.published.size(), 1U);
+    play(place, {{"mnuPublish", "notice Nothing to publish: Save does it"}});
 }
 
 // Names, shortcuts, buttons, button places and the access keys of each menu are unique. Every command has a

@@ -120,9 +120,11 @@ Texts readByServer(const Workplace& place, const Texts& files) {
 TEST_F(Published, ReportsARefusalInEitherView) {
     for (const REGSAM view : kViews) {
         ASSERT_TRUE(makeKey(kKey, REG_OPTION_VOLATILE, view));
-        EXPECT_FALSE(SystemRegistry().publish(kKind + "\\Kind", "C:\\plant.xml"));
+        EXPECT_EQ(SystemRegistry().publish(kKind + "\\Kind", "C:\\plant.xml", Rights::Own),
+                  Publication::Refused);
         removePublished();
-        EXPECT_TRUE(SystemRegistry().publish(kKind + "\\Kind", "C:\\plant.xml"));
+        EXPECT_EQ(SystemRegistry().publish(kKind + "\\Kind", "C:\\plant.xml", Rights::Own),
+                  Publication::Done);
         removePublished();
     }
 }

@@ -72,8 +72,8 @@ Homepage: $homepage
 Description: configuration editor for a Modbus OPC server
  Creates, opens, edits and saves the XML configuration of an OPC DA server
  that reads and writes Modbus devices over TCP/IP or a serial line: data types,
- units, branches and items. The command trevandix checks, compares, formats
- and fills such files.
+ units, branches and items. The command trevandix checks, compares, formats,
+ fills and publishes such files.
 TEXT
     (cd "$tree" && find usr -type f -print0 | sort -z | xargs -0 md5sum) >"$tree/DEBIAN/md5sums"
     # No maintainer scripts: triggers of other packages update the caches of desktop entries, icons and file types.

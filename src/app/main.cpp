@@ -5,11 +5,13 @@
 
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "Version.h"
 #include "app/CommandLine.h"
+#include "app/PublishingChild.h"
 #include "editor/CommandTable.h"
 #include "editor/EditorContext.h"
 #include "editor/frmEditing.h"
@@ -70,6 +72,7 @@ private:
 
     std::unique_ptr<Program> program_;
     CommandLine commandLine_;
+    std::optional<int> published_;  ///< the exit code if the program was started for this only
 };
 
 bool App::OnInit() {
@@ -78,8 +81,9 @@ bool App::OnInit() {
     SetVendorName(toWx(kCompany));
     std::vector<std::string> arguments;
     for (int at = 1; at < argc; ++at) arguments.push_back(fromWx(argv[at]));
+    published_ = publishAsChild(arguments);
     commandLine_ = readCommandLine(arguments);
-    if (!commandLine_.answer.empty()) return true;
+    if (published_ || !commandLine_.answer.empty()) return true;
     program_ = std::make_unique<Program>();
     program_->window->setParserName(pugiVersion());
     program_->editor.Form_Load();
@@ -90,6 +94,7 @@ bool App::OnInit() {
 }
 
 int App::OnRun() {
+    if (published_) return *published_;
     if (commandLine_.answer.empty()) return wxApp::OnRun();
     show(commandLine_);
     return commandLine_.exitCode;

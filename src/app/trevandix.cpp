@@ -3,8 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "app/PublishingChild.h"
 #include "cli/Trevandix.h"
 #include "platform/FileAccess.h"
+#include "platform/Services.h"
 #include "platform/StandardStream.h"
 #include "platform/pugi/PugiXml.h"
 
@@ -13,11 +15,13 @@ namespace trevandix {
 namespace {
 
 [[noreturn]] void runAndExit(std::vector<std::string> arguments) {
+    if (const auto published = publishAsChild(arguments)) std::_Exit(*published);
     StandardStream out(StandardStream::Kind::Output);
     StandardStream err(StandardStream::Kind::Error);
     const Console console{out, err, readStandardInput, out.showsColours()};
     PugiXmlParser parser;
-    int code = runTrevandix(console, parser, std::move(arguments));
+    SystemRegistry registry;
+    int code = runTrevandix(console, parser, registry, std::move(arguments));
     try {
         out.flush();
     } catch (const std::exception& failure) {

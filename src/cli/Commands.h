@@ -8,12 +8,13 @@
 
 namespace trevandix {
 
+class Registry;
 class XmlParser;
 
 /// What a command ends with.
 enum ExitCode : int {
     kNothingFound = 0,  ///< or: done
-    kFound = 1,         ///< findings, differences or refused rows
+    kFound = 1,         ///< findings, differences, refused rows or a refused publication
     kFailed = 2,        ///< a file that cannot be read or written, or a wrong command line
 };
 
@@ -74,6 +75,14 @@ struct ImportCommand {
     bool skipRefused = false;         ///< writes although rows were refused
 
     ExitCode run(const Console& console, XmlParser& parser) const;
+};
+
+struct PublishCommand {
+    std::string file;
+    bool elevate = false;  ///< asks the user for administrator's rights if the program's own are too few
+
+    /// Publishes the file as Save does, having read it for its interface kind.
+    ExitCode run(const Console& console, XmlParser& parser, Registry& registry) const;
 };
 
 }  // namespace trevandix

@@ -55,8 +55,8 @@ std::string footer(const CLI::App& app) {
 std::string manPage(const CLI::App& app) {
     const std::string& name = app.get_name();
     std::string page = ".TH TREVANDIX 1 \"\" \"trevandix " + std::string(kVersion) + "\" \"User Commands\"\n";
-    page +=
-        ".SH NAME\n" + line(name + " - check, compare, write and fill configurations of a Modbus OPC server");
+    page += ".SH NAME\n" +
+            line(name + " - check, compare, write, fill and publish configurations of a Modbus OPC server");
     page += synopsis(app) + ".SH DESCRIPTION\n" + line(app.get_description());
     page += ".SH OPTIONS\n" + options(app) + footer(app) + ".SH COMMANDS\n";
     for (const CLI::App* command : app.get_subcommands({})) {

@@ -6,6 +6,7 @@
 
 #include "Version.h"
 #include "cli/ManPage.h"
+#include "platform/Services.h"
 
 namespace trevandix {
 
@@ -15,9 +16,10 @@ constexpr const char* kNothing = " ";  // instead of what the library says of an
 
 /// All options, and what the command line asks for.
 struct Parsing {
-    explicit Parsing(const Console& console, XmlParser& parser);
+    Parsing(const Console& console, XmlParser& parser, Registry& registry);
 
-    CLI::App app{"Checks, compares, writes and fills configurations of a Modbus OPC server.", "trevandix"};
+    CLI::App app{"Checks, compares, writes, fills and publishes configurations of a Modbus OPC server.",
+                 "trevandix"};
     std::function<ExitCode()> command;
 
 private:
@@ -29,6 +31,7 @@ private:
     void addNew();
     void addList(const Console& console, XmlParser& parser);
     void addImport(const Console& console, XmlParser& parser);
+    void addPublish(const Console& console, XmlParser& parser, Registry& registry);
 
     CheckCommand check_;
     DiffCommand diff_;
@@ -36,6 +39,7 @@ private:
     NewCommand new_;
     ListCommand list_;
     ImportCommand import_;
+    PublishCommand publish_;
 };
 
 // A value such as "--force" stands where OUT was forgotten.
@@ -49,7 +53,7 @@ CLI::Option* addOut(CLI::App& sub, std::string& out) {
 
 constexpr char kForce[] = "Replace OUT if it exists; with --in-place, drop what is no configuration.";
 
-Parsing::Parsing(const Console& console, XmlParser& parser) {
+Parsing::Parsing(const Console& console, XmlParser& parser, Registry& registry) {
     app.allow_windows_style_options(false);  // "/" begins a path
     app.get_formatter()->label("OPTIONS", "OPTION...");
     app.get_formatter()->label("SUBCOMMAND", "COMMAND");
@@ -72,6 +76,7 @@ Parsing::Parsing(const Console& console, XmlParser& parser) {
     addNew();
     addList(console, parser);
     addImport(console, parser);
+    addPublish(console, parser, registry);
 }
 
 CLI::App& Parsing::add(const std::string& name, const std::string& what, const std::string& footer,
@@ -184,10 +189,23 @@ void Parsing::addImport(const Console& console, XmlParser& parser) {
     sub.add_flag("--skip-refused", import_.skipRefused, "Write although rows were refused.");
 }
 
+void Parsing::addPublish(const Console& console, XmlParser& parser, Registry& registry) {
+    CLI::App& sub = add("publish", "Tell the server to use a configuration, as the editor does on Save.",
+                        "Publishes the full path of FILE where the server of its interface kind looks for\n"
+                        "it. Warns of a path on a network drive, which the server's account may not see.\n\n"
+                        "Exit code: 0 done, 1 refused, 2 the file cannot be read.\n\n"
+                        "Example:\n  trevandix publish plant.xml",
+                        [&] { return publish_.run(console, parser, registry); });
+    sub.add_option("FILE", publish_.file, "Configuration.")->required()->option_text(kNothing);
+    if (registry.canAsk())
+        sub.add_flag("--elevate", publish_.elevate, "Ask for administrator's rights if they are needed.");
+}
+
 }  // namespace
 
-ExitCode runTrevandix(const Console& console, XmlParser& parser, std::vector<std::string> arguments) {
-    Parsing parsing(console, parser);
+ExitCode runTrevandix(const Console& console, XmlParser& parser, Registry& registry,
+                      std::vector<std::string> arguments) {
+    Parsing parsing(console, parser, registry);
     try {
         std::ranges::reverse(arguments);  // as the library wants them
         parsing.app.parse(std::move(arguments));

@@ -106,6 +106,9 @@ std::span<const CommandRow> commandRows() {
             "", "mnuRegisterMap", "", "F9", "", {}, kAlways, [](F& f) { f.map_.mnuRegisterMap_Click(); },
             kNoStep),
         row(
+            "", "mnuPublish", "", "Ctrl+Shift+P", "", {}, kAlways, [](F& f) { f.file_.mnuPublish_Click(); },
+            kNoStep),
+        row(
             "", "mnuProblems", "", "Ctrl+F8", "", {}, kAlways, [](F& f) { f.problems_.mnuProblems_Click(); },
             kNoStep),
         row(

@@ -160,12 +160,23 @@ bool FileCommands::writeAndPublish() {
         return false;
     }
     context_.configuration.markSaved();
-    // Without administrator's rights this is refused; saving has succeeded all the same.
-    const bool published = context_.platform.registry.publish(state.interfaceKind, state.filePath);
-    context_.news.tellSaved(published);
+    publish(Rights::Own);  // when this is refused, saving has succeeded all the same
     context_.configuration.setSaved(true);
     context_.news.update();  // the message box that may follow keeps the command from ending
     return true;
+}
+
+void FileCommands::publish(Rights rights) {
+    const EditingState& state = context_.state();
+    Registry& registry = context_.platform.registry;
+    context_.news.tellSaved(registry.publish(state.interfaceKind, state.filePath, rights), registry);
+}
+
+void FileCommands::mnuPublish_Click() {
+    context_.guarded("mnuPublish_Click", [&] {
+        if (!context_.news.unpublished()) return context_.news.tell("Nothing to publish: Save does it");
+        publish(Rights::Asked);
+    });
 }
 
 void FileCommands::mnuSaveCfg_Click() {

@@ -28,6 +28,8 @@ public:
                  const std::optional<FileStamp>& stamp);
     void mnuSaveCfg_Click();
     void mnuSaveAs_Click();
+    /// Publishes what was saved and not published, and asks the user for the rights where they are needed.
+    void mnuPublish_Click();
     void mnuCloseCfg_Click();
     void mnuExit_Click();
     /// The window closes: asks, saves when wanted, and goes on whatever came of it.
@@ -51,6 +53,7 @@ private:
     bool read(const std::string& source, const std::string& filePath, Origin origin);
     void finishLoad();
     bool writeAndPublish();
+    void publish(Rights rights);
     void save();
     void saveAtEnd();
     bool keepsOthersWork() const;

@@ -9,6 +9,8 @@ namespace trevandix {
 
 namespace {
 
+constexpr std::string_view kUnpublished = "Saved, but not published: ";
+
 /// How the unit is reached: "192.168.0.10, identifier 3, 2000 ms" or "COM1, 9600, 8N1, identifier 3".
 std::string connection(const clsPLC& unit, std::string_view interfaceKind) {
     const std::string identifier = ", identifier " + std::to_string(unit.getUI());
@@ -41,18 +43,33 @@ void StatusNews::update() {
     show(StatusField::Notice, feedback_.empty() ? notice_ : feedback_);
 }
 
-void StatusNews::tellSaved(bool published) {
+void StatusNews::tellSaved(Publication publication, const Registry& registry) {
+    unpublished_ = publication != Publication::Done;
     // What the user must change comes first: the status bar shows only the first line.
     notice_ = firstUnreadable(configuration_);
     if (!notice_.empty()) notice_ += ", so other programs cannot read this file.\n";
+    if (unpublished_) {
+        notice_.append(kUnpublished).append(reason(publication));
+        notice_ += registry.canAsk() ? ". Click here to publish as administrator.\n"
+                                     : ". Click here to try again.\n";
+    }
     if (!capitalsTold_ && hasSmallLetters(configuration_)) {
         capitalsTold_ = true;
         notice_ += "Branch names come back in capitals when the file is opened.\n";
     }
-    notice_ +=
-        published
-            ? "Published to the server: " + configuration_.state.filePath
-            : "Saved, but not published: the system refused. Run the editor as administrator to publish.";
+    const std::string& path = configuration_.state.filePath;
+    if (!unpublished_) notice_ += "Published to the server: " + path;
+    if (!unpublished_ && registry.onMappedDrive(path)) notice_.append("; ").append(kMappedDrive);
+    if (notice_.ends_with('\n')) notice_.pop_back();
+}
+
+void StatusNews::clearNotice() {
+    notice_.clear();
+    unpublished_ = false;
+}
+
+bool StatusNews::showsUnpublished() const {
+    return unpublished_ && feedback_.empty() && notice_.starts_with(kUnpublished);
 }
 
 std::string StatusNews::selection() const {

@@ -6,6 +6,7 @@
 #include "editor/MainWindow.h"
 #include "model/Configuration.h"
 #include "platform/ListView.h"
+#include "platform/Services.h"
 
 namespace trevandix {
 
@@ -22,9 +23,14 @@ public:
     /// next command or click.
     void tell(std::string feedback) { feedback_ = std::move(feedback); }
     /// Sets the notice after saving: the first text that keeps other programs from reading the file, if there
-    /// is one, and whether the path was published. It stays until the next save or another configuration.
-    void tellSaved(bool published);
-    void clearNotice() { notice_.clear(); }
+    /// is one, and what became of the path's publication. It stays until the next save or another
+    /// configuration.
+    void tellSaved(Publication publication, const Registry& registry);
+    void clearNotice();
+    /// True when the configuration was saved, but not published.
+    bool unpublished() const { return unpublished_; }
+    /// True while the status bar says so.
+    bool showsUnpublished() const;
     /// Sets the outcome of the checks. It stays until the next one or another configuration.
     void tellProblems(std::string problems) { problems_ = std::move(problems); }
     /// Empty before the open configuration has been checked.
@@ -39,6 +45,7 @@ private:
     const Configuration& configuration_;
     const ListView& list_;
     std::string notice_;
+    bool unpublished_ = false;
     bool capitalsTold_ = false;  ///< the notice about capitals is given only once
     std::string feedback_;
     std::string problems_;

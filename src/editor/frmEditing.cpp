@@ -101,11 +101,14 @@ void frmEditing::paused(const std::function<bool()>& inputWaits) {
 }
 
 void frmEditing::statusClicked(StatusField field) {
-    if (field == StatusField::Problems) commandChosen("mnuProblems");
+    if (field == StatusField::Problems) return commandChosen("mnuProblems");
+    if (field == StatusField::Notice && news_.showsUnpublished()) return commandChosen("mnuPublish");
+    react([] {});  // what a command told gives way to the notice
 }
 
 std::vector<ContextEntry> frmEditing::contextEntries() const {
     std::vector<ContextEntry> entries = tables_.contextEntries();
+    if (news_.unpublished()) entries.insert(entries.begin(), {"mnuPublish", "Publish"});
     entries.push_back({});
     entries.push_back({"mnuRegisterMap", "Register Map", map_.hasUnit()});
     entries.push_back({"mnuProblems", "Show Problems"});

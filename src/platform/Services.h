@@ -44,13 +44,28 @@ public:
     virtual bool setText(std::string_view text) = 0;
 };
 
+/// The rights to publish with. `Asked` asks the user for an administrator's if the program's own are too few.
+enum class Rights { Own, Asked };
+/// What became of a publication.
+enum class Publication { Done, Refused, RightsDenied, NobodyToAsk };
+
+/// Why nothing was published, as part of a sentence. Empty for Done.
+std::string_view reason(Publication publication);
+
 /// Where the OPC server finds the path of its configuration.
 class Registry {
 public:
     virtual ~Registry() = default;
-    /// Publishes `filePath` as the value "ConfigFile" of the interface kind. False when the system refuses.
-    virtual bool publish(std::string_view interfaceKind, std::string_view filePath) = 0;
+    /// Publishes `filePath` as the value "ConfigFile" of the interface kind.
+    virtual Publication publish(std::string_view interfaceKind, std::string_view filePath, Rights rights) = 0;
+    /// True if the system has an administrator's rights that the user can be asked for.
+    virtual bool canAsk() const = 0;
+    /// True if the path is on a drive that other accounts may not see, such as the server's.
+    virtual bool onMappedDrive(std::string_view filePath) const = 0;
 };
+
+/// The warning about a path on a mapped drive, as part of a sentence.
+inline constexpr std::string_view kMappedDrive = "the server's account may not see this network drive";
 
 /// Publishes paths where the OPC server looks for them.
 ///
@@ -59,11 +74,18 @@ public:
 ///
 /// Elsewhere: the line "ConfigFile=<path>" of VOSKAutomation/<interface kind>.ini in the user's configuration
 /// folder. Replaces the whole file or leaves it unchanged.
+/// When the system refuses, the path may be published in one of the views only.
 class SystemRegistry : public Registry {
 public:
-    /// False when the system refuses; the path may then be published in one of the views only.
-    bool publish(std::string_view interfaceKind, std::string_view filePath) override;
+    /// `Rights::Asked` starts this program once more, with `kPublishValues`, and waits for it.
+    Publication publish(std::string_view interfaceKind, std::string_view filePath, Rights rights) override;
+    bool canAsk() const override;
+    bool onMappedDrive(std::string_view filePath) const override;
 };
+
+/// The first argument of a program that is to publish two values and nothing else: interface kind and
+/// absolute path. Its exit code is 0 if it did.
+inline constexpr std::string_view kPublishValues = "--publish-values";
 
 enum class Pointer { Default, Hourglass, Icon };
 

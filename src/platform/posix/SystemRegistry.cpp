@@ -29,13 +29,14 @@ bool write(const fs::path& file, std::string_view filePath) {
 
 }  // namespace
 
-bool SystemRegistry::publish(std::string_view interfaceKind, std::string_view filePath) {
+// The user's own rights are enough.
+Publication SystemRegistry::publish(std::string_view interfaceKind, std::string_view filePath, Rights) {
     fs::path folder = configurationFolder();
-    if (folder.empty()) return false;
+    if (folder.empty()) return Publication::Refused;
     folder /= "VOSKAutomation";
     std::error_code error;
     fs::create_directories(folder, error);
-    if (error) return false;
+    if (error) return Publication::Refused;
     const fs::path file = folder / (std::string(interfaceKind) + ".ini");
     fs::path temporary = file;
     temporary += ".new";
@@ -43,8 +44,16 @@ bool SystemRegistry::publish(std::string_view interfaceKind, std::string_view fi
         fs::rename(temporary, file, error);
     else
         error = std::make_error_code(std::errc::io_error);
-    if (!error) return true;
+    if (!error) return Publication::Done;
     fs::remove(temporary, error);
+    return Publication::Refused;
+}
+
+bool SystemRegistry::canAsk() const {
+    return false;
+}
+
+bool SystemRegistry::onMappedDrive(std::string_view) const {
     return false;
 }
 
