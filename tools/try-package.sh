@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # tools/try-package.sh: installs and starts the packages of ./dev package as a user would. Needs root for chroot.
 # The Debian package is installed in a minimal Debian 12, opened with a configuration from the desktop, and removed. The
-# Windows zip is unpacked in a folder with a space in its name and started under Wine.
+# Windows zip is unpacked in a folder with a space in its name and started under Wine. The Windows installer installs an
+# older version, upgrades and removes it, in a copy of Wine's folder; files and registry must then be as before.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
@@ -11,6 +12,7 @@ cd "$root"
 name=trevandix-editor
 version=$(tools/package.sh version)
 portable=$root/build/package/${name}_${version}_windows-x64.zip
+installer=${portable%.zip}.exe
 title="VOSK Automation - Trevandix Configuration Editor"
 work=build/try-package
 mkdir -p "$work"
@@ -108,13 +110,130 @@ try_zip() {
     rm -rf "$folder"
 }
 
+# silently CODE COMMAND...: runs an installer, which must end with the code.
+silently() {
+    local code=$1 got=0
+    shift
+    wine "$@" || got=$?
+    [ "$got" = "$code" ] || fail "$(basename "$1") ended with $got instead of $code"
+}
+
+# Uninstallers go on in a copy of themselves.
+uninstall() { # FOLDER
+    wine "$1/uninstall.exe" /S
+    for _ in {1..100}; do
+        [ -e "$1/uninstall.exe" ] || return 0
+        sleep 0.1
+    done
+    fail "the uninstaller does not end"
+}
+
+# snapshot NAME: what files there are, and the registry. Without what Wine and the system's lists of recent files keep.
+snapshot() {
+    local hive
+    wineserver -w
+    find "$WINEPREFIX/drive_c" ! -path '*/Recent*' ! -path '*/Temp/*' ! -path '*/temp/*' | LC_ALL=C sort >"$work/$1.files"
+    for hive in HKCU HKLM; do
+        wine reg export $hive "Z:${work_path//\//\\}\\$1.$hive" /y >/dev/null
+        iconv -f UTF-16 -t UTF-8 "$work/$1.$hive" | tr -d '\r'
+    done | grep -viE 'recent|DriverDate' >"$work/$1.registry"
+}
+
+# unchanged WHEN [FILE...]: files and registry are as before, apart from these files.
+unchanged() {
+    local when=$1
+    shift
+    snapshot after
+    printf '%s\n' "$@" >"$work/kept"
+    diff <(grep -Fxvf "$work/kept" "$work/after.files") <(grep -Fxvf "$work/kept" "$work/before.files") ||
+        fail "files differ $when"
+    diff "$work/after.registry" "$work/before.registry" || fail "the registry differs $when"
+}
+
+value() { wine reg query "$1" /v "$2" 2>/dev/null | tr -d '\r' | sed -n "s/^ *$2 *REG_[A-Z_]* *//p"; }
+
+# Installs for the user. The older version has a file that the newer one lacks.
+try_upgrade() {
+    local old=$1 place key='HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\TrevandixConfigurationEditor'
+    place="$WINEPREFIX/drive_c/users/$USER/AppData/Local/Programs/Trevandix Configuration Editor"
+    wine reg add 'HKCU\Environment' /v Path /t REG_EXPAND_SZ /d 'C:\tools;%USERPROFILE%\bin' /f >/dev/null
+    snapshot before
+    silently 0 "$old" /S /Associate /Path
+    [ "$(value "$key" DisplayVersion) $(value 'HKCU\Environment' Path)" = \
+        "0.9.0 C:\tools;%USERPROFILE%\bin;$(value "$key" InstallLocation)" ] || fail "not installed as asked"
+    wine cmd /c 'trevandix --version' || fail "PATH does not find trevandix"
+    shown "$work/start-menu.png" refused_while_running
+    [ "$(value "$key" DisplayVersion)" = 0.9.0 ] || fail "replaced while it ran"
+    # A new configuration is proposed in the program's folder, and somebody has worked on a sample.
+    cp "$place/samples/water-works.xml" "$place/TrevandixTcpIp.xml"
+    echo >>"$place/samples/water-works.xml"
+    silently 0 "$installer" /S
+    [ "$(value "$key" DisplayVersion) $(value "$key" Associate) $(value "$key" Path)" = "$version 0x1 0x1" ] ||
+        fail "not upgraded as it was installed"
+    [ ! -e "$place/licences/old.txt" ] || fail "the upgrade left a file of the older version"
+    uninstall "$place"
+    unchanged "after the upgrade was removed" "$(dirname "$place")" "$place" "$place/samples" \
+        "$place/samples/water-works.xml" "$place/TrevandixTcpIp.xml"
+    rm -r "$place"
+    rmdir "$(dirname "$place")"
+    say "installed, upgraded and removed"
+}
+
+refused_while_running() {
+    wine start 'C:\users\'"$USER"'\AppData\Roaming\Microsoft\Windows\Start Menu\Programs\Trevandix Configuration Editor\Trevandix Configuration Editor.lnk'
+    timeout 60 xdotool search --sync --onlyvisible --name "^$title\$" >/dev/null
+    silently 3 "$installer" /S
+}
+
+try_long_path() {
+    local long
+    long=$(printf 'C:\\folder%04d;' {1..300})
+    wine reg add 'HKCU\Environment' /v Path /t REG_EXPAND_SZ /d "$long" /f >/dev/null
+    snapshot before
+    silently 0 "$installer" /S /Path
+    [ "$(value 'HKCU\Environment' Path)" = "$long" ] || fail "a long PATH was changed"
+    uninstall "$WINEPREFIX/drive_c/users/$USER/AppData/Local/Programs/Trevandix Configuration Editor"
+    unchanged "after PATH was too long" "$WINEPREFIX/drive_c/users/$USER/AppData/Local/Programs"
+    say "left a long PATH alone"
+}
+
+# For all users: Wine 8 does not look at a user's own associations.
+try_association() {
+    local place="$WINEPREFIX/drive_c/Program Files/Trevandix Configuration Editor"
+    silently 0 "$installer" /S /AllUsers /Associate
+    cp "$place/samples/boiler-house-rtu.xml" "$WINEPREFIX/drive_c/plant.xml"
+    shown "$work/association.png" wine start 'C:\plant.xml'
+    rm "$WINEPREFIX/drive_c/plant.xml"
+    uninstall "$place"
+    unchanged "after it was removed for all users" "$WINEPREFIX/drive_c/users/$USER/AppData/Local/Programs"
+    say "opened by association and removed"
+}
+
+try_installer() {
+    local old
+    export USER=${USER:-$(id -un)}
+    work_path=$(realpath "$work")
+    old=$work_path/${name}_0.9.0_windows-x64.exe
+    rm -rf "$work_path/wine" "$work_path/old"
+    unzip -q "$portable" -d "$work_path/old"
+    cp "$root/README.md" "$work_path/old/$name/licences/old.txt"
+    tools/installer.sh "$work_path/old/$name" 0.9.0 "$old"
+    cp -a "$WINEPREFIX" "$work_path/wine"
+    export WINEPREFIX=$work_path/wine
+    try_upgrade "$old"
+    try_association
+    try_long_path
+    wineserver -k
+    rm -rf "$work_path/wine" "$work_path/old"
+}
+
 case ${1:-all} in
     all)
         if [ "$(id -u)" != 0 ]; then exec sudo --preserve-env=TREVANDIX_CACHE,XDG_CACHE_HOME "$0"; fi
         install_packages debootstrap xvfb xauth openbox xdotool imagemagick unzip
         xvfb-run -a -s "-noreset -screen 0 1280x900x24 -nolisten tcp -ac" "$0" debian
         # shellcheck disable=SC1091
-        (. tools/windows.sh && flock -o "$windows_cache/wine.lock" tools/windows.sh display "$root/tools/try-package.sh" zip)
+        (. tools/windows.sh && flock -o "$windows_cache/wine.lock" tools/windows.sh display "$root/tools/try-package.sh" windows)
         ;;
     debian)
         openbox >/dev/null 2>&1 &
@@ -122,5 +241,8 @@ case ${1:-all} in
         try_debian "$root/build/package/${name}_${version}_$(dpkg --print-architecture).deb"
         kill $manager
         ;;
-    zip) try_zip ;;
+    windows)
+        try_zip
+        try_installer
+        ;;
 esac
