@@ -197,33 +197,20 @@ TEST_F(CommandLine, ColoursAreForTerminals) {
 
 TEST_F(CommandLine, PublishesWithTheRightsThatTheUserGives) {
     writeFile(folder.path / "plant.xml", fileText({}, {}, true));
-    using enum Publication;
-    struct Case {
-        bool refuses;
-        Publication answer;
-        bool elevate;
-        int code;
-        std::string message;
-    };
-    for (const Case& each :
-         {Case{false, Refused, false, 0, "warning: the server's account"},
-          {true, Done, false, 1, "not published: the system refused; --elevate"},
-          {true, Done, true, 0, "warning"},
-          {true, RightsDenied, true, 1, "not published: administrator's rights were not given\n"},
-          {true, NobodyToAsk, true, 1, "not published: nobody is at the desktop"}}) {
-        registry = {};
-        registry.refuses = each.refuses;
-        registry.answer = each.answer;
-        registry.mapped = true;
+    const auto publishes = [&](int code, const Texts& options, const std::string& message) {
         Texts arguments{"publish", path("./plant.xml")};
-        if (each.elevate) arguments.emplace_back("--elevate");
-        run(each.code, arguments);
-        EXPECT_NE(err.text.find(path("plant.xml") + ": " + each.message), std::string::npos) << err.text;
-        EXPECT_EQ(registry.published,
-                  each.code == 0 ? (Fields{{"TrevandixRTU", path("plant.xml")}}) : Fields());
-    }
-    registry.asks = false;
-    run(2, {"publish", path("plant.xml"), "--elevate"});
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        run(code, arguments);
+        EXPECT_NE(err.text.find(": " + message), std::string::npos) << err.text;
+        EXPECT_EQ(registry.published, code == 0 ? Fields({{"TrevandixRTU", path("plant.xml")}}) : Fields());
+    };
+    registry.refuses = true;
+    publishes(1, {}, "not published: the system refused; --elevate");
+    registry.answer = Publication::NobodyToAsk;
+    publishes(1, {"--elevate"}, "not published: nobody is at the desktop");
+    registry.answer = Publication::Done;
+    registry.mapped = true;
+    publishes(0, {"--elevate"}, "warning: the server's account");
 }
 
 }  // namespace trevandix::testing

@@ -173,6 +173,7 @@ struct FakeWindow : MainWindow, CommandBar {
     }
     void close() override { closed = true; }
     void showAboutBox() override {}
+    void addToRecentFiles(std::string_view filePath) override { recent.emplace_back(filePath); }
     void setStatus(StatusField field, std::string_view text) override { status[field] = text; }
     void enableMenu(std::string_view name, bool enabled) override { menus[std::string(name)] = enabled; }
     void enableButton(std::string_view, bool) override {}
@@ -183,6 +184,7 @@ struct FakeWindow : MainWindow, CommandBar {
     FocusedView focus = FocusedView::None;
     std::map<StatusField, std::string> status;
     std::vector<int> percents;
+    Texts recent;
     std::function<void()> onEvents;
     std::map<std::string, bool, std::less<>> menus;
 };

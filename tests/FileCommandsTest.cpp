@@ -78,6 +78,7 @@ TEST(FileCommands, SaveAsksBeforeOverwriting) {
     place.fileDialog.choice = other;
     play(place, {{"no; mnuSaveCfg", question + " | saved"}});
     EXPECT_EQ(readFile(other), kRtuFile);
+    EXPECT_EQ(place.window.recent, (Texts{place.path("test.xml"), other}));  // opened, saved
     EXPECT_EQ(place.configuration.tree.root()->text(), other);
     place.registry.refuses = true;  // causes no message
     play(place, {{"mnuSaveCfg",

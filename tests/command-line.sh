@@ -205,38 +205,30 @@ done
 from=twice.csv row 2 '' 'trevandix: standard input: *line 1: *' import plant.xml - --in-place
 row 1 '~ *700 -> 900' '' diff plant.xml 900.xml
 
-# publish; the first command of a program that was started with more rights is no option of the help
+# publish, also as the child with more rights does
 export XDG_CONFIG_HOME=$folder/settings
-place=Software/VOSKAutomation/TrevandixRTU
+absolute=$folder
+if [[ $program == *.exe ]]; then absolute=Z:${folder//\//\\}\\; fi
 published() {
-    if [[ $program != *.exe ]]; then
-        [ "$(cat settings/VOSKAutomation/TrevandixRTU.ini)" = "ConfigFile=$folder/$1" ] || fail "$1: not published"
-        return
-    fi
-    wine reg export "HKLM\\${place//\//\\}" value.reg /y >/dev/null
-    iconv -f UTF-16 -t UTF-8 value.reg | grep -qF "${folder//\//\\\\}\\\\$1\"" || fail "$1: not published"
+    if [[ $program == *.exe ]]; then
+        wine reg query 'HKLM\Software\VOSKAutomation\TrevandixRTU' /v ConfigFile
+    else
+        cat settings/VOSKAutomation/TrevandixRTU.ini
+    fi | tr -d '\r' | tr '\\' / | grep -q "[=:]$folder/$1\$" || fail "$1: not published"
 }
-row 0 '' '' publish rtu.xml
-published rtu.xml
-cp "$rtu" Λέβητας.xml
-row 0 '' '' publish folder/../Λέβητας.xml
-published Λέβητας.xml
+cp "$rtu" other.xml
+row 0 '' '' publish folder/../other.xml
 row 2 '' '*damaged.xml: *' publish damaged.xml
-row 2 '' "*$missing" publish rtu.xml tcp.xml
-for values in 'TrevandixTcpIp rtu.xml' 'Other /tmp/rtu.xml' TrevandixRTU; do
+for values in 'TrevandixRTU rtu.xml' "Other $absolute/rtu.xml" TrevandixRTU; do
     # shellcheck disable=SC2086
     row 2 '' "*--publish-values*$missing" --publish-values $values
 done
-published Λέβητας.xml
-if [[ $program == *.exe ]]; then
-    row 0 '' '' publish tcp.xml --elevate
-    row 0 '' '' --publish-values TrevandixRTU "Z:${folder//\//\\}\\rtu.xml"
-else
-    row 2 '' "*--elevate*$missing" publish rtu.xml --elevate
-    row 0 '' '' --publish-values TrevandixRTU "$folder/rtu.xml"
-    XDG_CONFIG_HOME=$folder/rtu.xml row 1 '' "trevandix: $folder/rtu.xml: not published: the system refused" publish rtu.xml
-fi
+published other.xml
+row 0 '' '' --publish-values TrevandixRTU "$absolute/rtu.xml"
 published rtu.xml
+if [[ $program != *.exe ]]; then
+    XDG_CONFIG_HOME=$folder/tcp.xml row 1 '' "trevandix: $folder/rtu.xml: not published: the system refused" publish rtu.xml
+fi
 
 # Standard output that takes nothing: a full disk, a pipe that nobody reads.
 to=/dev/full row 2 '' 'trevandix: Disk full: standard output' format tcp.xml

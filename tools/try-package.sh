@@ -152,10 +152,12 @@ unchanged() {
 
 value() { wine reg query "$1" /v "$2" 2>/dev/null | tr -d '\r' | sed -n "s/^ *$2 *REG_[A-Z_]* *//p"; }
 
+installed_for_me() { echo "$WINEPREFIX/drive_c/users/$(id -un)/AppData/Local/Programs/Trevandix Configuration Editor"; }
+
 # Installs for the user. The older version has a file that the newer one lacks.
 try_upgrade() {
     local old=$1 place key='HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\TrevandixConfigurationEditor'
-    place="$WINEPREFIX/drive_c/users/$USER/AppData/Local/Programs/Trevandix Configuration Editor"
+    place=$(installed_for_me)
     wine reg add 'HKCU\Environment' /v Path /t REG_EXPAND_SZ /d 'C:\tools;%USERPROFILE%\bin' /f >/dev/null
     snapshot before
     silently 0 "$old" /S /Associate /Path
@@ -180,7 +182,7 @@ try_upgrade() {
 }
 
 refused_while_running() {
-    wine start 'C:\users\'"$USER"'\AppData\Roaming\Microsoft\Windows\Start Menu\Programs\Trevandix Configuration Editor\Trevandix Configuration Editor.lnk'
+    wine start "$user_folder\\AppData\\Roaming\\Microsoft\\Windows\\Start Menu\\Programs\\Trevandix Configuration Editor\\Trevandix Configuration Editor.lnk"
     timeout 60 xdotool search --sync --onlyvisible --name "^$title\$" >/dev/null
     silently 3 "$installer" /S
 }
@@ -192,8 +194,8 @@ try_long_path() {
     snapshot before
     silently 0 "$installer" /S /Path
     [ "$(value 'HKCU\Environment' Path)" = "$long" ] || fail "a long PATH was changed"
-    uninstall "$WINEPREFIX/drive_c/users/$USER/AppData/Local/Programs/Trevandix Configuration Editor"
-    unchanged "after PATH was too long" "$WINEPREFIX/drive_c/users/$USER/AppData/Local/Programs"
+    uninstall "$(installed_for_me)"
+    unchanged "after PATH was too long" "$(dirname "$(installed_for_me)")"
     say "left a long PATH alone"
 }
 
@@ -205,13 +207,13 @@ try_association() {
     shown "$work/association.png" wine start 'C:\plant.xml'
     rm "$WINEPREFIX/drive_c/plant.xml"
     uninstall "$place"
-    unchanged "after it was removed for all users" "$WINEPREFIX/drive_c/users/$USER/AppData/Local/Programs"
+    unchanged "after it was removed for all users"
     say "opened by association and removed"
 }
 
 try_installer() {
     local old
-    export USER=${USER:-$(id -un)}
+    user_folder='C:\users\'$(id -un)
     work_path=$(realpath "$work")
     old=$work_path/${name}_0.9.0_windows-x64.exe
     rm -rf "$work_path/wine" "$work_path/old"

@@ -94,7 +94,9 @@ void FileCommands::openFile(const std::string& filePath) {
 void FileCommands::load(const std::string& filePath, SaveQuestion asked) {
     keepUnasked(asked);
     const auto stamp = FileStamp::of(filePath);  // before reading: who writes meanwhile is noticed
-    if (read(filePath, filePath, Origin::AnyProgram)) file_.opened(stamp);
+    if (!read(filePath, filePath, Origin::AnyProgram)) return;
+    file_.opened(stamp);
+    context_.platform.window.addToRecentFiles(filePath);
 }
 
 bool FileCommands::recover(const std::string& content, const std::string& filePath,
@@ -160,6 +162,7 @@ bool FileCommands::writeAndPublish() {
         return false;
     }
     context_.configuration.markSaved();
+    context_.platform.window.addToRecentFiles(state.filePath);
     publish(Rights::Own);  // when this is refused, saving has succeeded all the same
     context_.configuration.setSaved(true);
     context_.news.update();  // the message box that may follow keeps the command from ending

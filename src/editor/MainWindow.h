@@ -43,6 +43,8 @@ public:
     /// Closes the window without asking.
     virtual void close() = 0;
     virtual void showAboutBox() = 0;
+    /// Adds the file to the system's list of recent files. `filePath` is absolute.
+    virtual void addToRecentFiles(std::string_view filePath) = 0;
     /// The field shows the first line of `text`. An empty text clears it.
     virtual void setStatus(StatusField field, std::string_view text) = 0;
 };

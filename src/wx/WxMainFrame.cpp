@@ -234,6 +234,10 @@ void WxMainFrame::showAboutBox() {
     box.ShowModal();
 }
 
+void WxMainFrame::addToRecentFiles(std::string_view filePath) {
+    trevandix::addToRecentFiles(toWx(filePath));
+}
+
 // These keys repeat quickly; only the last one needs handling.
 bool WxMainFrame::movesInView(const wxKeyEvent& event) {
     static constexpr std::array kKeys{WXK_UP,     WXK_DOWN,     WXK_LEFT, WXK_RIGHT,

@@ -40,6 +40,7 @@ public:
     void processEvents() override { gate_.pump(); }
     void close() override;
     void showAboutBox() override;
+    void addToRecentFiles(std::string_view filePath) override;
     void setStatus(StatusField field, std::string_view text) override;
 
     void DoGiveHelp(const wxString& text, bool show) override { status_->setHint(show ? text : wxString()); }

@@ -6,11 +6,16 @@
 #include <wx/dc.h>
 #include <wx/renderer.h>
 #include <wx/settings.h>
+
+#include <string>
+
+#include "Version.h"
 #elif defined(__WXMSW__)
 #include <wx/msw/wrapwin.h>
 // These need the types of wrapwin.h, and initguid.h makes oleacc.h define the property identifiers.
 #include <initguid.h>
 #include <oleacc.h>
+#include <shlobj.h>
 #include <wx/msw/private/comptr.h>
 #endif
 
@@ -91,6 +96,32 @@ void greyInactiveSelections() {
     delete wxRendererNative::Set(new Renderer);
 }
 
+void addToRecentFiles(const wxString& path) {
+    struct Data {  // as GtkRecentData of every GTK 3
+        const char* name;
+        const char* description;
+        const char* type;
+        const char* program;
+        const char* command;
+        const char* const* groups;
+        int isPrivate;
+    };
+    static auto* const list = gtkFunction<void*()>("gtk_recent_manager_get_default");
+    static auto* const add = gtkFunction<int(void*, const char*, const Data*)>("gtk_recent_manager_add_full");
+    static auto* const toUri = gtkFunction<char*(const char*, const char*, void*)>("g_filename_to_uri");
+    static auto* const release = gtkFunction<void(void*)>("g_free");
+    if (list == nullptr || add == nullptr || toUri == nullptr || release == nullptr) return;
+    // Type and command are those of the desktop entry.
+    const std::string product(kProduct);
+    const std::string command = std::string(kProgram) + " %f";
+    const Data data{
+        nullptr, nullptr, "application/x-trevandix-configuration", product.c_str(), command.c_str(),
+        nullptr, 0};
+    char* const uri = toUri(path.fn_str(), nullptr, nullptr);
+    if (uri != nullptr) add(list(), uri, &data);
+    release(uri);
+}
+
 // Asks the connection to the display: what waits in GTK's own loop may also be a timer. GDK does not know
 // whether a Wayland connection has news, so this looks at its file.
 bool inputWaits() {
@@ -164,6 +195,10 @@ void setAccessibleName(wxWindow& window, const wxString& name, const wxString& d
 
 void setAccessibleDescription(const wxMenuItem&) {}  // the status bar shows it
 
+void addToRecentFiles(const wxString& path) {
+    ::SHAddToRecentDocs(SHARD_PATHW, path.wc_str());
+}
+
 // Windows lets only the active program raise its windows, but lets every program make a window topmost. To
 // make it topmost and normal again leaves it in front.
 void bringToFront(wxTopLevelWindow& window) {
@@ -199,6 +234,7 @@ void setHiddenRedraw(wxWindow&, bool) {}
 
 void setAccessibleName(wxWindow&, const wxString&, const wxString&) {}
 void setAccessibleDescription(const wxMenuItem&) {}
+void addToRecentFiles(const wxString&) {}
 
 #endif
 

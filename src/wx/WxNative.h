@@ -19,6 +19,10 @@ void setAccessibleDescription(const wxMenuItem& entry);
 /// bar by themselves when the user asks.
 void announce(wxWindow& window, const wxString& text);
 
+/// Adds a file, by its absolute path, to the system's list of recent files, which the task bar of Windows and
+/// the file dialogs of GTK show. The system may have been told to keep none.
+void addToRecentFiles(const wxString& path);
+
 /// True when a key or the mouse waits to be handled. Quick enough to be asked every millisecond.
 bool inputWaits();
 

@@ -3,7 +3,6 @@
 #include <wx/bmpbndl.h>
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
-#include <wx/filedlg.h>
 #include <wx/filename.h>
 #include <wx/image.h>
 #include <wx/log.h>
@@ -91,25 +90,25 @@ Answer WxMessages::show(std::string_view text, Buttons buttons, Icon icon) {
     }
 }
 
-namespace {
-
-std::optional<std::string> chosen(wxFileDialog& dialog) {
+std::optional<std::string> WxFileDialog::choose(wxFileDialog& dialog) {
     const FocusKeeper focus;
     if (dialog.ShowModal() != wxID_OK) return std::nullopt;
+#ifdef __WXGTK__
+    folder_ = wxFileName(dialog.GetPath()).GetPath();
+#endif
     return fromWx(dialog.GetPath());
 }
 
-}  // namespace
-
 std::optional<std::string> WxFileDialog::open(std::string_view title, std::string_view filter) {
-    wxFileDialog dialog(dialogParent(), toWx(title), {}, {}, toWx(filter), wxFD_OPEN | wxFD_FILE_MUST_EXIST);
-    return chosen(dialog);
+    wxFileDialog dialog(dialogParent(), toWx(title), folder_, {}, toWx(filter),
+                        wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+    return choose(dialog);
 }
 
 std::optional<std::string> WxFileDialog::save(std::string_view title, std::string_view filter,
                                               std::string_view proposedName) {
-    wxFileDialog dialog(dialogParent(), toWx(title), {}, toWx(proposedName), toWx(filter), wxFD_SAVE);
-    std::optional<std::string> path = chosen(dialog);
+    wxFileDialog dialog(dialogParent(), toWx(title), folder_, toWx(proposedName), toWx(filter), wxFD_SAVE);
+    std::optional<std::string> path = choose(dialog);
     const std::size_t dot = filter.rfind('.');
     if (path && !path->empty() && dot != std::string_view::npos && !wxFileName(toWx(*path)).HasExt()) {
         path->append(filter.substr(dot));

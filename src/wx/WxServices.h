@@ -1,6 +1,7 @@
 #pragma once
 
 #include <wx/cursor.h>
+#include <wx/filedlg.h>
 
 #include "platform/Services.h"
 
@@ -12,13 +13,19 @@ public:
     Answer show(std::string_view text, Buttons buttons, Icon icon) override;
 };
 
-/// The system's file dialogs. A filter is a description, "|" and a pattern such as "*.xml".
+/// The system's file dialogs. They begin in the folder that was used last: Windows remembers it, GTK does
+/// not. A filter is a description, "|" and a pattern such as "*.xml".
 class WxFileDialog : public FileDialog {
 public:
     std::optional<std::string> open(std::string_view title, std::string_view filter) override;
     /// Does not ask before replacing a file. Adds the pattern's extension to a name without one.
     std::optional<std::string> save(std::string_view title, std::string_view filter,
                                     std::string_view proposedName) override;
+
+private:
+    std::optional<std::string> choose(wxFileDialog& dialog);
+
+    wxString folder_;
 };
 
 /// The system's clipboard. While another program has locked it, it holds no text and takes none.

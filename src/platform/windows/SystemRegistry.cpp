@@ -82,7 +82,8 @@ Publication publishByChild(std::string_view interfaceKind, const std::wstring& f
     SHELLEXECUTEINFOW child{};
     child.cbSize = sizeof child;
     child.fMask = SEE_MASK_NOCLOSEPROCESS | SEE_MASK_NOASYNC | SEE_MASK_FLAG_NO_UI;
-    child.hwnd = GetActiveWindow();
+    child.hwnd = GetActiveWindow();  // in front of which the system asks
+    if (child.hwnd == nullptr) child.hwnd = GetConsoleWindow();
     child.lpVerb = L"runas";
     child.lpFile = program.c_str();
     child.lpParameters = arguments.c_str();
