@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "Plant.h"
+#include "model/ValueTypes.h"
 
 namespace trevandix::testing {
 
@@ -9,7 +10,11 @@ namespace {
 
 struct TablesWorkplace : PlantedWorkplace {
     TablesWorkplace()
-        : PlantedWorkplace({"ModBus.coil", "ModBus.holding register", "U", "U.A/", "U.A.x", "U.A.y", "V"}) {}
+        : PlantedWorkplace({"ModBus.coil", "ModBus.holding register", "U", "U.A/", "U.A.x", "U.A.y", "V"}) {
+        for (const char* name : {"coil", "holding register"})
+            configuration.replaceDataType(Key(name), clsModBusType::usual(*tableOf(name)));
+        configuration.setSaved(true);
+    }
 
     /// The preview as the user sees it: counts, note, rows; then the check box and Confirm if usable.
     static std::string preview(const FakeForm& form) {
@@ -120,8 +125,16 @@ TEST(TableCommands, ImportsShowWhatTheyChange) {
               "Unit,Branch,Name,Comment,ModBus Type,Data Type,Address,Access Rights|U,A,x,a & "
               "b,coil,boolean,1,READ|"
               "U,B.C,New_Item_7,,coil,boolean,1,READ",
-              "cmdCancel", "?", "saved"},
-             {"import", "Name,Read Code|coil,0", "cmdCancel", "Nothing to change", "saved"},
+              "cmdCancel",
+              "1 item to change, 1 to add / U.A.x|Comment||a & b|comment holds \"&\", which XML takes for "
+              "markup; take it out / U.A.x|ModBus Type|holding register|coil| / U.A.x|Address|0|1| / "
+              "U.A.x|Bit||0| / U.A.x|Data Type|signed 16 bit|boolean| / "
+              "U.B.C.New_Item_7|Name||New_Item_7|Added, new branch B.C; overlaps A.x (coil 1); move one of "
+              "them unless they are to show the same place in two ways / U.B.C.New_Item_7|ModBus Type||coil| "
+              "/ U.B.C.New_Item_7|Address||1| / U.B.C.New_Item_7|Bit||0| / U.B.C.New_Item_7|Data "
+              "Type||boolean| / U.B.C.New_Item_7|Access Rights||READ| Confirm",
+              "saved"},
+             {"import", "Name,Read Code|coil,1", "cmdCancel", "Nothing to change", "saved"},
              {"paste", "Name,New Name|X,Y", "",
               "1 unit refused / X||||Refused, line 2: There is no \"X\" to rename", "saved"},
              {"paste", "", "", "", "said Empty clipboard !"},
