@@ -34,7 +34,7 @@ ChangeRows::ChangeRows(std::span<const IntendedChange> changes) : changes_(chang
 
 const std::vector<ListColumn>& ChangeRows::columns() const {
     static const std::vector<ListColumn> kColumns{
-        {"Object", 0.26}, {"Field", 0.12}, {"Old", 0.16}, {"New", 0.18}, {"Remark", 0.27}};
+        {"Object", 0.32}, {"Field", 0.12}, {"Old", 0.14}, {"New", 0.16}, {"Remark", 0.25}};
     return kColumns;
 }
 
