@@ -31,7 +31,7 @@ void TableExport(benchmark::State& state) {
 
 // `edit` changes the exported rows before they are imported, header excluded.
 template <typename Edit>
-void import(benchmark::State& state, Edit edit) {
+void importRows(benchmark::State& state, Edit edit) {
     const auto items = static_cast<std::size_t>(state.range(0));
     for (auto _ : state) {
         state.PauseTiming();
@@ -52,25 +52,24 @@ void import(benchmark::State& state, Edit edit) {
 }
 
 void TableImport(benchmark::State& state) {
-    import(state, [](Cells& row) {
+    importRows(state, [](Cells& row) {
         row[4] += " changed";
-    row[6] = row[6] == "1" ? "2" : "1";
-    row[8] = "32 bit float";
-    row[7] = "";
-});
-}  // namespace
+        row[6] = row[6] == "1" ? "2" : "1";
+        row[8] = "32 bit float";
+        row[7] = "";
+    });
+}
 
 void TableImportNames(benchmark::State& state) {
-    import(state, [](Cells& row) { row[3] = row[2] + "_b";
-});
-}  // namespace trevandix::bench
+    importRows(state, [](Cells& row) { row[3] = row[2] + "_b"; });
+}
 
 void TableImportNew(benchmark::State& state) {
-    import(state, [](Cells& row) {
+    importRows(state, [](Cells& row) {
         row[1] += "_New";
-    row[10] = "READ";
-});
-}  // namespace trevandix::bench
+        row[10] = "READ";
+    });
+}
 
 #define SIZES Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond)->Iterations(5)
 BENCHMARK(TableExport)->SIZES;
