@@ -92,9 +92,9 @@ copied 'Unit,Branch,Name,Comment,ModBus Type,Address,Data Type,Access Rights\r\n
 keys ctrl+shift+v
 shot_of table-preview "Paste Table" Escape
 
-go 1 F9
-await "Register Map"
-keys End Up Up
+find_item Air_Time Return # one of those that now overlap
+leave_find
+keys F9
 shot_of map-overlap "Register Map" Escape
 
 keys ctrl+n
