@@ -97,6 +97,7 @@ TEST(EditingSequences, OpenAndCloseLeakNoMemory) {
             place.window.percents.clear();
             place.pointer.shapes.clear();
             place.fileDialog.calls.clear();
+            place.window.recent.clear();
         }
         return mallinfo2().uordblks;
     };

@@ -208,7 +208,7 @@ row 1 '~ *700 -> 900' '' diff plant.xml 900.xml
 # publish, also as the child with more rights does
 export XDG_CONFIG_HOME=$folder/settings
 absolute=$folder
-if [[ $program == *.exe ]]; then absolute=Z:${folder//\//\\}\\; fi
+if [[ $program == *.exe ]]; then absolute=Z:${folder//\//\\}; fi
 published() {
     if [[ $program == *.exe ]]; then
         wine reg query 'HKLM\Software\VOSKAutomation\TrevandixRTU' /v ConfigFile

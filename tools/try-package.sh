@@ -128,7 +128,8 @@ uninstall() { # FOLDER
     fail "the uninstaller does not end"
 }
 
-# snapshot NAME: what files there are, and the registry. Without what Wine and the system's lists of recent files keep.
+# snapshot NAME: what files there are, and the registry. Without what Wine and the system's lists of recent files keep,
+# and without two keys that every Windows has, but not a new folder of Wine.
 snapshot() {
     local hive
     wineserver -w
@@ -136,7 +137,8 @@ snapshot() {
     for hive in HKCU HKLM; do
         wine reg export $hive "Z:${work_path//\//\\}\\$1.$hive" /y >/dev/null
         iconv -f UTF-16 -t UTF-8 "$work/$1.$hive" | tr -d '\r'
-    done | grep -viE 'recent|DriverDate' >"$work/$1.registry"
+    done | grep -vE 'Recent|DriverDate|^$|USER\\Software\\(Classes|Microsoft\\Windows\\CurrentVersion\\Uninstall)\]$' \
+        >"$work/$1.registry"
 }
 
 # unchanged WHEN [FILE...]: files and registry are as before, apart from these files.
