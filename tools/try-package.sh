@@ -137,8 +137,8 @@ snapshot() {
     for hive in HKCU HKLM; do
         wine reg export $hive "Z:${work_path//\//\\}\\$1.$hive" /y >/dev/null
         iconv -f UTF-16 -t UTF-8 "$work/$1.$hive" | tr -d '\r'
-    done | grep -vE 'Recent|DriverDate|^$|USER\\Software\\(Classes|Microsoft\\Windows\\CurrentVersion\\Uninstall)\]$' \
-        >"$work/$1.registry"
+    done | awk '/^\[/ { recent = /Recent/ } !recent' |
+        grep -vE 'DriverDate|^$|USER\\Software\\(Classes|Microsoft\\Windows\\CurrentVersion\\Uninstall)\]$' >"$work/$1.registry"
 }
 
 # unchanged WHEN [FILE...]: files and registry are as before, apart from these files.
