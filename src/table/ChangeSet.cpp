@@ -45,9 +45,10 @@ std::vector<std::size_t> doubtfulRings(const std::vector<std::size_t>& next,
 }
 
 ChangeSet::ChangeSet(const Configuration& configuration, const Table& table, const TableProgress& progress)
-    : kind_(table.kind),
-      revision_(configuration.revision()),
-      plan_(planned(configuration, table, progress)) {}
+    : ChangeSet(configuration, table.kind, planned(configuration, table, progress)) {}
+
+ChangeSet::ChangeSet(const Configuration& configuration, NodeTag kind, std::unique_ptr<Plan> plan)
+    : kind_(kind), revision_(configuration.revision()), plan_(std::move(plan)) {}
 
 ChangeSet::~ChangeSet() = default;
 ChangeSet::ChangeSet(ChangeSet&&) noexcept = default;
@@ -77,7 +78,9 @@ void ChangeSet::apply(Configuration& configuration, const TableProgress& progres
         step.takeBack();
         throw;
     }
-    step.setName("Import " + std::to_string(count) + (count == 1 ? " change" : " changes"));
+    step.setName(!stepName_.empty()
+                     ? stepName_
+                     : "Import " + std::to_string(count) + (count == 1 ? " change" : " changes"));
     configuration.setSaved(false);
 }
 

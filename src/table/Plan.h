@@ -18,7 +18,7 @@
 
 namespace trevandix {
 
-/// The changes of one table, and how they are made.
+/// Changes that are judged together, and how they are made.
 class Plan {
 public:
     virtual ~Plan() = default;
