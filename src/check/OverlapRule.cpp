@@ -3,6 +3,7 @@
 #include <tuple>
 
 #include "check/Families.h"
+#include "check/Places.h"
 #include "check/Wording.h"
 
 namespace trevandix {
