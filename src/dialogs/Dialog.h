@@ -68,6 +68,14 @@ inline void chooseStored(Form& form, std::string_view list, const std::string& v
     form.setText(list, value);
 }
 
+/// What a field for several objects shows where they differ.
+inline constexpr std::string_view kDifferent = "(different)";
+inline void keepCommon(std::string& common, const std::string& other) {
+    if (common != other) common = kDifferent;
+}
+
+inline constexpr std::string_view kNothingChanges = "Nothing would change.";
+
 /// Checks that the key is free while the dialog is still open: the record is added only after it has closed.
 /// Errors: KeyInCollection.
 template <typename Record>

@@ -102,6 +102,15 @@ std::span<const CommandRow> commandRows() {
             "", "mnuRedo", "", "Ctrl+Y", "", {}, kAlways, [](F& f) { f.undo_.mnuRedo_Click(); }, kNoStep),
         row(
             "", "redo", "", "Ctrl+Shift+Z", "", {}, kAlways, [](F& f) { f.undo_.mnuRedo_Click(); }, kNoStep),
+        row("", "mnuChangeItems", "", "Ctrl+E", "", {}, kAlways,
+            [](F& f) { f.bulk_.mnuChangeItems_Click(); }),
+        row("", "mnuDuplicateBranch", "", "", "", {}, kAlways,
+            [](F& f) { f.bulk_.mnuDuplicateBranch_Click(); }),
+        row("", "mnuDuplicateUnit", "", "", "", {}, kAlways, [](F& f) { f.bulk_.mnuDuplicateUnit_Click(); }),
+        row("", "mnuLineSettings", "", "", "", {}, kAlways, [](F& f) { f.bulk_.mnuLineSettings_Click(); }),
+        row(
+            "", "mnuGoToAddress", "", "Ctrl+G", "", {}, kAlways, [](F& f) { f.bulk_.mnuGoToAddress_Click(); },
+            kNoStep),
         row(
             "", "mnuRegisterMap", "", "F9", "", {}, kAlways, [](F& f) { f.map_.mnuRegisterMap_Click(); },
             kNoStep),

@@ -1,5 +1,8 @@
 #include "editor/frmEditing.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "editor/CommandTable.h"
 
 namespace trevandix {
@@ -17,6 +20,7 @@ frmEditing::frmEditing(Platform& platform, Configuration& configuration, ListVie
                }),
       clipboard_(context_, views_),
       bulkPaste_(context_),
+      bulk_(context_, views_),
       drag_(context_),
       tables_(context_, views_),
       undo_(context_, views_),
@@ -107,12 +111,14 @@ void frmEditing::statusClicked(StatusField field) {
 }
 
 std::vector<ContextEntry> frmEditing::contextEntries() const {
-    std::vector<ContextEntry> entries = tables_.contextEntries();
+    std::vector<ContextEntry> entries = bulk_.contextEntries();
     if (news_.unpublished()) entries.insert(entries.begin(), {"mnuPublish", "Publish"});
+    entries.push_back({});
+    std::ranges::move(tables_.contextEntries(), std::back_inserter(entries));
     entries.push_back({});
     entries.push_back({"mnuRegisterMap", "Register Map", map_.hasUnit()});
     entries.push_back({"mnuProblems", "Show Problems"});
-    for (ContextEntry& entry : undo_.contextEntries()) entries.push_back(std::move(entry));
+    std::ranges::move(undo_.contextEntries(), std::back_inserter(entries));
     return entries;
 }
 

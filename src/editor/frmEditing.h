@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "editor/BulkCommands.h"
 #include "editor/BulkPaste.h"
 #include "editor/ClipboardEditing.h"
 #include "editor/CommandTable.h"
@@ -80,6 +81,7 @@ private:
     ObjectCommands objects_;
     ClipboardEditing clipboard_;
     BulkPaste bulkPaste_;
+    BulkCommands bulk_;
     DragAndDrop drag_;
     TableCommands tables_;
     Undo undo_;

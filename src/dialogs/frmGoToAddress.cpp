@@ -1,0 +1,99 @@
+#include "dialogs/frmGoToAddress.h"
+
+#include <array>
+
+#include "check/Places.h"
+#include "check/Wording.h"
+#include "model/Numbers.h"
+#include "model/ValueTypes.h"
+#include "table/Table.h"
+
+namespace trevandix {
+
+namespace {
+
+constexpr std::array kControls{
+    ControlSpec{ControlKind::Choice, "cmbUnit", "&Unit"}.describedAs("Device that holds the address"),
+    ControlSpec{ControlKind::Choice, "cmbModbusType", "&ModBus Type"}.describedAs("Table of the device"),
+    ControlSpec{ControlKind::Text, "txtAddress", "&Address", "", Place::NextRow, 10, KeyFilter::Numeric}
+        .describedAs("Register or bit in the table"),
+    ControlSpec{ControlKind::Note, "txtFound", "Result"}.describedAs(
+        "What lies next to an address that no item has"),
+    ControlSpec{ControlKind::Button, "cmdOk", "&Go", "", Place::ButtonRow}.describedAs(
+        "Selects the item at the address"),
+    ControlSpec{ControlKind::Button, "cmdCancel", "Cance&l", "", Place::ButtonRow}.describedAs(
+        "Closes the dialog"),
+};
+constexpr FormSpec kForm{"frmGoToAddress", "Go to Address", kControls, "cmdOk", "cmdCancel", "txtAddress"};
+
+}  // namespace
+
+const TreeNode* frmGoToAddress::show(const TreeNode* node) {
+    found_ = nullptr;
+    form_ = context_.forms.create(kForm);
+    connect<frmGoToAddress>(*form_, context_.messages, *this,
+                            {{"cmdOk", "cmdOk_Click", &frmGoToAddress::cmdOk_Click},
+                             {"cmdCancel", "cmdCancel_Click", &frmGoToAddress::cmdCancel_Click}});
+    reportErrors(context_.messages, "Form_Load", [&] { Form_Load(node); });
+    form_->showModal();
+    return found_;
+}
+
+void frmGoToAddress::Form_Load(const TreeNode* node) {
+    const Configuration& configuration = context_.configuration;
+    std::vector<std::string> units, tables;
+    for (const auto& [key, unit] : configuration.units) units.push_back(unit->getName());
+    for (const ModbusTable& table : modbusTables()) tables.emplace_back(table.label);
+    form_->setItems("cmbUnit", units);
+    form_->setItems("cmbModbusType", tables);
+    const TreeNode* unit = node == nullptr ? nullptr : unitAround(configuration, *node);
+    form_->setText("cmbUnit", unit != nullptr ? unit->text() : units.empty() ? "" : units.front());
+    form_->setText("cmbModbusType", tables.back());
+    const auto item = node == nullptr ? nullptr : configuration.items.find(node->key());
+    if (item == nullptr) return;
+    const ItemFields texts = item->texts();
+    if (tableOf(texts.table) != nullptr) form_->setText("cmbModbusType", texts.table);
+    form_->setText("txtAddress", texts.address);
+}
+
+// Returns what is to be said where nothing lies.
+std::string frmGoToAddress::search() {
+    const Configuration& configuration = context_.configuration;
+    const auto number = wholeNumber(form_->text("txtAddress"));
+    if (!number) return "The address is not a number.";
+    const TreeNode* unit = configuration.tree.find(form_->text("cmbUnit"));
+    const ModbusTable* table = tableOf(form_->text("cmbModbusType"));
+    if (unit == nullptr || table == nullptr) return "There is no unit.";
+    const std::function<bool()> never = [] { return false; };
+    Pulse pulse(never);
+    const Survey survey(configuration, pulse);
+    const Places places(survey, *unit);
+    const std::int32_t address = toInt32(*number);
+    const Places::Found found = places.find(*table, address);
+    if (found.at != nullptr) {
+        found_ = &places.nodeOf(*found.at);
+        return {};
+    }
+    std::string text =
+        "No item lies at " + std::string(table->label) + ' ' + std::to_string(address) + " of this unit.";
+    const auto tell = [&](std::string_view where, const ItemFacts* item) {
+        text.append("\n").append(where);
+        text += item == nullptr ? "nothing"
+                                : shownKey(places.nodeOf(*item).key()) + " (" + shownPlace(*item) + ')';
+    };
+    tell("In front of it: ", found.before);
+    tell("Behind it: ", found.behind);
+    return text;
+}
+
+void frmGoToAddress::cmdOk_Click() {
+    form_->setText("txtFound", search());
+    if (found_ != nullptr) return form_->close();
+    form_->setFocus("txtAddress");
+}
+
+void frmGoToAddress::cmdCancel_Click() {
+    form_->close();
+}
+
+}  // namespace trevandix
