@@ -232,6 +232,8 @@ void WxForm::fit() {
         size.IncTo(placed_ ? dialog_->GetClientSize() : firstSize());
         size.DecTo(most);
     }
+    // GTK would show a dialog again one pixel wide whose size is set and stays the same.
+    if (placed_ && size == dialog_->GetClientSize()) return;
     dialog_->SetMinClientSize(wxDefaultSize);
     dialog_->SetClientSize(size);
     dialog_->SetMinClientSize(least);
