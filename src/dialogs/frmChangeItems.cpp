@@ -98,12 +98,11 @@ void frmChangeItems::Form_Load() {
     std::vector<std::string> tables;
     for (const auto& [key, type] : context_.configuration.dataTypes) tables.push_back(type->getName());
     offer("cmbModbusType", &ItemFields::table, tables);
+    chooseStored(*form_, "cmbModbusType", common_.table);
+    offerValues();
     for (const Row& row : kRows) {
         if (row.text != nullptr) form_->setText(row.control.name, common_.*row.text);
     }
-    offerValues();
-    form_->setText("cmbDataType", common_.type);
-    form_->setText("cmbAccessRight", common_.accessRight);
     form_->setItems("cmbBit", bitNumbers());
     form_->setText("cmbBit", "0");
     form_->setItems("cmbWhere", {std::string(kNames), std::string(kComments)});
@@ -111,7 +110,6 @@ void frmChangeItems::Form_Load() {
     cmbDataType_Click();
 }
 
-// The items' own value is among the entries.
 void frmChangeItems::offer(std::string_view list, std::string ItemFields::*text,
                            std::vector<std::string> entries) {
     const std::string& own = common_.*text;
@@ -129,7 +127,6 @@ void frmChangeItems::offerValues() {
     offer("cmbDataType", &ItemFields::type, types);
     offer("cmbAccessRight", &ItemFields::accessRight, accessRightsOf(table));
     if (table != common_.table) return;  // the items' unusual values fit no other table
-    offerStored(*form_, "cmbModbusType", common_.table);
     offerStored(*form_, "cmbDataType", common_.type);
     offerStored(*form_, "cmbAccessRight", common_.accessRight);
 }

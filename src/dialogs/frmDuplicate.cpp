@@ -10,23 +10,31 @@ namespace trevandix {
 
 namespace {
 
-constexpr std::array kControls{
+constexpr ControlSpec kName =
     ControlSpec{ControlKind::Text, "txtName", "New &Name", "", Place::NextRow, 32}.describedAs(
-        "Name of the first copy, the number at its end counts on"),
+        "Name of the first copy, the number at its end counts on");
+constexpr ControlSpec kIdentifier =
     ControlSpec{ControlKind::Text, "txtUI", "New Unit &Identifier", "", Place::NextRow, 8}.describedAs(
-        "Modbus address of the first copy, which counts on"),
+        "Modbus address of the first copy, which counts on");
+constexpr ControlSpec kMove =
     ControlSpec{ControlKind::Text, "txtMove", "&Move addresses by", "", Place::NextRow, 8, KeyFilter::Numeric}
-        .describedAs("Number to add to each address, once more with each copy"),
-    ControlSpec{ControlKind::Text, "txtCopies", "N&umber of copies", "", Place::NextRow, 8,
-                KeyFilter::Numeric}
-        .describedAs("How many copies are made"),
+        .describedAs("Number to add to each address, once more with each copy");
+constexpr ControlSpec kCopies = ControlSpec{ControlKind::Text, "txtCopies", "N&umber of copies", "",
+                                            Place::NextRow,    8,           KeyFilter::Numeric}
+                                    .describedAs("How many copies are made");
+constexpr ControlSpec kOk =
     ControlSpec{ControlKind::Button, "cmdOk", "&Preview", "", Place::ButtonRow}.describedAs(
-        "Shows what would be added"),
+        "Shows what would be added");
+constexpr ControlSpec kCancel =
     ControlSpec{ControlKind::Button, "cmdCancel", "Cance&l", "", Place::ButtonRow}.describedAs(
-        "Closes the dialog without a change"),
-};
-constexpr FormSpec kOfBranch{"frmDuplicate", "Duplicate Branch", kControls, "cmdOk", "cmdCancel", "txtName"};
-constexpr FormSpec kOfUnit{"frmDuplicate", "Duplicate Unit", kControls, "cmdOk", "cmdCancel", "txtName"};
+        "Closes the dialog without a change");
+
+constexpr std::array kBranchControls{kName, kMove, kCopies, kOk, kCancel};
+constexpr std::array kUnitControls{kName, kIdentifier, kMove, kCopies, kOk, kCancel};
+constexpr FormSpec kOfBranch{"frmDuplicateBranch", "Duplicate Branch", kBranchControls, "cmdOk",
+                             "cmdCancel",          "txtName"};
+constexpr FormSpec kOfUnit{"frmDuplicateUnit", "Duplicate Unit", kUnitControls, "cmdOk",
+                           "cmdCancel",        "txtName"};
 
 }  // namespace
 
@@ -49,7 +57,6 @@ std::optional<ChangeSet> frmDuplicate::show() {
 void frmDuplicate::Form_Load() {
     const bool unit = node_.tag() == NodeTag::Plc;
     form_->setText("txtName", freeName());
-    form_->setVisible("txtUI", unit);
     if (unit) form_->setText("txtUI", freeIdentifier());
     form_->setText("txtMove", "0");
     form_->setText("txtCopies", "1");
@@ -85,7 +92,7 @@ std::optional<Duplication> frmDuplicate::entered() const {
         return Duplication{.name = form_->text("txtName"),
                            .copies = static_cast<std::size_t>(toInt32(*copies)),
                            .move = toInt32(*move),
-                           .identifier = form_->text("txtUI")};
+                           .identifier = node_.tag() == NodeTag::Plc ? form_->text("txtUI") : ""};
     }
     return std::nullopt;
 }

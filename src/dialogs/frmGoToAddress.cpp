@@ -13,7 +13,8 @@ namespace trevandix {
 namespace {
 
 constexpr std::array kControls{
-    ControlSpec{ControlKind::Choice, "cmbUnit", "&Unit"}.describedAs("Device that holds the address"),
+    ControlSpec{ControlKind::Choice, "cmbUnit", "&Unit", "", Place::NextRow, 44}.describedAs(
+        "Device that holds the address"),
     ControlSpec{ControlKind::Choice, "cmbModbusType", "&ModBus Type"}.describedAs("Table of the device"),
     ControlSpec{ControlKind::Text, "txtAddress", "&Address", "", Place::NextRow, 10, KeyFilter::Numeric}
         .describedAs("Register or bit in the table"),
@@ -44,6 +45,7 @@ void frmGoToAddress::Form_Load(const TreeNode* node) {
     std::vector<std::string> units, tables;
     for (const auto& [key, unit] : configuration.units) units.push_back(unit->getName());
     for (const ModbusTable& table : modbusTables()) tables.emplace_back(table.label);
+    form_->setVisible("txtFound", false);
     form_->setItems("cmbUnit", units);
     form_->setItems("cmbModbusType", tables);
     const TreeNode* unit = node == nullptr ? nullptr : unitAround(configuration, *node);
@@ -74,21 +76,19 @@ std::string frmGoToAddress::search() {
         found_ = &places.nodeOf(*found.at);
         return {};
     }
-    std::string text =
-        "No item lies at " + std::string(table->label) + ' ' + std::to_string(address) + " of this unit.";
-    const auto tell = [&](std::string_view where, const ItemFacts* item) {
-        text.append("\n").append(where);
-        text += item == nullptr ? "nothing"
-                                : shownKey(places.nodeOf(*item).key()) + " (" + shownPlace(*item) + ')';
+    const auto told = [&](const ItemFacts* item) {
+        return item == nullptr ? "nothing"
+                               : shownKey(places.nodeOf(*item).key()) + " (" + shownPlace(*item) + ')';
     };
-    tell("In front of it: ", found.before);
-    tell("Behind it: ", found.behind);
-    return text;
+    return "No item lies at " + std::string(table->label) + ' ' + std::to_string(address) +
+           ". In front of it: " + told(found.before) + ". Behind it: " + told(found.behind) + '.';
 }
 
 void frmGoToAddress::cmdOk_Click() {
-    form_->setText("txtFound", search());
+    const std::string said = search();
     if (found_ != nullptr) return form_->close();
+    form_->setText("txtFound", said);
+    form_->setVisible("txtFound", true);
     form_->setFocus("txtAddress");
 }
 

@@ -84,8 +84,8 @@ bool BulkCommands::duplicable(NodeTag tag) const {
 std::vector<ContextEntry> BulkCommands::contextEntries() const {
     const bool items = std::ranges::any_of(chosen(), [](const TreeNode* node) { return hasItem(*node); });
     return {{"mnuChangeItems", "Change Items...", items},
-            {"mnuDuplicateBranch", "Duplicate Branch...", duplicable(NodeTag::Branch)},
-            {"mnuDuplicateUnit", "Duplicate Unit...", duplicable(NodeTag::Plc)},
+            {"mnuDuplicate", "Duplicate Branch...", duplicable(NodeTag::Branch)},
+            {"mnuDuplicate", "Duplicate Unit...", duplicable(NodeTag::Plc)},
             {"mnuLineSettings", "Line Settings...", hasLines()},
             {"mnuGoToAddress", "Go to Address...", hasUnits()}};
 }
@@ -106,9 +106,12 @@ void BulkCommands::mnuChangeItems_Click() {
     });
 }
 
-void BulkCommands::duplicate(NodeTag tag, std::string_view caption) {
-    context_.guarded("duplicate", [&] {
-        if (!duplicable(tag)) return;
+void BulkCommands::mnuDuplicate_Click() {
+    context_.guarded("mnuDuplicate_Click", [&] {
+        const bool unit = duplicable(NodeTag::Plc);
+        if (!unit && !duplicable(NodeTag::Branch))
+            return context_.news.tell("Nothing added: neither a branch nor a unit is selected");
+        const std::string_view caption = unit ? "Duplicate Unit" : "Duplicate Branch";
         frmDuplicate dialog(dialogContext(), *current());
         const auto made = carryOut(context_, dialog, {caption, "object", "objects"});
         if (!made) return;
@@ -119,7 +122,7 @@ void BulkCommands::duplicate(NodeTag tag, std::string_view caption) {
 
 void BulkCommands::mnuLineSettings_Click() {
     context_.guarded("mnuLineSettings_Click", [&] {
-        if (!hasLines()) return;
+        if (!hasLines()) return context_.news.tell("Nothing changed: there is no serial line");
         const TreeNode* node = current();
         const TreeNode* unit = node == nullptr ? nullptr : unitAround(context_.configuration, *node);
         const auto record = unit == nullptr ? nullptr : context_.configuration.units.find(unit->key());
@@ -131,7 +134,7 @@ void BulkCommands::mnuLineSettings_Click() {
 
 void BulkCommands::mnuGoToAddress_Click() {
     context_.guarded("mnuGoToAddress_Click", [&] {
-        if (!hasUnits()) return;
+        if (!hasUnits()) return context_.news.tell("Nothing found: there is no unit");
         const TreeNode* found = frmGoToAddress(dialogContext()).show(current());
         if (found != nullptr) select(context_.tree().at(found->key()));
     });

@@ -17,8 +17,8 @@ public:
     BulkCommands(const EditorContext& context, TreeAndList& views) : context_(context), views_(views) {}
 
     void mnuChangeItems_Click();
-    void mnuDuplicateBranch_Click() { duplicate(NodeTag::Branch, "Duplicate Branch"); }
-    void mnuDuplicateUnit_Click() { duplicate(NodeTag::Plc, "Duplicate Unit"); }
+    /// Of a branch or a unit.
+    void mnuDuplicate_Click();
     void mnuLineSettings_Click();
     void mnuGoToAddress_Click();
     std::vector<ContextEntry> contextEntries() const;
@@ -29,7 +29,6 @@ private:
     bool duplicable(NodeTag tag) const;
     bool hasUnits() const;
     bool hasLines() const;
-    void duplicate(NodeTag tag, std::string_view caption);
     void select(TreeNode& node);
     DialogContext dialogContext() const;
 

@@ -104,10 +104,9 @@ std::span<const CommandRow> commandRows() {
             "", "redo", "", "Ctrl+Shift+Z", "", {}, kAlways, [](F& f) { f.undo_.mnuRedo_Click(); }, kNoStep),
         row("", "mnuChangeItems", "", "Ctrl+E", "", {}, kAlways,
             [](F& f) { f.bulk_.mnuChangeItems_Click(); }),
-        row("", "mnuDuplicateBranch", "", "", "", {}, kAlways,
-            [](F& f) { f.bulk_.mnuDuplicateBranch_Click(); }),
-        row("", "mnuDuplicateUnit", "", "", "", {}, kAlways, [](F& f) { f.bulk_.mnuDuplicateUnit_Click(); }),
-        row("", "mnuLineSettings", "", "", "", {}, kAlways, [](F& f) { f.bulk_.mnuLineSettings_Click(); }),
+        row("", "mnuDuplicate", "", "Ctrl+D", "", {}, kAlways, [](F& f) { f.bulk_.mnuDuplicate_Click(); }),
+        row("", "mnuLineSettings", "", "Ctrl+L", "", {}, kAlways,
+            [](F& f) { f.bulk_.mnuLineSettings_Click(); }),
         row(
             "", "mnuGoToAddress", "", "Ctrl+G", "", {}, kAlways, [](F& f) { f.bulk_.mnuGoToAddress_Click(); },
             kNoStep),
