@@ -305,7 +305,7 @@ run_unit_tests() {
 # The scripts of tests/window, with the same keys as on Linux.
 run_window_test() {
     local flow
-    for flow in new open-view-save editing undo problems tables map large random crash portable; do
+    for flow in new open-view-save editing undo bulk problems tables map large random crash portable; do
         say "window.$flow"
         TREVANDIX_PROGRAM=$windows_output/trevandix-editor.exe timeout 120 \
             "$windows_root/tests/window/$flow.sh" || return

@@ -22,14 +22,16 @@ bool hasItem(const TreeNode& top) {
 }
 
 struct Wording {
-    std::string_view caption, one, many;
+    std::string_view title;  // of the dialog
+    std::string_view one, many;
 };
 
 // Asks until the user confirms what is shown, or cancels; then makes it. Returns what was made.
 template <typename Dialog>
 std::optional<ChangeSet> carryOut(const EditorContext& context, Dialog& dialog, const Wording& wording) {
+    const std::string caption = "Preview: " + std::string(wording.title);
     while (auto changes = dialog.show()) {
-        const ChangesToConfirm shown{wording.caption, changes->changes(), wording.one, wording.many};
+        const ChangesToConfirm shown{caption, changes->changes(), wording.one, wording.many};
         if (!confirmChanges(context.platform.forms, shown)) continue;
         const PointerScope hourglass(context.platform.pointer, Pointer::Hourglass);
         changes->apply(context.configuration);
@@ -111,9 +113,9 @@ void BulkCommands::mnuDuplicate_Click() {
         const bool unit = duplicable(NodeTag::Plc);
         if (!unit && !duplicable(NodeTag::Branch))
             return context_.news.tell("Nothing added: neither a branch nor a unit is selected");
-        const std::string_view caption = unit ? "Duplicate Unit" : "Duplicate Branch";
+        const std::string_view title = unit ? "Duplicate Unit" : "Duplicate Branch";
         frmDuplicate dialog(dialogContext(), *current());
-        const auto made = carryOut(context_, dialog, {caption, "object", "objects"});
+        const auto made = carryOut(context_, dialog, {title, "object", "objects"});
         if (!made) return;
         const auto first = std::ranges::find_if_not(made->changes(), &IntendedChange::refused);
         select(context_.tree().at(first->object));
