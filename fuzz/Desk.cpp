@@ -121,6 +121,13 @@ void Desk::work(FakeForm& form, const Texts& entries) {
             if (form.open) form.fill(each);
         return;
     }
+    if (name == "frmChanges") {
+        log_.push_back("preview " + form.text("lblCounts"));
+        const auto does = [&](const char* entry) { return std::ranges::count(entries, entry) > 0; };
+        if (does("Only") && form.visible("chkAccepted")) form.toggle("chkAccepted");
+        if (does("Confirm") && form.enabled("cmdConfirm")) form.press("cmdConfirm");
+        return;
+    }
     log_.push_back("opens " + name + shown(form));
     for (const std::string& each : entries) {
         if (!form.open) return;
@@ -190,7 +197,11 @@ std::string Desk::apply(const Step& step) {
     place_.forms.shown.clear();
     place_.messages.answers.clear();
     for (const char each : step.answers) place_.messages.answers.push_back(answers.at(each));
-    place_.forms.scripts.assign({[&](FakeForm& form) { work(form, step.entries); }});
+    // A dialog is there again after a preview that is not confirmed.
+    const auto once = [this, &step, asked = false](FakeForm& form) mutable {
+        if (!std::exchange(asked, true)) work(form, step.entries);
+    };
+    place_.forms.scripts.assign(2, once);
     act(step);
     place_.forms.scripts.clear();
     place_.messages.take();

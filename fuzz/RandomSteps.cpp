@@ -17,9 +17,10 @@ const std::vector<std::pair<std::string, unsigned>> kVerbs{
     {"mnuPaste", 32},     {"mnuDelete", 12},   {"mnuPasteName", 40}, {"mnuPasteComment", 16},
     {"mnuIcon", 2},       {"mnuSmallIcon", 2}, {"mnuList", 2},       {"mnuReport", 2},
     {"mnuNewCfg", 1},     {"mnuOpenCfg", 4},   {"mnuSaveCfg", 6},    {"mnuSaveAs", 3},
-    {"mnuCloseCfg", 1},   {"undo", 50},        {"redo", 30}};
+    {"mnuCloseCfg", 1},   {"undo", 50},        {"redo", 30},         {"mnuChangeItems", 40},
+    {"mnuDuplicate", 20}};
 
-const Texts kRowVerbs{"mnuCopy",         "mnuCopy", "mnuPasteName", "mnuPasteName",
+const Texts kRowVerbs{"mnuChangeItems",  "mnuCopy", "mnuPasteName", "mnuPasteName",
                       "mnuPasteComment", "mnuCut",  "sort",         "rows"};
 
 /// What to type or choose in a field, and how often out of eight times.
@@ -65,6 +66,24 @@ const std::map<std::string, std::vector<Entries>> kDialogs{
       {"cmbBit", 3, {"0", "3", "15"}},
       {"txtElements", 3, {"1", "2", "3", "5", "8", "20", "-1", "", "40000"}},
       {"cmbAccessRight", 7, {"READ", "READ", "READ", "WRITE", "READWRITE"}}}},
+    {"mnuChangeItems",
+     {{"cmbModbusType", 2, {"input status", "coil", "input register", "holding register"}},
+      {"cmbDataType", 2, {"boolean", "boolean array", "string", "signed 16 bit", "32 bit float"}},
+      {"txtElements", 1, {"3", "5", "-1", "", "40000"}},
+      {"cmbAccessRight", 1, {"READ", "WRITE"}},
+      {"txtComment", 1, {"pump", "", "x<y"}},
+      {"txtMove", 2, {"1", "-1", "100", "70000"}},
+      {"txtStart", 2, {"0", "10", "65530"}},
+      {"cmbBit", 1, {"3", "15"}},
+      {"cmbWhere", 2, {"Comments"}},
+      {"txtFind", 5, {"a", "N", "n1", "1", "2", "N2"}},
+      {"txtReplace", 6, {"2", "n2", "", "N", "b c", "1"}},
+      {"chkCase", 4, {}}}},
+    {"mnuDuplicate",
+     {{"txtName", 3, kNames},
+      {"txtUI", 2, {"1", "3", "7", "250", "255", "-1", "abc", ""}},
+      {"txtMove", 4, {"1", "10", "-1", "70000", ""}},
+      {"txtCopies", 2, {"2", "3", "0", ""}}}},
     {"mnuNewCfg", {{"optRTU", 4, {}}}}};
 const std::vector<Texts> kEndings{{"cmdOk"}, {"cmdOk"}, {"cmdOk"},     {"cmdOk"},
                                   {"cmdOk"}, {"cmdOk"}, {"cmdCancel"}, {"cmdOk", "cmdCancel"},
@@ -75,6 +94,11 @@ const std::vector<Texts> kItemEndings{{"cmdAdd", "cmdOk"},
                                       {"cmdGroup", "txtNumbItems=2.5", "cmdOkNumber", "cmdOk"},
                                       {"cmdGroup", "txtNumbItems=x", "cmdOk", "cmdOkNumber", "cmdOk"},
                                       {"cmdGroup", "txtNumbItems=", "cmdOkNumber", "cmdOk"}};
+const std::vector<Texts> kBulkEndings{{"cmdOk", "Only", "Confirm"},
+                                      {"cmdOk", "Only", "Confirm"},
+                                      {"cmdOk", "Confirm"},
+                                      {"cmdOk"},
+                                      {"cmdCancel"}};
 const Texts kEdited{"mnuAddPlc", "mnuAddMBType", "mnuAddItem", "mnuAddItem"};
 const Texts kFiles{"one.xml", "two.xml", "TrevandixTcpIp.xml", "TrevandixRTU.xml"};
 const Texts kLines{"A", "a", "B", "N1", "N2", "N3", "n1", "n2", "n3", " x ", "b c", "B.A", "", "coil"};
@@ -171,7 +195,10 @@ private:
             if (often(each.often))
                 made.push_back(each.texts.empty() ? each.field : each.field + "=" + one(each.texts));
         const bool item = dialog == "mnuAddItem";
-        for (const std::string& each : item&& often(3) ? one(kItemEndings) : one(kEndings))
+        const bool bulk = dialog == "mnuChangeItems" || dialog == "mnuDuplicate";
+        for (const std::string& each : bulk              ? one(kBulkEndings)
+                                       : item&& often(3) ? one(kItemEndings)
+                                                         : one(kEndings))
             made.push_back(each);
         return made;
     }

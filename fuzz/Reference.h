@@ -195,6 +195,29 @@ private:
     void addOne(Sheet& sheet);
     void addGroup(Sheet& sheet);
 
+    /// What a record is to become. `node` is that of an item; see also `intendCopies`.
+    struct Intended {
+        Record record;
+        std::string tag;
+        int node;
+        bool refused;
+    };
+    Record itemTexts(const Record& item) const;
+    std::vector<int> chosen() const;
+    void changeItems(const Texts& entries);
+    void offerValues(Sheet& sheet);
+    void chooseLabelOfMany(Sheet& sheet);
+    void intendChanges(Sheet& sheet);
+    static void number(Record& fields, std::pair<int, int>& place);
+    void intendChange(int id, const Record& old, const Record& before, Record fields, bool elementsGiven);
+    void refuseTakenNames();
+    bool preview(const Texts& entries, const std::string& one, const std::string& what);
+    void applyChanges();
+    void duplicate(const Texts& entries);
+    void intendCopies(Sheet& sheet);
+    std::string wrongCopy(Sheet& sheet, int copy, const std::string& name,
+                          const std::set<std::string>& identifiers, Record& made);
+
     std::string folder_;
     std::map<int, Node> nodes_;  // numbered in order of addition
     int nextNode_ = 1, root_ = 0, selected_ = 0, highlight_ = 0;
@@ -216,6 +239,8 @@ private:
     bool finding_ = false;
     int matches_ = 0;
     bool added_ = false;                        // the dialog's result
+    std::vector<int> bulk_;                     // what a bulk change is about
+    std::vector<Intended> intended_;            // and what it would do
     std::map<std::string, std::string> files_;  // content by path
     std::set<std::string> doubtful_;
     std::string wrote_, answers_;

@@ -83,6 +83,8 @@ void Reference::command(const Step& step) {
         {"mnuDelete", [&] { deleteObjects(); }},
         {"mnuPasteName", [&] { pasteTexts(true, step.arg, step.entries); }},
         {"mnuPasteComment", [&] { pasteTexts(false, step.arg, step.entries); }},
+        {"mnuChangeItems", [&] { changeItems(step.entries); }},
+        {"mnuDuplicate", [&] { duplicate(step.entries); }},
         {"mnuIcon", [&] { showAs(0); }},
         {"mnuSmallIcon", [&] { showAs(1); }},
         {"mnuList", [&] { showAs(2); }},

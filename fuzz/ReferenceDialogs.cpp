@@ -8,8 +8,9 @@ namespace trevandix::testing {
 namespace {
 
 std::string filtered(const std::string& sheet, const std::string& box, const std::string& text) {
-    const bool number =
-        sheet == "frmItems" && (box == "txtAddress" || box == "txtElements" || box == "txtNumbItems");
+    const bool number = box == "txtAddress" ? sheet == "frmItems"
+                                            : box == "txtElements" || box == "txtNumbItems" ||
+                                                  box == "txtMove" || box == "txtStart" || box == "txtCopies";
     std::string kept;
     for (const char c : text) {
         const bool digit = c >= '0' && c <= '9';
@@ -77,30 +78,33 @@ bool Reference::enter(Sheet& sheet, const std::string& entry) {
 }
 
 void Reference::pressed(Sheet& sheet, const std::string& control) {
-    const std::map<std::string, Body> handlers{{"cmdCancel", [&] { sheet.open = false; }},
-                                               {"chkSingle",
-                                                [&] {
-                                                    Box& code = sheet.boxes["txtSingleCode"];
-                                                    code.on = sheet.boxes["chkSingle"].checked;
-                                                    if (!code.on) code.text = "";
-                                                }},
-                                               {"cmbMBType", [&] { presetType(sheet); }},
-                                               {"cmbModbusType", [&] { chooseTable(sheet); }},
-                                               {"cmbDataType", [&] { chooseLabel(sheet); }},
-                                               {"cmdAdd", [&] { addOne(sheet); }},
-                                               {"cmdGroup",
-                                                [&] {
-                                                    sheet.panel = true;
-                                                    sheet.text("txtNumbItems") = "1";
-                                                }},
-                                               {"cmdOkNumber", [&] { addGroup(sheet); }},
-                                               {"cmdOk", [&] {
-                                                    if (sheet.name == "frmPLC") return confirmUnit(sheet);
-                                                    if (sheet.name == "frmModBus") return confirmType(sheet);
-                                                    if (sheet.name == "frmBranch")
-                                                        return confirmBranch(sheet);
-                                                    if (confirmItem(sheet)) sheet.open = false;
-                                                }}};
+    const bool many = sheet.name == "frmChangeItems";
+    const std::map<std::string, Body> handlers{
+        {"cmdCancel", [&] { sheet.open = false; }},
+        {"chkSingle",
+         [&] {
+             Box& code = sheet.boxes["txtSingleCode"];
+             code.on = sheet.boxes["chkSingle"].checked;
+             if (!code.on) code.text = "";
+         }},
+        {"cmbMBType", [&] { presetType(sheet); }},
+        {"cmbModbusType", [&] { many ? offerValues(sheet) : chooseTable(sheet); }},
+        {"cmbDataType", [&] { many ? chooseLabelOfMany(sheet) : chooseLabel(sheet); }},
+        {"cmdAdd", [&] { addOne(sheet); }},
+        {"cmdGroup",
+         [&] {
+             sheet.panel = true;
+             sheet.text("txtNumbItems") = "1";
+         }},
+        {"cmdOkNumber", [&] { addGroup(sheet); }},
+        {"cmdOk", [&] {
+             if (many) return intendChanges(sheet);
+             if (sheet.name.starts_with("frmDuplicate")) return intendCopies(sheet);
+             if (sheet.name == "frmPLC") return confirmUnit(sheet);
+             if (sheet.name == "frmModBus") return confirmType(sheet);
+             if (sheet.name == "frmBranch") return confirmBranch(sheet);
+             if (confirmItem(sheet)) sheet.open = false;
+         }}};
     const auto found = handlers.find(control);
     if (found != handlers.end()) guarded(control + "_Click", found->second);
 }

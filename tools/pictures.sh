@@ -57,6 +57,20 @@ copied 'Chlorine\r\nConductance\r\nFlow_Rate\r\nRedox_Potential\r\n'
 go 2 Tab ctrl+a
 menu e Up Up Return
 shot_of replace "Replace Text" Escape
+go 2 ctrl+e
+shot_of change-items "Change Items" Escape
+keys ctrl+d
+await "Duplicate Branch"
+shot duplicate
+fill_text m 20
+keys Return
+shot_of preview "Preview: Duplicate Branch" Escape
+leave_dialog
+keys ctrl+g
+await "Go to Address"
+fill_text a 1000
+keys Return
+shot_of go-to-address "Go to Address" Escape
 keys ctrl+s
 shot_of question "$box" Escape
 menu a Return

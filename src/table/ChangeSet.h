@@ -71,7 +71,7 @@ public:
     /// The name of their step to undo, instead of "Import 3 changes".
     void setStepName(std::string name) { stepName_ = std::move(name); }
     /// Makes all accepted changes, as one step that can be undone, and marks the configuration as unsaved;
-    /// without any it does nothing. Added nodes become visible, of a copied branch or unit that one. Errors:
+    /// without any it does nothing. Added nodes become visible. Errors:
     /// InvalidCall if the configuration, which must be the open one that was judged, has changed since; on
     /// any error it is as it was.
     void apply(Configuration& configuration, const TableProgress& progress = {}) const;

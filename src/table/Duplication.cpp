@@ -73,7 +73,7 @@ public:
                 made[i] = &configuration.addBranch(*branch, above);
             else
                 made[i] = &configuration.addItem(std::get<clsItem>(draft.record), above);
-            if (draft.above == kTop) configuration.tree.ensureVisible(*made[i]);
+            configuration.tree.ensureVisible(*made[i]);
         }
     }
 

@@ -52,6 +52,11 @@ leave_dialog
 keys ctrl+f
 told "Find Item" "Type the name"
 leave_dialog
+for dialog in "e:Change Items" "d:Duplicate Unit" "g:Go to Address"; do
+    go 1 "ctrl+${dialog%%:*}"
+    told "${dialog#*:}"
+    leave_dialog
+done
 copied 'Chlorine\r\nConductance\r\nRedox_Potential\r\n'
 go 2 Tab ctrl+a alt+e Up Up Return
 told "Replace Text" Confirm
