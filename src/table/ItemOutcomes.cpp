@@ -41,6 +41,7 @@ void ItemOutcomes::end(ItemOutcome& made, const Key& container, Entered entered)
         made.record.SetByForm(made.fields, container);
         if (!otherType) made.record.sDataType(made.old->sDataType());
         made.after = made.record.texts();
+        made.after.type = made.fields.type;  // which a record of coils would hide
     } catch (const RuntimeError& error) {
         made.failure = error.what();
     }
