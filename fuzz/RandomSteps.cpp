@@ -17,10 +17,47 @@ const std::vector<std::pair<std::string, unsigned>> kVerbs{
     {"mnuPaste", 32},     {"mnuDelete", 12},   {"mnuPasteName", 40}, {"mnuPasteComment", 16},
     {"mnuIcon", 2},       {"mnuSmallIcon", 2}, {"mnuList", 2},       {"mnuReport", 2},
     {"mnuNewCfg", 1},     {"mnuOpenCfg", 4},   {"mnuSaveCfg", 6},    {"mnuSaveAs", 3},
-    {"mnuCloseCfg", 1},   {"undo", 50},        {"redo", 30},         {"mnuChangeItems", 40},
-    {"mnuDuplicate", 20}};
+    {"mnuCloseCfg", 1},   {"undo", 50},        {"redo", 30}};
 
-const Texts kRowVerbs{"mnuChangeItems",  "mnuCopy", "mnuPasteName", "mnuPasteName",
+// Of users who change many objects at once, and what they begin with.
+const std::vector<std::pair<std::string, unsigned>> kBulkVerbs{{"click", 40},
+                                                               {"rows", 40},
+                                                               {"focus", 10},
+                                                               {"sort", 4},
+                                                               {"copy", 6},
+                                                               {"drag", 4},
+                                                               {"edit", 10},
+                                                               {"undo", 20},
+                                                               {"redo", 10},
+                                                               {"mnuAddItem", 10},
+                                                               {"mnuAddBranch", 6},
+                                                               {"mnuDelete", 10},
+                                                               {"mnuChangeItems", 120},
+                                                               {"mnuDuplicate", 40},
+                                                               {"mnuPasteName", 10}};
+const std::vector<Step> kPlant{
+    {"mnuNewCfg", "", "one.xml", {"cmdOk"}},
+    {"mnuAddPlc", "", "", {"txtName=A", "cmdOk"}},
+    {"mnuAddBranch", "", "", {"txtBranchName=B", "cmdOk"}},
+    {"click", "ModBus"},
+    {"mnuAddMBType", "", "", {"cmbMBType=coil", "cmdOk"}},
+    {"mnuAddMBType", "", "", {"cmbMBType=input register", "cmdOk"}},
+    {"mnuAddMBType", "", "", {"cmbMBType=holding register", "cmdOk"}},
+    {"click", "A.B"},
+    {"mnuAddItem",
+     "",
+     "",
+     {"cmbModbusType=holding register", "cmbDataType=signed 16 bit", "cmbAccessRight=READ", "txtAddress=10",
+      "txtItemName=n1", "cmdGroup", "txtNumbItems=3", "cmdOkNumber", "cmbDataType=string", "txtElements=5",
+      "txtItemName=N2", "txtComment=pump 1", "cmdOk"}},
+    {"click", "A"},
+    {"mnuAddItem",
+     "",
+     "",
+     {"cmbModbusType=coil", "cmbDataType=boolean", "cmbAccessRight=READWRITE", "txtAddress=0",
+      "txtItemName=a", "cmdAdd", "txtItemName=b1", "cmdOk"}}};
+
+const Texts kRowVerbs{"mnuCopy",         "mnuCopy", "mnuPasteName", "mnuPasteName",
                       "mnuPasteComment", "mnuCut",  "sort",         "rows"};
 
 /// What to type or choose in a field, and how often out of eight times.
@@ -107,20 +144,20 @@ const Texts kSought{"a", "N", "new", "mod", "", "co", "zz"};
 /// Chooses the next step from what the reference shows.
 class User {
 public:
-    User(const Choice& choice, const Reference& reference, bool careless)
-        : choice_(choice), reference_(reference), careless_(careless) {}
+    User(const Choice& choice, const Reference& reference, bool careless, bool bulk)
+        : choice_(choice), reference_(reference), careless_(careless), bulk_(bulk) {}
 
     Step next() {
         if (!reference_.treeVisible()) return file(choice_(3) == 0 ? "mnuOpenCfg" : "mnuNewCfg");
         // Who takes back something often goes on with it. A click may sort what an Undo puts back into.
-        if (undoing_ && often(6)) {
+        if (undoing_ && often(bulk_ ? 3 : 6)) {
             if (often(1)) return {"click", anyKey()};
             return {often(4) ? "undo" : "redo"};
         }
         undoing_ = false;
         for (int tries = 0; tries < 8; ++tries) {
             // With rows selected, prefers a command for rows.
-            const bool rows = reference_.selectedRows().size() > 0 && often(4);
+            const bool rows = !bulk_ && reference_.selectedRows().size() > 0 && often(4);
             Step step{rows ? one(kRowVerbs) : verb()};
             if (!reference_.enabled(step.verb)) continue;
             complete(step);
@@ -138,10 +175,11 @@ private:
     bool often(unsigned ofEight) { return choice_(8) < ofEight; }
 
     std::string verb() {
+        const auto& verbs = bulk_ ? kBulkVerbs : kVerbs;
         unsigned all = 0;
-        for (const auto& [name, weight] : kVerbs) all += weight;
+        for (const auto& [name, weight] : verbs) all += weight;
         unsigned rest = choice_(all);
-        for (const auto& [name, weight] : kVerbs) {
+        for (const auto& [name, weight] : verbs) {
             if (rest < weight) return name;
             rest -= weight;
         }
@@ -240,6 +278,7 @@ private:
     const Choice& choice_;
     const Reference& reference_;
     bool careless_;
+    bool bulk_;
     bool undoing_ = false;
 };
 
@@ -252,27 +291,38 @@ std::string differenceOf(const std::vector<Step>& steps) {
 
 }  // namespace
 
-Walk walk(const Choice& choice, std::size_t most, bool careless) {
+namespace {
+
+Walk walkAs(const Choice& choice, std::size_t most, bool careless, bool bulk) {
     Desk desk;
-    User user(choice, desk.reference(), careless);
+    User user(choice, desk.reference(), careless, bulk);
     Walk walked;
-    while (walked.steps.size() < most && walked.difference.empty()) {
-        walked.steps.push_back(user.next());
-        walked.difference = desk.apply(walked.steps.back());
-    }
-    // At last everything back, and everything again.
     const auto goOn = [&](const Step& step) {
         walked.steps.push_back(step);
         walked.difference = desk.apply(step);
     };
+    for (std::size_t i = 0; i < most && walked.difference.empty(); ++i)
+        goOn(bulk && i < kPlant.size() ? kPlant[i] : user.next());
+    // At last everything back, and everything again.
     while (walked.difference.empty() && desk.reference().canUndo()) goOn({"undo"});
     while (walked.difference.empty() && desk.reference().canRedo()) goOn({"redo"});
     return walked;
 }
 
+}  // namespace
+
+Walk walk(const Choice& choice, std::size_t most, bool careless) {
+    return walkAs(choice, most, careless, false);
+}
+
 Walk walk(unsigned seed, std::size_t most, bool careless) {
     std::mt19937 random(seed);
     return walk([&](unsigned limit) { return static_cast<unsigned>(random() % limit); }, most, careless);
+}
+
+Walk bulkWalk(unsigned seed, std::size_t most) {
+    std::mt19937 random(seed);
+    return walkAs([&](unsigned limit) { return static_cast<unsigned>(random() % limit); }, most, false, true);
 }
 
 // Removes parts of the walk, long ones first, as long as a difference remains.

@@ -23,4 +23,7 @@ Walk walk(const Choice& choice, std::size_t most, bool careless = false);
 /// The same, with choices from a seed.
 Walk walk(unsigned seed, std::size_t most, bool careless = false);
 
+/// The same from a small plant on, mostly with changes of many objects.
+Walk bulkWalk(unsigned seed, std::size_t most);
+
 }  // namespace trevandix::testing

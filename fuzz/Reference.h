@@ -203,6 +203,7 @@ private:
         bool refused;
     };
     Record itemTexts(const Record& item) const;
+    int unitAround(int id) const;
     std::vector<int> chosen() const;
     void changeItems(const Texts& entries);
     void offerValues(Sheet& sheet);

@@ -67,6 +67,12 @@ Reference::Record Reference::itemTexts(const Record& item) const {
     return texts;
 }
 
+// 0 outside the units that a file would hold.
+int Reference::unitAround(int id) const {
+    while (id != root_ && nodes_.at(id).parent != root_) id = nodes_.at(id).parent;
+    return nodes_.at(id).tag == "plc" && entry("plc", nodes_.at(id).key) != nullptr ? id : 0;
+}
+
 std::vector<int> Reference::chosen() const {
     std::vector<int> ids;
     for (const std::size_t row : selectedRows_)
@@ -149,8 +155,7 @@ void Reference::intendChanges(Sheet& s) {
             if (s.boxes[box].on && s.text(box) != s.old[field]) fields[field] = s.text(box);
         if (!move.empty()) fields["address"] = std::to_string(std::stoi(old.at("address")) + std::stoi(move));
         if (!start.empty()) {
-            int unit = id;
-            while (nodes_.at(unit).parent != root_) unit = nodes_.at(unit).parent;
+            const int unit = unitAround(id);
             auto& place =
                 next.try_emplace({unit, fields["table"]}, std::stoi(start), std::stoi(s.text("cmbBit")))
                     .first->second;
@@ -323,10 +328,8 @@ void Reference::duplicate(const Texts& entries) {
     if (chosen().empty()) return;
     const int source = chosen().back();
     const Node& node = nodes_.at(source);
-    int unit = source;
-    while (unit != root_ && nodes_.at(unit).parent != root_) unit = nodes_.at(unit).parent;
-    const bool inUnit = nodes_.at(unit).tag == "plc" && entry("plc", nodes_.at(unit).key) != nullptr;
-    if (!inUnit || (node.tag != "branch" && (node.tag != "plc" || unit != source))) return;
+    const int unit = unitAround(source);
+    if (unit == 0 || (node.tag != "branch" && unit != source)) return;
     const bool isUnit = node.tag == "plc";
     Texts boxes{"txtName", "txtMove", "txtCopies", "cmdOk", "cmdCancel"};
     if (isUnit) boxes.emplace_back("txtUI");

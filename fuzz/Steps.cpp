@@ -12,7 +12,8 @@ int main(int count, char** arguments) {
     unsigned seed = count > 2 ? static_cast<unsigned>(std::strtoul(arguments[2], nullptr, 10)) : 1;
     unsigned long long steps = 0;
     for (; steps < wanted; ++seed) {
-        const auto walked = trevandix::testing::walk(seed, kLongest, seed % 4 == 0);
+        using namespace trevandix::testing;
+        const Walk walked = seed % 3 == 0 ? bulkWalk(seed, kLongest) : walk(seed, kLongest, seed % 4 == 0);
         steps += walked.steps.size();
         if (walked.difference.empty()) continue;
         std::printf("seed %u, step %zu:\n%s\n", seed, walked.steps.size(), walked.difference.c_str());

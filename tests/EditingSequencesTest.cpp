@@ -18,6 +18,10 @@ TEST(EditingSequences, RandomStepsMatchTheReference) {
     }
 }
 
+TEST(EditingSequences, RandomBulkChangesMatchTheReference) {
+    for (unsigned seed = 1; seed <= 12; ++seed) ASSERT_EQ(bulkWalk(seed, 300).told(), "") << "seed " << seed;
+}
+
 TEST(EditingSequences, TheOldestStepsAreDropped) {
     PlantedWorkplace place({"U", "U.B/", "U.B.x"});
     place.saved();
