@@ -45,7 +45,7 @@ std::string nameBehind(const std::string& name, int steps) {
 std::string branchFault(const std::string& name) {
     if (name.empty()) return "New branch name is empty";
     if (name.front() == ' ' || name.back() == ' ') return "New branch name has a blank at its end";
-    for (const char c : name) {
+    for (const char& c : name) {
         const bool letter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
         const bool part = letter || (c >= '0' && c <= '9') || c == '-' || c == '.';
         if (!letter && &c == name.data()) return std::string("New branch name begins with \"") + c + "\"";
@@ -218,8 +218,8 @@ void Reference::intendChange(int id, const Record& old, const Record& before, Re
     for (const char* each : {"name", "comment", "table", "address", "bit", "label", "elements", "right"})
         if (after.at(each) != before.at(each)) changed.insert(each);
     if (changed.empty()) return;
-    if (changed.contains("table")) changed.insert({"bit", "label", "right"});
-    if (changed.contains("label")) changed.insert({"bit", "elements"});
+    if (changed.contains("label")) changed.insert("elements");
+    if (changed.contains("table")) changed.insert({"label", "right"});
     const auto judged = [&](const char* field) { return changed.contains(field); };
     const auto lacks = [](const Texts& texts, const std::string& text) {
         return std::ranges::count(texts, text) == 0;
