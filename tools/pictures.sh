@@ -57,6 +57,7 @@ copied 'Chlorine\r\nConductance\r\nFlow_Rate\r\nRedox_Potential\r\n'
 go 2 Tab ctrl+a
 menu e Up Up Return
 shot_of replace "Replace Text" Escape
+keys F6
 go 2 ctrl+e
 shot_of change-items "Change Items" Escape
 keys ctrl+d
@@ -64,7 +65,10 @@ await "Duplicate Branch"
 shot duplicate
 fill_text m 20
 keys Return
-shot_of preview "Preview: Duplicate Branch" Escape
+await "Preview: Duplicate Branch"
+shot preview
+keys Escape
+await "Duplicate Branch"
 leave_dialog
 keys ctrl+g
 await "Go to Address"

@@ -4,6 +4,7 @@
 #include <span>
 #include <utility>
 
+#include "check/Wording.h"
 #include "model/UnitChoices.h"
 
 namespace trevandix {
@@ -71,16 +72,18 @@ void frmLineSettings::Form_Load(std::string_view port) {
 
 void frmLineSettings::cmbPort_Click() {
     const std::string port = form_->text("cmbPort");
+    constexpr std::size_t kMostNames = 6;
     std::string names;
+    std::size_t count = 0;
     for (const auto& [key, unit] : context_.configuration.units) {
         if (unit->getCom() != port) continue;
         const UnitFields texts = unit->texts(kRtu);
-        if (names.empty()) common_ = texts;
+        if (count == 0) common_ = texts;
         for (const Row& row : kRows)
             if (row.text != nullptr) keepCommon(common_.*row.text, texts.*row.text);
-        names.append(names.empty() ? "Units: " : ", ").append(unit->getName());
+        if (count++ < kMostNames) names.append(names.empty() ? "Units: " : ", ").append(unit->getName());
     }
-    form_->setText("lblUnits", names);
+    form_->setText("lblUnits", names + andMore(count - std::min(count, kMostNames)));
     for (const Row& row : kRows) {
         if (row.text == nullptr) continue;
         form_->setItems(row.control.name, {row.choices.begin(), row.choices.end()});
