@@ -96,7 +96,7 @@ private:
 std::string shownPartner(const Survey& survey, const ItemFacts& item) {
     std::string_view key = *survey.objects[item.object].key;
     key.remove_prefix(std::min(key.size(), survey.objects[item.unit].key->view().size() + 1));
-    return shownKey(key) + " (" + shownPlace(item.table(), item.span(), item.value().bitwise()) + ")";
+    return shownKey(key) + " (" + shownPlace(item) + ")";
 }
 
 std::string told(const Survey& survey, const Partners& partners) {

@@ -4,34 +4,15 @@
 
 namespace trevandix {
 
-namespace {
-
-constexpr std::int64_t kRegisterBits = 16;
-
-std::int64_t unitOf(const ModbusTable& table) {
-    return table.registers ? kRegisterBits : 1;
-}
-
-}  // namespace
-
 std::string shownPlace(const ItemFacts& item) {
-    const Span span = item.span();
-    const ModbusTable& table = *item.type->modbus;
-    const std::int64_t first = span.begin / unitOf(table);
-    const std::int64_t last = (span.end - 1) / unitOf(table);
-    std::string text(item.type->table);
-    text += ' ' + std::to_string(first);
-    if (table.registers && item.type->value->bitwise())
-        text += " bit " + std::to_string(span.begin % kRegisterBits);
-    if (last > first) text += " to " + std::to_string(last);
-    return text;
+    return shownPlace(item.table(), item.span(), item.value().bitwise());
 }
 
 Places::Places(const Survey& survey, const TreeNode& unit) : survey_(survey) {
     for (const ItemFacts& item : survey.items) {
         if (!item.type->known() || survey.objects[item.unit].node != &unit) continue;
         const Span span = item.span();
-        if (!span.empty()) rows_[item.type->modbus].push_back({span, &item, &item, span.end});
+        if (!span.empty()) rows_[&item.table()].push_back({span, &item, &item, span.end});
     }
     for (auto& [table, row] : rows_) {
         std::ranges::stable_sort(row, {}, [](const Place& place) { return place.span.begin; });
@@ -58,7 +39,7 @@ const ItemFacts* Places::in(const ModbusTable& table, const Span& span) const {
 }
 
 Places::Found Places::find(const ModbusTable& table, std::int32_t address) const {
-    const Span wanted{address * unitOf(table), (std::int64_t{address} + 1) * unitOf(table)};
+    const Span wanted{address * unitsPerAddress(table), (std::int64_t{address} + 1) * unitsPerAddress(table)};
     const Row& places = row(table);
     const auto behind =
         std::ranges::lower_bound(places, wanted.end, {}, [](const Place& place) { return place.span.begin; });

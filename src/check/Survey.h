@@ -19,7 +19,7 @@ namespace trevandix {
 struct TypeFacts {
     explicit TypeFacts(const std::string& type, const Configuration& configuration);
 
-    std::string_view table;         ///< label of the Modbus table
+    std::string_view table;  ///< label of the Modbus table
     StoredType stored;
     const clsModBusType* dataType;  ///< of the table; nullptr where there is none
     bool offered;                   ///< the item dialog offers the value type for the table

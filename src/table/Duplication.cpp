@@ -32,7 +32,7 @@ public:
         if (known == facts_.end() || !known->second->type->known()) return {};
         ItemFacts copy = *known->second;
         copy.address = address;
-        const ItemFacts* other = places_.in(*copy.type->modbus, copy.span());
+        const ItemFacts* other = places_.in(copy.table(), copy.span());
         if (other == nullptr) return {};
         return "lies on " + shownKey(places_.nodeOf(*other).key()) + " (" + shownPlace(*other) + ')';
     }
