@@ -181,7 +181,24 @@ xdotool type "Signal_$((items - 1))"
 measure "find the last item" Return
 leave_find
 measure "select the item found" Up Down
-xdotool key Home Down Down
+xdotool key Home Down Down ctrl+e
+await "Change Items"
+xdotool key alt+f
+xdotool type Signal
+xdotool key alt+w
+xdotool type Value
+measure "show new names of the branch's items" Return
+await "Preview: Change Items"
+measure "give them these names" Return
+await "$main"
+measure "undo that" ctrl+z
+xdotool key ctrl+e
+await "Change Items"
+xdotool key alt+v 1 Return
+await "Preview: Change Items"
+measure "move their addresses" Return
+await "$main"
+xdotool key ctrl+z
 measure "open the item dialog" alt+o i
 await "Item Properties"
 xdotool key alt+m Home alt+d Home alt+r Home alt+i
