@@ -329,8 +329,8 @@ TEST(RegisterMap, WindowFollows) {
              {"dialog cmbModbusType=coil|cmbDataType=boolean; free",
               "Dosing.PANEL.Lamp_Test | free: coil 21" + dosing + "Free: coil 21; address 21 copied"},
              {"right", "Dosing.FLOCCULANT.PUMP.Enable | Dosing.FLOCCULANT.PUMP.Enable" + dosing},
-             {"Intake.PUMPS", "Intake.PUMPS | XX | Intake: 68 items | "},
-             {"top; pause", " | XX | Intake: 68 items | "},
+             {"Intake.PUMPS", "Intake.PUMPS | Intake.PUMPS.PUMP1.Available | Intake: 68 items | "},
+             {"top; pause", " | Intake.PUMPS.PUMP1.Available | Intake: 68 items | "},
              {"mnuCloseCfg", " |  | No unit | "},
          }) {
         for (const std::string& step : split(steps, "; ")) place.act(step);

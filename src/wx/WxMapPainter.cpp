@@ -142,7 +142,7 @@ void WxMapPainter::drawGap(const MapLine& line, int top) {
     const wxRect area = areaOf(0, line.parts, 0, line.parts, top);
     const bool selected = !line.held.empty();
     fill(area, selected ? look_.selected : look_.back);
-    dc_.SetPen(wxPen(look_.faint, look_.line, wxPENSTYLE_DOT));
+    dc_.SetPen(wxPen(look_.grid, look_.line));
     for (const int y : {area.GetTop(), area.GetBottom()}) dc_.DrawLine(area.GetLeft(), y, area.GetRight(), y);
     write(line.text, area, selected ? look_.selectedText : look_.faint, wxALIGN_CENTRE_HORIZONTAL);
     if (selected) drawRing(area, focused_ ? 2 * look_.line : look_.line);
