@@ -3,6 +3,8 @@
 #include <wx/app.h>
 #include <wx/wupdlock.h>
 
+#include <utility>
+
 #include "wx/WxBasics.h"
 #include "wx/WxNative.h"
 
@@ -125,6 +127,7 @@ void WxTreeItems::nodeRemoved(const TreeNode& node) {
         const ScopedIncrement quiet(quiet_);
         insertSome([] { return false; });
     }
+    std::erase_if(sortLater_, [&](const TreeNode* parent) { return liesIn(parent, node); });
     letGo(node);
     if (batches_ == 0) changeSome();
 }
@@ -173,12 +176,17 @@ void WxTreeItems::textChanged(const TreeNode& node) {
     if (awaiting(&node) == nullptr) SetItemText(itemOf(node), toWx(node.text()));
 }
 
-// Sorting moves the item with everything below it, which is much faster than making all of it anew. A single
-// item is faster to make anew.
+// Sorting moves the item with everything below it, which is much faster than making all of it anew, and one
+// sorting puts many items into their places. A single item is faster to make anew.
 void WxTreeItems::nodeMoved(const TreeNode& node) {
     if (awaiting(&node) != nullptr) return;
     const ScopedIncrement quiet(quiet_);
     const TreeNode* selected = liesIn(tree_.selected(), node) ? tree_.selected() : nullptr;
+    if (inBatch()) {
+        sortLater_.insert(node.parent());
+        if (selected != nullptr) madeVisible(*selected);
+        return;
+    }
     if (node.firstChild() != nullptr) {
         childrenSorted(*node.parent());
         if (selected != nullptr) madeVisible(*selected);
@@ -215,6 +223,7 @@ void WxTreeItems::cleared() {
     const ScopedIncrement quiet(quiet_);
     leaving_.clear();
     arriving_.clear();
+    sortLater_.clear();
     changeSome();
     DeleteAllItems();
 }
@@ -229,6 +238,7 @@ void WxTreeItems::batchBegins() {
 void WxTreeItems::batchEnds() {
     if (batches_ == 1 && !held_) changeSome();
     if (--batches_ > 0) return;
+    for (const TreeNode* parent : std::exchange(sortLater_, {})) childrenSorted(*parent);
     Thaw();
     setHiddenRedraw(*this, true);
 }

@@ -6,6 +6,7 @@
 #include <deque>
 #include <functional>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "model/StructureTree.h"
@@ -60,6 +61,7 @@ private:
     std::unordered_map<void*, int> places_;  // positions of items among their siblings, while sorting
     std::deque<wxTreeItemId> leaving_;       // items awaiting removal, children first
     std::vector<const TreeNode*> arriving_;  // nodes of which those beside and below may await insertion, too
+    std::unordered_set<const TreeNode*> sortLater_;  // parents of moved nodes, to sort when the batch ends
     int batches_ = 0;
     bool held_ = false;                            // true while a batch is open because items await change
     std::chrono::steady_clock::time_point drawn_;  // last redraw while held_

@@ -29,7 +29,7 @@ same_bytes "$original" "$folder/same.xml"
 keys Menu
 # Undo and Redo, which are disabled, are left out by GTK.
 # shellcheck disable=SC2046
-steps $(times "$(if [ -n "$under_wine" ]; then echo 4; else echo 2; fi)" Up) Return
+steps $(times "$(if [ -n "$under_wine" ]; then echo 5; else echo 3; fi)" Up) Return
 await_file_dialog "Import table"
 type_path "$folder/table.csv"
 await "Import Table"
