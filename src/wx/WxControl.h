@@ -14,6 +14,11 @@
 
 namespace trevandix {
 
+/// Runs a copy of the handler, which may delete the form and thereby itself.
+inline void runCopy(Form::Handler handler) {
+    if (handler) handler();
+}
+
 /// Filters what the user types, pastes or drops into a text box or editable list, using `entered`. Input that
 /// the filter discards completely changes neither text nor selection.
 class WxTextBox {

@@ -2,9 +2,6 @@
 
 #include <wx/button.h>
 #include <wx/display.h>
-#ifdef __WXMSW__
-#include <wx/msw/wrapwin.h>
-#endif
 
 #include <algorithm>
 #include <utility>
@@ -13,19 +10,12 @@
 #include "wx/WxBasics.h"
 #include "wx/WxFormLayout.h"
 #include "wx/WxFormList.h"
-#include "wx/WxHelp.h"
 #include "wx/WxIcons.h"
 #include "wx/WxMap.h"
 
 namespace trevandix {
 
 namespace {
-
-// Runs a copy: the handler may delete the form and thereby itself.
-void run(const Form::Handler& handler) {
-    const Form::Handler copy = handler;
-    if (copy) copy();
-}
 
 bool has(const FormSpec& shape, ControlKind kind) {
     return std::ranges::find(shape.controls, kind, &ControlSpec::kind) != shape.controls.end();
@@ -59,6 +49,7 @@ WxForm::WxForm(wxWindow& parent, const FormSpec& shape) : spec_(shape) {
                            toWx(shape.name));
     dialog_->SetIcons(programIcons());
     WxFormLayout(shape, controls_, keys_).build(*dialog_);
+    keyboard_.emplace(*dialog_, spec_, controls_, [this] { close(); });
     for (WxControl& control : controls_) connect(control);
     dialog_->SetEscapeId(wxID_NONE);
     dialog_->Bind(wxEVT_CHAR_HOOK, &WxForm::onKey, this);
@@ -70,7 +61,7 @@ WxForm::WxForm(wxWindow& parent, const FormSpec& shape) : spec_(shape) {
     });
     dialog_->Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
         event.Skip();
-        markDefaultButton();
+        keyboard_->markDefaultButton();
 #ifdef __WXGTK__
         dialog_->Refresh();  // GTK leaves parts of the old focus ring on the screen
 #endif
@@ -101,7 +92,7 @@ WxControl& WxForm::at(std::string_view name) const {
 }
 
 void WxForm::connect(WxControl& control) {
-    const auto act = [&control](wxCommandEvent&) { run(control.handler); };
+    const auto act = [&control](wxCommandEvent&) { runCopy(control.handler); };
     switch (control.shape->kind) {
         case ControlKind::Button:
             control.window->Bind(wxEVT_BUTTON, act);
@@ -304,116 +295,16 @@ void WxForm::close() {
     } else {
         dialog_->Hide();
     }
-    run(closed_);
+    runCopy(closed_);
 }
 
 void WxForm::tellActivated() {
-    if (std::exchange(activationWaits_, false)) run(activated_);
-}
-
-bool WxForm::pressFromKeyboard(const WxControl* button) {
-    if (button == nullptr || !button->window->IsEnabled() || !button->window->IsShownOnScreen()) return false;
-#ifdef __WXMSW__
-    // The key is still in the message queue, where a message box opened by the button would take it as its
-    // answer. A posted message is handled after this key and before the next one.
-    const auto handle = reinterpret_cast<LPARAM>(button->window->GetHandle());
-    ::PostMessage(static_cast<HWND>(button->window->GetParent()->GetHandle()), WM_COMMAND,
-                  MAKEWPARAM(button->window->GetId(), BN_CLICKED), handle);
-#else
-    run(button->handler);
-#endif
-    return true;
-}
-
-// The default button, or while it is disabled or hidden, the button beside the focused control.
-const WxControl* WxForm::buttonForEnter() const {
-    const auto usable = [](const WxControl& each) {
-        return each.shape->kind == ControlKind::Button && each.window->IsEnabled() &&
-               each.window->IsShownOnScreen();
-    };
-    if (!spec_.defaultButton.empty() && usable(at(spec_.defaultButton))) return &at(spec_.defaultButton);
-    const wxWindow* focused = wxWindow::FindFocus();
-    const auto button = std::ranges::find_if(controls_, [&](const WxControl& each) {
-        return usable(each) && focused != nullptr && each.window->GetParent() == focused->GetParent();
-    });
-    return button == controls_.end() ? nullptr : &*button;
-}
-
-// wx supports access keys of labels on Windows only. Buttons are pressed here as well: GTK would show one
-// pressed for a quarter of a second and lose the keys typed meanwhile.
-bool WxForm::followAccessKey(const wxKeyEvent& event) {
-    if (event.GetModifiers() != wxMOD_ALT) return false;
-    const wxChar typed = static_cast<wxChar>(wxToupper(event.GetUnicodeKey()));
-    if (typed == 0) return false;
-    for (WxControl& control : controls_) {
-        const bool button = control.shape->kind == ControlKind::Button;
-        const wxWindow* captioned = button ? control.window : control.label;
-        if (captioned == nullptr || AccessKeys::keyOf(fromWx(captioned->GetLabel())) != typed) continue;
-        if (button) return pressFromKeyboard(&control);
-        if (!control.window->IsEnabled() || !control.window->IsShownOnScreen()) continue;
-        control.focus();
-        return true;
-    }
-    return false;
-}
-
-// Draws the button that Enter presses as the default button. On Windows wx removes this mark when another
-// button loses the focus.
-void WxForm::markDefaultButton() {
-    const bool onButton = dynamic_cast<wxButton*>(wxWindow::FindFocus()) != nullptr;
-    if (onButton || dialog_->IsBeingDeleted()) return;
-    if (const WxControl* button = buttonForEnter()) static_cast<wxButton*>(button->window)->SetDefault();
-}
-
-void WxForm::onEscape() {
-    if (!spec_.cancelButton.empty() && pressFromKeyboard(&at(spec_.cancelButton))) return;
-    const auto frame = std::ranges::find_if(controls_, [](const WxControl& each) {
-        return each.shape->kind == ControlKind::Frame && each.handler && each.window->IsShown() &&
-               each.window->IsEnabled();
-    });
-    frame == controls_.end() ? close() : run(frame->handler);
-}
-
-// On Windows wx treats arrow keys like Tab: they move the focus without choosing an option.
-bool WxForm::chooseByArrow(const wxKeyEvent& event) {
-    const int key = event.GetKeyCode();
-    const bool forward = key == WXK_DOWN || key == WXK_RIGHT;
-    if (event.GetModifiers() != 0 || (!forward && key != WXK_UP && key != WXK_LEFT)) return false;
-    const auto focused = std::ranges::find(controls_, wxWindow::FindFocus(), &WxControl::window);
-    if (focused == controls_.end() || focused->shape->kind != ControlKind::Option) return false;
-    std::vector<WxControl*> options;
-    for (WxControl& each : controls_) {
-        const bool sameGroup =
-            each.shape->kind == ControlKind::Option && each.shape->frame == focused->shape->frame;
-        if (sameGroup && each.window->IsEnabled() && each.window->IsShown()) options.push_back(&each);
-    }
-    const auto at = static_cast<std::size_t>(std::ranges::find(options, &*focused) - options.begin());
-    WxControl& next = *options[(at + (forward ? 1 : options.size() - 1)) % options.size()];
-    next.setChecked(true);
-    next.focus();
-    run(next.handler);
-    return true;
+    if (std::exchange(activationWaits_, false)) runCopy(activated_);
 }
 
 void WxForm::onKey(wxKeyEvent& event) {
     tellActivated();  // otherwise the handler would run after the key and select the typed text
-    if (followsManualKey(event)) return;
-    const int key = event.GetKeyCode();
-    const bool plain = event.GetModifiers() == 0 && std::ranges::none_of(controls_, &WxControl::listIsOpen);
-    if (plain && key == WXK_ESCAPE) {
-        onEscape();
-        return;
-    }
-    if (plain && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER)) {
-        // A focused button handles Enter itself.
-        const bool onButton = dynamic_cast<wxButton*>(wxWindow::FindFocus()) != nullptr;
-        if (!onButton && pressFromKeyboard(buttonForEnter())) return;
-    }
-    if (chooseByArrow(event) || followAccessKey(event)) return;
-    // A modeless dialog passes function keys on to the main window.
-    wxKeyEvent forMain(event);
-    const bool function = key >= WXK_F1 && key <= WXK_F24 && !dialog_->IsModal();
-    if (!function || !dialog_->GetParent()->GetEventHandler()->ProcessEvent(forMain)) event.Skip();
+    keyboard_->onKey(event);
 }
 
 std::unique_ptr<Form> WxForms::create(const FormSpec& shape) {

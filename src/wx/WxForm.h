@@ -4,8 +4,10 @@
 #include <wx/weakref.h>
 
 #include <deque>
+#include <optional>
 
 #include "wx/WxControl.h"
+#include "wx/WxFormKeys.h"
 
 namespace trevandix {
 
@@ -55,12 +57,6 @@ private:
     static void connect(WxControl& control);
     void tellActivated();
     void onKey(wxKeyEvent& event);
-    void onEscape();
-    bool chooseByArrow(const wxKeyEvent& event);
-    void markDefaultButton();
-    bool pressFromKeyboard(const WxControl* button);
-    const WxControl* buttonForEnter() const;
-    bool followAccessKey(const wxKeyEvent& event);
     WxFormList& listAt(std::string_view name) const;
     WxMapArea& mapAt(std::string_view name) const;
     void fit();
@@ -73,6 +69,7 @@ private:
     wxWeakRef<wxDialog> dialog_;  // the main window deletes it when it closes first
     AccessKeys keys_;
     mutable std::deque<WxControl> controls_;
+    std::optional<WxFormKeys> keyboard_;
     Handler closed_;
     Handler activated_;
     bool activationWaits_ = false;
