@@ -51,7 +51,8 @@ settle
 xdotool click 1
 shows Batch_Number
 keys Left
-xdotool click --repeat 2 --delay 60 1
+# Elsewhere, so that the click before is no part of a double click.
+xdotool mousemove_relative 30 0 click --repeat 2 --delay 60 1
 names Batch_Number
 
 # The current block proposes its type.
