@@ -23,17 +23,12 @@ std::vector<Finding> findingsOf(const Survey& survey, Pulse& pulse) {
     return findings;
 }
 
-bool never() {
-    return false;
-}
-
 using Places = std::unordered_map<Key, std::size_t>;
 
 // For each place the text of the first finding that its object would have and does not have now.
 std::vector<std::string> findingsAdded(const Configuration& configuration, const Places& places,
                                        std::size_t count, const Intended& intended) {
-    const std::function<bool()> interrupted = never;
-    Pulse pulse(interrupted);
+    Pulse pulse;
     std::vector<std::set<const Rule*>> before(count);
     for (const Finding& finding : findingsOf(Survey(configuration, pulse), pulse)) {
         if (const auto place = places.find(finding.object); place != places.end())
@@ -109,8 +104,7 @@ std::vector<std::string> findingsAdded(const Configuration& configuration,
 }
 
 std::string firstUnreadable(const Configuration& configuration) {
-    const std::function<bool()> interrupted = never;
-    Pulse pulse(interrupted);
+    Pulse pulse;
     const Survey survey(configuration, pulse);
     auto item = survey.items.begin();
     for (const Object& object : survey.objects) {

@@ -11,6 +11,8 @@ struct Interrupted {};
 /// look at the clock would make each run different.
 class Pulse {
 public:
+    /// For a check that nothing interrupts.
+    Pulse() : Pulse(never()) {}
     /// Errors of all: Interrupted.
     explicit Pulse(const std::function<bool()>& interrupted) : interrupted_(interrupted) { ask(); }
 
@@ -22,6 +24,11 @@ public:
 
 private:
     static constexpr int kStepsBetween = 1 << 16;
+
+    static const std::function<bool()>& never() {
+        static const std::function<bool()> kNever = [] { return false; };
+        return kNever;
+    }
 
     void ask() {
         left_ = kStepsBetween;

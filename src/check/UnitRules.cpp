@@ -16,8 +16,7 @@ namespace trevandix {
 namespace {
 
 constexpr int kStepsPerUnit = 50;
-constexpr int kLastIdentifier = 254;  // that the dialog takes
-constexpr int kLastOnALine = 247;     // the rest is reserved
+constexpr int kLastOnALine = 247;  // the rest is reserved
 
 struct LineSetting {
     std::string_view name;

@@ -31,8 +31,7 @@ void requireUnchanged(const std::string& file, const std::optional<FileStamp>& s
 void warnOfUnreadable(const Console& console, const std::string& file, const Configuration& configuration);
 
 /// Warns of what the reader skipped, if anything. Errors: CommandError instead if the file itself would lose
-/// it
-/// (`inPlace`) and nobody insists (`force`).
+/// it (`inPlace`) and nobody insists (`force`).
 void warnOfSkipped(const Console& console, const std::string& file, const std::string& skipped, bool inPlace,
                    bool force);
 

@@ -5,6 +5,7 @@
 
 #include "model/Numbers.h"
 #include "model/ValueTypes.h"
+#include "platform/Text.h"
 
 namespace trevandix {
 
@@ -94,7 +95,7 @@ std::optional<ChangeSet> frmChangeItems::show() {
 
 void frmChangeItems::Form_Load() {
     common_ = commonTexts(context_.configuration, items_);
-    form_->setText("lblItems", std::to_string(items_.size()) + (items_.size() == 1 ? " item" : " items"));
+    form_->setText("lblItems", counted(items_.size(), "item", "items"));
     std::vector<std::string> tables;
     for (const auto& [key, type] : context_.configuration.dataTypes) tables.push_back(type->getName());
     offer("cmbModbusType", &ItemFields::table, tables);

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "model/Numbers.h"
+#include "model/UnitChoices.h"
 
 namespace trevandix {
 
@@ -72,11 +73,10 @@ std::string frmDuplicate::freeName() const {
 }
 
 std::string frmDuplicate::freeIdentifier() const {
-    constexpr int kLast = 254;
     std::set<int> taken;
     for (const auto& [key, unit] : context_.configuration.units) taken.insert(unit->getUI());
     int identifier = context_.configuration.units.at(node_.key())->getUI();
-    while (taken.contains(identifier) && identifier < kLast) ++identifier;
+    while (taken.contains(identifier) && identifier < kLastIdentifier) ++identifier;
     return std::to_string(identifier);
 }
 

@@ -6,7 +6,6 @@
 #include "check/Wording.h"
 #include "model/Numbers.h"
 #include "model/ValueTypes.h"
-#include "table/Table.h"
 
 namespace trevandix {
 
@@ -48,7 +47,7 @@ void frmGoToAddress::Form_Load(const TreeNode* node) {
     form_->setVisible("txtFound", false);
     form_->setItems("cmbUnit", units);
     form_->setItems("cmbModbusType", tables);
-    const TreeNode* unit = node == nullptr ? nullptr : unitAround(configuration, *node);
+    const TreeNode* unit = unitAround(configuration, node);
     form_->setText("cmbUnit", unit != nullptr ? unit->text() : units.empty() ? "" : units.front());
     form_->setText("cmbModbusType", tables.back());
     const auto item = node == nullptr ? nullptr : configuration.items.find(node->key());
@@ -66,8 +65,7 @@ std::string frmGoToAddress::search() {
     const TreeNode* unit = configuration.tree.find(form_->text("cmbUnit"));
     const ModbusTable* table = tableOf(form_->text("cmbModbusType"));
     if (unit == nullptr || table == nullptr) return "There is no unit.";
-    const std::function<bool()> never = [] { return false; };
-    Pulse pulse(never);
+    Pulse pulse;
     const Survey survey(configuration, pulse);
     const Places places(survey, *unit);
     const std::int32_t address = toInt32(*number);

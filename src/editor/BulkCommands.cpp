@@ -9,7 +9,7 @@
 #include "dialogs/frmGoToAddress.h"
 #include "dialogs/frmLineSettings.h"
 #include "editor/frmChanges.h"
-#include "table/Table.h"
+#include "platform/Text.h"
 
 namespace trevandix {
 
@@ -79,7 +79,7 @@ bool BulkCommands::hasLines() const {
 bool BulkCommands::duplicable(NodeTag tag) const {
     const TreeNode* node = current();
     if (node == nullptr || node->tag() != tag) return false;
-    const TreeNode* unit = unitAround(context_.configuration, *node);
+    const TreeNode* unit = unitAround(context_.configuration, node);
     return unit != nullptr && (tag != NodeTag::Plc || unit == node);
 }
 
@@ -94,8 +94,7 @@ std::vector<ContextEntry> BulkCommands::contextEntries() const {
 
 void BulkCommands::select(TreeNode& node) {
     context_.platform.window.focusTree();
-    views_.TreeView1_NodeClick(node);
-    context_.tree().ensureVisible(node);
+    views_.select(node);
 }
 
 void BulkCommands::mnuChangeItems_Click() {
@@ -125,8 +124,7 @@ void BulkCommands::mnuDuplicate_Click() {
 void BulkCommands::mnuLineSettings_Click() {
     context_.guarded("mnuLineSettings_Click", [&] {
         if (!hasLines()) return context_.news.tell("Nothing changed: there is no serial line");
-        const TreeNode* node = current();
-        const TreeNode* unit = node == nullptr ? nullptr : unitAround(context_.configuration, *node);
+        const TreeNode* unit = unitAround(context_.configuration, current());
         const auto record = unit == nullptr ? nullptr : context_.configuration.units.find(unit->key());
         frmLineSettings dialog(dialogContext(), record == nullptr ? "" : record->getCom());
         if (carryOut(context_, dialog, {"Line Settings", "unit", "units"}))

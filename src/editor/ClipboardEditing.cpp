@@ -1,6 +1,7 @@
 #include "editor/ClipboardEditing.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/Text.h"
 
 namespace trevandix {
 

@@ -29,10 +29,6 @@ bool hasSmallLetters(const Configuration& configuration) {
 
 }  // namespace
 
-std::string counted(std::size_t count, std::string_view one, std::string_view many) {
-    return (std::to_string(count) += ' ').append(count == 1 ? one : many);
-}
-
 void StatusNews::update() {
     const bool open = configuration_.state.configurationOpen && configuration_.tree.root() != nullptr;
     if (!open) problems_.clear();

@@ -52,7 +52,4 @@ private:
     std::array<std::string, 5> shown_;
 };
 
-/// A number with its noun: "1 item", "3 items".
-std::string counted(std::size_t count, std::string_view one, std::string_view many);
-
 }  // namespace trevandix

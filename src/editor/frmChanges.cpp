@@ -4,6 +4,7 @@
 
 #include "editor/ChangeRows.h"
 #include "editor/StatusNews.h"
+#include "platform/Text.h"
 
 namespace trevandix {
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "check/Check.h"
+#include "platform/Text.h"
 
 namespace trevandix {
 

@@ -5,6 +5,7 @@
 
 #include "check/Wording.h"
 #include "model/Numbers.h"
+#include "platform/Text.h"
 
 namespace trevandix {
 
@@ -40,7 +41,7 @@ const TreeNode* frmRegisterMap::pointed() const {
 
 void frmRegisterMap::mnuRegisterMap_Click() {
     context_.guarded("mnuRegisterMap_Click", [&] {
-        const TreeNode* unit = unitAround(pointed());
+        const TreeNode* unit = unitAround(context_.configuration, pointed());
         if (unit == nullptr) return context_.news.tell("No register map: nothing in a unit is selected");
         if (form_ == nullptr) Form_Load();
         open_ = true;
@@ -79,8 +80,9 @@ void frmRegisterMap::follow() {
 // Without a unit, shows that of the selected node, or else the same as before.
 void frmRegisterMap::update(const TreeNode* unit) {
     const TreeNode* selected = context_.state().configurationOpen ? context_.tree().selected() : nullptr;
-    if (unit == nullptr) unit = unitAround(selected);
-    if (unit == nullptr && selected != nullptr) unit = unitAround(context_.tree().find(unit_));
+    if (unit == nullptr) unit = unitAround(context_.configuration, selected);
+    if (unit == nullptr && selected != nullptr)
+        unit = unitAround(context_.configuration, context_.tree().find(unit_));
     const Key key = unit == nullptr ? Key() : unit->key();
     const std::uint64_t revision = context_.configuration.revision();
     const bool same = key == unit_ && revision == revision_;

@@ -29,7 +29,7 @@ public:
     /// selected node. Loads the window first if needed.
     void mnuRegisterMap_Click();
     /// True when there is a unit to show.
-    bool hasUnit() const { return unitAround(pointed()) != nullptr; }
+    bool hasUnit() const { return unitAround(context_.configuration, pointed()) != nullptr; }
     /// To be called after each event: shows the present state.
     void follow();
     /// Closes and deletes the window.

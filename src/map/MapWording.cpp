@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/Text.h"
+
 namespace trevandix {
 
 namespace {
@@ -25,7 +27,7 @@ std::string titleText(const TableMap& table) {
         text += ", largest free stretch " + std::to_string(table.largestFree.length()) + " (" +
                 range(table.largestFree) + ")";
     const std::size_t overlaps = table.overlaps.size();
-    if (overlaps > 0) text += ", " + std::to_string(overlaps) + (overlaps == 1 ? " overlap" : " overlaps");
+    if (overlaps > 0) text += ", " + counted(overlaps, "overlap", "overlaps");
     return text;
 }
 

@@ -135,7 +135,7 @@ std::optional<RegisterMap::Place> RegisterMap::find(const Key& item) const {
 
 RegisterMap registerMapOf(const Configuration& configuration, const TreeNode& unit) {
     RegisterMap map;
-    if (unitAround(&unit) != &unit) return map;
+    if (unitAround(configuration, &unit) != &unit) return map;
     std::unordered_map<const std::string*, StoredType> types;  // by the texts' place in the pool
     std::unordered_map<const ModbusTable*, std::vector<Block>> blocks;
     for (const TreeNode* node = following(unit, unit); node != nullptr; node = following(*node, unit)) {
@@ -160,13 +160,6 @@ RegisterMap registerMapOf(const Configuration& configuration, const TreeNode& un
         if (found != blocks.end()) map.tables.emplace_back(table, std::move(found->second));
     }
     return map;
-}
-
-const TreeNode* unitAround(const TreeNode* node) {
-    for (; node != nullptr && node->parent() != nullptr; node = node->parent()) {
-        if (node->tag() == NodeTag::Plc && node->parent()->tag() == NodeTag::Config) return node;
-    }
-    return nullptr;
 }
 
 std::optional<Span> nextFree(const TableMap& map, std::int64_t length, bool atAnyBit, std::int64_t behind) {

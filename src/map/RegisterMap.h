@@ -91,9 +91,6 @@ struct RegisterMap {
 /// Nothing for a node that is no unit of the configuration.
 RegisterMap registerMapOf(const Configuration& configuration, const TreeNode& unit);
 
-/// The unit that the node is or lies in; nullptr for none. The node may be nullptr.
-const TreeNode* unitAround(const TreeNode* node);
-
 /// The first place behind `behind` where so much is free, after the last one the first in the table.
 /// `atAnyBit`: it may begin inside a register. Nothing if there is none.
 std::optional<Span> nextFree(const TableMap& map, std::int64_t length, bool atAnyBit, std::int64_t behind);

@@ -374,6 +374,14 @@ void Configuration::raisePasteCounter() {
     state_.pasteCounter = raised(state_.pasteCounter);
 }
 
+const TreeNode* unitAround(const Configuration& configuration, const TreeNode* node) {
+    const TreeNode* root = configuration.tree.root();
+    while (node != nullptr && node->parent() != nullptr && node->parent() != root) node = node->parent();
+    const bool unit =
+        node != nullptr && node->tag() == NodeTag::Plc && configuration.units.contains(node->key());
+    return unit ? node : nullptr;
+}
+
 Key makeKey(std::string_view name, const TreeNode& node, bool useParent) {
     const TreeNode* container = useParent ? node.parent() : &node;
     return Key(container != nullptr ? container->key() : Key(), name);

@@ -172,6 +172,10 @@ private:
     StepName stepName_{};
 };
 
+/// The unit in which a file would hold the node: the outermost node around it, or itself, if that is a unit
+/// with a record. nullptr for none, and for nullptr.
+const TreeNode* unitAround(const Configuration& configuration, const TreeNode* node);
+
 /// The key of a record called `name` in `node`, or with `useParent` in the parent of `node`.
 Key makeKey(std::string_view name, const TreeNode& node, bool useParent);
 

@@ -5,7 +5,9 @@
 #include <utility>
 
 #include "model/Configuration.h"
+#include "model/ItemSpan.h"
 #include "model/Numbers.h"
+#include "model/UnitChoices.h"
 #include "model/ValueTypes.h"
 
 namespace trevandix {
@@ -28,7 +30,6 @@ void add(std::vector<Refusal>& refusals, std::optional<Refusal> refused) {
 }  // namespace
 
 std::vector<Refusal> refusals(const ItemFields& item) {
-    constexpr double kLastAddress = 65535;
     std::vector<Refusal> found;
     refuseIf(item.name.empty(), found, "name", "Item name field is empty.");
     refuseIf(item.table.empty(), found, "table", "ModBus Type field is empty.");
@@ -54,7 +55,6 @@ std::optional<Refusal> refusal(const ItemFields& item) {
 
 namespace {
 
-constexpr double kLastIdentifier = 254;
 constexpr std::string_view kPortPrefix = "COM";
 
 std::optional<Refusal> identifierRefusal(const std::string& text, OtherUnits others, const clsPLC* edited) {

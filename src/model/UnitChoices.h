@@ -3,10 +3,11 @@
 #include <array>
 #include <string_view>
 
-// What the unit dialog offers for the settings of a serial line.
+// What the unit dialog takes, and what it offers for the settings of a serial line.
 
 namespace trevandix {
 
+inline constexpr int kLastIdentifier = 254;  ///< of units, from 0
 inline constexpr std::array<std::string_view, 6> kBaudRates{"2400",  "9600",  "19200",
                                                             "38400", "57600", "115200"};
 inline constexpr std::array<std::string_view, 3> kParities{"NO", "EVEN", "ODD"};

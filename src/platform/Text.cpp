@@ -122,4 +122,8 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
+std::string counted(std::size_t count, std::string_view one, std::string_view many) {
+    return (std::to_string(count) += ' ').append(count == 1 ? one : many);
+}
+
 }  // namespace trevandix

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -38,5 +39,8 @@ int compareIgnoringCase(std::string_view left, std::string_view right);
 
 /// Removes blanks at both ends.
 std::string_view trimmed(std::string_view text);
+
+/// A number with its noun: "1 item", "3 items".
+std::string counted(std::size_t count, std::string_view one, std::string_view many);
 
 }  // namespace trevandix

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/Form.h"
+#include "platform/Text.h"
 #include "table/Plan.h"
 
 namespace trevandix {
@@ -78,9 +79,7 @@ void ChangeSet::apply(Configuration& configuration, const TableProgress& progres
         step.takeBack();
         throw;
     }
-    step.setName(!stepName_.empty()
-                     ? stepName_
-                     : "Import " + std::to_string(count) + (count == 1 ? " change" : " changes"));
+    step.setName(!stepName_.empty() ? stepName_ : "Import " + counted(count, "change", "changes"));
     configuration.setSaved(false);
 }
 

@@ -38,13 +38,13 @@ Container* Containers::find(const std::string* unit, const std::string* branch, 
 Container* Containers::search(const std::string* unit, const std::string* branch, std::string& refusal) {
     TreeNode* selected = configuration_.tree.selected();
     if (selected != nullptr && selected->tag() == NodeTag::Item) selected = selected->parent();
-    const TreeNode* own = selected != nullptr ? unitAround(configuration_, *selected) : nullptr;
+    const TreeNode* own = unitAround(configuration_, selected);
     if (unit == nullptr && own == nullptr) {
         refusal = "No unit is named, and none is selected";
         return nullptr;
     }
     TreeNode* node = configuration_.tree.find(unit != nullptr ? Key(*unit) : own->key());
-    if (node == nullptr || unitAround(configuration_, *node) != node) {
+    if (node == nullptr || unitAround(configuration_, node) != node) {
         refusal = "There is no unit " + quoted(unit != nullptr ? *unit : "");
         return nullptr;
     }
@@ -61,7 +61,7 @@ Container* Containers::search(const std::string* unit, const std::string* branch
 }
 
 Container* Containers::ofNode(TreeNode& node) {
-    const TreeNode* unit = unitAround(configuration_, node);
+    const TreeNode* unit = unitAround(configuration_, &node);
     std::vector<TreeNode*> path{&node};
     while (path.back() != unit) path.push_back(path.back()->parent());
     Container* container = nullptr;

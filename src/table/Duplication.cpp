@@ -23,7 +23,7 @@ constexpr std::size_t kUnitIdentifier = columnCalled("Identifier", kUnitColumns)
 class Neighbourhood {
 public:
     Neighbourhood(const Configuration& configuration, const TreeNode& unit)
-        : pulse_(never_), survey_(configuration, pulse_), places_(survey_, unit) {
+        : survey_(configuration, pulse_), places_(survey_, unit) {
         for (const ItemFacts& item : survey_.items) facts_.emplace(survey_.objects[item.object].node, &item);
     }
 
@@ -38,7 +38,6 @@ public:
     }
 
 private:
-    const std::function<bool()> never_ = [] { return false; };
     Pulse pulse_;
     Survey survey_;
     Places places_;
@@ -50,7 +49,7 @@ public:
     DuplicationPlan(const Configuration& configuration, TreeNode& node, const Duplication& wanted)
         : configuration_(configuration), source_(node), wanted_(wanted) {
         for (const auto& [key, unit] : configuration.units) units_.push_back(unit);
-        const TreeNode* unit = unitAround(configuration, node);
+        const TreeNode* unit = unitAround(configuration, &node);
         if (node.tag() == NodeTag::Branch && unit != nullptr) neighbours_.emplace(configuration, *unit);
         copied_.resize(wanted.copies);  // they stay where they are: units are compared with them
         for (std::size_t copy = 0; copy < wanted.copies; ++copy) {
@@ -112,8 +111,7 @@ private:
         constexpr ColumnSet kJudged = 1U << kUnitName | 1U << kUnitIdentifier;
         IntendedChange change{.object = name};
         change.refusal =
-            reasonAgainst(kUnitColumns, kJudged, fields, refusals(fields, kind, units_, nullptr),
-                          [](std::size_t) -> const std::vector<std::string>* { return nullptr; });
+            reasonAgainst(kUnitColumns, kJudged, fields, refusals(fields, kind, units_, nullptr), noChoices);
         if (!change.refused() && !claim(name)) change.refusal = kNameTaken;
         if (!change.refused()) {
             record.SetByForm(fields, kind);
@@ -170,9 +168,7 @@ private:
         fields.address = std::to_string(moved);
         constexpr ColumnSet kJudged = 1U << kItemAddress;
         if (!change.refused() && wanted_.move != 0)
-            change.refusal =
-                reasonAgainst(kItemColumns, kJudged, fields, refusals(fields),
-                              [](std::size_t) -> const std::vector<std::string>* { return nullptr; });
+            change.refusal = reasonAgainst(kItemColumns, kJudged, fields, refusals(fields), noChoices);
         if (!change.refused()) {
             record.sName(node.text());
             record.sKey(key);

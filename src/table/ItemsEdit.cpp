@@ -5,6 +5,7 @@
 #include <map>
 #include <unordered_set>
 
+#include "model/ItemSpan.h"
 #include "model/Numbers.h"
 #include "platform/Text.h"
 #include "table/ItemDrafts.h"
@@ -20,7 +21,6 @@ public:
     explicit Numbering(ItemPlace start) : start_(start) {}
 
     void number(const TreeNode* unit, ItemFields& item) {
-        constexpr std::int32_t kLast = 65535;  // no sum of what is refused anyway
         ItemPlace& next = next_.try_emplace({unit, item.table}, start_).first->second;
         const bool bit = hasBitNumber(item.table, item.type);
         // The dialog leaves it to the user to go on behind the last bit.
@@ -29,7 +29,8 @@ public:
         if (bit) item.bit = std::to_string(next.bit);
         constexpr double kMost = std::numeric_limits<std::int16_t>::max();
         const double elements = std::clamp(leadingNumber(item.elements), 0.0, kMost);
-        if (next.address <= kLast) next = advanced(next, item.table, item.type, toInt32(elements));
+        // No sum of what is refused anyway.
+        if (next.address <= kLastAddress) next = advanced(next, item.table, item.type, toInt32(elements));
     }
 
 private:
@@ -60,7 +61,7 @@ private:
         for (const auto& [text, value] : edit_.values) made.fields.*text = value;
         if (edit_.move != 0)
             made.fields.address = std::to_string(std::int64_t{made.old->nAddress()} + edit_.move);
-        if (numbering_) numbering_->number(unitAround(configuration_, *node.parent()), made.fields);
+        if (numbering_) numbering_->number(unitAround(configuration_, &node), made.fields);
         if (const auto where = edit_.replacement.where)
             made.fields.*where = edit_.replacement.in(made.fields.*where);
         ItemOutcomes::end(made, container.key, entered_);
@@ -126,7 +127,7 @@ ChangeSet changeItems(const Configuration& configuration, std::span<const TreeNo
     ChangeSet changes(configuration, NodeTag::Item,
                       std::make_unique<ItemsPlan>(configuration, items, edit, progress));
     const std::size_t count = changes.accepted();
-    changes.setStepName("Change " + std::to_string(count) + (count == 1 ? " item" : " items"));
+    changes.setStepName("Change " + counted(count, "item", "items"));
     return changes;
 }
 

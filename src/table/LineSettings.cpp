@@ -18,7 +18,7 @@ ChangeSet changeLine(const Configuration& configuration, std::string_view port, 
     for (std::size_t i = 0; i < settings.size(); ++i) place(settings[i].first) = i + 1;
     for (const auto& [key, unit] : configuration.units) {
         const TreeNode* node = configuration.tree.find(key);
-        if (unit->getCom() != port || node == nullptr || unitAround(configuration, *node) != node) continue;
+        if (unit->getCom() != port || node == nullptr || unitAround(configuration, node) != node) continue;
         Cells& cells = table.rows.emplace_back().cells;
         cells.push_back(unit->getName());
         for (const auto& [text, value] : settings) cells.push_back(value);

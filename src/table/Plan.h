@@ -147,6 +147,11 @@ std::string reasonAgainst(const Columns& columns, ColumnSet set, const Fields& f
     return reason;
 }
 
+/// For values that no list offers.
+inline const std::vector<std::string>* noChoices(std::size_t) {
+    return nullptr;
+}
+
 inline const std::string kNameTaken = "The name is taken";
 
 /// The reason against a row whose object an earlier row is about.

@@ -107,7 +107,7 @@ private:
     }
 
     void addUnit(const TreeNode& node) {
-        if (unitAround(configuration_, node) != &node) return;
+        if (unitAround(configuration_, &node) != &node) return;
         const auto record = configuration_.units.find(node.key());
         addRow(kUnitColumns, record->texts(configuration_.state.interfaceKind));
     }
@@ -121,7 +121,7 @@ private:
     void enter(const TreeNode& container) {
         if (container_ == &container) return;
         container_ = &container;
-        unit_ = unitAround(configuration_, container);
+        unit_ = unitAround(configuration_, &container);
         std::vector<const TreeNode*> branches;
         for (const TreeNode* up = &container; unit_ != nullptr && up != unit_; up = up->parent())
             branches.push_back(up);
@@ -184,14 +184,6 @@ std::vector<Cells> exportTable(const Configuration& configuration, NodeTag kind,
 std::vector<Cells> exportTable(const Configuration& configuration, NodeTag kind) {
     const TreeNode* root = configuration.tree.root();
     return exportTable(configuration, kind, {&root, 1});
-}
-
-const TreeNode* unitAround(const Configuration& configuration, const TreeNode& node) {
-    const TreeNode* root = configuration.tree.root();
-    const TreeNode* outermost = &node;
-    while (outermost->parent() != nullptr && outermost->parent() != root) outermost = outermost->parent();
-    const bool unit = outermost->tag() == NodeTag::Plc && configuration.units.contains(outermost->key());
-    return unit ? outermost : nullptr;
 }
 
 }  // namespace trevandix

@@ -38,8 +38,4 @@ std::vector<Cells> exportTable(const Configuration& configuration, NodeTag kind,
 /// Of the whole configuration.
 std::vector<Cells> exportTable(const Configuration& configuration, NodeTag kind);
 
-/// The unit in which a file would hold the node: the outermost node around it, or itself, if that is a unit
-/// with a record. nullptr for none.
-const TreeNode* unitAround(const Configuration& configuration, const TreeNode& node);
-
 }  // namespace trevandix
