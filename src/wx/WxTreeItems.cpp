@@ -1,9 +1,10 @@
 #include "wx/WxTreeItems.h"
 
 #include <wx/app.h>
+#include <wx/event.h>
 #include <wx/wupdlock.h>
 
-#include <utility>
+#include <optional>
 
 #include "wx/WxBasics.h"
 #include "wx/WxNative.h"
@@ -14,8 +15,18 @@ wxIMPLEMENT_ABSTRACT_CLASS(WxTreeItems, wxTreeCtrl);
 
 namespace {
 
-constexpr std::chrono::milliseconds kChangingAtATime{10};
 constexpr std::chrono::milliseconds kBetweenDrawings{400};
+
+// How long to change items at a time, when they have been changed for so long before. Closing and opening the
+// root of the Windows control takes about 40 ms.
+std::chrono::milliseconds changingTime(std::chrono::steady_clock::duration before) {
+    using namespace std::chrono_literals;
+#ifdef __WXMSW__
+    return before <= 0s ? 10ms : before < 1s ? 40ms : 200ms;
+#else
+    return before < 1s ? 10ms : 20ms;
+#endif
+}
 
 class NodeData : public wxTreeItemData {
 public:
@@ -32,6 +43,30 @@ NodeData* dataOf(const TreeNode& node) {
 const TreeNode* awaiting(const TreeNode* node) {
     return node != nullptr && dataOf(*node) == nullptr ? node : nullptr;
 }
+
+#ifdef __WXMSW__
+// While it lives, the root is closed, as with each change the Windows control lays out all its open lines.
+class ClosedRoot {
+public:
+    /// `selected` and `first`: the items to select and to scroll to in the end, if any.
+    ClosedRoot(wxTreeCtrl& tree, const wxTreeItemId& selected, const wxTreeItemId& first)
+        : tree_(tree), root_(tree.GetRootItem()), selected_(selected), first_(first), silence_(&tree) {
+        tree_.Collapse(root_);
+    }
+    ~ClosedRoot() {
+        tree_.Expand(root_);
+        if (selected_.IsOk() && selected_ != tree_.GetSelection()) tree_.SelectItem(selected_);
+        if (first_.IsOk()) tree_.ScrollTo(first_);
+    }
+    ClosedRoot(const ClosedRoot&) = delete;
+    ClosedRoot& operator=(const ClosedRoot&) = delete;
+
+private:
+    wxTreeCtrl& tree_;
+    wxTreeItemId root_, selected_, first_;
+    wxEventBlocker silence_;
+};
+#endif
 
 }  // namespace
 
@@ -127,7 +162,6 @@ void WxTreeItems::nodeRemoved(const TreeNode& node) {
         const ScopedIncrement quiet(quiet_);
         insertSome([] { return false; });
     }
-    std::erase_if(sortLater_, [&](const TreeNode* parent) { return liesIn(parent, node); });
     letGo(node);
     if (batches_ == 0) changeSome();
 }
@@ -140,6 +174,8 @@ void WxTreeItems::letGo(const TreeNode& top) {
         NodeData& data = *dataOf(*node);
         data.node = nullptr;
         node->viewItem = nullptr;
+        renamed_.erase(node);
+        unsorted_.erase(node);
 #ifndef __WXMSW__
         if (node != &top) continue;
 #endif
@@ -148,16 +184,44 @@ void WxTreeItems::letGo(const TreeNode& top) {
     leaving_.insert(leaving_.end(), items.rbegin(), items.rend());
 }
 
-void WxTreeItems::changeSome() {
-    const ScopedIncrement quiet(quiet_);
-    const auto begin = std::chrono::steady_clock::now();
-    const auto timeIsOver = [begin] { return std::chrono::steady_clock::now() - begin >= kChangingAtATime; };
+// Returns whether items still await change.
+bool WxTreeItems::changeUntil(const std::function<bool()>& timeIsOver) {
     while (!leaving_.empty() && !timeIsOver()) {
         Delete(leaving_.front());
         leaving_.pop_front();
     }
     insertSome(timeIsOver);
-    const bool more = !leaving_.empty() || !arriving_.empty();
+    while (!renamed_.empty() && !timeIsOver()) {
+        const TreeNode& node = **renamed_.begin();
+        SetItemText(itemOf(node), toWx(node.text()));
+        renamed_.erase(&node);
+    }
+    while (!unsorted_.empty() && !timeIsOver()) {
+        const TreeNode& parent = **unsorted_.begin();
+        sort(parent);
+        unsorted_.erase(&parent);
+    }
+    return !leaving_.empty() || !arriving_.empty() || !renamed_.empty() || !unsorted_.empty();
+}
+
+void WxTreeItems::changeSome() {
+    const ScopedIncrement quiet(quiet_);
+    const auto begin = std::chrono::steady_clock::now();
+    if (!held_) heldSince_ = begin;
+    const auto limit = changingTime(begin - heldSince_);
+    const auto timeIsOver = [=] { return std::chrono::steady_clock::now() - begin >= limit; };
+#ifdef __WXMSW__
+    const auto kept = [this](const wxTreeItemId& item) {
+        return nodeOf(item) == nullptr ? wxTreeItemId() : item;
+    };
+    std::optional<ClosedRoot> closed;
+    if (held_ && GetRootItem().IsOk() && IsExpanded(GetRootItem()))
+        closed.emplace(*this, kept(GetSelection()), kept(GetFirstVisibleItem()));
+    const bool more = changeUntil(timeIsOver);
+    closed.reset();
+#else
+    const bool more = changeUntil(timeIsOver);
+#endif
     if (more) wxWakeUpIdle();
     if (more != held_) {
         // Holds a batch open until the last item is changed: redrawing takes longer than that.
@@ -173,7 +237,12 @@ void WxTreeItems::changeSome() {
 }
 
 void WxTreeItems::textChanged(const TreeNode& node) {
-    if (awaiting(&node) == nullptr) SetItemText(itemOf(node), toWx(node.text()));
+    if (awaiting(&node) != nullptr) return;
+    if (inBatch()) {
+        renamed_.insert(&node);
+    } else {
+        SetItemText(itemOf(node), toWx(node.text()));
+    }
 }
 
 // Sorting moves the item with everything below it, which is much faster than making all of it anew, and one
@@ -183,7 +252,7 @@ void WxTreeItems::nodeMoved(const TreeNode& node) {
     const ScopedIncrement quiet(quiet_);
     const TreeNode* selected = liesIn(tree_.selected(), node) ? tree_.selected() : nullptr;
     if (inBatch()) {
-        sortLater_.insert(node.parent());
+        unsorted_.insert(node.parent());
         if (selected != nullptr) madeVisible(*selected);
         return;
     }
@@ -203,6 +272,10 @@ void WxTreeItems::childrenSorted(const TreeNode& parent) {
     if (awaiting(&parent) != nullptr) return;
     const ScopedIncrement quiet(quiet_);
     const wxWindowUpdateLocker frozen(this);
+    sort(parent);
+}
+
+void WxTreeItems::sort(const TreeNode& parent) {
     places_.reserve(parent.childCount());
     for (const TreeNode* child = parent.firstChild(); child != nullptr; child = child->nextSibling())
         if (awaiting(child) == nullptr)
@@ -223,7 +296,8 @@ void WxTreeItems::cleared() {
     const ScopedIncrement quiet(quiet_);
     leaving_.clear();
     arriving_.clear();
-    sortLater_.clear();
+    renamed_.clear();
+    unsorted_.clear();
     changeSome();
     DeleteAllItems();
 }
@@ -238,7 +312,6 @@ void WxTreeItems::batchBegins() {
 void WxTreeItems::batchEnds() {
     if (batches_ == 1 && !held_) changeSome();
     if (--batches_ > 0) return;
-    for (const TreeNode* parent : std::exchange(sortLater_, {})) childrenSorted(*parent);
     Thaw();
     setHiddenRedraw(*this, true);
 }

@@ -14,9 +14,10 @@
 
 namespace trevandix {
 
-/// The items of the main window's tree: one for each node of a StructureTree. As inserting or removing an
-/// item may take tens of microseconds (under Wine), many of them come and go in slices, between which the
-/// window answers. So nodes may await insertion, and items without a node removal.
+/// The items of the main window's tree: one for each node of a StructureTree. As inserting, removing or
+/// renaming an item may take tens of microseconds (under Wine), many of them change in slices, between which
+/// the window answers. So nodes may await insertion, items a new text or place, and items without a node
+/// removal.
 class WxTreeItems : public wxTreeCtrl, public TreeObserver {
     wxDECLARE_CLASS(WxTreeItems);
 
@@ -55,15 +56,19 @@ private:
     void insertSome(const std::function<bool()>& timeIsOver);
     void bring(const TreeNode& node);
     void letGo(const TreeNode& top);
+    void sort(const TreeNode& parent);
+    bool changeUntil(const std::function<bool()>& timeIsOver);
     void changeSome();
 
     WxImageList images_{kTreeIconSize};
     std::unordered_map<void*, int> places_;  // positions of items among their siblings, while sorting
     std::deque<wxTreeItemId> leaving_;       // items awaiting removal, children first
     std::vector<const TreeNode*> arriving_;  // nodes of which those beside and below may await insertion, too
-    std::unordered_set<const TreeNode*> sortLater_;  // parents of moved nodes, to sort when the batch ends
+    std::unordered_set<const TreeNode*> renamed_;   // nodes whose items await their new text
+    std::unordered_set<const TreeNode*> unsorted_;  // parents of nodes whose items await their new place
     int batches_ = 0;
-    bool held_ = false;                            // true while a batch is open because items await change
+    bool held_ = false;  // true while a batch is open because items await change
+    std::chrono::steady_clock::time_point heldSince_;
     std::chrono::steady_clock::time_point drawn_;  // last redraw while held_
 };
 
