@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <bit>
 #include <memory>
 #include <optional>
 #include <string>
@@ -110,6 +111,7 @@ template <typename Columns, typename Fields>
 std::vector<FieldChange> fieldChanges(const Columns& columns, ColumnSet changed, const Fields& before,
                                       const Fields& after) {
     std::vector<FieldChange> fields;
+    fields.reserve(static_cast<std::size_t>(std::popcount(changed)));
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (contains(changed, i))
             fields.push_back({columns[i].header, before.*columns[i].text, after.*columns[i].text});
