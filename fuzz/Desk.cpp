@@ -240,7 +240,7 @@ Texts Desk::seen() {
                      : focus == FocusedView::Tree ? "tree"
                                                   : "none") +
                     (place_.window.treeVisible ? " tree" : "") + (list.visible() ? " list" : "") +
-                    (place_.window.panelVisible ? " panel" : ""));
+                    (place_.window.panel.empty() ? "" : " panel"));
     lines.push_back(std::string(c.undoName().empty() ? "" : "undo ") + (c.redoName().empty() ? "" : "redo"));
     Texts usable;
     for (const auto& [menu, on] : place_.window.menus)

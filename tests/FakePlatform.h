@@ -166,7 +166,8 @@ struct FakeWindow : MainWindow, CommandBar {
     void setTreeVisible(bool visible) override { treeVisible = visible; }
     FocusedView focusedView() const override { return focus; }
     void focusTree() override { focus = FocusedView::Tree; }
-    void showImportPanel(bool visible) override { panelVisible = visible; }
+    void showImportPanel(std::string_view text) override { panel = text; }
+    void hideImportPanel() override { panel.clear(); }
     void setPercent(int value) override { percents.push_back(value); }
     void processEvents() override {
         if (onEvents) onEvents();
@@ -179,7 +180,7 @@ struct FakeWindow : MainWindow, CommandBar {
     void enableButton(std::string_view, bool) override {}
 
     bool treeVisible = true;
-    bool panelVisible = false;
+    std::string panel;  ///< empty while hidden
     bool closed = false;
     FocusedView focus = FocusedView::None;
     std::map<StatusField, std::string> status;

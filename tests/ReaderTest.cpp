@@ -160,7 +160,7 @@ TEST(Reader, RefusesBadFilesWithAMessage) {
         place.openText(good(), "before.xml");
         place.openText(bytes);
         expectRefused(place, message);
-        EXPECT_TRUE(place.window.menus["mnuOpenCfg"] && place.window.panelVisible);
+        EXPECT_TRUE(place.window.menus["mnuOpenCfg"] && place.window.panel == "Loading File ....");
         EXPECT_EQ(place.has("PLC1.Run"), &bytes == &table.back().first);
         EXPECT_FALSE(place.window.menus["mnuSaveCfg"] || place.window.menus["mnuSaveAs"]);
         for (const char* command : {"mnuSaveCfg", "mnuSaveAs"}) place.run(command);
@@ -209,7 +209,7 @@ TEST(Reader, ShowsProgressAndIgnoresCommandsWhileLoading) {
     EXPECT_GT(pumped, 1);
     EXPECT_EQ(place.configuration.items.size(), kItems);
     EXPECT_TRUE(place.configuration.state.saved);
-    EXPECT_FALSE(place.window.panelVisible);
+    EXPECT_EQ(place.window.panel, "");
     EXPECT_EQ(place.configuration.state.itemCounter, kItems + 1);
     place.window.onEvents = {};
     play(place, {{"ModBus; mnuAddMBType: cmbMBType=holding register; P; mnuAddItem: txtItemName=Next|"
@@ -221,7 +221,7 @@ TEST(Reader, ShowsProgressAndIgnoresCommandsWhileLoading) {
     EXPECT_EQ(place.configuration.state.unitCounter, 2);
     // The window ends the load with an exception; the editor works on.
     place.window.onEvents = [&] {
-        if (!place.window.panelVisible) throw std::runtime_error("events");
+        if (place.window.panel.empty()) throw std::runtime_error("events");
     };
     for (int open = 0; open < 2; ++open, place.window.onEvents = {}) place.openText(good());
     EXPECT_TRUE(place.has("PLC1.Run"));

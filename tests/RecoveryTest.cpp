@@ -215,7 +215,7 @@ TEST(Recovery, ReportsUnreadableWorkOnceAndKeepsIt) {
                   "Unsaved changes " + whose + " cannot be read. They are kept as " + kept + ".");
         EXPECT_EQ(readFile(kept), "work");
     }
-    EXPECT_FALSE(place.window.panelVisible || place.editor.offerRecovery());
+    EXPECT_FALSE(!place.window.panel.empty() || place.editor.offerRecovery());
     EXPECT_EQ(place.messages.take(), Texts{});
     EXPECT_EQ(place.files().size(), 3U);  // without notes and locks
     EXPECT_TRUE(fs::exists(path));

@@ -55,7 +55,7 @@ void FileCommands::mnuNewCfg_Click() {
         context_.InitObjects();
         if (const auto kind = showFrmSelect(context_.platform.forms)) configuration.setInterfaceKind(*kind);
         configuration.beginNew(defaultFilePath());
-        context_.platform.window.showImportPanel(false);  // a failed Open may have left it
+        context_.platform.window.hideImportPanel();  // a failed Open may have left it
         context_.platform.window.setTreeVisible(true);
         context_.list.setVisible(true);
         context_.list.setSorted(false);
@@ -110,7 +110,7 @@ bool FileCommands::recover(const std::string& content, const std::string& filePa
     });
     if (!recovered) {  // the program goes on as it starts
         context_.InitObjects();
-        context_.platform.window.showImportPanel(false);
+        context_.platform.window.hideImportPanel();
     }
     return recovered;
 }
@@ -126,7 +126,7 @@ bool FileCommands::read(const std::string& source, const std::string& filePath, 
         const StructureTree::Batch batch(configuration.tree);
         configuration.begin(filePath);
         MainWindow& window = context_.platform.window;
-        window.showImportPanel(true);
+        window.showImportPanel("Loading File ....");
         context_.enable(Situation::Busy);
         window.processEvents();
         const FlagScope reading(reading_);
@@ -142,7 +142,7 @@ bool FileCommands::read(const std::string& source, const std::string& filePath, 
 
 void FileCommands::finishLoad() {
     Configuration& configuration = context_.configuration;
-    context_.platform.window.showImportPanel(false);
+    context_.platform.window.hideImportPanel();
     configuration.endLoad();
     context_.platform.window.setTreeVisible(true);
     context_.list.setVisible(true);

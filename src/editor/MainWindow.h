@@ -33,8 +33,9 @@ public:
     virtual FocusedView focusedView() const = 0;
     virtual void focusTree() = 0;
 
-    /// The import status panel `pnlImpStat`, in front of the views.
-    virtual void showImportPanel(bool visible) = 0;
+    /// Shows the import status panel `pnlImpStat` in front of the views, with `text` in `lblLabel`.
+    virtual void showImportPanel(std::string_view text) = 0;
+    virtual void hideImportPanel() = 0;
     /// The value of `pnlPercent`, 0 to 99.
     virtual void setPercent(int percent) = 0;
     /// Redraws the window; drops input that would start a command or close the window.

@@ -42,12 +42,14 @@ std::string extensionOf(std::string_view filePath) {
 /// Work on a table, with the hourglass, and past half a second with its progress.
 class TableWork {
 public:
-    explicit TableWork(const Platform& platform)
+    /// `text` has static storage.
+    TableWork(const Platform& platform, std::string_view text)
         : window_(platform.window),
+          text_(text),
           hourglass_(platform.pointer, Pointer::Hourglass),
           progress_(platform.window, kQuiet) {}
     ~TableWork() {
-        if (shown_) window_.showImportPanel(false);
+        if (shown_) window_.hideImportPanel();
     }
     TableWork(const TableWork&) = delete;
     TableWork& operator=(const TableWork&) = delete;
@@ -55,7 +57,7 @@ public:
     TableProgress progress() {
         return [this](std::size_t done, std::size_t all) {
             if (!progress_.due()) return;
-            if (!std::exchange(shown_, true)) window_.showImportPanel(true);
+            if (!std::exchange(shown_, true)) window_.showImportPanel(text_);
             progress_.show(static_cast<int>(std::min(done, all) * kHighest / std::max<std::size_t>(all, 1)));
         };
     }
@@ -65,6 +67,7 @@ private:
     static constexpr std::size_t kHighest = 99;
 
     MainWindow& window_;
+    std::string_view text_;
     PointerScope hourglass_;
     WorkProgress progress_;
     bool shown_ = false;
@@ -181,7 +184,7 @@ void TableCommands::import(std::string_view caption, const std::string& source, 
     std::string note;
     NodeTag kind{};
     {
-        TableWork work(context_.platform);
+        TableWork work(context_.platform, "Reading Table ....");
         Table table{};
         if (!read(source, bytes, table)) return;
         changes.emplace(context_.configuration, table, work.progress());
@@ -197,7 +200,7 @@ void TableCommands::import(std::string_view caption, const std::string& source, 
 
 void TableCommands::apply(const ChangeSet& changes) {
     {
-        TableWork work(context_.platform);
+        TableWork work(context_.platform, "Applying Changes ....");
         const StructureTree::Batch batch(context_.tree());
         changes.apply(context_.configuration, work.progress());
         if (TreeNode* node = context_.tree().selected()) views_.TreeView1_NodeClick(*node);

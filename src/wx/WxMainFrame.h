@@ -35,7 +35,8 @@ public:
     void setTreeVisible(bool visible) override;
     FocusedView focusedView() const override { return lastFocused_; }
     void focusTree() override;
-    void showImportPanel(bool visible) override { importPanel_->setShown(visible); }
+    void showImportPanel(std::string_view text) override { importPanel_->show(toWx(text)); }
+    void hideImportPanel() override { importPanel_->Hide(); }
     void setPercent(int percent) override { importPanel_->setPercent(percent); }
     void processEvents() override { gate_.pump(); }
     void close() override;

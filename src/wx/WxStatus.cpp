@@ -4,7 +4,6 @@
 #include <wx/dcclient.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
-#include <wx/stattext.h>
 
 #include <algorithm>
 
@@ -124,15 +123,13 @@ WxImportPanel::WxImportPanel(wxWindow* parent)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_RAISED, "pnlImpStat") {
     Hide();
     for (wxWindow* sibling : parent->GetChildren()) clipSiblings(*sibling);
-    auto* label = new wxStaticText(this, wxID_ANY, "Loading File ....", wxDefaultPosition, wxDefaultSize, 0,
-                                   "lblLabel");
+    label_ = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblLabel");
     percent_ =
         new wxGauge(this, wxID_ANY, kHighestPercent, wxDefaultPosition, FromDIP(wxSize(kGaugeWidth, -1)),
                     wxGA_HORIZONTAL | wxGA_SMOOTH, wxDefaultValidator, "pnlPercent");
-    setAccessibleName(*this, "Loading", "Shows while a file is read");
-    setAccessibleName(*percent_, label->GetLabel(), "How much of the file has been read");
+    setAccessibleName(*this, "Progress", "Shows while a file or a table is read");
     auto* column = new wxBoxSizer(wxVERTICAL);
-    column->Add(label, wxSizerFlags().CentreHorizontal());
+    column->Add(label_, wxSizerFlags().CentreHorizontal());
     column->Add(percent_, wxSizerFlags().Expand().Border(wxTOP, FromDIP(kPanelMargin) / 2));
     auto* frame = new wxBoxSizer(wxVERTICAL);
     frame->Add(column, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kPanelMargin)));
@@ -145,10 +142,12 @@ WxImportPanel::WxImportPanel(wxWindow* parent)
     });
 }
 
-void WxImportPanel::setShown(bool shown) {
-    if (shown) recentre();
-    Show(shown);
-    if (shown) Raise();
+void WxImportPanel::show(const wxString& text) {
+    label_->SetLabel(text);
+    setAccessibleName(*percent_, text, "How much of it is done");
+    recentre();
+    Show();
+    Raise();
 }
 
 void WxImportPanel::recentre() {

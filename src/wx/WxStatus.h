@@ -2,6 +2,7 @@
 
 #include <wx/gauge.h>
 #include <wx/panel.h>
+#include <wx/stattext.h>
 #include <wx/statusbr.h>
 
 #include <array>
@@ -37,7 +38,7 @@ private:
     wxString hint_;
 };
 
-/// The import status panel `pnlImpStat`, shown in front of the views while a file is read.
+/// The import status panel `pnlImpStat`, shown in front of the views while a file or a table is read.
 class WxImportPanel : public wxPanel {
 public:
     /// The windows behind it must already be children of `parent`.
@@ -45,11 +46,13 @@ public:
 
     /// 0 to 99.
     void setPercent(int percent) { percent_->SetValue(percent); }
-    void setShown(bool shown);
+    /// Shows it with `text` in `lblLabel`.
+    void show(const wxString& text);
     /// Moves it to the middle of its parent.
     void recentre();
 
 private:
+    wxStaticText* label_;
     wxGauge* percent_;
 };
 
