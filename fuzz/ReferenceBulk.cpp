@@ -284,6 +284,8 @@ bool Reference::preview(const Texts& entries, const std::string& one, const std:
 
 void Reference::applyChanges() {
     const int before = selected_;
+    std::vector<int> listed;
+    for (const Row& row : rows_) listed.push_back(find(row.key));
     const auto replaceRecord = [&](int id, const Record& made) {
         selected_ = id;
         replace("item", nodes_.at(id).key, made);
@@ -320,6 +322,8 @@ void Reference::applyChanges() {
     }
     for (const Intended* each : dotted) replaceRecord(each->node, each->record);
     saved_ = false;
+    for (std::size_t i = 0; i < listed.size(); ++i)
+        if (listed[i] != 0) rows_[i].key = nodes_.at(listed[i]).key;
     select(selected_ = before);
 }
 

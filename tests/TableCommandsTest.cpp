@@ -110,6 +110,9 @@ TEST(TableCommands, ImportsShowWhatTheyChange) {
              {"drop", mixed, "chkAccepted|chkAccepted|cmdCancel", shown, "saved"},
              {"drop", mixed, "chkAccepted|cmdConfirm", shown,
               "unsaved | list U.A: *x y | notice Done: Import 1 change. Ctrl+Z undoes it"},
+             {"drop", "Unit,Branch,Name,New Name|U,A,x,z", "cmdConfirm",
+              "1 item to change / U.A.x|Name|x|z| Confirm",
+              "unsaved | list U.A: y *z | notice Done: Import 1 change. Ctrl+Z undoes it"},
              {"paste", units, "cmdConfirm",
               "1 unit to change, 1 to add / V|Identifier|0|9| / V|IP Address|10.0.0.1|"
               "1.2.3.4| / V|Timeout|0|5| / W|Name||W|Added / W|Identifier||7| / W|IP Address||1.2.3.4| / "

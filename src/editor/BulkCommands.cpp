@@ -102,8 +102,8 @@ void BulkCommands::mnuChangeItems_Click() {
         std::vector<const TreeNode*> items = itemsIn(chosen());
         if (items.empty()) return context_.news.tell("Nothing changed: no item is selected");
         frmChangeItems dialog(dialogContext(), std::move(items));
-        if (carryOut(context_, dialog, {"Change Items", "item", "items"}))
-            views_.TreeView1_NodeClick(*context_.tree().selected());
+        const std::vector<const TreeNode*> rows = views_.nodesOfRows();
+        if (carryOut(context_, dialog, {"Change Items", "item", "items"})) views_.showAgain(rows);
     });
 }
 
@@ -127,8 +127,8 @@ void BulkCommands::mnuLineSettings_Click() {
         const TreeNode* unit = unitAround(context_.configuration, current());
         const auto record = unit == nullptr ? nullptr : context_.configuration.units.find(unit->key());
         frmLineSettings dialog(dialogContext(), record == nullptr ? "" : record->getCom());
-        if (carryOut(context_, dialog, {"Line Settings", "unit", "units"}))
-            views_.TreeView1_NodeClick(*context_.tree().selected());
+        const std::vector<const TreeNode*> rows = views_.nodesOfRows();
+        if (carryOut(context_, dialog, {"Line Settings", "unit", "units"})) views_.showAgain(rows);
     });
 }
 

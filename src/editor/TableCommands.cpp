@@ -202,8 +202,9 @@ void TableCommands::apply(const ChangeSet& changes) {
     {
         TableWork work(context_.platform, "Applying Changes ....");
         const StructureTree::Batch batch(context_.tree());
+        const std::vector<const TreeNode*> rows = views_.nodesOfRows();
         changes.apply(context_.configuration, work.progress());
-        if (TreeNode* node = context_.tree().selected()) views_.TreeView1_NodeClick(*node);
+        views_.showAgain(rows);
     }
     context_.news.tell("Done: " + std::string(context_.configuration.undoName()) + ". Ctrl+Z undoes it");
 }

@@ -36,6 +36,18 @@ void TreeAndList::showContents(TreeNode& node) {
     }
 }
 
+std::vector<const TreeNode*> TreeAndList::nodesOfRows() const {
+    std::vector<const TreeNode*> nodes;
+    for (const ListRow& row : context_.list.rows()) nodes.push_back(context_.tree().find(row.key));
+    return nodes;
+}
+
+void TreeAndList::showAgain(std::span<const TreeNode* const> rows) {
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        if (rows[row] != nullptr) context_.list.setKey(row, rows[row]->key());
+    if (TreeNode* selected = context_.tree().selected()) TreeView1_NodeClick(*selected);
+}
+
 void TreeAndList::enableForSelected() const {
     if (const TreeNode* node = context_.tree().selected()) enableFor(*node);
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
+#include <vector>
 
 #include "editor/EditorContext.h"
 
@@ -20,6 +22,11 @@ public:
         TreeView1_NodeClick(node);
         context_.tree().ensureVisible(node);
     }
+    /// The nodes of the list's rows; nullptr for a row without one.
+    std::vector<const TreeNode*> nodesOfRows() const;
+    /// Shows the contents of the selected node, if any, after a change that removed no node. `rows` are those
+    /// from before the change. Selected rows stay selected, also when their nodes have new names.
+    void showAgain(std::span<const TreeNode* const> rows);
     /// Enables the commands for the selected node.
     void enableForSelected() const;
     /// Enables the commands for the node of the list's current row.
