@@ -93,7 +93,8 @@ TEST(Bulk, FieldsOfItems) {
          {"V.x", "mnuChangeItems", "cmbModbusType=input register", "said Access Rights field is empty."},
          {"top", "mnuChangeItems", "cmbAccessRight=WRITE",
           "U.A.a1|Access Rights|READ|WRITE / U.A.a2|Access Rights|READ|WRITE / U.A.B.a3|Access "
-          "Rights|READ|WRITE / V.x|Access Rights|odd|WRITE"},
+          "Rights|READ|WRITE / V.x|Access Rights|odd|WRITE|the data type \"holding register\" has no write "
+          "code, but the access right is WRITE; enter it there, or set READ"},
          // Addresses
          {"U.A", "mnuChangeItems", "txtMove=-1",
           "U.A.a1|Address|0|-1|" + range + " / U.A.B.a3|Address|0|-1|" + range + " / U.A.a2|Address|7|6"},

@@ -31,6 +31,7 @@ template <typename Dialog>
 std::optional<ChangeSet> carryOut(const EditorContext& context, Dialog& dialog, const Wording& wording) {
     const std::string caption = "Preview: " + std::string(wording.title);
     while (auto changes = dialog.show()) {
+        changes->remarkFindings();
         const ChangesToConfirm shown{caption, changes->changes(), wording.one, wording.many};
         if (!confirmChanges(context.platform.forms, shown)) continue;
         const PointerScope hourglass(context.platform.pointer, Pointer::Hourglass);

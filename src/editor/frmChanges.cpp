@@ -3,7 +3,6 @@
 #include <array>
 
 #include "editor/ChangeRows.h"
-#include "editor/StatusNews.h"
 #include "platform/Text.h"
 
 namespace trevandix {
