@@ -167,6 +167,9 @@ for kind in tcp rtu; do
 done
 [[ $(head -c 7 table.csv) == $'\xEF\xBB\xBFUnit' ]] || fail 'no mark'
 row 2 '' '*table.csv: *--force*' list tcp.xml -o table.csv
+row 2 '' '*would replace the configuration.*' list tcp.xml -o ./tcp.xml --force
+printf 'Name,New Name\n%s,a\0b\n' "$(sed -n 's/.*PLC name="\([^"]*\)".*/\1/p' tcp.xml | head -1)" >zero.csv
+row 1 '' '*no valid text*' import tcp.xml zero.csv --in-place
 row 2 '' '*out/table.csv: *' list tcp.xml -o out/table.csv
 to=/dev/full row 2 '' 'trevandix: Disk full: standard output' list tcp.xml
 

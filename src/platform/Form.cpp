@@ -14,7 +14,7 @@ bool keeps(KeyFilter filter, char32_t c) {
     const bool digit = c >= '0' && c <= '9';
     switch (filter) {
         case KeyFilter::None:
-            return true;
+            return c != 0;
         case KeyFilter::Numeric:
             return digit || c == '-' || c == '.' || c == 8 || c == 9 || c == 10 || c == 13 || c == ' ';
         case KeyFilter::ItemName:
