@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <filesystem>
 
 #include "cli/Commands.h"
 #include "cli/Differences.h"
@@ -70,6 +71,9 @@ void printChanges(const Console& console, const std::string& table, const Change
 }  // namespace
 
 ExitCode ListCommand::run(const Console& console, XmlParser& parser) const {
+    std::error_code none;
+    if (!out.empty() && std::filesystem::equivalent(fromUtf8(out), fromUtf8(file), none))
+        throw CommandError(out + ": The table would replace the configuration.");
     if (!out.empty() && !force) requireFree(out);
     const NodeTag kind = units ? NodeTag::Plc : types ? NodeTag::DataType : NodeTag::Item;
     const std::string table = csvFile(exportTable(readFile(parser, file), kind), separatorCalled(separator));
