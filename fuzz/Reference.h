@@ -216,6 +216,7 @@ private:
     void applyChanges();
     void duplicate(const Texts& entries);
     void intendCopies(Sheet& sheet);
+    std::string takenInCapitals(const Node& container, const std::string& name) const;
     std::string wrongCopy(Sheet& sheet, int copy, const std::string& name,
                           const std::set<std::string>& identifiers, Record& made);
 

@@ -390,6 +390,7 @@ void Reference::intendCopies(Sheet& s) {
         std::string reason =
             top.tag == "plc" ? wrongCopy(s, copy, name, identifiers, made) : branchFault(name);
         if (reason.empty() && !claim(made["key"])) reason = "The name is taken";
+        if (reason.empty() && top.tag == "branch") reason = takenInCapitals(nodes_.at(top.parent), name);
         if (copy == 0 && !reason.empty()) {
             intended_.clear();
             return say(reason);
@@ -422,6 +423,16 @@ void Reference::intendCopies(Sheet& s) {
         }
     }
     s.open = false;
+}
+
+// A file holds the names of branches in capitals.
+std::string Reference::takenInCapitals(const Node& container, const std::string& name) const {
+    for (const int child : container.children) {
+        const Node& other = nodes_.at(child);
+        if (other.text == capitals(name) || (other.tag == "branch" && capitals(other.text) == capitals(name)))
+            return "The name is taken by \"" + other.text + "\", as files hold branch names in capitals";
+    }
+    return "";
 }
 
 std::string Reference::wrongCopy(Sheet& s, int copy, const std::string& name,

@@ -152,6 +152,8 @@ TEST(Bulk, Copies) {
               "of "
               "U.P1.M"},
          {"U.P1", "mnuDuplicate", "txtName=P1", "said The name is taken"},
+         {"U.P1", "mnuDuplicate", "txtName=p1",
+          "said The name is taken by \"P1\", as files hold branch names in capitals"},
          {"U.P1", "mnuDuplicate", "txtName=a b", "said New branch name holds \" \""},
          {"U.P1", "mnuDuplicate", "txtCopies=0", "said Number of copies must be between 1 and 1000."},
          {"V", "mnuDuplicate", "txtUI=254|txtCopies=2",

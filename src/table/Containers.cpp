@@ -80,6 +80,10 @@ Container* Containers::below(Container& above, const std::string& name, std::str
     } else if (const std::string fault = branchFault(name) + tagFault(name); !fault.empty()) {
         refusal = "New " + fault + ": " + quoted(name);
         return nullptr;
+    } else if (std::ranges::binary_search(above.entries, upperCased(name), {}, kNameOf)) {
+        refusal = "An item has the name of the new branch " + quoted(name) +
+                  ", as files hold branch names in capitals";
+        return nullptr;
     } else {
         container = &containers_.emplace_back(
             Container{.above = &above, .name = name, .key = Key(above.key, name), .listed = true});

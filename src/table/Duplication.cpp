@@ -9,6 +9,7 @@
 #include "check/BranchNames.h"
 #include "check/Places.h"
 #include "model/Numbers.h"
+#include "platform/Text.h"
 #include "table/Plan.h"
 
 namespace trevandix {
@@ -128,7 +129,22 @@ private:
             change.refusal = "New " + fault;
         else if (!claim(key))
             change.refusal = kNameTaken;
+        else if (const TreeNode* other = sameInFile(name))
+            change.refusal =
+                kNameTaken + " by " + quoted(other->text()) + ", as files hold branch names in capitals";
         add(std::move(change), {branch(name, key)});
+    }
+
+    // What stands beside the source and would have the same name as a branch in a file.
+    const TreeNode* sameInFile(const std::string& name) const {
+        const std::string capitals = upperCased(name);
+        const TreeNode* node = source_.parent()->firstChild();
+        const auto same = [&] {
+            return node->text() == capitals ||
+                   (node->tag() == NodeTag::Branch && upperCased(node->text()) == capitals);
+        };
+        while (node != nullptr && !same()) node = node->nextSibling();
+        return node;
     }
 
     static clsBranch branch(const std::string& name, const Key& key) {
