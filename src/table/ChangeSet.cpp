@@ -11,14 +11,43 @@ namespace trevandix {
 
 namespace {
 
+// The texts of the columns up to `last`, with `name` as the last one.
+std::string placeOf(const Table& table, const CsvRow& row, std::size_t last, std::size_t name) {
+    std::string place;
+    for (std::size_t column = 0; column <= last; ++column) {
+        const std::string* cell = table.cell(row, column < last ? column : name);
+        if (cell != nullptr) place += *cell;
+        place += '\0';
+    }
+    return place;
+}
+
 std::unique_ptr<Plan> planned(const Configuration& configuration, const Table& table,
                               const TableProgress& progress) {
-    if (table.kind == NodeTag::Item) return planItems(configuration, table, progress);
-    return table.kind == NodeTag::Plc ? planUnits(configuration, table, progress)
-                                      : planTypes(configuration, table, progress);
+    if (table.kind == NodeTag::DataType) return planTypes(configuration, table, progress);
+    const bool items = table.kind == NodeTag::Item;
+    const auto plan = items ? planItems : planUnits;
+    std::unique_ptr<Plan> first = plan(configuration, table, progress, {});
+    if (first->doubtful || std::ranges::none_of(first->changes, &IntendedChange::refused)) return first;
+    const Renamings done(table,
+                         items ? columnCalled("Name", kItemColumns) : columnCalled("Name", kUnitColumns));
+    std::unique_ptr<Plan> second = plan(configuration, table, progress, done);
+    return second->changes.empty() ? std::move(second) : std::move(first);
 }
 
 }  // namespace
+
+Renamings::Renamings(const Table& table, std::size_t name) : name_(name) {
+    for (const CsvRow& row : table.rows) {
+        const std::string* wanted = table.cell(row, name + 1);
+        if (wanted != nullptr && *wanted != *table.cell(row, name))
+            given_.insert(placeOf(table, row, name, name + 1));
+    }
+}
+
+bool Renamings::isDone(const Table& table, const CsvRow& row) const {
+    return given_.contains(placeOf(table, row, name_, name_));
+}
 
 std::string boxRefusal(std::string_view header, KeyFilter filter, const std::string& text) {
     if (entered(filter, text) == text) return {};

@@ -54,7 +54,10 @@ void ItemDrafts::refuseDoubtful() {
         if (leaver != leaving_.end()) next[row] = leaver->second;
         fitsBoth[row] = drafts_[row].fitsBoth;
     }
-    for (const std::size_t row : doubtfulRings(next, fitsBoth)) refuse(row, kDoubtful);
+    for (const std::size_t row : doubtfulRings(next, fitsBoth)) {
+        refuse(row, kDoubtful);
+        doubtful = true;
+    }
 }
 
 void ItemDrafts::claim(std::size_t draft) {

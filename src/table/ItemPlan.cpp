@@ -14,8 +14,13 @@ constexpr std::size_t kElements = columnCalled("Elements", kItemColumns);
 
 class ItemPlan : public ItemDrafts {
 public:
-    ItemPlan(const Configuration& configuration, const Table& table, const TableProgress& tell)
-        : ItemDrafts(configuration), table_(table), outcomes_(configuration), containers_(configuration) {
+    ItemPlan(const Configuration& configuration, const Table& table, const TableProgress& tell,
+             const Renamings& renamings)
+        : ItemDrafts(configuration),
+          table_(table),
+          renamings_(renamings),
+          outcomes_(configuration),
+          containers_(configuration) {
         Progress progress(tell, table.rows.size());
         for (const CsvRow& row : table.rows) {
             progress.step();
@@ -36,6 +41,7 @@ private:
     std::string reason(const ItemOutcome& made, const Draft& draft);
 
     const Table& table_;
+    const Renamings& renamings_;
     ItemOutcomes outcomes_;
     Containers containers_;
 };
@@ -61,7 +67,7 @@ bool ItemPlan::choose(const CsvRow& row, IntendedChange& change, Draft& draft) {
     Container::Entry* renamed = renames ? container.unused(*wanted) : nullptr;
     if (fits(row, container, renamed)) {
         draft.fitsBoth = fits(row, container, entry);
-        if (!draft.fitsBoth) {
+        if (!draft.fitsBoth || renamings_.isDone(table_, row)) {
             renamed->line = row.line;
             return false;
         }
@@ -110,8 +116,8 @@ std::string ItemPlan::reason(const ItemOutcome& made, const Draft& draft) {
 }  // namespace
 
 std::unique_ptr<Plan> planItems(const Configuration& configuration, const Table& table,
-                                const TableProgress& progress) {
-    return std::make_unique<ItemPlan>(configuration, table, progress);
+                                const TableProgress& progress, const Renamings& renamings) {
+    return std::make_unique<ItemPlan>(configuration, table, progress, renamings);
 }
 
 }  // namespace trevandix

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -31,12 +32,29 @@ public:
     virtual void remarkFindings() {}
 
     std::vector<IntendedChange> changes;
+    bool doubtful = false;  ///< rows exchange names, perhaps not for the first time
+};
+
+/// How rows with a "New Name" are read that fit both the object of that name and the one with the old name.
+class Renamings {
+public:
+    /// As not done yet.
+    Renamings() = default;
+    /// As done already, where another row gave the old name to another object. `name` is the column "Name":
+    /// in front of it stand those of the place, behind it "New Name".
+    Renamings(const Table& table, std::size_t name);
+
+    bool isDone(const Table& table, const CsvRow& row) const;
+
+private:
+    std::size_t name_ = 0;
+    std::unordered_set<std::string> given_;  // the new names with their places
 };
 
 std::unique_ptr<Plan> planItems(const Configuration& configuration, const Table& table,
-                                const TableProgress& progress);
+                                const TableProgress& progress, const Renamings& renamings);
 std::unique_ptr<Plan> planUnits(const Configuration& configuration, const Table& table,
-                                const TableProgress& progress);
+                                const TableProgress& progress, const Renamings& renamings);
 std::unique_ptr<Plan> planTypes(const Configuration& configuration, const Table& table,
                                 const TableProgress& progress);
 

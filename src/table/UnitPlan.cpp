@@ -42,9 +42,9 @@ struct Draft {
 
 class UnitPlan : public Plan {
 public:
-    UnitPlan(const Configuration& configuration, const Table& table)
+    UnitPlan(const Configuration& configuration, const Table& table, const Renamings& renamings)
         : configuration_(configuration), kind_(configuration.state.interfaceKind) {
-        for (const CsvRow& row : table.rows) add(table, row);
+        for (const CsvRow& row : table.rows) add(table, row, renamings);
         refuseDoubtful();
         // A refusal can be the reason for another one.
         while (judgeAll()) {
@@ -111,7 +111,7 @@ private:
         return convert(draft).empty() && draft.changed == 0;
     }
 
-    void add(const Table& table, const CsvRow& row) {
+    void add(const Table& table, const CsvRow& row, const Renamings& renamings) {
         const std::string& name = *table.cell(row, kName);
         const std::string* wanted = table.cell(row, kNewName);
         const bool renames = wanted != nullptr && !wanted->empty() && *wanted != name;
@@ -119,7 +119,7 @@ private:
         const auto renamed = renames ? unitCalled(*wanted) : nullptr;
         const bool fitsNew = renamed != nullptr && fits(table, row, renamed);
         const bool fitsBoth = fitsNew && old != nullptr && fits(table, row, old);
-        const bool done = fitsNew && !fitsBoth;
+        const bool done = fitsNew && (!fitsBoth || renamings.isDone(table, row));
         if (done) old = renamed;
         IntendedChange change{.line = row.line, .object = name, .adds = old == nullptr && !renames};
         const auto [first, isFirst] = lines_.try_emplace(old != nullptr ? old->getName() : name, row.line);
@@ -152,7 +152,10 @@ private:
             if (leaver != leaving.end()) next[row] = leaver->second;
             fitsBoth[row] = drafts_[row].fitsBoth;
         }
-        for (const std::size_t row : doubtfulRings(next, fitsBoth)) changes[row].refusal = kDoubtful;
+        for (const std::size_t row : doubtfulRings(next, fitsBoth)) {
+            changes[row].refusal = kDoubtful;
+            doubtful = true;
+        }
     }
 
     std::string reason(const Draft& draft, OtherUnits others) const {
@@ -291,9 +294,9 @@ private:
 
 }  // namespace
 
-std::unique_ptr<Plan> planUnits(const Configuration& configuration, const Table& table,
-                                const TableProgress&) {
-    return std::make_unique<UnitPlan>(configuration, table);
+std::unique_ptr<Plan> planUnits(const Configuration& configuration, const Table& table, const TableProgress&,
+                                const Renamings& renamings) {
+    return std::make_unique<UnitPlan>(configuration, table, renamings);
 }
 
 }  // namespace trevandix
