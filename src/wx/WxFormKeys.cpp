@@ -33,7 +33,8 @@ bool WxFormKeys::pressFromKeyboard(const WxControl* button) {
     return true;
 }
 
-// The default button, or while it is disabled or hidden, the button beside the focused control.
+// The default button, or while it is disabled or hidden, the button beside the focused control; Enter never
+// cancels.
 const WxControl* WxFormKeys::buttonForEnter() const {
     const auto usable = [](const WxControl& each) {
         return each.shape->kind == ControlKind::Button && each.window->IsEnabled() &&
@@ -43,7 +44,8 @@ const WxControl* WxFormKeys::buttonForEnter() const {
     if (button != nullptr && usable(*button)) return button;
     const wxWindow* focused = wxWindow::FindFocus();
     const auto beside = std::ranges::find_if(controls_, [&](const WxControl& each) {
-        return usable(each) && focused != nullptr && each.window->GetParent() == focused->GetParent();
+        return usable(each) && each.shape->name != spec_.cancelButton && focused != nullptr &&
+               each.window->GetParent() == focused->GetParent();
     });
     return beside == controls_.end() ? nullptr : &*beside;
 }
