@@ -75,7 +75,7 @@ void WxStatusBar::showToolTip(const wxPoint& point) {
     if (GetToolTipText() != tip) SetToolTip(tip);
 }
 
-// Where there is little room, first the notice gives way, then the selection, then the counts.
+// Where there is little room, first the selection gives way, then the notice, then the counts.
 void WxStatusBar::showNews() {
     const auto needed = [this](StatusField field) {
         const wxString text = fullText(field);
@@ -86,9 +86,9 @@ void WxStatusBar::showNews() {
     const int room = GetClientSize().GetWidth() - saved - problems - FromDIP(kBorders);
     const int counts = std::clamp(needed(StatusField::Counts), 1, std::max(room, 1));
     const int rest = room - counts;
-    // The notice gets the width it needs, but at most half when that leaves too little for the selection.
+    // The notice gets the width it needs, but leaves a quarter to a selection that needs it.
     const int notice = std::min(needed(StatusField::Notice) + FromDIP(kGrip),
-                                std::max(rest / 2, rest - needed(StatusField::Selection)));
+                                std::max(rest * 3 / 4, rest - needed(StatusField::Selection)));
     const int widths[kFields]{-1, counts, std::max(saved, 1), std::max(problems, 1), std::max(notice, 1)};
     SetFieldsCount(kFields, widths);
     wxString all;
