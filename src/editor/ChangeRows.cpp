@@ -1,6 +1,7 @@
 #include "editor/ChangeRows.h"
 
 #include <algorithm>
+#include <array>
 
 namespace trevandix {
 
@@ -30,12 +31,26 @@ ChangeRows::ChangeRows(std::span<const IntendedChange> changes) : changes_(chang
             changes[i].refused() ? 0 : std::max<std::size_t>(changes[i].fields.size(), 1);
         for (std::uint32_t field = 0; field < rows; ++field) rows_.push_back({i, field});
     }
+    measure();
 }
 
-const std::vector<ListColumn>& ChangeRows::columns() const {
-    static const std::vector<ListColumn> kColumns{
-        {"Object", 0.32}, {"Field", 0.12}, {"Old", 0.14}, {"New", 0.16}, {"Remark", 0.25}};
-    return kColumns;
+void ChangeRows::measure() {
+    constexpr std::array<std::string_view, 5> kHeaders{"Object", "Field", "Old", "New", "Remark"};
+    constexpr std::size_t kRows = 1000;
+    constexpr std::size_t kLeast = 8;
+    constexpr std::size_t kMost = 40;
+    constexpr double kTogether = 0.99;  // of the list
+    std::size_t sum = 0;
+    std::array<std::size_t, kHeaders.size()> longest{};
+    for (std::size_t column = 0; column < kHeaders.size(); ++column) {
+        for (std::size_t row = 0; row < std::min(rows_.size(), kRows); ++row)
+            longest[column] = std::max(longest[column], cell(row, column).size());
+        sum += longest[column] = std::clamp(longest[column], kLeast, kMost);
+    }
+    for (std::size_t column = 0; column < kHeaders.size(); ++column) {
+        const double share = static_cast<double>(longest[column]) / static_cast<double>(sum);
+        columns_.push_back({std::string(kHeaders[column]), share * kTogether});
+    }
 }
 
 // A refused row stands for all fields of its object; it shows the field if there is only one.

@@ -17,7 +17,8 @@ public:
     /// The changes must outlive it.
     explicit ChangeRows(std::span<const IntendedChange> changes);
 
-    const std::vector<ListColumn>& columns() const override;
+    /// As wide as the texts of the first rows need, compared with each other.
+    const std::vector<ListColumn>& columns() const override { return columns_; }
     std::size_t rowCount() const override { return rows_.size(); }
     std::string_view cell(std::size_t row, std::size_t column) const override;
     std::optional<std::size_t> sortColumn() const override { return std::nullopt; }
@@ -30,10 +31,12 @@ private:
         std::uint32_t field;
     };
     const FieldChange* field(const Row& row) const;
+    void measure();
 
     std::span<const IntendedChange> changes_;
     std::vector<std::string> remarks_;  // of the changes
     std::vector<Row> rows_;
+    std::vector<ListColumn> columns_;
 };
 
 }  // namespace trevandix
