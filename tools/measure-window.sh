@@ -181,7 +181,8 @@ xdotool type "Signal_$((items - 1))"
 measure "find the last item" Return
 leave_find
 measure "select the item found" Up Down
-xdotool key Home Down Down ctrl+e
+measure "select the branch again" Home Down Down
+xdotool key ctrl+e
 await "Change Items"
 xdotool key alt+f
 xdotool type Signal
