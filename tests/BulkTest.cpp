@@ -185,6 +185,9 @@ TEST(Bulk, SerialLines) {
     change(place,
            {{"W", "mnuLineSettings", "", "said Nothing would change."},
             {"W", "mnuLineSettings", "cmbParity=ODD", "W|Parity|NO|ODD"},
+            {"W", "mnuLineSettings", "cmbData=9",
+             "W|Data Bits|8|9|data bits \"9\" is not one of 8, 7, 6, 5; choose one of them"},
+            {"W", "mnuLineSettings", "cmbData=8", "W|Data Bits|9|8"},
             {"top", "mnuLineSettings", "cmbData=7", "U|Data Bits|8|7 / V|Data Bits|8|7"},
             {"V", "mnuLineSettings", "cmbBaud=19200", "U|Baud Rate|9600|19200 / V|Baud Rate|1200|19200"}});
     EXPECT_EQ(c.undoName(), "Set line COM1");

@@ -103,6 +103,17 @@ std::vector<std::string> findingsAdded(const Configuration& configuration,
                           items});
 }
 
+std::vector<std::string> findingsAdded(const Configuration& configuration,
+                                       std::span<const IntendedUnit> units) {
+    Intended intended{[](const TreeNode&, const clsItem& present) -> const clsItem& { return present; }};
+    Places places;
+    for (std::size_t i = 0; i < units.size(); ++i) {
+        places.emplace(units[i].unit, i);
+        intended.units.emplace(units[i].unit, units[i].record);
+    }
+    return findingsAdded(configuration, places, units.size(), intended);
+}
+
 std::string firstUnreadable(const Configuration& configuration) {
     Pulse pulse;
     const Survey survey(configuration, pulse);

@@ -29,9 +29,11 @@ struct IntendedName {
 /// renamed, and do not have now; empty where there is none.
 std::vector<std::string> findingsAdded(const Configuration& configuration,
                                        std::span<const IntendedName> names);
-/// The same for each of the items, once all of them are changed or added.
+/// The same for each of the items, once all of them are changed or added, and of the units.
 std::vector<std::string> findingsAdded(const Configuration& configuration,
                                        std::span<const IntendedItem> items);
+std::vector<std::string> findingsAdded(const Configuration& configuration,
+                                       std::span<const IntendedUnit> units);
 
 /// The first text that keeps other programs from reading the configuration's file, or lets them read
 /// something else, as a user would name it: `PLC1.Area.Level: comment holds "&"`. Empty where all can read

@@ -3,6 +3,7 @@
 #include <functional>
 #include <span>
 #include <string_view>
+#include <unordered_map>
 
 #include "model/Configuration.h"
 
@@ -23,11 +24,18 @@ struct IntendedItem {
     const IntendedContainer* container = nullptr;  ///< of one that is to be added
 };
 
+/// A unit that is to be changed.
+struct IntendedUnit {
+    Key unit;              ///< as it is now
+    const clsPLC* record;  ///< that it gets
+};
+
 /// What is to become of a configuration.
 struct Intended {
     /// The record that a node's item gets; the present one if it stays.
     std::function<const clsItem&(const TreeNode& node, const clsItem& present)> recordOf;
-    std::span<const IntendedItem> items{};  ///< those without a node are added
+    std::span<const IntendedItem> items{};           ///< those without a node are added
+    std::unordered_map<Key, const clsPLC*> units{};  ///< the records that units get
 };
 
 }  // namespace trevandix

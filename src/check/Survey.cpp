@@ -46,6 +46,13 @@ Survey::Survey(const Configuration& surveyed, Pulse& pulse, const Intended* inte
 }
 
 // The file holds the records, whatever their nodes are.
+const clsPLC& Survey::unitOf(const Object& object) const {
+    if (intended_ != nullptr)
+        if (const auto unit = intended_->units.find(*object.key); unit != intended_->units.end())
+            return *unit->second;
+    return *configuration.units.at(*object.key);
+}
+
 void Survey::addDataTypes() {
     for (const auto& [key, record] : configuration.dataTypes) {
         const std::string& name = record->getName();

@@ -86,7 +86,7 @@ public:
     std::vector<const TreeNode*> bare;       ///< without a record
     bool allRecordsFound = true;             ///< each record has its node
 
-    const clsPLC& unitOf(const Object& object) const { return *configuration.units.at(*object.key); }
+    const clsPLC& unitOf(const Object& object) const;
     bool tcpIp() const { return configuration.state.interfaceKind == kTcpIp; }
 
 private:

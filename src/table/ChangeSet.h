@@ -64,8 +64,8 @@ public:
     std::size_t refused() const;
     std::size_t accepted() const { return changes().size() - refused(); }
 
-    /// Adds to the remarks of items what the checks would find at them, and do not find now. The
-    /// configuration must be as it was.
+    /// Adds to the remarks of items and of changed units what the checks would find at them, and do not find
+    /// now. The configuration must be as it was.
     void remarkFindings();
 
     /// The name of their step to undo, instead of "Import 3 changes".

@@ -28,7 +28,8 @@ public:
     /// stays.
     virtual void apply(Configuration& configuration, const TableProgress& progress) const = 0;
 
-    /// Adds to the remarks what the checks would find at the accepted objects, and do not find now.
+    /// Adds to the remarks what the checks would find at accepted items and changed units, and do not find
+    /// now.
     virtual void remarkFindings() {}
 
     std::vector<IntendedChange> changes;

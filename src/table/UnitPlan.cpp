@@ -2,6 +2,7 @@
 #include <map>
 #include <unordered_set>
 
+#include "check/Check.h"
 #include "model/UnitChoices.h"
 #include "table/Plan.h"
 
@@ -69,6 +70,18 @@ public:
             progress.step();
             configuration.tree.ensureVisible(configuration.addUnit(drafts_[i].record));
         }
+    }
+
+    void remarkFindings() override {
+        std::vector<IntendedUnit> units;
+        std::vector<IntendedChange*> changed;
+        for (std::size_t i = 0; i < changes.size(); ++i) {
+            if (changes[i].refused() || changes[i].adds) continue;
+            units.push_back({drafts_[i].old->sKey(), &drafts_[i].record});
+            changed.push_back(&changes[i]);
+        }
+        const std::vector<std::string> findings = findingsAdded(configuration_, units);
+        for (std::size_t i = 0; i < findings.size(); ++i) changed[i]->remark = findings[i];
     }
 
 private:
