@@ -219,6 +219,7 @@ TEST(Bulk, AddressesAreFound) {
     EXPECT_EQ(goTo("txtAddress=1"),
               "No item lies at holding register 1. In front of it: V.w (holding "
               "register 0). Behind it: nothing.");
+    EXPECT_EQ(goTo("txtAddress=65536"), "Addresses are from 0 to 65535.");
     EXPECT_EQ(goTo("txtAddress="), "The address is not a number.");
 }
 

@@ -4,6 +4,7 @@
 
 #include "check/Places.h"
 #include "check/Wording.h"
+#include "model/ItemSpan.h"
 #include "model/Numbers.h"
 #include "model/ValueTypes.h"
 
@@ -74,6 +75,7 @@ std::string frmGoToAddress::search() {
         found_ = &places.nodeOf(*found.at);
         return {};
     }
+    if (address < 0 || address > kLastAddress) return "Addresses are from 0 to 65535.";
     const auto told = [&](const ItemFacts* item) {
         return item == nullptr ? "nothing"
                                : shownKey(places.nodeOf(*item).key()) + " (" + shownPlace(*item) + ')';
