@@ -37,6 +37,7 @@ ChangeRows::ChangeRows(std::span<const IntendedChange> changes) : changes_(chang
 void ChangeRows::measure() {
     constexpr std::array<std::string_view, 5> kHeaders{"Object", "Field", "Old", "New", "Remark"};
     constexpr std::size_t kRows = 1000;
+    constexpr std::size_t kGap = 3;
     constexpr std::size_t kLeast = 8;
     constexpr std::size_t kMost = 40;
     constexpr double kTogether = 0.99;  // of the list
@@ -45,7 +46,7 @@ void ChangeRows::measure() {
     for (std::size_t column = 0; column < kHeaders.size(); ++column) {
         for (std::size_t row = 0; row < std::min(rows_.size(), kRows); ++row)
             longest[column] = std::max(longest[column], cell(row, column).size());
-        sum += longest[column] = std::clamp(longest[column], kLeast, kMost);
+        sum += longest[column] = std::clamp(longest[column] + kGap, kLeast, kMost);
     }
     for (std::size_t column = 0; column < kHeaders.size(); ++column) {
         const double share = static_cast<double>(longest[column]) / static_cast<double>(sum);
