@@ -7,11 +7,11 @@
 pictures=$(realpath -m "${1:-$window_root/docs/pictures}")
 mkdir -p "$pictures"
 
-# shot NAME: the active window with its frame, reduced to few colours.
+# shot NAME: the active window with its frame and an open menu, reduced to few colours.
 shot() {
     local picture=$pictures/$1.png
     sleep 0.4 # until drawing has finished
-    import -frame -window "$(xdotool getactivewindow)" png:- |
+    import -screen -frame -window "$(xdotool getactivewindow)" png:- |
         convert - -strip +dither -colors 128 -depth 8 -define png:compression-level=9 "$picture"
 }
 
@@ -101,7 +101,14 @@ await "Problems"
 keys Down
 shot_of problems Problems Escape
 
-go 2
+go 2 Menu
+shot table-menu
+keys Escape
+copied 'Unit,Branch,Name,New Name,Comment,Address\r\nDosing,ANALYSERS,Chlorine_Free,,"free chlorine, µg/l",110\r\n'\
+'Dosing,ANALYSERS,Redox,Redox_Potential,"redox potential, mV",118\r\n'\
+'Dosing,ANALYSERS.PH_METER,Value,,pH after dosing,114\r\n'
+keys ctrl+shift+v
+shot_of table-changes "Paste Table" Escape
 copied 'Unit,Branch,Name,Comment,ModBus Type,Address,Data Type,Access Rights\r\n'\
 'Dosing,ANALYSERS,Redox,"redox potential, mV",input register,16,unsigned 16 bit,READ\r\n'\
 'Dosing,ANALYSERS,Chlorine_Total,"total chlorine, mg/l",input register,70000,32 bit float,READ\r\n'\
