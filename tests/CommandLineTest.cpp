@@ -211,6 +211,9 @@ TEST_F(CommandLine, PublishesWithTheRightsThatTheUserGives) {
     registry.answer = Publication::Done;
     registry.mapped = true;
     publishes(0, {"--elevate"}, "warning: the server's account");
+    registry = {};
+    registry.asks = false;
+    publishes(2, {"--elevate"}, "--elevate is for Windows only");
 }
 
 }  // namespace trevandix::testing

@@ -190,15 +190,20 @@ void Parsing::addImport(const Console& console, XmlParser& parser) {
 }
 
 void Parsing::addPublish(const Console& console, XmlParser& parser, Registry& registry) {
-    CLI::App& sub = add("publish", "Tell the server to use a configuration, as the editor does on Save.",
-                        "Publishes the full path of FILE where the server of its interface kind looks for\n"
-                        "it. Warns of a path on a network drive, which the server's account may not see.\n\n"
-                        "Exit code: 0 done, 1 refused, 2 the file cannot be read.\n\n"
-                        "Example:\n  trevandix publish plant.xml",
-                        [&] { return publish_.run(console, parser, registry); });
+    CLI::App& sub =
+        add("publish", "Tell the server to use a configuration, as the editor does on Save.",
+            "Publishes the full path of FILE where the server of its interface kind looks for\n"
+            "it. Warns of a path on a network drive, which the server's account may not see.\n\n"
+            "Exit code: 0 done, 1 refused, 2 the file cannot be read.\n\n"
+            "Example:\n  trevandix publish plant.xml",
+            [&] {
+                if (publish_.elevate && !registry.canAsk())
+                    throw CLI::ParseError("--elevate is for Windows only", CLI::ExitCodes::ValidationError);
+                return publish_.run(console, parser, registry);
+            });
     sub.add_option("FILE", publish_.file, "Configuration.")->required()->option_text(kNothing);
-    if (registry.canAsk())
-        sub.add_flag("--elevate", publish_.elevate, "Ask for administrator's rights if they are needed.");
+    sub.add_flag("--elevate", publish_.elevate,
+                 "Ask for administrator's rights if they are needed; Windows only.");
 }
 
 }  // namespace
