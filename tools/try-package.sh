@@ -201,6 +201,19 @@ try_long_path() {
     say "left a long PATH alone"
 }
 
+try_options() {
+    local folder key='HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\TrevandixConfigurationEditor'
+    silently 0 "$installer" /S /AllUsers /Associate /Path '/D=C:\editor'
+    silently 0 "$installer" /S /AllUsers /Chosen
+    [ "$(value "$key" InstallLocation)$(value "$key" Associate)$(value "$key" Path)" = 'C:\editor' ] || fail "choices stay"
+    for folder in 'Q:\none' 'C:\windows\win.ini' '"C:\quoted"' 'C:\editor'; do
+        silently 2 "$installer" /S /CurrentUser "/D=$folder"
+    done
+    uninstall "$WINEPREFIX/drive_c/editor"
+    unchanged "after choices were taken back and folders refused"
+    say "took choices back and refused folders"
+}
+
 # For all users: Wine 8 does not look at a user's own associations.
 try_association() {
     local place="$WINEPREFIX/drive_c/Program Files/Trevandix Configuration Editor"
@@ -226,6 +239,7 @@ try_installer() {
     export WINEPREFIX=$work_path/wine
     try_upgrade "$old"
     try_association
+    try_options
     try_long_path
     wineserver -k
     rm -rf "$work_path/wine" "$work_path/old"

@@ -1,7 +1,8 @@
 ; The Windows installer. tools/installer.sh passes the words in ${} that are not defined here, and FILES, a list of the
 ; files to install.
 ;
-; Options: /S silently, /AllUsers or /CurrentUser, /Associate, /Path, and /D=FOLDER, which must come last.
+; Options: /S silently, /AllUsers or /CurrentUser, /Associate, /Path, /Chosen (nothing is asked, and no choice is kept from
+; before), and /D=FOLDER, which must come last.
 ; Exit codes: 0 done, 1 cancelled, 2 failed, 3 the editor runs, 4 administrator's rights are needed, 5 Windows is too old.
 Target amd64-unicode
 SetCompressor /SOLID zlib
@@ -41,6 +42,7 @@ Var associate   ; 1: XML files are opened with the editor
 Var path        ; 1: PATH has the folder
 Var before      ; the folder of the version installed before
 Var givenFolder ; that of /D
+Var chosen      ; 1: the options say all, and nothing is asked or kept
 Var environment ; the key of PATH
 
 !define MUI_ICON "${ICON}"
@@ -51,6 +53,7 @@ Var environment ; the key of PATH
 !define MUI_FINISHPAGE_RUN_TEXT "Start the editor"
 !define MUI_FINISHPAGE_RUN_FUNCTION startEditor
 Page custom showOptions leaveOptions
+!define MUI_PAGE_CUSTOMFUNCTION_LEAVE leaveFolder
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
@@ -151,6 +154,14 @@ Function .onInit
     !insertmacro fail 5 "The editor needs Windows 7 or later."
   ${EndIf}
   StrCpy $givenFolder $INSTDIR
+  ; A folder that cannot be, and an option in quotation marks, leave it empty.
+  System::Call 'kernel32::GetCommandLineW() t .r0'
+  ${StrStr} $0 $0 "/D="
+  ${If} $0 != ""
+  ${AndIf} $givenFolder == ""
+    StrCpy $0 $0 "" 3
+    !insertmacro fail 2 "This folder cannot be used: $0"
+  ${EndIf}
   ; As it was installed before, for the user at first.
   StrCpy $everybody 0
   Call useScope
@@ -173,6 +184,12 @@ Function .onInit
   Call useScope
   ReadRegDWORD $associate SHCTX "${UNINSTALL}" Associate
   ReadRegDWORD $path SHCTX "${UNINSTALL}" Path
+  ${GetOptions} $0 "/Chosen" $1
+  ${IfNot} ${Errors}
+    StrCpy $chosen 1
+    StrCpy $associate 0
+    StrCpy $path 0
+  ${EndIf}
   ${GetOptions} $0 "/Associate" $1
   ${IfNot} ${Errors}
     StrCpy $associate 1
@@ -221,6 +238,9 @@ Function needRights
   ${If} $path = 1
     StrCpy $1 "$1 /Path"
   ${EndIf}
+  ${If} $givenFolder != ""
+    StrCpy $1 "$1 /D=$givenFolder"
+  ${EndIf}
   ClearErrors
   ExecShell "runas" "$EXEPATH" $1
   ${If} ${Errors}
@@ -236,9 +256,7 @@ Var associateBox
 Var pathBox
 
 Function showOptions
-  ${GetParameters} $0
-  ${GetOptions} $0 "/Chosen" $1
-  ${IfNot} ${Errors}
+  ${If} $chosen = 1
     Abort
   ${EndIf}
   !insertmacro MUI_HEADER_TEXT "Install ${PRODUCT} ${VERSION}" "For whom, and what else?"
@@ -273,12 +291,42 @@ Function leaveOptions
   Call needRights
 FunctionEnd
 
+; Sets $0 to why the folder cannot be used, or to "".
+Function checkFolder
+  StrCpy $0 ""
+  ${If} $before != $INSTDIR
+  ${AndIf} ${FileExists} "$INSTDIR\uninstall.exe"
+    StrCpy $0 "The folder $INSTDIR already holds an installed program, perhaps the editor of other users. Remove that first, or choose another folder."
+    Return
+  ${EndIf}
+  ClearErrors
+  CreateDirectory "$INSTDIR"
+  GetTempFileName $1 "$INSTDIR"
+  Delete $1
+  ${If} ${Errors}
+    StrCpy $0 "The folder $INSTDIR cannot be written to."
+  ${EndIf}
+  RMDir "$INSTDIR" ; if it is empty
+FunctionEnd
+
+Function leaveFolder
+  Call checkFolder
+  ${If} $0 != ""
+    MessageBox MB_OK|MB_ICONEXCLAMATION $0
+    Abort ; stays on the page
+  ${EndIf}
+FunctionEnd
+
 ; Explorer starts it without the installer's rights.
 Function startEditor
   Exec '"$WINDIR\explorer.exe" "$INSTDIR\${PROGRAM}"'
 FunctionEnd
 
 Section
+  Call checkFolder
+  ${If} $0 != ""
+    !insertmacro fail 2 $0
+  ${EndIf}
   !insertmacro refuseWhileRunning $before "${PROGRAM}"
   !insertmacro refuseWhileRunning $before "trevandix.exe"
   !insertmacro refuseWhileRunning $INSTDIR "${PROGRAM}"
