@@ -189,16 +189,33 @@ refused_while_running() {
     silently 3 "$installer" /S
 }
 
-try_long_path() {
-    local long
-    long=$(printf 'C:\\folder%04d;' {1..300})
-    wine reg add 'HKCU\Environment' /v Path /t REG_EXPAND_SZ /d "$long" /f >/dev/null
-    snapshot before
+set_path() { wine reg add 'HKCU\Environment' /v Path /t REG_EXPAND_SZ /d "$1" /f >/dev/null; }
+path_is() { [ "$(value 'HKCU\Environment' Path)" = "$1" ] || fail "PATH is $(value 'HKCU\Environment' Path) instead of $1"; }
+
+# path_row BEFORE INSTALLED CHANGED UPGRADED REMOVED: what PATH is, and what somebody changes it to before the upgrade.
+path_row() {
+    set_path "$1"
     silently 0 "$installer" /S /Path
-    [ "$(value 'HKCU\Environment' Path)" = "$long" ] || fail "a long PATH was changed"
+    path_is "$2"
+    set_path "$3"
+    silently 0 "$installer" /S
+    path_is "$4"
     uninstall "$(installed_for_me)"
-    unchanged "after PATH was too long" "$(dirname "$(installed_for_me)")"
-    say "left a long PATH alone"
+    path_is "$5"
+}
+
+try_path() {
+    local long longest folder=$user_folder'\AppData\Local\Programs\Trevandix Configuration Editor'
+    long=$(printf 'C:\\folder%04d;' {1..300})
+    longest=${long:0:$((2047 - 1 - ${#folder}))}
+    set_path 'C:\a'
+    snapshot before
+    path_row "$longest" "$longest;$folder" "$longest;$folder" "$longest;$folder" "$longest"
+    path_row "${longest}x" "${longest}x" "${longest}x" "${longest}x" "${longest}x"
+    path_row 'C:\a;' "C:\\a;$folder;" "C:\\a;$folder;$long" "C:\\a;$folder;$long" "C:\\a;$long"
+    path_row "$long" "$long" 'C:\a' "C:\\a;$folder" 'C:\a'
+    unchanged "after PATH was changed" "$(dirname "$(installed_for_me)")"
+    say "changed PATH, or left a long one alone"
 }
 
 try_options() {
@@ -240,7 +257,7 @@ try_installer() {
     try_upgrade "$old"
     try_association
     try_options
-    try_long_path
+    try_path
     wineserver -k
     rm -rf "$work_path/wine" "$work_path/old"
 }

@@ -13,7 +13,6 @@ SetCompressor /SOLID zlib
 !include WinVer.nsh
 !include WinMessages.nsh
 ${Using:StrFunc} StrStr
-${Using:StrFunc} UnStrRep
 
 !define PROGRAM "trevandix-editor.exe"
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall\TrevandixConfigurationEditor"
@@ -39,10 +38,11 @@ VIAddVersionKey LegalCopyright "${COMPANY}"
 
 Var everybody   ; 1: for all users
 Var associate   ; 1: XML files are opened with the editor
-Var path        ; 1: PATH has the folder
+Var path        ; 1: PATH has the folder, or shall have it
 Var before      ; the folder of the version installed before
 Var givenFolder ; that of /D
 Var chosen      ; 1: the options say all, and nothing is asked or kept
+Var hive        ; where the key of PATH is
 Var environment ; the key of PATH
 
 !define MUI_ICON "${ICON}"
@@ -103,41 +103,14 @@ Function ${UN}useScope
   SetRegView 64
   ${If} $everybody = 1
     SetShellVarContext all
+    StrCpy $hive -2147483646 ; HKEY_LOCAL_MACHINE
     StrCpy $environment "SYSTEM\CurrentControlSet\Control\Session Manager\Environment"
   ${Else}
     SetShellVarContext current
+    StrCpy $hive -2147483647 ; HKEY_CURRENT_USER
     StrCpy $environment "Environment"
   ${EndIf}
   ReadRegStr $before SHCTX "${UNINSTALL}" InstallLocation
-FunctionEnd
-
-; Sets $0 to PATH, or $1 to 1 if it is longer than the strings of this program, which would cut it.
-Function ${UN}readPath
-  StrCpy $1 0
-  ClearErrors
-  ReadRegStr $0 SHCTX $environment "Path"
-  ${If} ${Errors}
-    StrCpy $0 ""
-    StrCpy $2 0
-    ${Do} ; a value that is there, but cannot be read, is too long
-      ClearErrors
-      EnumRegValue $3 SHCTX $environment $2
-      IntOp $2 $2 + 1
-      ${If} $3 == "Path"
-        StrCpy $1 1
-      ${EndIf}
-    ${LoopUntil} $3 == ""
-  ${EndIf}
-  StrLen $2 "$0$INSTDIR"
-  IntOp $2 $2 + 4 ; the semicolons and the end
-  ${If} $2 >= ${NSIS_MAX_STRLEN}
-    StrCpy $1 1
-  ${EndIf}
-FunctionEnd
-
-; Programs that are started from now on see the change.
-Function ${UN}tellOfPath
-  SendMessage ${HWND_BROADCAST} ${WM_SETTINGCHANGE} 0 "STR:Environment" /TIMEOUT=2000
 FunctionEnd
 
 Function ${UN}tellOfAssociation
@@ -146,6 +119,7 @@ FunctionEnd
 !macroend
 !insertmacro functions ""
 !insertmacro functions "un."
+!include path.nsh
 
 ; ---------------------------------------------------------------- installer
 
@@ -333,7 +307,14 @@ Section
   !insertmacro refuseWhileRunning $INSTDIR "trevandix.exe"
   ; The version before removes what it brought. Its uninstaller stays.
   ${If} ${FileExists} "$before\uninstall.exe"
+    ${If} $path = 1
+    ${AndIf} $before == $INSTDIR
+      DeleteRegValue SHCTX "${UNINSTALL}" Path ; so that the folder keeps its place in PATH
+    ${EndIf}
     ExecWait '"$before\uninstall.exe" /S _?=$before' $0
+    ${If} $path = 1
+      WriteRegDWORD SHCTX "${UNINSTALL}" Path 1
+    ${EndIf}
     ${If} $0 <> 0
       !insertmacro fail 2 "The installed version could not be removed."
     ${EndIf}
@@ -374,6 +355,7 @@ Section
     Call addAssociation
   ${EndIf}
   ${If} $path = 1
+    WriteRegDWORD SHCTX "${UNINSTALL}" Path 1
     Call addToPath
   ${EndIf}
   Call tellOfAssociation
@@ -388,26 +370,6 @@ Function addAssociation
   WriteRegStr SHCTX "Software\Classes\.xml" "" "${PROGID}"
   WriteRegStr SHCTX "Software\Classes\.xml\OpenWithProgids" "${PROGID}" ""
   WriteRegDWORD SHCTX "${UNINSTALL}" Associate 1
-FunctionEnd
-
-Function addToPath
-  Call readPath
-  ${If} $1 = 1
-    MessageBox MB_OK|MB_ICONEXCLAMATION "PATH is too long to be changed safely, so it stays as it is. If you need it, add this folder yourself: $INSTDIR" /SD IDOK
-    Return
-  ${EndIf}
-  ${StrStr} $1 ";$0;" ";$INSTDIR;"
-  ${If} $1 != ""
-    Return
-  ${EndIf}
-  StrCpy $1 $0 1 -1
-  ${If} $0 != ""
-  ${AndIf} $1 != ";"
-    StrCpy $0 "$0;"
-  ${EndIf}
-  WriteRegExpandStr SHCTX $environment "Path" "$0$INSTDIR"
-  WriteRegDWORD SHCTX "${UNINSTALL}" Path 1
-  Call tellOfPath
 FunctionEnd
 
 ; ---------------------------------------------------------------- uninstaller
@@ -472,20 +434,4 @@ Function un.removeAssociation
   DeleteRegKey /ifempty SHCTX "Software\Classes\.xml\OpenWithProgids"
   DeleteRegKey /ifempty SHCTX "Software\Classes\.xml"
   DeleteRegKey SHCTX "Software\Classes\${PROGID}"
-FunctionEnd
-
-Function un.removeFromPath
-  Call un.readPath
-  ${If} $1 = 1
-    MessageBox MB_OK|MB_ICONEXCLAMATION "PATH has become too long to be changed safely, so it stays as it is. It still holds this folder: $INSTDIR" /SD IDOK
-    Return
-  ${EndIf}
-  ${UnStrRep} $0 ";$0;" ";$INSTDIR;" ";"
-  StrCpy $0 $0 -1 1
-  ${If} $0 == ""
-    DeleteRegValue SHCTX $environment "Path"
-  ${Else}
-    WriteRegExpandStr SHCTX $environment "Path" $0
-  ${EndIf}
-  Call un.tellOfPath
 FunctionEnd
