@@ -224,11 +224,12 @@ void WxForm::fit() {
         size.DecTo(most);
     }
     // GTK would show a dialog again one pixel wide whose size is set and stays the same.
-    if (placed_ && size == dialog_->GetClientSize()) return;
-    dialog_->SetMinClientSize(wxDefaultSize);
-    dialog_->SetClientSize(size);
-    dialog_->SetMinClientSize(least);
-    dialog_->Layout();
+    if (!placed_ || size != dialog_->GetClientSize()) {
+        dialog_->SetMinClientSize(wxDefaultSize);
+        dialog_->SetClientSize(size);
+        dialog_->SetMinClientSize(least);
+    }
+    dialog_->Layout();  // also what is shown or hidden in the same size
 }
 
 wxSize WxForm::firstSize() const {
