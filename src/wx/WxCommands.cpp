@@ -170,7 +170,8 @@ void WxCommands::onTool(wxCommandEvent& event) {
 
 bool WxCommands::followsShortcut(const wxKeyEvent& event) const {
     // In a text box, Ctrl with a letter is the box's own.
-    if (event.ControlDown() && dynamic_cast<wxTextEntry*>(wxWindow::FindFocus()) != nullptr) return false;
+    const auto* box = dynamic_cast<wxTextEntry*>(wxWindow::FindFocus());
+    if (event.ControlDown() && box != nullptr && box->IsEditable()) return false;
     for (const CommandSpec& command : commands_) {
         wxAcceleratorEntry key;
         if (!command.menu.empty() || !key.FromString(toWx(command.shortcut))) continue;

@@ -120,10 +120,13 @@ void WxFormKeys::onKey(wxKeyEvent& event) {
         if (!onButton && pressFromKeyboard(buttonForEnter())) return;
     }
     if (chooseByArrow(event) || followAccessKey(event)) return;
-    // A modeless dialog passes function keys on to the main window.
+    // A modeless dialog passes function keys, undo and redo on to the main window.
     wxKeyEvent forMain(event);
-    const bool function = key >= WXK_F1 && key <= WXK_F24 && !dialog_.IsModal();
-    if (!function || !dialog_.GetParent()->GetEventHandler()->ProcessEvent(forMain)) event.Skip();
+    const bool function = key >= WXK_F1 && key <= WXK_F24;
+    const bool undo = event.ControlDown() && (key == 'Z' || key == 'Y');
+    if (dialog_.IsModal() || !(function || undo) ||
+        !dialog_.GetParent()->GetEventHandler()->ProcessEvent(forMain))
+        event.Skip();
 }
 
 }  // namespace trevandix

@@ -10,8 +10,8 @@
 
 namespace trevandix {
 
-/// What keys do in a form: Enter and Escape, access keys, arrows among options, function keys of the main
-/// window.
+/// What keys do in a form: Enter and Escape, access keys, arrows among options, function keys and undo of the
+/// main window.
 class WxFormKeys {
 public:
     /// `close` is for Escape in a form without a cancel button. All must outlive this.
