@@ -40,6 +40,12 @@ void FileCommands::keepUnasked(SaveQuestion asked) const {
     if (open && asked == SaveQuestion::NotAsked && context_.configuration.changed()) keepUnsaved_();
 }
 
+// Tree and list, and what shows them.
+void FileCommands::clear() const {
+    context_.InitObjects();
+    cleared_();
+}
+
 std::string FileCommands::defaultFilePath() const {
     const auto folder = fromUtf8(context_.platform.programFolder);
     return toUtf8((folder / fromUtf8(context_.state().interfaceKind + ".xml")).make_preferred());
@@ -52,7 +58,7 @@ void FileCommands::mnuNewCfg_Click() {
         keepUnasked(question);
         Configuration& configuration = context_.configuration;
         if (question == SaveQuestion::Settled) configuration.setOpen(false);
-        context_.InitObjects();
+        clear();
         if (const auto kind = showFrmSelect(context_.platform.forms)) configuration.setInterfaceKind(*kind);
         configuration.beginNew(defaultFilePath());
         context_.platform.window.hideImportPanel();  // a failed Open may have left it
@@ -109,7 +115,7 @@ bool FileCommands::recover(const std::string& content, const std::string& filePa
         context_.configuration.markUnsaved();
     });
     if (!recovered) {  // the program goes on as it starts
-        context_.InitObjects();
+        clear();
         context_.platform.window.hideImportPanel();
     }
     return recovered;
@@ -119,7 +125,7 @@ bool FileCommands::read(const std::string& source, const std::string& filePath, 
     Configuration& configuration = context_.configuration;
     // From here on the old configuration is gone, and the new one is not there before it has been read whole.
     configuration.setOpen(false);
-    context_.InitObjects();
+    clear();
     file_.opened({});
     bool complete = false;
     {
@@ -236,7 +242,7 @@ void FileCommands::mnuCloseCfg_Click() {
         if (question == SaveQuestion::Stop) return;
         keepUnasked(question);
         if (question == SaveQuestion::Settled) context_.configuration.setOpen(false);
-        context_.InitObjects();
+        clear();
         context_.enable(Situation::Start);
         context_.configuration.close();
         file_.opened({});

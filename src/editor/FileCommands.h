@@ -38,6 +38,8 @@ public:
     /// Called before a configuration is released whose changes the user was not asked about, or wanted to
     /// save and could not.
     void onUnsavedEnd(std::function<void()> keep) { keepUnsaved_ = std::move(keep); }
+    /// Called when tree and list have been cleared, before a dialog or the reading of a file goes on.
+    void onCleared(std::function<void()> show) { cleared_ = std::move(show); }
 
     /// Of the configuration's file when it was opened or last saved; nothing when it was neither.
     const std::optional<FileStamp>& stamp() const { return file_.stamp(); }
@@ -50,6 +52,7 @@ private:
     bool ShowDialSave(std::string& fileName) const;
     void load(const std::string& filePath, SaveQuestion asked);
     void keepUnasked(SaveQuestion asked) const;
+    void clear() const;
     bool read(const std::string& source, const std::string& filePath, Origin origin);
     void finishLoad();
     bool writeAndPublish();
@@ -65,6 +68,7 @@ private:
     bool reading_ = false;
     SafeFile file_;
     std::function<void()> keepUnsaved_;
+    std::function<void()> cleared_;
 };
 
 }  // namespace trevandix

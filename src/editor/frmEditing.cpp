@@ -29,6 +29,7 @@ frmEditing::frmEditing(Platform& platform, Configuration& configuration, ListVie
       map_(context_, views_, [this] { TreeView1_DblClick(); }),
       recovery_(context_, file_) {
     file_.onUnsavedEnd([this] { recovery_.keepForNextStart(); });
+    file_.onCleared([this] { map_.follow(); });
 }
 
 void frmEditing::Form_Load() {
