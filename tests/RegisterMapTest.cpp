@@ -22,6 +22,8 @@ void spoil(clsItem& item, unsigned how) {
     if (how == 2) item.nAddress(65536);
     if (how == 3) item.sDataType("coil:boolean array");
     if (how == 3) item.nElements(0);
+    if (how == 4) item.sDataType("holding register:boolean");
+    if (how == 4) item.nBitNumber(99);
 }
 
 /// What the rows of a table show. Checks that they show all of the table and no more lanes than they have.
@@ -70,7 +72,7 @@ TEST(RegisterMap, ShowsEachBitInTheBlocksOfItsItemsAndNothingElse) {
                                                  "i" + std::to_string(i), table);
                 clsItem& item = behindTheDoor(*configuration.items.last());
                 const bool spoilt = random() % 8 == 0;
-                if (spoilt) spoil(item, random() % 4);
+                if (spoilt) spoil(item, static_cast<unsigned>(random() % 5));
                 if (unit == "V") continue;
                 homeless += spoilt ? 1 : 0;
                 for (const int bit : spoilt ? std::set<int>() : bits)
@@ -119,6 +121,7 @@ void plantRegisters(Configuration& configuration, const std::string& items) {
             {"words", "holding register:signed 16 bit array"},
             {"text", "holding register:string"},
             {"bit", "holding register:boolean"},
+            {"bits", "holding register:boolean array"},
             {"coil", "coil:boolean"},
             {"coils", "coil:boolean array"}};
         item.sDataType(kTypes.at(words[1]));
@@ -158,27 +161,28 @@ TEST(RegisterMap, Lines) {
     for (const auto& [items, wanted] :
          Fields{{"", ""},
                 {"a float 3, b word 4, c bit 5.3, d words 10 x20, e word 100",
-                 "holding register: 24 used, 65512 free, largest free stretch 65435 (101 to 65535), "
-                 "1 overlap\n"
+                 "holding register: 24 used, 65512 free, 1 overlap\n"
+                 "largest free stretch 65435 (101 to 65535)\n"
                  "0: *a 48-80 c 83-84 d 160-256> b/1 64-80!64-80\n"
                  "16: <d 0-224\n"
                  "free: 70 registers, 30 to 99\n"
                  "96: e 64-80\n"
                  "free: 65435 registers, 101 to 65535\n"},
                 {"a word 33, b coil 70, c coils 71 x3, d words 65530 x6, e text 65530 x13",
-                 "coil: 4 used, 65532 free, largest free stretch 65462 (74 to 65535)\n"
+                 "coil: 4 used, 65532 free\nlargest free stretch 65462 (74 to 65535)\n"
                  "0:\n"
                  "64: b 6-7 c 7-10\n"
                  "free: 65462 bits, 74 to 65535\n"
-                 "holding register: 7 used, 65529 free, largest free stretch 65496 (34 to 65529)\n"
+                 "holding register: 7 used, 65529 free, 1 overlap\n"
+                 "largest free stretch 65496 (34 to 65529)\n"
                  "free: 33 registers, 0 to 32\n"
                  "32: *a 16-32\n"
                  "free: 65496 registers, 34 to 65529\n"
-                 "65520: d 160-256\n"},
+                 "65520: d 160-256 e/1 160-256!160-256\n"},
                 // The bits of a word, longest first; what finds no lane stands in a pile.
                 {"a bit 0.0, b word 0, c bit 0.0, d bit 0.0, e bit 0.2, f float 0, g word 4",
-                 "holding register: 3 used, 65533 free, largest free stretch 65531 (5 to 65535), "
-                 "1 overlap\n"
+                 "holding register: 3 used, 65533 free, 1 overlap\n"
+                 "largest free stretch 65531 (5 to 65535)\n"
                  "0: f 0-32 g 64-80 b/1 0-16 3 items/2 0-1 e/2 2-3 *a/2 0-1!0-16\n"
                  "free: 65531 registers, 5 to 65535\n"}}) {
         Configuration configuration;
@@ -188,6 +192,33 @@ TEST(RegisterMap, Lines) {
         lines.setCurrent(Key("U.a"));
         lines.setSelected(true);
         EXPECT_EQ(drawn(lines), wanted) << items;
+    }
+}
+
+TEST(RegisterMap, SaysWhereAnItemIsOrWhyNot) {
+    Configuration configuration;
+    plantRegisters(configuration,
+                   "a word 40, b bits 40.3 x20, c word 41, d text 65530 x100, e bit 50.99, f words 60 x0, "
+                   "g word 70000, h bits 70.2 x3");
+    MapLines lines(configuration);
+    lines.replace(registerMapOf(configuration, configuration.tree.at(Key("U"))));
+    for (const auto& [item, wanted] : Fields{
+             {"U.a", "holding register 40, signed 16 bit, overlaps U.b"},
+             {"U.b", "holding register 40 bit 3 to 41 bit 6, boolean array of 20, overlaps U.a and 1 other"},
+             {"U.d", "holding register 65530 to 65579, beyond the end of the table, string of 100"},
+             {"U.e", "holding register 50 bit 99 has no place: bits are 0 to 15, boolean"},
+             {"U.f", "holding register 60 has no place: no elements, signed 16 bit array of 0"},
+             {"U.g", "holding register 70000 has no place: addresses are 0 to 65535, signed 16 bit"},
+             {"U.h", "holding register 70 bits 2 to 4, boolean array of 3"}}) {
+        lines.setCurrent(Key(item));
+        EXPECT_EQ(lines.item(), Key(item));
+        std::string spoken = lines.spoken();
+        if (const auto right = spoken.find(", READ"); right != std::string::npos) spoken.erase(right, 6);
+        EXPECT_EQ(spoken, item + ", " + wanted);
+    }
+    for (const char* next : {"U.e", "U.f", "U.g", "U.e"}) {
+        EXPECT_EQ(lines.nextHomeless(), Key(next));
+        lines.setCurrent(lines.nextHomeless());
     }
 }
 
@@ -280,6 +311,10 @@ struct MapWorkplace : Workplace {
         if (step.starts_with("click ")) return form->inMap.click(point(rest));
         if (step.starts_with("double ")) return form->inMap.open(point(rest));
         if (step == "free") return form->press("cmdFree");
+        if (step == "new") {
+            forms.scripts.emplace_back([this](FakeForm&) { EXPECT_EQ(form->text("lblUnit"), "No unit"); });
+            return run("mnuNewCfg");
+        }
         if (step == "pause") return editor.paused([] { return false; });
         if (step.starts_with("mnu")) {
             run(step);
@@ -319,18 +354,25 @@ TEST(RegisterMap, WindowFollows) {
              {"mnuUndo",
               "Dosing.PANEL.Lamp_Test | Dosing.PANEL.Lamp_Test" + dosing + "Undone: Delete item Lamp_Test"},
              {"dialog cmbModbusType=holding register|cmbDataType=signed 16 bit array|txtElements=5; free",
-              "Dosing.PANEL.Lamp_Test | free: holding register 76 to 80" + dosing +
+              "Dosing.PANEL.Lamp_Test | Free: holding register 76 to 80; address 76 copied" + dosing +
                   "Free: holding register 76 to 80; address 76 copied"},
-             {"dialog txtElements=32; free", "Dosing.PANEL.Lamp_Test | free: holding register 116 to 147" +
-                                                 dosing +
-                                                 "Free: holding register 116 to 147; address 116 copied"},
-             {"dialog txtElements=0; free", "Dosing.PANEL.Lamp_Test | free: holding register 116 to 147" +
-                                                dosing + "Number of elements field is not valid"},
+             {"dialog txtElements=32; free",
+              "Dosing.PANEL.Lamp_Test | Free: holding register 116 to 147; address 116 copied" + dosing +
+                  "Free: holding register 116 to 147; address 116 copied"},
+             {"dialog txtElements=0; free",
+              "Dosing.PANEL.Lamp_Test | Free: holding register 116 to 147; address 116 copied" + dosing +
+                  "Number of elements field is not valid"},
              {"dialog cmbModbusType=coil|cmbDataType=boolean; free",
-              "Dosing.PANEL.Lamp_Test | free: coil 21" + dosing + "Free: coil 21; address 21 copied"},
+              "Dosing.PANEL.Lamp_Test | Free: coil 21; address 21 copied" + dosing +
+                  "Free: coil 21; address 21 copied"},
              {"right", "Dosing.FLOCCULANT.PUMP.Enable | Dosing.FLOCCULANT.PUMP.Enable" + dosing},
+             {"dialog cmbModbusType=holding register|cmbDataType=32 bit float array|txtElements=32767; free",
+              "Dosing.FLOCCULANT.PUMP.Enable | Not enough room in holding register: no free stretch is long "
+              "enough" +
+                  dosing + "Not enough room in holding register: no free stretch is long enough"},
              {"Intake.PUMPS", "Intake.PUMPS | Intake.PUMPS.PUMP1.Available | Intake: 68 items | "},
              {"top; pause", " | Intake.PUMPS.PUMP1.Available | Intake: 68 items | "},
+             {"new", " |  | No unit | "},
              {"mnuCloseCfg", " |  | No unit | "},
          }) {
         for (const std::string& step : split(steps, "; ")) place.act(step);

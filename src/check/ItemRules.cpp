@@ -24,12 +24,12 @@ bool mayWrite(const ItemFacts& item) {
     return !item.value().elements && type->getSingleWrCode() != 0;
 }
 
-// Registers, or bits in a table of bits.
+// Registers, or bits in a table of bits; also of an item whose address or bit is none of the table's.
 std::int64_t places(const ItemFacts& item) {
-    const Span span = item.span();
+    const std::int16_t bit = isBit(item.bit) ? item.bit : std::int16_t{0};
+    const Span span = spanOf(item.table(), item.value(), {0, bit}, item.elements);
     if (span.empty()) return 0;
-    const std::int64_t unit = unitsPerAddress(item.table());
-    return (span.end - 1) / unit - span.begin / unit + 1;
+    return (span.end - 1) / unitsPerAddress(item.table()) + 1;
 }
 
 std::string_view placeName(const ItemFacts& item) {
@@ -84,7 +84,7 @@ void findAddresses(Search& search) {
 
 void findBits(Search& search) {
     eachKnown(search, [&](const ItemFacts& item, const Key& key) {
-        if (!item.value().bitwise() || (item.bit >= 0 && item.bit < kRegisterBits)) return;
+        if (!item.value().bitwise() || isBit(item.bit)) return;
         search.found(key,
                      "bit " + std::to_string(item.bit) + " is outside 0 to 15; choose one of the register's");
     });

@@ -20,6 +20,8 @@ constexpr std::array kControls{
     ControlSpec{ControlKind::Note, "txtBlock", "Current block"}.describedAs(
         "Key, address, type, access right and comment"),
     ControlSpec{ControlKind::Heading, "lblHomeless"},
+    ControlSpec{ControlKind::Button, "cmdHomeless", "Next Without &Place", "", Place::ButtonRow}.describedAs(
+        "Selects the next item without a place in the map"),
     ControlSpec{ControlKind::Button, "cmdFree", "Next &Free Address...", "", Place::ButtonRow}.describedAs(
         "Selects the next stretch with enough room and copies its address"),
     ControlSpec{ControlKind::Button, "cmdOpen", "&Open", "", Place::ButtonRow}.describedAs(
@@ -60,14 +62,15 @@ void frmRegisterMap::Form_Load() {
     };
     form_->connectMap(
         kMap, lines_,
-        {.click = guarded("mapClick", [this](const MapPoint& point) { select(lines_.at(point)); }),
+        {.click = guarded("mapClick", [this](const MapPoint& point) { selectBlock(lines_.at(point)); }),
          .open = guarded("mapOpen",
                          [this](const MapPoint& point) {
                              if (lines_.at(point)) cmdOpen_Click();
                          }),
          .move = guarded("mapMove",
-                         [this](MapMove move, std::size_t page) { select(lines_.moved(move, page)); })});
+                         [this](MapMove move, std::size_t page) { selectBlock(lines_.moved(move, page)); })});
     form_->onClosed([this] { open_ = false; });
+    form_->on("cmdHomeless", guarded("cmdHomeless_Click", [this] { select(lines_.nextHomeless()); }));
     form_->on("cmdFree", guarded("cmdFree_Click", [this] { cmdFree_Click(); }));
     form_->on("cmdOpen", guarded("cmdOpen_Click", [this] { cmdOpen_Click(); }));
     form_->on("cmdCancel", [this] { form_->close(); });
@@ -100,15 +103,18 @@ void frmRegisterMap::update(const TreeNode* unit) {
 }
 
 void frmRegisterMap::show() {
-    const auto& block = lines_.block();
-    lines_.setSelected(block && lines_.itemAt(*block) == selected_);
+    const Key current = lines_.item();
+    lines_.setSelected(current == selected_);
     std::size_t items = lines_.map().homeless.size();
     for (const TableMap& table : lines_.map().tables) items += table.blocks.size();
     setText("lblUnit", unit_.empty() ? "No unit" : shownKey(unit_) + ": " + counted(items, "item", "items"));
     setText("lblHomeless", homelessText());
-    form_->setVisible("lblHomeless", !lines_.map().homeless.empty());
+    for (const std::string_view control : {"lblHomeless", "cmdHomeless"}) {
+        const bool wanted = !lines_.map().homeless.empty();
+        if (form_->visible(control) != wanted) form_->setVisible(control, wanted);
+    }
     setText("txtBlock", unit_.empty() ? "" : lines_.spoken());
-    form_->setEnabled("cmdOpen", block && !lines_.gap());
+    form_->setEnabled("cmdOpen", !current.empty());
     form_->setEnabled("cmdFree", !unit_.empty());
     form_->refreshMap(kMap);
 }
@@ -127,10 +133,12 @@ std::string frmRegisterMap::homelessText() const {
     return text + andMore(items.size() - named);
 }
 
+void frmRegisterMap::selectBlock(const std::optional<MapLines::Place>& place) {
+    if (place) select(lines_.itemAt(*place));
+}
+
 // As a click in the tree does.
-void frmRegisterMap::select(const std::optional<MapLines::Place>& place) {
-    if (!place) return;
-    const Key item = lines_.itemAt(*place);
+void frmRegisterMap::select(const Key& item) {
     TreeNode* node = context_.tree().find(item);
     if (node == nullptr) return follow();
     lines_.setCurrent(item);
@@ -144,9 +152,7 @@ void frmRegisterMap::select(const std::optional<MapLines::Place>& place) {
 // Afterwards selects the item again instead of its branch, so that the arrow keys go on from here.
 void frmRegisterMap::cmdOpen_Click() {
     update(nullptr);
-    const auto block = lines_.block();
-    if (!block || lines_.gap()) return;
-    TreeNode* node = context_.tree().find(lines_.itemAt(*block));
+    TreeNode* node = context_.tree().find(lines_.item());
     if (node == nullptr) return;
     views_.select(*node);
     openSelected_();
@@ -166,11 +172,10 @@ void frmRegisterMap::cmdFree_Click() {
     context_.news.update();
 }
 
-// What was wanted before, else what the current block has.
+// What was wanted before, else what the current item has.
 FreeAddressFields frmRegisterMap::proposed() const {
     if (wanted_) return *wanted_;
-    const auto& block = lines_.block();
-    const auto item = block ? context_.configuration.items.find(lines_.itemAt(*block)) : nullptr;
+    const auto item = context_.configuration.items.find(lines_.item());
     if (item == nullptr) return {};
     const ItemFields fields = item->texts();
     return {fields.table, fields.type, fields.elements};
@@ -181,13 +186,16 @@ void frmRegisterMap::findFree(const FreeAddressFields& wanted) {
     const ValueType& type = *valueTypeOf(wanted.type);
     const auto length = spanOf(table, type, {}, toInt32(leadingNumber(wanted.elements))).length();
     const auto gap = lines_.freeBehindCurrent(table, length, type.bitwise());
-    if (!gap) return context_.news.tell("Not enough room: no free stretch is long enough");
-    lines_.setGap(*gap);
+    std::string answer = "Not enough room in " + wanted.table + ": no free stretch is long enough";
+    if (gap) {
+        const std::string address = std::to_string(gap->span.begin / unitsPerAddress(table));
+        const bool copied = context_.platform.clipboard.setText(address);
+        answer = "Free: " + lines_.told(*gap) + (copied ? "; address " + address + " copied" : "") +
+                 (copied ? "" : "; not copied: another program uses the clipboard");
+    }
+    lines_.setAnswer(answer, gap);
     show();
-    const std::string address = std::to_string(gap->span.begin / unitsPerAddress(table));
-    const bool copied = context_.platform.clipboard.setText(address);
-    context_.news.tell("Free: " + lines_.told(*gap) + (copied ? "; address " + address + " copied" : "") +
-                       (copied ? "" : "; not copied: another program uses the clipboard"));
+    context_.news.tell(answer);
 }
 
 void frmRegisterMap::unload() {

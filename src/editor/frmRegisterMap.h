@@ -39,11 +39,11 @@ private:
     const TreeNode* pointed() const;
     void Form_Load();
     void update(const TreeNode* unit);
-    void readSelection(const TreeNode* selected);
     void show();
     void setText(std::string_view control, const std::string& text) const;
     std::string homelessText() const;
-    void select(const std::optional<MapLines::Place>& place);
+    void selectBlock(const std::optional<MapLines::Place>& place);
+    void select(const Key& item);
     void cmdOpen_Click();
     void cmdFree_Click();
     void findFree(const FreeAddressFields& wanted);

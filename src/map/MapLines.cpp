@@ -5,12 +5,14 @@
 #include <utility>
 
 #include "map/MapWording.h"
+#include "platform/Text.h"
 
 namespace trevandix {
 
 namespace {
 
 constexpr std::size_t kMostToldOfPile = 8;
+constexpr int kTitleLanes = 2;
 
 MapPart partOfLine(MapPart::Look look, const Span& span, const Span& line, int lane) {
     MapPart part{look,
@@ -31,6 +33,8 @@ void MapLines::replace(RegisterMap map) {
     map_ = std::move(map);
     block_.reset();
     gap_.reset();
+    homeless_ = Key();
+    answer_.clear();
     if (map_.tables.empty()) return;
     if (before) block_ = map_.find(before->item);
     if (block_) return;
@@ -44,12 +48,32 @@ void MapLines::replace(RegisterMap map) {
                    static_cast<std::size_t>(std::min(next - same->blocks.begin(), last))};
 }
 
-void MapLines::setCurrent(const Key& item) {
-    if (block_ && !gap_ && itemAt(*block_) == item) return;
-    const auto found = map_.find(item);
-    if (!found) return;
-    block_ = found;
+Key MapLines::item() const {
+    return onBlock() ? itemAt(*block_) : homeless_;
+}
+
+void MapLines::setCurrent(const Key& wanted) {
+    answer_.clear();
+    if (item() == wanted) return;
+    const auto found = map_.find(wanted);
+    const auto& homeless = map_.homeless;
+    if (!found && std::ranges::find(homeless, wanted) == homeless.end()) return;
     gap_.reset();
+    homeless_ = found ? Key() : wanted;
+    if (found) block_ = found;
+}
+
+Key MapLines::nextHomeless() const {
+    const auto& all = map_.homeless;
+    if (all.empty()) return {};
+    const auto current = std::ranges::find(all, homeless_);
+    return current == all.end() || current + 1 == all.end() ? all.front() : *(current + 1);
+}
+
+void MapLines::setAnswer(std::string answer, const std::optional<Gap>& gap) {
+    answer_ = std::move(answer);
+    gap_ = gap;
+    homeless_ = Key();
 }
 
 MapLines::Where MapLines::where(std::size_t line) const {
@@ -79,7 +103,9 @@ std::size_t MapLines::lineCount() const {
 }
 
 int MapLines::lanes(std::size_t line) const {
-    const MapRow* row = rowAt(where(line));
+    const Where place = where(line);
+    if (place.line == 0) return kTitleLanes;
+    const MapRow* row = rowAt(place);
     return row == nullptr ? 1 : std::max<int>(row->lanes, 1);
 }
 
@@ -116,7 +142,7 @@ std::string MapLines::nameOf(const Block& block) const {
 void MapLines::addBlocks(MapLine& line, const Where& where) const {
     const TableMap& table = map_.tables[where.table];
     const Span part = partOf(where);
-    const bool hasCurrent = block_ && !gap_ && block_->table == where.table;
+    const bool hasCurrent = onBlock() && block_->table == where.table;
     for (std::size_t lane = 0; lane < TableMap::kLanes; ++lane) {
         for (const Stack& stack : table.stacksIn(lane, part)) {
             MapPart held = partOfLine(MapPart::Look::Block, stack.span, part, static_cast<int>(lane));
@@ -287,7 +313,7 @@ std::optional<MapLines::Place> MapLines::at(const MapPoint& point) const {
     const std::size_t table = where(point.line).table;
     if (stack->count == 1) return Place{table, stack->first};
     const auto pile = map_.tables[table].pileOf(stack->first);
-    const bool here = block_ && !gap_ && block_->table == table;
+    const bool here = onBlock() && block_->table == table;
     const auto current = here ? std::ranges::find(pile, block_->block) : pile.end();
     const auto next = current == pile.end() || current + 1 == pile.end() ? pile.begin() : current + 1;
     return Place{table, *next};
@@ -307,16 +333,28 @@ std::string MapLines::told(const Gap& gap) const {
     return shownPlace(*gap.table, gap.span, gap.bits);
 }
 
+// What the current block overlaps: ", overlaps U.a and 2 others".
+std::string MapLines::overlapText() const {
+    const Block& current = blockAt(*block_);
+    const Block* first = nullptr;
+    std::size_t count = 0;
+    for (const Block& block : map_.tables[block_->table].blocks) {
+        if (block.span.begin >= current.span.end) break;
+        if (&block == &current || !block.span.meets(current.span)) continue;
+        if (count++ == 0) first = &block;
+    }
+    if (first == nullptr) return {};
+    return ", overlaps " + first->item.str() +
+           (count > 1 ? " and " + counted(count - 1, "other", "others") : "");
+}
+
 std::string MapLines::spoken() const {
-    if (gap_) return "free: " + told(*gap_);
-    if (!block_) return "no items";
-    std::string text = itemText(configuration_, itemAt(*block_));
+    if (!answer_.empty()) return answer_;
+    const Key current = item();
+    if (current.empty()) return map_.homeless.empty() ? "no items" : "no items with a place";
+    std::string text = itemText(configuration_, current);
     for (std::size_t at; (at = text.find('\n')) != std::string::npos;) text.replace(at, 1, ", ");
-    const auto& overlaps = map_.tables[block_->table].overlaps;
-    const Span span = currentSpan();
-    if (std::ranges::any_of(overlaps, [&](const Span& overlap) { return overlap.meets(span); }))
-        text += ", overlaps other items";
-    return text;
+    return onBlock() ? text + overlapText() : text;
 }
 
 std::string MapLines::tip(const MapPoint& point) const {

@@ -27,14 +27,18 @@ public:
     /// Takes another map. The current block follows its item; if that is gone, the next one takes its place.
     void replace(RegisterMap map);
 
-    /// The current block. Nothing only while there is no block, or a gap is current instead.
-    const std::optional<Place>& block() const { return block_; }
-    const std::optional<Gap>& gap() const { return gap_; }
+    /// The item of the current block, or the current one of those without a place. Empty while there is none,
+    /// or a gap is current.
+    Key item() const;
     const Key& itemAt(const Place& place) const { return blockAt(place).item; }
-    /// Makes an item's block the current one. Does nothing for an item without a block.
+    /// Makes an item's block the current one, or the item itself if it has no place. Does nothing for an item
+    /// that the map does not have.
     void setCurrent(const Key& item);
-    /// Makes the gap current and selected, until another block is current or the map is replaced.
-    void setGap(const Gap& gap) { gap_ = gap; }
+    /// The item without a place behind the current one, after the last one the first; empty if there is none.
+    Key nextHomeless() const;
+    /// Says what came of a search for a gap, and makes the gap current and selected if there is one. This
+    /// lasts until an item is made current or the map is replaced.
+    void setAnswer(std::string answer, const std::optional<Gap>& gap);
     /// Whether the current block is selected, too.
     void setSelected(bool selected) { selected_ = selected; }
 
@@ -43,7 +47,7 @@ public:
     /// The block at the point; of a pile the one behind the current one.
     std::optional<Place> at(const MapPoint& point) const;
     /// The first gap of this length behind the current block or gap, after the last one the first in the
-    /// table; `bits` as in `Gap`. In a table without blocks, its beginning. Nothing if there is none.
+    /// table; `bits` as in `Gap`. In a table without blocks, its beginning. Nothing if none is long enough.
     std::optional<Gap> freeBehindCurrent(const ModbusTable& table, std::int64_t length, bool bits) const;
     /// "holding register 236 to 237"
     std::string told(const Gap& gap) const;
@@ -64,6 +68,8 @@ private:
     static constexpr std::size_t kHead = 2;  // lines of a table in front of its rows: title and scale
     const Block& blockAt(const Place& place) const { return map_.tables[place.table].blocks[place.block]; }
     Where where(std::size_t line) const;
+    /// True while the current block is not hidden by a gap or an item without a place.
+    bool onBlock() const { return block_ && !gap_ && homeless_.empty(); }
     /// The place of the current block's or gap's table; nothing also for a gap in a table without blocks.
     std::optional<std::size_t> currentTable() const;
     Span currentSpan() const { return gap_ ? gap_->span : blockAt(*block_).span; }
@@ -77,6 +83,7 @@ private:
     std::optional<Place> beyond(std::size_t line, int step) const;
     double column() const;
     std::string nameOf(const Block& block) const;
+    std::string overlapText() const;
     void addBlocks(MapLine& line, const Where& where) const;
     void addGap(MapLine& line, const Where& where) const;
     void markOverlaps(MapLine& line, const Where& where) const;
@@ -85,6 +92,8 @@ private:
     RegisterMap map_;
     std::optional<Place> block_;
     std::optional<Gap> gap_;
+    Key homeless_;        ///< current instead of the block; else empty
+    std::string answer_;  ///< of the last search; empty if something else is current since
     bool selected_ = false;
 };
 

@@ -144,16 +144,16 @@ RegisterMap registerMapOf(const Configuration& configuration, const TreeNode& un
         if (record == nullptr) continue;
         const std::string& text = record->sDataType();
         const StoredType& type = types.try_emplace(&text, text).first->second;
-        const Span span = type.known()
-                              ? spanOf(*type.table, *type.value, {record->nAddress(), record->nBitNumber()},
-                                       record->nElements())
-                              : Span();
-        const bool fits =
-            !span.empty() && span.begin >= 0 && span.end <= (kLastAddress + 1) * unitsPerAddress(*type.table);
-        if (fits)
-            blocks[type.table].push_back({node->key(), span});
-        else
+        Span span;
+        if (type.known()) {
+            span = spanOf(*type.table, *type.value, {record->nAddress(), record->nBitNumber()},
+                          record->nElements());
+            span.end = std::min(span.end, wholeOf(*type.table).end);
+        }
+        if (span.empty())
             map.homeless.push_back(node->key());
+        else
+            blocks[type.table].push_back({node->key(), span});
     }
     for (const ModbusTable& table : modbusTables()) {
         const auto found = blocks.find(&table);

@@ -16,7 +16,7 @@ namespace trevandix {
 /// An item in its table.
 struct Block {
     Key item;
-    Span span;
+    Span span;  ///< without what reaches beyond the table's end
     std::uint8_t lane = 0;
 };
 
@@ -77,7 +77,7 @@ private:
 /// All tables that a unit's items use. Items that have no place are left out.
 struct RegisterMap {
     std::vector<TableMap> tables;  ///< in the order of `modbusTables`
-    std::vector<Key> homeless;     ///< items of unknown type or length, or beyond the table's addresses
+    std::vector<Key> homeless;     ///< items of unknown type, or whose `spanOf` is empty
 
     /// A block by its table's place in `tables` and its own in `blocks`.
     struct Place {

@@ -11,8 +11,7 @@ namespace trevandix {
 
 inline constexpr std::int32_t kLastAddress = 65535;  ///< of each table
 
-/// A part of a table: bits for the tables of registers, addresses for those of bits; empty where no length is
-/// known.
+/// A part of a table: bits for the tables of registers, addresses for those of bits.
 struct Span {
     std::int64_t begin = 0;
     std::int64_t end = 0;
@@ -39,10 +38,22 @@ struct StoredType {
     bool known() const { return table != nullptr && value != nullptr; }
 };
 
-/// What an item covers that has this place, value type and, for arrays and strings, number of elements.
+constexpr Span wholeOf(const ModbusTable& table) {
+    return {0, (std::int64_t{kLastAddress} + 1) * unitsPerAddress(table)};
+}
+
+/// True for a bit of a register.
+constexpr bool isBit(std::int32_t bit) {
+    return bit >= 0 && bit < kRegisterBits;
+}
+
+/// What an item covers that has this place, value type and, for arrays and strings, number of elements; it
+/// may reach beyond the table's end. Empty without elements, and where the table has no such address or the
+/// register no such bit.
 Span spanOf(const ModbusTable& table, const ValueType& value, ItemPlace place, std::int64_t elements);
 
-/// "holding register 20 to 22"; `bits` names the first bit, too: "holding register 20 bit 3".
+/// "holding register 20 to 22"; `bits` names the bits, too: "holding register 20 bit 3", "holding register 20
+/// bits 3 to 5", "holding register 20 bit 3 to 21 bit 2".
 std::string shownPlace(const ModbusTable& table, const Span& span, bool bits);
 
 }  // namespace trevandix

@@ -33,7 +33,7 @@ struct MapLine {
     };
 
     Kind kind = Kind::Row;
-    std::string text;           ///< heading, address at the edge, or length of the gap
+    std::string text;           ///< heading of one or two lines, address at the edge, or length of the gap
     int cells = 0;              ///< of equal width
     int parts = 0;              ///< of the same width in all cells
     int perNumber = 1;          ///< of a Scale: cells from one number to the next
