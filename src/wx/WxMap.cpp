@@ -1,6 +1,7 @@
 #include "wx/WxMap.h"
 
 #include <wx/dcbuffer.h>
+#include <wx/dcclient.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
@@ -29,14 +30,18 @@ constexpr std::array kMoveKeys{
     MoveKey{WXK_HOME, MapMove::Home},     MoveKey{WXK_END, MapMove::End},
 };
 
-/// Draws the legend.
+/// Draws the legend, as high as its width makes it.
 class Legend : public wxWindow {
 public:
     explicit Legend(wxWindow* parent) : wxWindow(parent, wxID_ANY) {
         SetBackgroundStyle(wxBG_STYLE_PAINT);
         SetCanFocus(false);
-        const WxMapLook look(*this);
-        SetMinSize(wxSize(-1, look.lane + 2 * look.margin));
+        fitHeight();
+        Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+            event.Skip();
+            if (fitHeight()) CallAfter([this] { GetParent()->Layout(); });
+            Refresh();
+        });
         Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
             wxAutoBufferedPaintDC dc(this);
             const WxMapLook now(*this);
@@ -44,10 +49,24 @@ public:
             dc.Clear();
             dc.SetFont(now.font);
             WxFittedTexts texts;
-            WxMapPainter(dc, now, texts, GetClientSize().GetWidth(), false).drawLegend(now.margin);
+            WxMapPainter(dc, now, texts, GetClientSize().GetWidth(), false).drawLegend();
         });
     }
     bool AcceptsFocus() const override { return false; }  // the same for Windows
+
+private:
+    // True if it needs another height than before.
+    bool fitHeight() {
+        wxClientDC dc(this);
+        const WxMapLook look(*this);
+        dc.SetFont(look.font);
+        WxFittedTexts texts;
+        const int width = std::max(GetClientSize().GetWidth(), FromDIP(kLeastWidth));
+        const int height = WxMapPainter(dc, look, texts, width, false).legendHeight();
+        if (height == GetMinSize().GetHeight()) return false;
+        SetMinSize(wxSize(-1, height));
+        return true;
+    }
 };
 
 }  // namespace

@@ -1,9 +1,12 @@
 #include "wx/WxMapPainter.h"
 
+#include <wx/arrstr.h>
 #include <wx/control.h>
 #include <wx/settings.h>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstdint>
 
 #include "wx/WxBasics.h"
@@ -18,6 +21,7 @@ constexpr int kScrollBar = 10;
 constexpr int kHatchStep = 6;
 constexpr int kLegendGap = 18;
 constexpr const char* kWidestAddress = "65535 ";
+constexpr std::array kLegend{"item", "free", "overlap, also marked at the edge", "selected"};
 
 wxColour mixed(const wxColour& from, const wxColour& to, double share) {
     const auto mix = [share](unsigned char a, unsigned char b) {
@@ -44,6 +48,11 @@ WxMapLook::WxMapLook(const wxWindow& window)
     faint = mixed(back, text, 0.65);
     block = mixed(back, selected, 0.3);
     free = mixed(back, text, 0.05);
+    // Where selections are hardly lighter or darker than the background, as in some high contrast themes.
+    const auto contrast = [this](const wxColour& colour) {
+        return std::abs(colour.GetLuminance() - back.GetLuminance());
+    };
+    if (contrast(block) < 2 * contrast(free)) block = mixed(back, text, 0.3);
     grid = mixed(back, text, 0.16);
     // The addresses, and room for a warning in front of them.
     edge = window.GetTextExtent(kWidestAddress).GetWidth() + window.GetCharHeight() + margin;
@@ -98,20 +107,27 @@ void WxMapPainter::draw(const MapLine& line, int lanes, int top) {
 }
 
 void WxMapPainter::drawTitle(const MapLine& line, int top) {
-    dc_.SetFont(look_.font.Bold());
     dc_.SetTextForeground(look_.text);
-    const int room = width_ - 2 * look_.margin;
-    const wxString text =
-        wxControl::Ellipsize(toWx(line.text), dc_, wxELLIPSIZE_END, room, wxELLIPSIZE_FLAGS_NONE);
-    dc_.DrawLabel(text, wxRect(look_.margin, top, room, look_.lane), wxALIGN_LEFT | wxALIGN_BOTTOM);
-    dc_.SetFont(look_.font);
+    wxRect area(look_.margin, top, width_ - 2 * look_.margin, look_.lane);
+    dc_.SetFont(look_.font.Bold());
+    for (const wxString& text : wxSplit(toWx(line.text), '\n', '\0')) {
+        const wxString fitted =
+            wxControl::Ellipsize(text, dc_, wxELLIPSIZE_END, area.GetWidth(), wxELLIPSIZE_FLAGS_NONE);
+        dc_.DrawLabel(fitted, area, wxALIGN_LEFT | wxALIGN_BOTTOM);
+        area.Offset(0, look_.lane);
+        dc_.SetFont(look_.font);
+    }
 }
 
+// Of the numbers, leaves out what has no room.
 void WxMapPainter::drawScale(const MapLine& line, int top) {
-    for (int cell = 0; cell < line.cells; cell += line.perNumber) {
+    const int widest = dc_.GetTextExtent("+" + std::to_string(line.cells)).GetWidth() + 2 * look_.margin;
+    int step = line.perNumber;
+    while (step < line.cells && left(line.cells, step) - left(line.cells, 0) < widest) step *= 2;
+    dc_.SetTextForeground(look_.faint);
+    for (int cell = 0; cell < line.cells; cell += step) {
         const int from = left(line.cells, cell);
         const int to = left(line.cells, cell + line.perNumber);
-        dc_.SetTextForeground(look_.faint);
         dc_.DrawLabel("+" + std::to_string(cell), wxRect(from, top, to - from, look_.lane),
                       (line.perNumber == 1 ? wxALIGN_CENTRE_HORIZONTAL : wxALIGN_LEFT) | wxALIGN_BOTTOM);
     }
@@ -131,10 +147,11 @@ void WxMapPainter::drawRow(const MapLine& line, int lanes, int top) {
     }
     for (const MapPart& part : line.held) drawHeld(part, line, top);
     for (const MapPart& part : line.held) {
-        const bool ringed = part.selected || (part.current && focused_);
-        if (!ringed) continue;
+        if (!part.current) continue;
         const wxRect area = areaOf(part.begin, part.end, part.lane, line.parts, top);
-        drawRing(area, part.current && focused_ ? 2 * look_.line : look_.line);
+        // Without the focus fainter, but what is not selected must stand out as well.
+        drawRing(area, focused_ || part.selected ? look_.text : look_.faint,
+                 focused_ || !part.selected ? 2 * look_.line : look_.line);
     }
 }
 
@@ -145,7 +162,7 @@ void WxMapPainter::drawGap(const MapLine& line, int top) {
     dc_.SetPen(wxPen(look_.grid, look_.line));
     for (const int y : {area.GetTop(), area.GetBottom()}) dc_.DrawLine(area.GetLeft(), y, area.GetRight(), y);
     write(line.text, area, selected ? look_.selectedText : look_.faint, wxALIGN_CENTRE_HORIZONTAL);
-    if (selected) drawRing(area, focused_ ? 2 * look_.line : look_.line);
+    if (selected) drawRing(area, look_.text, focused_ ? 2 * look_.line : look_.line);
 }
 
 void WxMapPainter::drawHeld(const MapPart& part, const MapLine& line, int top) {
@@ -155,7 +172,9 @@ void WxMapPainter::drawHeld(const MapPart& part, const MapLine& line, int top) {
     for (const MapLine::Overlap& overlap : line.overlaps) {
         const int begin = std::max(overlap.begin, part.begin);
         const int end = std::min(overlap.end, part.end);
-        if (begin < end) hatch(areaOf(begin, end, part.lane, line.parts, top));
+        if (begin < end)
+            hatch(areaOf(begin, end, part.lane, line.parts, top),
+                  part.selected ? look_.selectedText : look_.faint);
     }
     dc_.SetPen(wxPen(look_.faint, look_.line));
     const int right = area.GetRight();
@@ -175,16 +194,16 @@ void WxMapPainter::drawHeld(const MapPart& part, const MapLine& line, int top) {
     dc_.DrawText(name, behind.GetTopLeft());
 }
 
-void WxMapPainter::drawRing(const wxRect& area, int thickness) {
+void WxMapPainter::drawRing(const wxRect& area, const wxColour& colour, int thickness) {
     dc_.SetBrush(*wxTRANSPARENT_BRUSH);
-    dc_.SetPen(wxPen(look_.text, thickness));
+    dc_.SetPen(wxPen(colour, thickness));
     dc_.DrawRectangle(wxRect(area).Inflate(thickness / 2));
 }
 
-void WxMapPainter::hatch(const wxRect& area) {
+void WxMapPainter::hatch(const wxRect& area, const wxColour& colour) {
     const wxDCClipper clip(dc_, area);
     const int step = kHatchStep * look_.line;
-    dc_.SetPen(wxPen(look_.faint, look_.line));
+    dc_.SetPen(wxPen(colour, look_.line));
     // Begins at a multiple, so that neighbours fit together.
     for (int x = area.GetLeft() / step * step; x < area.GetRight() + area.GetHeight(); x += step)
         dc_.DrawLine(x, area.GetTop(), x - area.GetHeight(), area.GetBottom() + 1);
@@ -202,27 +221,43 @@ void WxMapPainter::drawWarning(const wxPoint& place) {
     dc_.DrawLine(x + size / 2, y + size * 4 / 5, x + size / 2, y + size * 9 / 10);
 }
 
-void WxMapPainter::drawLegend(int top) {
-    int x = look_.margin;
-    const int swatch = 2 * look_.lane;
-    const auto next = [&](const char* text, const wxColour& colour) {
-        const wxRect area(x, top, swatch, look_.lane);
-        fill(area, colour);
+// Next to each other; a line breaks where the width ends.
+std::vector<wxRect> WxMapPainter::legendSwatches() const {
+    std::vector<wxRect> swatches;
+    wxRect area(look_.margin, look_.margin, 2 * look_.lane, look_.lane);
+    for (const char* text : kLegend) {
+        const int whole = area.GetWidth() + 3 * look_.margin + dc_.GetTextExtent(text).GetWidth();
+        if (!swatches.empty() && area.GetLeft() + whole > width_) {
+            area.SetLeft(look_.margin);
+            area.Offset(0, look_.lane + look_.spacing);
+        }
+        swatches.push_back(area);
+        area.Offset(whole + kLegendGap * look_.line, 0);
+    }
+    return swatches;
+}
+
+int WxMapPainter::legendHeight() const {
+    return legendSwatches().back().GetBottom() + 1 + look_.margin;
+}
+
+void WxMapPainter::drawLegend() {
+    const std::vector<wxRect> swatches = legendSwatches();
+    const std::array colours{look_.block, look_.free, look_.block, look_.selected};
+    for (std::size_t i = 0; i < swatches.size(); ++i) {
+        const wxRect& area = swatches[i];
+        fill(area, colours[i]);
         dc_.SetPen(wxPen(look_.faint, look_.line));
         dc_.SetBrush(*wxTRANSPARENT_BRUSH);
         dc_.DrawRectangle(area);
-        const wxSize size = dc_.GetTextExtent(text);
+        const wxSize size = dc_.GetTextExtent(kLegend[i]);
         dc_.SetTextForeground(look_.text);
-        dc_.DrawText(text, area.GetRight() + look_.margin * 2, top + (look_.lane - size.GetHeight()) / 2);
-        x = area.GetRight() + 2 * look_.margin + size.GetWidth() + kLegendGap * look_.line;
-        return area;
-    };
-    next("item", look_.block);
-    next("free", look_.free);
-    const wxRect overlap = next("overlap, also marked at the edge", look_.block);
-    hatch(overlap);
-    drawWarning(overlap.GetTopLeft() + wxPoint(swatch / 4, 0));
-    drawRing(next("selected", look_.selected), look_.line);
+        dc_.DrawText(kLegend[i], area.GetRight() + 2 * look_.margin,
+                     area.GetTop() + (look_.lane - size.GetHeight()) / 2);
+    }
+    hatch(swatches[2], look_.faint);
+    drawWarning(swatches[2].GetTopLeft() + wxPoint(look_.lane / 2, 0));
+    drawRing(swatches[3], look_.text, look_.line);
 }
 
 }  // namespace trevandix

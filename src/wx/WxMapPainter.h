@@ -5,6 +5,7 @@
 
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/MapContents.h"
 
@@ -41,8 +42,9 @@ public:
         : dc_(dc), look_(look), texts_(texts), width_(width), focused_(focused) {}
 
     void draw(const MapLine& line, int lanes, int top);
-    /// What the blocks mean, in one line.
-    void drawLegend(int top);
+    /// What the blocks mean, in as many lines as the width needs.
+    void drawLegend();
+    int legendHeight() const;
 
 private:
     void drawTitle(const MapLine& line, int top);
@@ -50,9 +52,9 @@ private:
     void drawRow(const MapLine& line, int lanes, int top);
     void drawGap(const MapLine& line, int top);
     void drawHeld(const MapPart& part, const MapLine& line, int top);
-    void drawBlock(const wxRect& area, const MapPart& part, const MapLine& line);
-    void drawRing(const wxRect& area, int thickness);
-    void hatch(const wxRect& area);
+    void drawRing(const wxRect& area, const wxColour& colour, int thickness);
+    void hatch(const wxRect& area, const wxColour& colour);
+    std::vector<wxRect> legendSwatches() const;
     void drawWarning(const wxPoint& place);
     void fill(const wxRect& area, const wxColour& colour);
     void write(const std::string& text, const wxRect& area, const wxColour& colour, int align);
