@@ -373,7 +373,6 @@ TEST(RegisterMap, WindowFollows) {
              {"Intake.PUMPS", "Intake.PUMPS | Intake.PUMPS.PUMP1.Available | Intake: 68 items | "},
              {"top; pause", " | Intake.PUMPS.PUMP1.Available | Intake: 68 items | "},
              {"new", " |  | No unit | "},
-             {"mnuCloseCfg", " |  | No unit | "},
          }) {
         for (const std::string& step : split(steps, "; ")) place.act(step);
         EXPECT_EQ(place.seen(), wanted) << steps;
