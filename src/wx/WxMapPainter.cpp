@@ -52,7 +52,7 @@ WxMapLook::WxMapLook(const wxWindow& window)
     const auto contrast = [this](const wxColour& colour) {
         return std::abs(colour.GetLuminance() - back.GetLuminance());
     };
-    if (contrast(block) < 2 * contrast(free)) block = mixed(back, text, 0.3);
+    if (contrast(block) < 2 * contrast(free)) block = mixed(mixed(back, text, 0.25), selected, 0.3);
     grid = mixed(back, text, 0.16);
     // The addresses, and room for a warning in front of them.
     edge = window.GetTextExtent(kWidestAddress).GetWidth() + window.GetCharHeight() + margin;
