@@ -38,9 +38,7 @@ replaced Works
 keys Return
 await "$map"
 shows Works
-close_map
-keys ctrl+z F9
-await "$map"
+keys ctrl+z
 shows Empty
 
 keys End Left
