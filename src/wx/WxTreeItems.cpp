@@ -185,7 +185,19 @@ void WxTreeItems::letGo(const TreeNode& top) {
 }
 
 // Returns whether items still await change.
-bool WxTreeItems::changeUntil(const std::function<bool()>& timeIsOver) {
+bool WxTreeItems::changeFor(std::chrono::milliseconds time) {
+#ifdef __WXMSW__
+    const auto kept = [this](const wxTreeItemId& item) {
+        return nodeOf(item) == nullptr ? wxTreeItemId() : item;
+    };
+    std::optional<ClosedRoot> closed;
+    if (held_ && GetRootItem().IsOk() && IsExpanded(GetRootItem()))
+        closed.emplace(*this, kept(GetSelection()), kept(GetFirstVisibleItem()));
+#endif
+    // From here, so that closing the root never takes all of the time.
+    const auto timeIsOver = [end = std::chrono::steady_clock::now() + time] {
+        return std::chrono::steady_clock::now() >= end;
+    };
     while (!leaving_.empty() && !timeIsOver()) {
         Delete(leaving_.front());
         leaving_.pop_front();
@@ -208,20 +220,7 @@ void WxTreeItems::changeSome() {
     const ScopedIncrement quiet(quiet_);
     const auto begin = std::chrono::steady_clock::now();
     if (!held_) heldSince_ = begin;
-    const auto limit = changingTime(begin - heldSince_);
-    const auto timeIsOver = [=] { return std::chrono::steady_clock::now() - begin >= limit; };
-#ifdef __WXMSW__
-    const auto kept = [this](const wxTreeItemId& item) {
-        return nodeOf(item) == nullptr ? wxTreeItemId() : item;
-    };
-    std::optional<ClosedRoot> closed;
-    if (held_ && GetRootItem().IsOk() && IsExpanded(GetRootItem()))
-        closed.emplace(*this, kept(GetSelection()), kept(GetFirstVisibleItem()));
-    const bool more = changeUntil(timeIsOver);
-    closed.reset();
-#else
-    const bool more = changeUntil(timeIsOver);
-#endif
+    const bool more = changeFor(changingTime(begin - heldSince_));
     if (more) wxWakeUpIdle();
     if (more != held_) {
         // Holds a batch open until the last item is changed: redrawing takes longer than that.

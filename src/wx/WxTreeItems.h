@@ -57,7 +57,7 @@ private:
     void bring(const TreeNode& node);
     void letGo(const TreeNode& top);
     void sort(const TreeNode& parent);
-    bool changeUntil(const std::function<bool()>& timeIsOver);
+    bool changeFor(std::chrono::milliseconds time);
     void changeSome();
 
     WxImageList images_{kTreeIconSize};
