@@ -230,6 +230,8 @@ with_display() {
     openbox >/dev/null 2>&1 &
     manager=$!
     for _ in {1..300}; do if manages_windows; then break; else sleep 0.1; fi; done
+    # By itself the server ends with each program, and the next one may meet it while it ends.
+    wineserver -p 9>&- || true
     "$@" || code=$?
     wineserver -k || true
     kill "$manager" "$server" 2>/dev/null || true
