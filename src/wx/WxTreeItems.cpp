@@ -225,7 +225,7 @@ void WxTreeItems::changeSome() {
     if (more != held_) {
         // Holds a batch open until the last item is changed: redrawing takes longer than that.
         held_ = more;
-        drawn_ = begin;
+        drawn_ = begin - kBetweenDrawings;  // draws soon, as a dialog may have covered the lines
         more ? batchBegins() : batchEnds();
     } else if (more && begin - drawn_ > kBetweenDrawings) {
         Thaw();
