@@ -11,15 +11,15 @@ namespace trevandix {
 
 namespace {
 
-// The texts of the columns up to `last`, with `name` as the last one.
-std::string placeOf(const Table& table, const CsvRow& row, std::size_t last, std::size_t name) {
-    std::string place;
-    for (std::size_t column = 0; column <= last; ++column) {
-        const std::string* cell = table.cell(row, column < last ? column : name);
-        if (cell != nullptr) place += *cell;
-        place += '\0';
+// A name in a row's place, which the columns in front of "Name" say.
+std::string inPlace(const Table& table, const CsvRow& row, std::size_t nameColumn, const std::string& name) {
+    std::string text;
+    for (std::size_t column = 0; column < nameColumn; ++column) {
+        const std::string* cell = table.cell(row, column);
+        if (cell != nullptr) text += *cell;
+        text += '\0';
     }
-    return place;
+    return text + name;
 }
 
 std::unique_ptr<Plan> planned(const Configuration& configuration, const Table& table,
@@ -41,12 +41,12 @@ Renamings::Renamings(const Table& table, std::size_t name) : name_(name) {
     for (const CsvRow& row : table.rows) {
         const std::string* wanted = table.cell(row, name + 1);
         if (wanted != nullptr && *wanted != *table.cell(row, name))
-            given_.insert(placeOf(table, row, name, name + 1));
+            given_.insert(inPlace(table, row, name, *wanted));
     }
 }
 
 bool Renamings::isDone(const Table& table, const CsvRow& row) const {
-    return given_.contains(placeOf(table, row, name_, name_));
+    return given_.contains(inPlace(table, row, name_, *table.cell(row, name_)));
 }
 
 std::string boxRefusal(std::string_view header, KeyFilter filter, const std::string& text) {

@@ -17,9 +17,9 @@ namespace {
 
 constexpr std::chrono::milliseconds kBetweenDrawings{400};
 
-// How long to change items at a time, when they have been changed for so long before. Closing and opening the
-// root of the Windows control takes about 40 ms.
-std::chrono::milliseconds changingTime(std::chrono::steady_clock::duration before) {
+// The time for a step of changes, `before` after the first step began. Closing and opening the root of the
+// Windows control takes about 40 ms more.
+std::chrono::milliseconds stepTime(std::chrono::steady_clock::duration before) {
     using namespace std::chrono_literals;
 #ifdef __WXMSW__
     return before <= 0s ? 10ms : before < 1s ? 40ms : 200ms;
@@ -45,7 +45,7 @@ const TreeNode* awaiting(const TreeNode* node) {
 }
 
 #ifdef __WXMSW__
-// While it lives, the root is closed, as with each change the Windows control lays out all its open lines.
+// Keeps the root closed: with each change the Windows control lays out all its open lines.
 class ClosedRoot {
 public:
     /// `selected` and `first`: the items to select and to scroll to in the end, if any.
@@ -220,7 +220,7 @@ void WxTreeItems::changeSome() {
     const ScopedIncrement quiet(quiet_);
     const auto begin = std::chrono::steady_clock::now();
     if (!held_) heldSince_ = begin;
-    const bool more = changeFor(changingTime(begin - heldSince_));
+    const bool more = changeFor(stepTime(begin - heldSince_));
     if (more) wxWakeUpIdle();
     if (more != held_) {
         // Holds a batch open until the last item is changed: redrawing takes longer than that.
