@@ -31,6 +31,7 @@ std::unique_ptr<Plan> planned(const Configuration& configuration, const Table& t
     if (first->doubtful || std::ranges::none_of(first->changes, &IntendedChange::refused)) return first;
     const Renamings done(table,
                          items ? columnCalled("Name", kItemColumns) : columnCalled("Name", kUnitColumns));
+    if (done.empty()) return first;
     std::unique_ptr<Plan> second = plan(configuration, table, progress, done);
     return second->changes.empty() ? std::move(second) : std::move(first);
 }
@@ -40,7 +41,7 @@ std::unique_ptr<Plan> planned(const Configuration& configuration, const Table& t
 Renamings::Renamings(const Table& table, std::size_t name) : name_(name) {
     for (const CsvRow& row : table.rows) {
         const std::string* wanted = table.cell(row, name + 1);
-        if (wanted != nullptr && *wanted != *table.cell(row, name))
+        if (wanted != nullptr && !wanted->empty() && *wanted != *table.cell(row, name))
             given_.insert(inPlace(table, row, name, *wanted));
     }
 }

@@ -45,6 +45,8 @@ public:
     /// in front of it stand those of the place, behind it "New Name".
     Renamings(const Table& table, std::size_t name);
 
+    /// No row gives another name.
+    bool empty() const { return given_.empty(); }
     bool isDone(const Table& table, const CsvRow& row) const;
 
 private:
