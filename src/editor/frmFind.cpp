@@ -20,7 +20,7 @@ constexpr std::array kControls{
     ControlSpec{ControlKind::Button, "cmdCancel", "E&xit", "", Place::ButtonRow}.describedAs(
         "Closes the window"),
 };
-constexpr FormSpec kForm{"frmFind", "Find Item", kControls, "cmdFind", "cmdCancel", "txtFind"};
+constexpr FormSpec kForm{"frmFind", "Find Item", kControls, "cmdFind", "cmdCancel", "txtFind", true};
 
 /// Whether the text begins with `upper` (in capitals), ignoring case. Allocates nothing, because it runs for
 /// every node.

@@ -25,7 +25,7 @@ constexpr std::array kControls{
     ControlSpec{ControlKind::Button, "cmdCancel", "&Close", "", Place::ButtonRow}.describedAs(
         "Closes the window"),
 };
-constexpr FormSpec kForm{"frmProblems", "Problems", kControls, "cmdSelect", "cmdCancel", kList};
+constexpr FormSpec kForm{"frmProblems", "Problems", kControls, "cmdSelect", "cmdCancel", kList, true};
 
 }  // namespace
 

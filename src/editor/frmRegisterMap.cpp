@@ -29,7 +29,7 @@ constexpr std::array kControls{
     ControlSpec{ControlKind::Button, "cmdCancel", "&Close", "", Place::ButtonRow}.describedAs(
         "Closes the window"),
 };
-constexpr FormSpec kForm{"frmRegisterMap", "Register Map", kControls, "cmdOpen", "cmdCancel", kMap};
+constexpr FormSpec kForm{"frmRegisterMap", "Register Map", kControls, "cmdOpen", "cmdCancel", kMap, true};
 
 }  // namespace
 

@@ -89,6 +89,7 @@ struct FormSpec {
     /// the form.
     std::string_view cancelButton;
     std::string_view initialFocus;  ///< empty for the first control
+    bool modeless = false;          ///< shown beside the main window, not in front of the active one
 };
 
 /// Gives the captions of one form access keys (A to Z, 0 to 9) that do not clash.

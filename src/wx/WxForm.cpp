@@ -30,8 +30,8 @@ bool isResizable(const FormSpec& shape) {
     return has(shape, ControlKind::Grid) || isLarge(shape);
 }
 
-// The first size of a form with a list or a map, as a share of the window in front of which it is shown:
-// beside its tree or, if modal, instead of it.
+// The first size of a form with a list or a map, as a share of the main window: beside its tree or, if
+// modal, instead of it.
 struct Share {
     double width;
     double height;
@@ -43,9 +43,11 @@ constexpr int kListMargin = 40;  // to that window's lower right corner, in devi
 
 }  // namespace
 
-WxForm::WxForm(wxWindow& parent, const FormSpec& shape) : spec_(shape) {
+WxForm::WxForm(wxWindow& main, const FormSpec& shape) : spec_(shape), main_(main) {
     const long style = wxDEFAULT_DIALOG_STYLE | (isResizable(shape) ? wxRESIZE_BORDER : 0);
-    dialog_ = new wxDialog(&parent, wxID_ANY, toWx(shape.caption), wxDefaultPosition, wxDefaultSize, style,
+    // The system gives the keyboard back to the parent when a dialog closes.
+    wxWindow* parent = shape.modeless ? &main : dialogParent();
+    dialog_ = new wxDialog(parent, wxID_ANY, toWx(shape.caption), wxDefaultPosition, wxDefaultSize, style,
                            toWx(shape.name));
     dialog_->SetIcons(programIcons());
     WxFormLayout(shape, controls_, keys_).build(*dialog_);
@@ -233,25 +235,24 @@ void WxForm::fit() {
 }
 
 wxSize WxForm::firstSize() const {
-    const wxSize main = dialog_->GetParent()->GetClientSize();
-    const Share share = modal_ ? kModalShare : has(spec_, ControlKind::Map) ? kMapShare : kListShare;
+    const wxSize main = main_.GetClientSize();
+    const Share share = !spec_.modeless ? kModalShare : has(spec_, ControlKind::Map) ? kMapShare : kListShare;
     return {static_cast<int>(main.GetWidth() * share.width),
             static_cast<int>(main.GetHeight() * share.height)};
 }
 
-// In the middle of the parent's client area: GTK learns the sizes of window frames late or never. A modeless
-// form with a list or a map stays beside the tree, in which its rows are looked up.
+// In the middle of the main window's client area: GTK learns the sizes of window frames late or never. A
+// modeless form with a list or a map stays beside the tree, in which its rows are looked up.
 wxPoint WxForm::firstPlace() const {
-    const wxWindow& parent = *dialog_->GetParent();
-    const wxRect area(parent.ClientToScreen(wxPoint()), parent.GetClientSize());
+    const wxRect area(main_.ClientToScreen(wxPoint()), main_.GetClientSize());
     const wxRect form = wxRect(dialog_->GetClientSize()).CentreIn(area);
-    if (modal_ || !isLarge(spec_)) return form.GetTopLeft();
+    if (!spec_.modeless || !isLarge(spec_)) return form.GetTopLeft();
     return area.GetBottomRight() - wxPoint(form.GetWidth(), form.GetHeight()) -
            dialog_->FromDIP(wxPoint(kListMargin, kListMargin));
 }
 
 void WxForm::place() {
-    const wxRect screen = wxDisplay(dialog_->GetParent()).GetClientArea();
+    const wxRect screen = wxDisplay(&main_).GetClientArea();
     const wxSize size = dialog_->GetSize();
     wxPoint place = firstPlace();
     place.x = std::max(screen.GetLeft(), std::min(place.x, screen.GetRight() - size.GetWidth()));
@@ -276,7 +277,6 @@ void WxForm::prepare() {
 void WxForm::showModal() {
     if (!dialog_) return;
     const FocusKeeper focus;
-    modal_ = true;
     prepare();
     dialog_->ShowModal();
 }
@@ -309,7 +309,7 @@ void WxForm::onKey(wxKeyEvent& event) {
 }
 
 std::unique_ptr<Form> WxForms::create(const FormSpec& shape) {
-    return std::make_unique<WxForm>(parent_, shape);
+    return std::make_unique<WxForm>(main_, shape);
 }
 
 }  // namespace trevandix

@@ -14,11 +14,11 @@ namespace trevandix {
 class WxFormList;
 class WxMapArea;
 
-/// A form, shown as a dialog of the main window.
+/// A form, shown as a dialog of the main window, or if modal, of the active one.
 class WxForm : public Form {
 public:
-    /// `shape` must outlive the form; `parent` need not.
-    WxForm(wxWindow& parent, const FormSpec& shape);
+    /// `shape` must outlive the form; `main` need not.
+    WxForm(wxWindow& main, const FormSpec& shape);
     ~WxForm() override;
 
     std::string text(std::string_view name) const override;
@@ -66,6 +66,7 @@ private:
     void prepare();
 
     const FormSpec& spec_;
+    wxWindow& main_;
     wxWeakRef<wxDialog> dialog_;  // the main window deletes it when it closes first
     AccessKeys keys_;
     mutable std::deque<WxControl> controls_;
@@ -75,18 +76,17 @@ private:
     bool activationWaits_ = false;
     bool shown_ = false;
     bool placed_ = false;  ///< has been shown before
-    bool modal_ = false;
 };
 
-/// Creates forms as dialogs of one window.
+/// Creates the forms of the main window.
 class WxForms : public Forms {
 public:
-    /// `parent` must outlive this object, but not the forms.
-    explicit WxForms(wxWindow& parent) : parent_(parent) {}
+    /// `main` must outlive this object, but not the forms.
+    explicit WxForms(wxWindow& main) : main_(main) {}
     std::unique_ptr<Form> create(const FormSpec& shape) override;
 
 private:
-    wxWindow& parent_;
+    wxWindow& main_;
 };
 
 }  // namespace trevandix
