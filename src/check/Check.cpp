@@ -27,8 +27,7 @@ using Places = std::unordered_map<Key, std::size_t>;
 
 // For each place the text of the first finding that its object would have and does not have now.
 std::vector<std::string> findingsAdded(const Configuration& configuration, const Places& places,
-                                       std::size_t count, const Intended& intended) {
-    Pulse pulse;
+                                       std::size_t count, const Intended& intended, Pulse& pulse) {
     std::vector<std::set<const Rule*>> before(count);
     for (const Finding& finding : findingsOf(Survey(configuration, pulse), pulse)) {
         if (const auto place = places.find(finding.object); place != places.end())
@@ -79,15 +78,17 @@ std::vector<std::string> findingsAdded(const Configuration& configuration,
         if (record != nullptr)
             renamed.insert_or_assign(record.get(), *record).first->second.sName(names[i].name);
     }
+    Pulse pulse;
     return findingsAdded(configuration, places, names.size(),
                          {[&](const TreeNode&, const clsItem& present) -> const clsItem& {
                              const auto record = renamed.find(&present);
                              return record == renamed.end() ? present : record->second;
-                         }});
+                         }},
+                         pulse);
 }
 
 std::vector<std::string> findingsAdded(const Configuration& configuration,
-                                       std::span<const IntendedItem> items) {
+                                       std::span<const IntendedItem> items, Pulse& pulse) {
     std::unordered_map<const TreeNode*, const clsItem*> changed;
     Places places;
     for (std::size_t i = 0; i < items.size(); ++i) {
@@ -100,18 +101,19 @@ std::vector<std::string> findingsAdded(const Configuration& configuration,
                               const auto record = changed.find(&node);
                               return record == changed.end() ? present : *record->second;
                           },
-                          items});
+                          items},
+                         pulse);
 }
 
 std::vector<std::string> findingsAdded(const Configuration& configuration,
-                                       std::span<const IntendedUnit> units) {
+                                       std::span<const IntendedUnit> units, Pulse& pulse) {
     Intended intended{[](const TreeNode&, const clsItem& present) -> const clsItem& { return present; }};
     Places places;
     for (std::size_t i = 0; i < units.size(); ++i) {
         places.emplace(units[i].unit, i);
         intended.units.emplace(units[i].unit, units[i].record);
     }
-    return findingsAdded(configuration, places, units.size(), intended);
+    return findingsAdded(configuration, places, units.size(), intended, pulse);
 }
 
 std::string firstUnreadable(const Configuration& configuration) {

@@ -8,6 +8,7 @@
 
 #include "check/Finding.h"
 #include "check/Intended.h"
+#include "check/Pulse.h"
 #include "model/Configuration.h"
 
 namespace trevandix {
@@ -29,11 +30,12 @@ struct IntendedName {
 /// renamed, and do not have now; empty where there is none.
 std::vector<std::string> findingsAdded(const Configuration& configuration,
                                        std::span<const IntendedName> names);
-/// The same for each of the items, once all of them are changed or added, and of the units.
+/// The same for each of the items, once all of them are changed or added, and of the units. Errors:
+/// Interrupted, by the pulse.
 std::vector<std::string> findingsAdded(const Configuration& configuration,
-                                       std::span<const IntendedItem> items);
+                                       std::span<const IntendedItem> items, Pulse& pulse);
 std::vector<std::string> findingsAdded(const Configuration& configuration,
-                                       std::span<const IntendedUnit> units);
+                                       std::span<const IntendedUnit> units, Pulse& pulse);
 
 /// The first text that keeps other programs from reading the configuration's file, or lets them read
 /// something else, as a user would name it: `PLC1.Area.Level: comment holds "&"`. Empty where all can read

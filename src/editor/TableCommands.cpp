@@ -188,7 +188,7 @@ void TableCommands::import(std::string_view caption, const std::string& source, 
         Table table{};
         if (!read(source, bytes, table)) return;
         changes.emplace(context_.configuration, table, work.progress());
-        changes->remarkFindings();
+        changes->remarkFindings(work.progress());
         note = unknownColumns(table);
         kind = table.kind;
     }

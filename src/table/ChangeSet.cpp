@@ -93,8 +93,13 @@ std::size_t ChangeSet::refused() const {
     return static_cast<std::size_t>(std::ranges::count_if(changes(), &IntendedChange::refused));
 }
 
-void ChangeSet::remarkFindings() {
-    plan_->remarkFindings();
+void ChangeSet::remarkFindings(const TableProgress& progress) {
+    const std::function<bool()> alive = [&] {
+        if (progress) progress(1, 1);
+        return false;
+    };
+    Pulse pulse(alive);
+    plan_->remarkFindings(pulse);
 }
 
 void ChangeSet::apply(Configuration& configuration, const TableProgress& progress) const {

@@ -65,8 +65,9 @@ public:
     std::size_t accepted() const { return changes().size() - refused(); }
 
     /// Adds to the remarks of items and of changed units what the checks would find at them, and do not find
-    /// now. The configuration must be as it was.
-    void remarkFindings();
+    /// now. The configuration must be as it was. Calls `progress` every few milliseconds, always with an
+    /// amount that says that all is done.
+    void remarkFindings(const TableProgress& progress = {});
 
     /// The name of their step to undo, instead of "Import 3 changes".
     void setStepName(std::string name) { stepName_ = std::move(name); }

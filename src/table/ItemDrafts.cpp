@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "check/Check.h"
 #include "model/ItemRenaming.h"
 
 namespace trevandix {
@@ -114,7 +113,7 @@ void ItemDrafts::settle() {
     }
 }
 
-void ItemDrafts::remarkFindings() {
+void ItemDrafts::remarkFindings(Pulse& pulse) {
     std::unordered_map<const Container*, IntendedContainer> containers;
     const auto intended = [&](const Container* around) {
         const IntendedContainer* first = nullptr;
@@ -137,7 +136,7 @@ void ItemDrafts::remarkFindings() {
         items.push_back({&draft.record, draft.node, adds ? intended(draft.container) : nullptr});
         accepted.push_back(&changes[i]);
     }
-    const std::vector<std::string> findings = findingsAdded(configuration_, items);
+    const std::vector<std::string> findings = findingsAdded(configuration_, items, pulse);
     for (std::size_t i = 0; i < findings.size(); ++i) {
         std::string& remark = accepted[i]->remark;
         if (!findings[i].empty()) remark += (remark.empty() ? "" : "; ") + findings[i];

@@ -15,7 +15,7 @@ namespace trevandix {
 class ItemDrafts : public Plan {
 public:
     void apply(Configuration& configuration, const TableProgress& tell) const override;
-    void remarkFindings() override;
+    void remarkFindings(Pulse& pulse) override;
 
 protected:
     /// What becomes of an item.

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "check/Check.h"
 #include "check/Wording.h"
 #include "model/Refusal.h"
 #include "platform/RuntimeError.h"
@@ -30,7 +31,7 @@ public:
 
     /// Adds to the remarks what the checks would find at accepted items and changed units, and do not find
     /// now.
-    virtual void remarkFindings() {}
+    virtual void remarkFindings(Pulse&) {}
 
     std::vector<IntendedChange> changes;
     bool doubtful = false;  ///< rows exchange names, perhaps not for the first time

@@ -2,7 +2,6 @@
 #include <map>
 #include <unordered_set>
 
-#include "check/Check.h"
 #include "model/UnitChoices.h"
 #include "table/Plan.h"
 
@@ -72,7 +71,7 @@ public:
         }
     }
 
-    void remarkFindings() override {
+    void remarkFindings(Pulse& pulse) override {
         std::vector<IntendedUnit> units;
         std::vector<IntendedChange*> changed;
         for (std::size_t i = 0; i < changes.size(); ++i) {
@@ -80,7 +79,7 @@ public:
             units.push_back({drafts_[i].old->sKey(), &drafts_[i].record});
             changed.push_back(&changes[i]);
         }
-        const std::vector<std::string> findings = findingsAdded(configuration_, units);
+        const std::vector<std::string> findings = findingsAdded(configuration_, units, pulse);
         for (std::size_t i = 0; i < findings.size(); ++i) changed[i]->remark = findings[i];
     }
 
