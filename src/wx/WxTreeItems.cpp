@@ -5,6 +5,7 @@
 #include <wx/wupdlock.h>
 
 #include <optional>
+#include <utility>
 
 #include "wx/WxBasics.h"
 #include "wx/WxNative.h"
@@ -18,11 +19,11 @@ namespace {
 constexpr std::chrono::milliseconds kBetweenDrawings{400};
 
 // The time for a step of changes, `before` after the first step began. Closing and opening the root of the
-// Windows control takes about 40 ms more.
+// Windows control takes up to 50 ms more, also under Wine.
 std::chrono::milliseconds stepTime(std::chrono::steady_clock::duration before) {
     using namespace std::chrono_literals;
 #ifdef __WXMSW__
-    return before <= 0s ? 10ms : before < 1s ? 40ms : 200ms;
+    return before <= 0s ? 3ms : before < 5s ? 30ms : 200ms;
 #else
     return before < 1s ? 10ms : 20ms;
 #endif
@@ -184,8 +185,11 @@ void WxTreeItems::letGo(const TreeNode& top) {
     leaving_.insert(leaving_.end(), items.rbegin(), items.rend());
 }
 
-// Returns whether items still await change.
-bool WxTreeItems::changeFor(std::chrono::milliseconds time) {
+bool WxTreeItems::changesWait() const {
+    return !leaving_.empty() || !arriving_.empty() || !renamed_.empty() || !unsorted_.empty();
+}
+
+void WxTreeItems::changeFor(std::chrono::milliseconds time) {
 #ifdef __WXMSW__
     const auto kept = [this](const wxTreeItemId& item) {
         return nodeOf(item) == nullptr ? wxTreeItemId() : item;
@@ -213,26 +217,36 @@ bool WxTreeItems::changeFor(std::chrono::milliseconds time) {
         sort(parent);
         unsorted_.erase(&parent);
     }
-    return !leaving_.empty() || !arriving_.empty() || !renamed_.empty() || !unsorted_.empty();
 }
 
+// Holds a batch open until the last item is changed: redrawing takes longer than that.
 void WxTreeItems::changeSome() {
     const ScopedIncrement quiet(quiet_);
-    const auto begin = std::chrono::steady_clock::now();
-    if (!held_) heldSince_ = begin;
-    const bool more = changeFor(stepTime(begin - heldSince_));
-    if (more) wxWakeUpIdle();
-    if (more != held_) {
-        // Holds a batch open until the last item is changed: redrawing takes longer than that.
-        held_ = more;
-        drawn_ = begin - kBetweenDrawings;  // draws soon, as a dialog may have covered the lines
-        more ? batchBegins() : batchEnds();
-    } else if (more && begin - drawn_ > kBetweenDrawings) {
+    heldSince_ = std::chrono::steady_clock::now();
+    changeFor(stepTime({}));
+    if (!changesWait()) return;
+    held_ = true;
+    drawn_ = {};  // draws soon, as a dialog may have covered the lines
+    batchBegins();
+    wxWakeUpIdle();
+}
+
+// Changes and draws by turns, so that the window answers in between.
+void WxTreeItems::changeMore() {
+    const auto now = std::chrono::steady_clock::now();
+    if (!changesWait()) {
+        held_ = false;
+        return batchEnds();
+    }
+    if (now - drawn_ > kBetweenDrawings) {
         Thaw();
         Update();
         Freeze();
-        drawn_ = begin;
+        drawn_ = now;
+    } else {
+        changeFor(stepTime(now - heldSince_));
     }
+    wxWakeUpIdle();
 }
 
 void WxTreeItems::textChanged(const TreeNode& node) {
@@ -297,7 +311,7 @@ void WxTreeItems::cleared() {
     arriving_.clear();
     renamed_.clear();
     unsorted_.clear();
-    changeSome();
+    if (std::exchange(held_, false)) batchEnds();
     DeleteAllItems();
 }
 
@@ -319,7 +333,7 @@ void WxTreeItems::batchEnds() {
 // nodes. Neither is the user's action.
 void WxTreeItems::OnInternalIdle() {
     const ScopedIncrement quiet(quiet_);
-    if (held_) changeSome();
+    if (held_) changeMore();
     wxTreeCtrl::OnInternalIdle();
 }
 

@@ -57,8 +57,10 @@ private:
     void bring(const TreeNode& node);
     void letGo(const TreeNode& top);
     void sort(const TreeNode& parent);
-    bool changeFor(std::chrono::milliseconds time);
+    bool changesWait() const;
+    void changeFor(std::chrono::milliseconds time);
     void changeSome();
+    void changeMore();
 
     WxImageList images_{kTreeIconSize};
     std::unordered_map<void*, int> places_;  // positions of items among their siblings, while sorting
