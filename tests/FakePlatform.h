@@ -149,9 +149,10 @@ struct FakeForms : Forms {
 };
 
 struct FakeListDisplay : ListDisplay {
-    void contentsChanged(bool) override { selected.clear(); }
+    void contentsChanged(bool, const std::optional<ListPlace>& place) override {
+        selected = place ? place->selected : std::vector<std::size_t>();
+    }
     ListPlace place() const override { return {selected, currentRow()}; }
-    void restore(const ListPlace& place) override { selected = place.selected; }
     void rowChanged(std::size_t) override {}
     void setVisible(bool) override {}
     std::vector<std::size_t> selectedRows() const override { return selected; }

@@ -30,12 +30,12 @@ void ListView::changed() {
     dirty_ = false;
     if (sorted_) sortRows();
     if (display_ == nullptr) return;
-    display_->contentsChanged(std::exchange(columnsChanged_, false));
-    if (kept_ && !rows_.empty()) restorePlace();
+    display_->contentsChanged(std::exchange(columnsChanged_, false), keptPlace());
 }
 
 // If the focused or topmost row has been removed, the row at its position replaces it.
-void ListView::restorePlace() {
+std::optional<ListPlace> ListView::keptPlace() {
+    if (!kept_ || rows_.empty()) return std::nullopt;
     const Kept kept = *std::exchange(kept_, std::nullopt);
     const std::size_t last = rows_.size() - 1;
     ListPlace place;
@@ -48,7 +48,7 @@ void ListView::restorePlace() {
         if (kept.place.focused && key == kept.focused) place.focused = row;
         if (kept.place.top && key == kept.top) place.top = row;
     }
-    display_->restore(place);
+    return place;
 }
 
 void ListView::begin(std::string_view subject) {

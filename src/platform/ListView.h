@@ -26,12 +26,10 @@ enum class ListMode { Icon = 0, SmallIcon = 1, List = 2, Report = 3 };
 class ListDisplay {
 public:
     virtual ~ListDisplay() = default;
-    /// Rows, order or mode have changed, and the columns if `columns`. Clears the selection and scrolls to
-    /// the first row.
-    virtual void contentsChanged(bool columns) = 0;
+    /// Rows, order or mode have changed, and the columns if `columns`. Restores the place, or without one
+    /// clears the selection and scrolls to the first row.
+    virtual void contentsChanged(bool columns, const std::optional<ListPlace>& place) = 0;
     virtual ListPlace place() const = 0;
-    /// Called after `contentsChanged` when rows shown before are still there.
-    virtual void restore(const ListPlace& place) = 0;
     virtual void rowChanged(std::size_t row) = 0;
     virtual void setVisible(bool visible) = 0;
     /// Selected rows, ascending.
@@ -110,7 +108,7 @@ private:
     void aboutToChange();
     void changed();
     void sortRows();
-    void restorePlace();
+    std::optional<ListPlace> keptPlace();
 
     ListDisplay* display_ = nullptr;
     std::vector<ListColumn> columns_;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include "wx/WxBasics.h"
 #include "wx/WxNative.h"
@@ -54,8 +55,12 @@ void makeReadable(wxListCtrl& control, const wxString& name, const wxString& pur
 }
 
 std::vector<std::size_t> selectedRows(const wxListCtrl& control) {
-    std::vector<std::size_t> rows;
-    rows.reserve(static_cast<std::size_t>(control.GetSelectedItemCount()));
+    std::vector<std::size_t> rows(static_cast<std::size_t>(control.GetSelectedItemCount()));
+    if (rows.size() == static_cast<std::size_t>(control.GetItemCount())) {  // many, each asked by a message
+        std::iota(rows.begin(), rows.end(), std::size_t{0});
+        return rows;
+    }
+    rows.clear();
     for (long row = -1; (row = control.GetNextItem(row, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED)) >= 0;) {
         rows.push_back(static_cast<std::size_t>(row));
     }

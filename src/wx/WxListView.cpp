@@ -117,9 +117,10 @@ void WxListView::showFitting() {
     if (focused && list_.visible()) shown_->SetFocus();
 }
 
-void WxListView::contentsChanged(bool columns) {
+void WxListView::contentsChanged(bool columns, const std::optional<ListPlace>& place) {
     const ScopedIncrement quiet(quiet_);
     showFitting();
+    const wxWindowUpdateLocker frozen(shown_);  // redraws once
     if (shown_ == report_) {
         report_->refill(columns);
         if (icons_ != nullptr) icons_->DeleteAllItems();
@@ -127,6 +128,7 @@ void WxListView::contentsChanged(bool columns) {
         icons_->refill();
         report_->empty();
     }
+    if (place) restore(*place);
 }
 
 ListPlace WxListView::place() const {
@@ -139,9 +141,7 @@ ListPlace WxListView::place() const {
 }
 
 void WxListView::restore(const ListPlace& place) {
-    const ScopedIncrement quiet(quiet_);
     if (shown_ == report_) return report_->restore(place);
-    const wxWindowUpdateLocker frozen(this);
     for (const std::size_t row : place.selected)
         shown_->SetItemState(static_cast<long>(row), wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);
     if (!place.focused) return;

@@ -20,9 +20,8 @@ public:
     WxListView(wxWindow* parent, ListView& list, WxInputGate& gate, OpenMenu openMenu);
     ~WxListView() override;
 
-    void contentsChanged(bool columns) override;
+    void contentsChanged(bool columns, const std::optional<ListPlace>& place) override;
     ListPlace place() const override;
-    void restore(const ListPlace& place) override;
     void rowChanged(std::size_t row) override;
     void setVisible(bool visible) override;
     std::vector<std::size_t> selectedRows() const override;
@@ -42,6 +41,7 @@ private:
     void watch(wxListCtrl& control);
     void watchRows(wxWindow& rows);
     void showFitting();
+    void restore(const ListPlace& place);
     void click();
     void doubleClick();
     void onRightDown(wxMouseEvent& event);
