@@ -6,6 +6,7 @@
 #include <wx/sizer.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "wx/WxNative.h"
 
@@ -41,14 +42,19 @@ WxStatusBar::WxStatusBar(wxWindow* parent, Clicked clicked)
 
 void WxStatusBar::setNews(StatusField field, const wxString& text) {
     news_[static_cast<std::size_t>(field)] = text;
-    showNews();
+    stale_ = true;
     if (field == StatusField::Notice && !text.empty()) announce(*this, text);
 }
 
 void WxStatusBar::setHint(const wxString& text) {
     if (hint_ == text) return;
     hint_ = text;
-    showNews();
+    stale_ = true;
+}
+
+void WxStatusBar::OnInternalIdle() {
+    wxStatusBar::OnInternalIdle();
+    if (std::exchange(stale_, false)) showNews();
 }
 
 // A hint replaces selection and notice; the other fields stay.

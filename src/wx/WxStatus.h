@@ -28,12 +28,14 @@ public:
 private:
     static constexpr int kFields = 5;
 
+    void OnInternalIdle() override;
     void showNews();
     wxString fullText(StatusField field) const;
     wxString fitting(int field) const;
     std::optional<StatusField> fieldAt(const wxPoint& point) const;
     void showToolTip(const wxPoint& point);
 
+    bool stale_ = true;  ///< shows all that is new at once, in idle time
     std::array<wxString, kFields> news_;
     wxString hint_;
 };
