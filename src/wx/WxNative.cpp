@@ -165,6 +165,8 @@ void greyInactiveSelections() {}
 void setMessageBoxWidth(int) {}
 #ifdef __WXMSW__
 bool inputWaits() {
+    MSG message;  // answers what other programs ask the window meanwhile
+    ::PeekMessage(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
     return HIWORD(::GetQueueStatus(QS_INPUT)) != 0;
 }
 #else
