@@ -170,7 +170,7 @@ void Configuration::replaceItem(TreeNode& node, clsItem record) {
     const auto old = items.find(node.key());
     const auto added = std::make_shared<clsItem>(std::move(record));
     replace(node, added, added->sKey(), added->sName());
-    if (old->GetXmlTag(0) != added->GetXmlTag(0)) content_.touch();
+    if (*old != *added && old->GetXmlTag(0) != added->GetXmlTag(0)) content_.touch();
 }
 
 void Configuration::replaceBranch(TreeNode& node, clsBranch record) {

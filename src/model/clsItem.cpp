@@ -223,7 +223,9 @@ void clsItem::AddToListView(ListView& list, bool index) const {
 }
 
 std::string clsItem::GetXmlTag(int depth) const {
+    constexpr std::size_t kUsualLength = 512;
     std::string out;
+    out.reserve(kUsualLength);
     appendXmlTag(out, depth);
     return out;
 }
