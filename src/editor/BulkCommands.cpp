@@ -8,6 +8,7 @@
 #include "dialogs/frmDuplicate.h"
 #include "dialogs/frmGoToAddress.h"
 #include "dialogs/frmLineSettings.h"
+#include "editor/WorkProgress.h"
 #include "editor/frmChanges.h"
 #include "platform/Text.h"
 
@@ -31,11 +32,11 @@ template <typename Dialog>
 std::optional<ChangeSet> carryOut(const EditorContext& context, Dialog& dialog, const Wording& wording) {
     const std::string caption = "Preview: " + std::string(wording.title);
     while (auto changes = dialog.show()) {
-        changes->remarkFindings();
+        changes->remarkFindings(ChangeWork(context.platform, "Checking Changes ....").progress());
         const ChangesToConfirm shown{caption, changes->changes(), wording.one, wording.many};
         if (!confirmChanges(context.platform.forms, shown)) continue;
-        const PointerScope hourglass(context.platform.pointer, Pointer::Hourglass);
-        changes->apply(context.configuration);
+        changes->apply(context.configuration,
+                       ChangeWork(context.platform, "Applying Changes ....").progress());
         const std::string step(counted(changes->accepted(), wording.one, wording.many));
         const bool adds = changes->changes().back().adds;
         context.news.tell(step + (adds ? " added" : " changed") + ". Ctrl+Z undoes it");

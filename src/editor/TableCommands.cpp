@@ -39,40 +39,6 @@ std::string extensionOf(std::string_view filePath) {
     return upperCased(toUtf8(fromUtf8(filePath).extension()));
 }
 
-/// Work on a table, with the hourglass, and past half a second with its progress.
-class TableWork {
-public:
-    /// `text` has static storage.
-    TableWork(const Platform& platform, std::string_view text)
-        : window_(platform.window),
-          text_(text),
-          hourglass_(platform.pointer, Pointer::Hourglass),
-          progress_(platform.window, kQuiet) {}
-    ~TableWork() {
-        if (shown_) window_.hideImportPanel();
-    }
-    TableWork(const TableWork&) = delete;
-    TableWork& operator=(const TableWork&) = delete;
-
-    TableProgress progress() {
-        return [this](std::size_t done, std::size_t all) {
-            if (!progress_.due()) return;
-            if (!std::exchange(shown_, true)) window_.showImportPanel(text_);
-            progress_.show(static_cast<int>(std::min(done, all) * kHighest / std::max<std::size_t>(all, 1)));
-        };
-    }
-
-private:
-    static constexpr std::chrono::milliseconds kQuiet{500};
-    static constexpr std::size_t kHighest = 99;
-
-    MainWindow& window_;
-    std::string_view text_;
-    PointerScope hourglass_;
-    WorkProgress progress_;
-    bool shown_ = false;
-};
-
 std::string unknownColumns(const Table& table) {
     if (table.unknownColumns.empty()) return {};
     std::string text = "Unknown columns, which are ignored: ";
@@ -184,7 +150,7 @@ void TableCommands::import(std::string_view caption, const std::string& source, 
     std::string note;
     NodeTag kind{};
     {
-        TableWork work(context_.platform, "Reading Table ....");
+        ChangeWork work(context_.platform, "Reading Table ....");
         Table table{};
         if (!read(source, bytes, table)) return;
         changes.emplace(context_.configuration, table, work.progress());
@@ -200,7 +166,7 @@ void TableCommands::import(std::string_view caption, const std::string& source, 
 
 void TableCommands::apply(const ChangeSet& changes) {
     {
-        TableWork work(context_.platform, "Applying Changes ....");
+        ChangeWork work(context_.platform, "Applying Changes ....");
         const StructureTree::Batch batch(context_.tree());
         const std::vector<const TreeNode*> rows = views_.nodesOfRows();
         changes.apply(context_.configuration, work.progress());

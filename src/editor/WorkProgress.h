@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <chrono>
+#include <string_view>
+#include <utility>
 
+#include "editor/EditorContext.h"
 #include "editor/MainWindow.h"
+#include "table/ChangeSet.h"
 
 namespace trevandix {
 
@@ -33,6 +37,44 @@ private:
 
     MainWindow& window_;
     Clock::time_point next_;
+};
+
+/// Work on many changes, with the hourglass. The window answers meanwhile, and past half a second shows
+/// the progress.
+class ChangeWork {
+public:
+    /// `text` has static storage.
+    ChangeWork(const Platform& platform, std::string_view text)
+        : window_(platform.window),
+          text_(text),
+          hourglass_(platform.pointer, Pointer::Hourglass),
+          progress_(platform.window, kQuiet) {}
+    ~ChangeWork() {
+        if (shown_) window_.hideImportPanel();
+    }
+    ChangeWork(const ChangeWork&) = delete;
+    ChangeWork& operator=(const ChangeWork&) = delete;
+
+    TableProgress progress() {
+        return [this](std::size_t done, std::size_t all) {
+            if (!progress_.due()) return;
+            const bool isLong = std::chrono::steady_clock::now() - begin_ >= kUnseen;
+            if (isLong && !std::exchange(shown_, true)) window_.showImportPanel(text_);
+            progress_.show(static_cast<int>(std::min(done, all) * kHighest / std::max<std::size_t>(all, 1)));
+        };
+    }
+
+private:
+    static constexpr std::chrono::milliseconds kQuiet{100};
+    static constexpr std::chrono::milliseconds kUnseen{500};
+    static constexpr std::size_t kHighest = 99;
+
+    MainWindow& window_;
+    std::string_view text_;
+    PointerScope hourglass_;
+    WorkProgress progress_;
+    std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
+    bool shown_ = false;
 };
 
 }  // namespace trevandix
