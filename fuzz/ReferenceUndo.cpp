@@ -45,8 +45,11 @@ void Reference::turn(std::vector<std::pair<State, State>>& from, std::vector<std
     restore(to.back().*aim);
 }
 
-// What only concerns the view stays, and nothing that is sorted becomes unsorted.
+// What only concerns the view stays, and nothing that is sorted becomes unsorted. Rows stay selected, also
+// under other names.
 void Reference::restore(const State& state) {
+    std::vector<int> rows;
+    for (const Row& row : rows_) rows.push_back(find(row.key));
     for (const auto& [id, node] : nodes_) seen_[id] = {node.expanded, node.sorted};
     nodes_ = state.nodes;
     for (auto& [id, node] : nodes_) {
@@ -62,6 +65,11 @@ void Reference::restore(const State& state) {
     mark_ = state.mark;
     saved_ = mark_ == savedMark_;
     selected_ = state.selected != 0 ? state.selected : root_;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const auto node = nodes_.find(rows[i]);
+        const bool shown = node != nodes_.end() && (rows[i] == selected_ || node->second.parent == selected_);
+        if (shown) rows_[i].key = node->second.key;
+    }
     select(selected_);
     makeVisible(selected_);
 }

@@ -1,5 +1,7 @@
 #include "editor/TreeAndList.h"
 
+#include <algorithm>
+
 #include "model/RecordField.h"
 
 namespace trevandix {
@@ -43,9 +45,15 @@ std::vector<const TreeNode*> TreeAndList::nodesOfRows() const {
 }
 
 void TreeAndList::showAgain(std::span<const TreeNode* const> rows) {
+    TreeNode* selected = context_.tree().selected();
+    if (selected == nullptr) return;
+    std::vector<const TreeNode*> shown{selected};  // a node of `rows` may be gone
+    for (const TreeNode* child = selected->firstChild(); child != nullptr; child = child->nextSibling())
+        shown.push_back(child);
+    std::ranges::sort(shown);
     for (std::size_t row = 0; row < rows.size(); ++row)
-        if (rows[row] != nullptr) context_.list.setKey(row, rows[row]->key());
-    if (TreeNode* selected = context_.tree().selected()) TreeView1_NodeClick(*selected);
+        if (std::ranges::binary_search(shown, rows[row])) context_.list.setKey(row, rows[row]->key());
+    TreeView1_NodeClick(*selected);
 }
 
 void TreeAndList::enableForSelected() const {

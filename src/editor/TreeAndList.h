@@ -24,8 +24,8 @@ public:
     }
     /// The nodes of the list's rows; nullptr for a row without one.
     std::vector<const TreeNode*> nodesOfRows() const;
-    /// Shows the contents of the selected node, if any, after a change that removed no node. `rows` are those
-    /// from before the change. Selected rows stay selected, also when their nodes have new names.
+    /// Shows the contents of the selected node, if any, after a change. `rows` are those from before the
+    /// change. Selected rows stay selected, also when their nodes have new names.
     void showAgain(std::span<const TreeNode* const> rows);
     /// Enables the commands for the selected node.
     void enableForSelected() const;

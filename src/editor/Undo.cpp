@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace trevandix {
 
@@ -26,8 +27,10 @@ void Undo::show(Turn turn, std::string_view step, std::string_view done, std::st
     std::string news = std::string(done).append(step).append(hint);
     {
         const StructureTree::Batch batch(context_.tree());
+        const std::vector<const TreeNode*> rows = views_.nodesOfRows();
         std::invoke(turn, context_.configuration);
-        views_.select(*context_.tree().selected());
+        views_.showAgain(rows);
+        context_.tree().ensureVisible(*context_.tree().selected());
     }
     context_.news.tell(std::move(news));
 }
