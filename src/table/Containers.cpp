@@ -1,6 +1,7 @@
 #include "table/Containers.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "check/BranchNames.h"
@@ -15,15 +16,15 @@ constexpr auto kNameOf = &Container::Entry::name;
 }
 
 Container::Entry* Container::unused(std::string_view wanted) {
-    const auto same = std::ranges::equal_range(entries, wanted, {}, kNameOf);
-    const auto entry = std::ranges::find(same, std::size_t{0}, &Entry::line);
-    return entry == same.end() ? nullptr : &*entry;
+    auto entry = std::ranges::lower_bound(entries, wanted, {}, kNameOf);
+    while (entry != entries.end() && entry->name == wanted && entry->line != 0) ++entry;
+    return entry == entries.end() || entry->name != wanted ? nullptr : &*entry;
 }
 
 std::optional<std::size_t> Container::usedBy(std::string_view wanted) const {
-    const auto same = std::ranges::equal_range(entries, wanted, {}, kNameOf);
-    if (same.empty()) return std::nullopt;
-    return same.back().line;
+    const auto behind = std::ranges::upper_bound(entries, wanted, {}, kNameOf);
+    if (behind == entries.begin() || std::prev(behind)->name != wanted) return std::nullopt;
+    return std::prev(behind)->line;
 }
 
 Container* Containers::find(const std::string* unit, const std::string* branch, std::string& refusal) {
