@@ -35,7 +35,7 @@ private:
     std::optional<StatusField> fieldAt(const wxPoint& point) const;
     void showToolTip(const wxPoint& point);
 
-    bool stale_ = true;  ///< shows all that is new at once, in idle time
+    bool stale_ = true;  ///< true while new texts await idle time, when all are shown at once
     std::array<wxString, kFields> news_;
     wxString hint_;
 };

@@ -18,8 +18,8 @@ namespace {
 
 constexpr std::chrono::milliseconds kBetweenDrawings{400};
 
-// The time for a step of changes, `before` after the first step began. Closing and opening the root of the
-// Windows control takes up to 50 ms more, also under Wine.
+// The time for a step of changes, `before` after the first step began. Under Wine, closing and opening the
+// root of the control takes up to 50 ms more.
 std::chrono::milliseconds stepTime(std::chrono::steady_clock::duration before) {
     using namespace std::chrono_literals;
 #ifdef __WXMSW__
