@@ -21,9 +21,12 @@ windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev libcli11-dev nlo
     libxrender1 xvfb openbox xdotool imagemagick xclip)
 
 # Source packages in build order: wxWidgets needs libpng.
-windows_sources=(pugixml libpng1.6 googletest wxwidgets3.2)
+windows_sources=(pugixml mimalloc libpng1.6 googletest wxwidgets3.2)
 
 windows_pugixml_options=(-DPUGIXML_BUILD_TESTS=OFF)
+# As C++, because C code cannot throw std::bad_alloc.
+windows_mimalloc_options=(-DMI_USE_CXX=ON -DMI_OVERRIDE=OFF -DMI_INSTALL_TOPLEVEL=ON
+    -DMI_BUILD_SHARED=OFF -DMI_BUILD_OBJECT=OFF -DMI_BUILD_TESTS=OFF)
 windows_libpng_options=(-DPNG_SHARED=OFF -DPNG_TESTS=OFF -DPNG_EXECUTABLES=OFF
     "-DZLIB_LIBRARY=/usr/$windows_triplet/lib/libz.a" "-DZLIB_INCLUDE_DIR=/usr/$windows_triplet/include")
 windows_googletest_options=(-DBUILD_GMOCK=OFF -DINSTALL_GTEST=ON)
@@ -136,8 +139,8 @@ library_prefix() {
     local key
     key=$({
         "$windows_triplet-g++-posix" -dumpfullversion
-        printf '%s\n' "${windows_sources[@]}" "${windows_pugixml_options[@]}" "${windows_libpng_options[@]}" \
-            "${windows_googletest_options[@]}" "${windows_wxwidgets_options[@]}"
+        printf '%s\n' "${windows_sources[@]}" "${windows_pugixml_options[@]}" "${windows_mimalloc_options[@]}" \
+            "${windows_libpng_options[@]}" "${windows_googletest_options[@]}" "${windows_wxwidgets_options[@]}"
         declare -f build_library build_libraries keep_licences
         grep -v '^#' "$windows_root/cmake/mingw-w64.cmake"
     } | sha256sum)
@@ -165,7 +168,7 @@ build_library() {
 keep_licences() {
     local prefix=$1 work=$2 file name
     mkdir -p "$prefix/licences"
-    for file in "$work"/{pugixml,libpng,wxwidgets}*/debian/copyright; do
+    for file in "$work"/{pugixml,mimalloc,libpng,wxwidgets}*/debian/copyright; do
         name=${file%/debian/copyright}
         cp "$file" "$prefix/licences/$(basename "${name%-*}").txt" || return
     done
@@ -180,6 +183,7 @@ build_libraries() {
     mkdir -p "$prefix" "$work"
     for package in "${windows_sources[@]}"; do (cd "$work" && fetch_source "$package") || return; done
     build_library pugixml "$prefix" "$work" "${windows_pugixml_options[@]}" &&
+        build_library mimalloc "$prefix" "$work" "${windows_mimalloc_options[@]}" &&
         build_library libpng "$prefix" "$work" "${windows_libpng_options[@]}" &&
         build_library googletest "$prefix" "$work" "${windows_googletest_options[@]}" &&
         build_library wxwidgets "$prefix" "$work" "${windows_wxwidgets_options[@]}" \

@@ -2,7 +2,6 @@
 
 #include <cstring>
 #include <limits>
-#include <new>
 #include <set>
 
 #include "platform/RuntimeError.h"
@@ -11,9 +10,7 @@ namespace trevandix {
 
 Key::Rep* Key::allocate(std::size_t length) {
     if (length > std::numeric_limits<std::uint32_t>::max()) throw RuntimeError(ErrorNumber::OutOfMemory);
-    void* memory = std::malloc(sizeof(Rep) + length);
-    if (memory == nullptr) throw std::bad_alloc();
-    return new (memory) Rep{1, static_cast<std::uint32_t>(length), 0};
+    return new (::operator new(sizeof(Rep) + length)) Rep{1, static_cast<std::uint32_t>(length), 0};
 }
 
 void Key::seal(Rep* rep) {

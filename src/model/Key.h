@@ -2,8 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <functional>
+#include <new>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -57,7 +57,7 @@ private:
         if (rep_ != nullptr) ++rep_->references;
     }
     void release() noexcept {
-        if (rep_ != nullptr && --rep_->references == 0) std::free(rep_);
+        if (rep_ != nullptr && --rep_->references == 0) ::operator delete(rep_);
     }
 
     static constexpr std::size_t kEmptyHash = 0;
