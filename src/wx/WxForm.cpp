@@ -10,7 +10,6 @@
 #include "wx/WxBasics.h"
 #include "wx/WxFormLayout.h"
 #include "wx/WxFormList.h"
-#include "wx/WxIcons.h"
 #include "wx/WxMap.h"
 
 namespace trevandix {
@@ -43,13 +42,13 @@ constexpr int kListMargin = 40;  // to that window's lower right corner, in devi
 
 }  // namespace
 
-WxForm::WxForm(wxWindow& main, const FormSpec& shape) : spec_(shape), main_(main) {
+WxForm::WxForm(wxTopLevelWindow& main, const FormSpec& shape) : spec_(shape), main_(main) {
     const long style = wxDEFAULT_DIALOG_STYLE | (isResizable(shape) ? wxRESIZE_BORDER : 0);
     // The system gives the keyboard back to the parent when a dialog closes.
     wxWindow* parent = shape.modeless ? &main : dialogParent();
     dialog_ = new wxDialog(parent, wxID_ANY, toWx(shape.caption), wxDefaultPosition, wxDefaultSize, style,
                            toWx(shape.name));
-    dialog_->SetIcons(programIcons());
+    dialog_->SetIcons(main.GetIcons());
     WxFormLayout(shape, controls_, keys_).build(*dialog_);
     keyboard_.emplace(*dialog_, spec_, controls_, [this] { close(); });
     for (WxControl& control : controls_) connect(control);

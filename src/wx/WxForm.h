@@ -18,7 +18,7 @@ class WxMapArea;
 class WxForm : public Form {
 public:
     /// `shape` must outlive the form; `main` need not.
-    WxForm(wxWindow& main, const FormSpec& shape);
+    WxForm(wxTopLevelWindow& main, const FormSpec& shape);
     ~WxForm() override;
 
     std::string text(std::string_view name) const override;
@@ -66,7 +66,7 @@ private:
     void prepare();
 
     const FormSpec& spec_;
-    wxWindow& main_;
+    wxTopLevelWindow& main_;
     wxWeakRef<wxDialog> dialog_;  // the main window deletes it when it closes first
     AccessKeys keys_;
     mutable std::deque<WxControl> controls_;
@@ -82,11 +82,11 @@ private:
 class WxForms : public Forms {
 public:
     /// `main` must outlive this object, but not the forms.
-    explicit WxForms(wxWindow& main) : main_(main) {}
+    explicit WxForms(wxTopLevelWindow& main) : main_(main) {}
     std::unique_ptr<Form> create(const FormSpec& shape) override;
 
 private:
-    wxWindow& main_;
+    wxTopLevelWindow& main_;
 };
 
 }  // namespace trevandix
