@@ -173,6 +173,7 @@ struct FakeWindow : MainWindow, CommandBar {
     void processEvents() override {
         if (onEvents) onEvents();
     }
+    void redraw() override { processEvents(); }
     void close() override { closed = true; }
     void showAboutBox() override {}
     void addToRecentFiles(std::string_view filePath) override { recent.emplace_back(filePath); }

@@ -40,6 +40,8 @@ public:
     virtual void setPercent(int percent) = 0;
     /// Redraws the window; drops input that would start a command or close the window.
     virtual void processEvents() = 0;
+    /// Redraws the window; input waits until the work has ended.
+    virtual void redraw() = 0;
 
     /// Closes the window without asking.
     virtual void close() = 0;

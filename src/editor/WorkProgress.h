@@ -11,15 +11,15 @@
 
 namespace trevandix {
 
-/// Shows the progress of long work on `pnlPercent` and lets the window handle events: at most thirty times a
-/// second, and never for more than a twentieth of the time.
+/// Shows the progress of long work on `pnlPercent` and lets the window handle events. Between two times lie
+/// twenty times as long as the window took, but at least 33 ms and at most 80 ms.
 class WorkProgress {
 public:
-    static constexpr std::chrono::milliseconds kInterval{33};
+    /// Shorter work does not let the window handle events.
+    static constexpr std::chrono::milliseconds kFirst{10};
 
-    /// Does nothing during the time `quiet`.
-    explicit WorkProgress(MainWindow& window, std::chrono::milliseconds quiet = kInterval)
-        : window_(window), next_(Clock::now() + quiet) {}
+    /// `handle` is `processEvents` or `redraw`.
+    WorkProgress(MainWindow& window, void (MainWindow::*handle)()) : window_(window), handle_(handle) {}
 
     bool due() const { return Clock::now() >= next_; }
     /// `percent` is from 0 to 99.
@@ -27,20 +27,23 @@ public:
         constexpr int kWorkPerPump = 20;  // as a multiple of the time for the window
         const auto start = Clock::now();
         window_.setPercent(percent);
-        window_.processEvents();
+        (window_.*handle_)();
         const auto end = Clock::now();
-        next_ = end + std::max<Clock::duration>(kInterval, (end - start) * kWorkPerPump);
+        next_ = end + std::clamp<Clock::duration>((end - start) * kWorkPerPump, kShortest, kLongest);
     }
 
 private:
     using Clock = std::chrono::steady_clock;
+    static constexpr std::chrono::milliseconds kShortest{33};
+    static constexpr std::chrono::milliseconds kLongest{80};
 
     MainWindow& window_;
-    Clock::time_point next_;
+    void (MainWindow::*handle_)();
+    Clock::time_point next_ = Clock::now() + kFirst;
 };
 
-/// Work on many changes, with the hourglass. The window answers meanwhile, and past half a second shows
-/// the progress.
+/// Work on many changes, with the hourglass. The window is redrawn during it and at its end, and past half a
+/// second shows the progress; input waits.
 class ChangeWork {
 public:
     /// `text` has static storage.
@@ -48,9 +51,10 @@ public:
         : window_(platform.window),
           text_(text),
           hourglass_(platform.pointer, Pointer::Hourglass),
-          progress_(platform.window, kQuiet) {}
+          progress_(platform.window, &MainWindow::redraw) {}
     ~ChangeWork() {
         if (shown_) window_.hideImportPanel();
+        if (std::chrono::steady_clock::now() - begin_ >= WorkProgress::kFirst) window_.redraw();
     }
     ChangeWork(const ChangeWork&) = delete;
     ChangeWork& operator=(const ChangeWork&) = delete;
@@ -65,7 +69,6 @@ public:
     }
 
 private:
-    static constexpr std::chrono::milliseconds kQuiet{100};
     static constexpr std::chrono::milliseconds kUnseen{500};
     static constexpr std::size_t kHighest = 99;
 

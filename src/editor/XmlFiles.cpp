@@ -12,7 +12,7 @@ constexpr unsigned kItemsPerClock = 32;  // reading the clock for each item woul
 /// Tells the progress of a load, as no end is known: the percentage counts items.
 class LoadProgress {
 public:
-    explicit LoadProgress(MainWindow& window) : progress_(window) {}
+    explicit LoadProgress(MainWindow& window) : progress_(window, &MainWindow::processEvents) {}
 
     void itemRead() {
         percent_ = (percent_ + 1) % kWrap;

@@ -1,10 +1,14 @@
 #include "wx/WxInputGate.h"
 
 #include <wx/evtloop.h>
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#endif
 
 #include <algorithm>
 
 #include "wx/WxBasics.h"
+#include "wx/WxNative.h"
 
 namespace trevandix {
 
@@ -60,6 +64,7 @@ void WxInputGate::perform(const Call& call) {
         call(*events_);
     }
     if (depth_ > 0) return;
+    inputWaits();  // answers what other programs have asked meanwhile
     if (closeAsked_) {
         closeAsked_ = false;
         window_.CallAfter([this] { window_.Close(); });
@@ -69,12 +74,32 @@ void WxInputGate::perform(const Call& call) {
 }
 
 void WxInputGate::pump() {
+    pumpFor(wxEVT_CATEGORY_ALL);
+}
+
+void WxInputGate::pumpFor(long categories) {
     wxEventLoopBase* loop = wxEventLoopBase::GetActive();
     if (loop == nullptr || loop->IsYielding()) return;
     pumping_ = true;
-    loop->YieldFor(wxEVT_CATEGORY_ALL);
+    loop->YieldFor(categories);
     pumping_ = false;
 }
+
+// Windows would tell the wrong state of Ctrl and Shift if keys were taken out of its queue and put back.
+#ifdef __WXMSW__
+void WxInputGate::redraw() {
+    constexpr int kMost = 100;  // as a window may ask to be drawn again and again
+    MSG message;
+    for (int i = 0; i < kMost; ++i) {
+        if (!::PeekMessage(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_PAINT | PM_QS_SENDMESSAGE)) return;
+        ::DispatchMessage(&message);
+    }
+}
+#else
+void WxInputGate::redraw() {
+    pumpFor(wxEVT_CATEGORY_ALL & ~wxEVT_CATEGORY_USER_INPUT);
+}
+#endif
 
 int WxInputGate::FilterEvent(wxEvent& event) {
     if (isFromUser(event)) lastInput_ = std::chrono::steady_clock::now();

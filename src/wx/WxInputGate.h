@@ -32,10 +32,14 @@ public:
     void post(Kind kind, Call call);
 
     bool busy() const { return depth_ > 0 || pumping_; }
+    /// Whether a command lets the windows be redrawn.
+    bool pumping() const { return pumping_; }
     /// Closes the window when the current work is done.
     void closeLater() { closeAsked_ = true; }
     /// Handles pending events so that the windows are redrawn. Input is dropped.
     void pump();
+    /// Redraws the windows. Input waits.
+    void redraw();
 
     /// The last keyboard or mouse input in any window of the program.
     std::chrono::steady_clock::time_point lastInput() const { return lastInput_; }
@@ -45,6 +49,7 @@ public:
 private:
     void flush();
     void perform(const Call& call);
+    void pumpFor(long categories);
 
     wxWindow& window_;
     MainWindowEvents* events_ = nullptr;

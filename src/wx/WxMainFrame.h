@@ -39,6 +39,7 @@ public:
     void hideImportPanel() override { importPanel_->Hide(); }
     void setPercent(int percent) override { importPanel_->setPercent(percent); }
     void processEvents() override { gate_.pump(); }
+    void redraw() override { gate_.redraw(); }
     void close() override;
     void showAboutBox() override;
     void addToRecentFiles(std::string_view filePath) override;
