@@ -16,14 +16,17 @@ wxIMPLEMENT_ABSTRACT_CLASS(WxTreeItems, wxTreeCtrl);
 
 namespace {
 
+constexpr std::chrono::milliseconds kBeforeDrawing{150};  // soon, as a dialog may have covered the lines
 constexpr std::chrono::milliseconds kBetweenDrawings{400};
+constexpr std::chrono::milliseconds kInputFirst{300};  // the longest that the first step waits for input
+constexpr int kOutsideLoop = 50;  // milliseconds between steps behind menus and message boxes
 
 // The time for a step of changes, `before` after the first step began. Under Wine, closing and opening the
 // root of the control takes up to 50 ms more.
 std::chrono::milliseconds stepTime(std::chrono::steady_clock::duration before) {
     using namespace std::chrono_literals;
 #ifdef __WXMSW__
-    return before <= 0s ? 3ms : before < 5s ? 30ms : 200ms;
+    return before <= 0s ? 3ms : before < 1s ? 15ms : before < 10s ? 30ms : 200ms;
 #else
     return before < 1s ? 10ms : 20ms;
 #endif
@@ -71,14 +74,19 @@ private:
 
 }  // namespace
 
-WxTreeItems::WxTreeItems(wxWindow* parent, StructureTree& tree)
+WxTreeItems::WxTreeItems(wxWindow* parent, StructureTree& tree, WxInputGate& gate)
     : wxTreeCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                  wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_SINGLE, wxDefaultValidator, "TreeView1"),
-      tree_(tree) {
+      tree_(tree),
+      gate_(gate) {
     for (const Image image : {Image::Config, Image::Main, Image::Item, Image::Plc, Image::Branch}) {
         images_.indexOf(imageName(image));
     }
     SetImages(images_.bundles());
+    // Menus and message boxes of Windows handle no idle time, but timers.
+    outsideLoop_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) {
+        if (mayChange()) changeMore();
+    });
 }
 
 TreeNode* WxTreeItems::nodeOf(const wxTreeItemId& item) const {
@@ -199,9 +207,10 @@ void WxTreeItems::changeFor(std::chrono::milliseconds time) {
         closed.emplace(*this, kept(GetSelection()), kept(GetFirstVisibleItem()));
 #endif
     // From here, so that closing the root never takes all of the time.
-    const auto timeIsOver = [end = std::chrono::steady_clock::now() + time] {
-        return std::chrono::steady_clock::now() >= end;
+    const auto over = [begin = std::chrono::steady_clock::now()](std::chrono::milliseconds limit) {
+        return std::chrono::steady_clock::now() >= begin + limit;
     };
+    const auto timeIsOver = [&] { return over(time); };
     while (!leaving_.empty() && !timeIsOver()) {
         Delete(leaving_.front());
         leaving_.pop_front();
@@ -212,6 +221,7 @@ void WxTreeItems::changeFor(std::chrono::milliseconds time) {
         SetItemText(itemOf(node), toWx(node.text()));
         renamed_.erase(&node);
     }
+    if (over(stepTime({}))) return;  // as one sorting may take longer than a step
     while (!unsorted_.empty() && !timeIsOver()) {
         const TreeNode& parent = **unsorted_.begin();
         sort(parent);
@@ -226,16 +236,20 @@ void WxTreeItems::changeSome() {
     changeFor(stepTime({}));
     if (!changesWait()) return;
     held_ = true;
-    drawn_ = {};  // draws soon, as a dialog may have covered the lines
+    drawn_ = heldSince_ + kBeforeDrawing - kBetweenDrawings;
     batchBegins();
+    outsideLoop_.Start(kOutsideLoop);
     wxWakeUpIdle();
 }
 
 // Changes and draws by turns, so that the window answers in between.
 void WxTreeItems::changeMore() {
+    const ScopedIncrement quiet(quiet_);
     const auto now = std::chrono::steady_clock::now();
+    if (inputWaits() && now - heldSince_ < kInputFirst) return wxWakeUpIdle();
     if (!changesWait()) {
         held_ = false;
+        outsideLoop_.Stop();
         return batchEnds();
     }
     if (now - drawn_ > kBetweenDrawings) {
@@ -311,6 +325,7 @@ void WxTreeItems::cleared() {
     arriving_.clear();
     renamed_.clear();
     unsorted_.clear();
+    outsideLoop_.Stop();
     if (std::exchange(held_, false)) batchEnds();
     DeleteAllItems();
 }
@@ -333,7 +348,7 @@ void WxTreeItems::batchEnds() {
 // nodes. Neither is the user's action.
 void WxTreeItems::OnInternalIdle() {
     const ScopedIncrement quiet(quiet_);
-    if (held_) changeMore();
+    if (mayChange()) changeMore();
     wxTreeCtrl::OnInternalIdle();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <wx/timer.h>
 #include <wx/treectrl.h>
 
 #include <chrono>
@@ -11,6 +12,7 @@
 
 #include "model/StructureTree.h"
 #include "wx/WxIcons.h"
+#include "wx/WxInputGate.h"
 
 namespace trevandix {
 
@@ -32,8 +34,8 @@ public:
     void batchEnds() override;
 
 protected:
-    /// `tree` must outlive the control.
-    WxTreeItems(wxWindow* parent, StructureTree& tree);
+    /// `tree` and `gate` must outlive the control.
+    WxTreeItems(wxWindow* parent, StructureTree& tree, WxInputGate& gate);
 
     /// nullptr for an item awaiting removal.
     TreeNode* nodeOf(const wxTreeItemId& item) const;
@@ -46,6 +48,7 @@ protected:
     void OnInternalIdle() override;
 
     StructureTree& tree_;
+    WxInputGate& gate_;
     int quiet_ = 0;  ///< while positive, events of the control are not the user's
 
 private:
@@ -61,6 +64,8 @@ private:
     void changeFor(std::chrono::milliseconds time);
     void changeSome();
     void changeMore();
+    /// A command goes first.
+    bool mayChange() const { return held_ && !gate_.pumping(); }
 
     WxImageList images_{kTreeIconSize};
     std::unordered_map<void*, int> places_;  // positions of items among their siblings, while sorting
@@ -72,6 +77,7 @@ private:
     bool held_ = false;  // true while a batch is open because items await change
     std::chrono::steady_clock::time_point heldSince_;
     std::chrono::steady_clock::time_point drawn_;  // last redraw while held_
+    wxTimer outsideLoop_;                          // runs while held_
 };
 
 }  // namespace trevandix

@@ -30,7 +30,7 @@ wxColour dropColour() {
 }  // namespace
 
 WxTreeView::WxTreeView(wxWindow* parent, StructureTree& tree, WxInputGate& gate)
-    : WxTreeItems(parent, tree), gate_(gate) {
+    : WxTreeItems(parent, tree, gate) {
     setAccessibleName(*this, kSpokenName, "Units, branches and items as a tree");
     Bind(wxEVT_TREE_SEL_CHANGING, &WxTreeView::onSelecting, this);
     Bind(wxEVT_TREE_SEL_CHANGED, &WxTreeView::onSelected, this);

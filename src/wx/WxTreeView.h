@@ -1,7 +1,6 @@
 #pragma once
 
 #include "model/StructureTree.h"
-#include "wx/WxInputGate.h"
 #include "wx/WxTreeItems.h"
 
 namespace trevandix {
@@ -50,7 +49,6 @@ private:
     void doubleClick();
     void agree();
 
-    WxInputGate& gate_;
     TreeNode* clicked_ = nullptr;  // pending click
     const TreeNode* highlighted_ = nullptr;
     const TreeNode* visibleLater_ = nullptr;  // to scroll to when the batch ends
