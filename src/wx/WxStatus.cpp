@@ -42,19 +42,22 @@ WxStatusBar::WxStatusBar(wxWindow* parent, Clicked clicked)
 
 void WxStatusBar::setNews(StatusField field, const wxString& text) {
     news_[static_cast<std::size_t>(field)] = text;
-    stale_ = true;
+    showSoon();
     if (field == StatusField::Notice && !text.empty()) announce(*this, text);
 }
 
 void WxStatusBar::setHint(const wxString& text) {
     if (hint_ == text) return;
     hint_ = text;
-    stale_ = true;
+    showSoon();
 }
 
-void WxStatusBar::OnInternalIdle() {
-    wxStatusBar::OnInternalIdle();
-    if (std::exchange(stale_, false)) showNews();
+void WxStatusBar::showSoon() {
+    if (std::exchange(stale_, true)) return;
+    CallAfter([this] {
+        stale_ = false;
+        showNews();
+    });
 }
 
 // A hint replaces selection and notice; the other fields stay.

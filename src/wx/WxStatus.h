@@ -28,14 +28,14 @@ public:
 private:
     static constexpr int kFields = 5;
 
-    void OnInternalIdle() override;
+    void showSoon();
     void showNews();
     wxString fullText(StatusField field) const;
     wxString fitting(int field) const;
     std::optional<StatusField> fieldAt(const wxPoint& point) const;
     void showToolTip(const wxPoint& point);
 
-    bool stale_ = true;  ///< true while new texts await idle time, when all are shown at once
+    bool stale_ = false;  ///< true while new texts wait to be shown all at once
     std::array<wxString, kFields> news_;
     wxString hint_;
 };
