@@ -40,7 +40,8 @@ using TableProgress = std::function<void(std::size_t done, std::size_t all)>;
 class Plan;
 
 /// What is to change in a configuration. What would change nothing is not in it. What is judged is the state
-/// after all accepted changes, by the rules of the dialogs; values that stay as they are are never refused.
+/// after all accepted changes, by the rules of the dialogs. A value that does not change is refused only if
+/// it depends on one that does.
 ///
 /// From a table: rows whose objects exist change them, other rows add objects, with the branches they need.
 /// Units, items and data types are found by their exact name, branches also ignoring case. Of several items
