@@ -211,8 +211,9 @@ save_as() { # PATH [KEY of the command]
     await_file_dialog "Save configuration"
     type_path "$1"
     await "$main"
-    until_true 10 test -s "$1" || fail "nothing was written to $1"
+    until_true 10 is_whole "$1" || fail "no whole file was written to $1"
 }
+is_whole() { tail -n 1 "$1" 2>/dev/null | grep -q '^</.*Cfg>'; }
 
 # same_bytes EXPECTED WRITTEN
 same_bytes() {
