@@ -12,7 +12,7 @@
 namespace trevandix {
 
 /// Shows the progress of long work on `pnlPercent` and lets the window handle events. Between two times lie
-/// twenty times as long as the window took, but at least 33 ms and at most 80 ms.
+/// twenty times as long as the window took, but at least 33 ms and at most 50 ms.
 class WorkProgress {
 public:
     /// Shorter work does not let the window handle events.
@@ -35,7 +35,7 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
     static constexpr std::chrono::milliseconds kShortest{33};
-    static constexpr std::chrono::milliseconds kLongest{80};
+    static constexpr std::chrono::milliseconds kLongest{50};
 
     MainWindow& window_;
     void (MainWindow::*handle_)();

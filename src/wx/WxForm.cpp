@@ -11,6 +11,7 @@
 #include "wx/WxFormLayout.h"
 #include "wx/WxFormList.h"
 #include "wx/WxMap.h"
+#include "wx/WxNative.h"
 
 namespace trevandix {
 
@@ -68,6 +69,7 @@ WxForm::WxForm(wxTopLevelWindow& main, const FormSpec& shape) : spec_(shape), ma
 #endif
     });
     if (!shape.defaultButton.empty()) static_cast<wxButton*>(at(shape.defaultButton).window)->SetDefault();
+    answerOthers();
 }
 
 WxForm::~WxForm() {
@@ -259,8 +261,11 @@ void WxForm::place() {
     dialog_->Move(place);
 }
 
+// Answers in between, as Wine takes some 50 ms each to make, to fill and to size a dialog.
 void WxForm::prepare() {
+    answerOthers();
     fit();
+    answerOthers();
     if (!std::exchange(placed_, true)) place();
     shown_ = true;
     if (!spec_.initialFocus.empty()) {

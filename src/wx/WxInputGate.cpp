@@ -64,7 +64,7 @@ void WxInputGate::perform(const Call& call) {
         call(*events_);
     }
     if (depth_ > 0) return;
-    inputWaits();  // answers what other programs have asked meanwhile
+    answerOthers();
     if (closeAsked_) {
         closeAsked_ = false;
         window_.CallAfter([this] { window_.Close(); });

@@ -165,8 +165,7 @@ void greyInactiveSelections() {}
 void setMessageBoxWidth(int) {}
 #ifdef __WXMSW__
 bool inputWaits() {
-    MSG message;  // answers what other programs ask the window meanwhile
-    ::PeekMessage(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+    answerOthers();
     return HIWORD(::GetQueueStatus(QS_INPUT)) != 0;
 }
 #else
@@ -215,6 +214,11 @@ void clipSiblings(wxWindow& window) {
     ::SetWindowLongPtr(handle, GWL_STYLE, ::GetWindowLongPtr(handle, GWL_STYLE) | WS_CLIPSIBLINGS);
 }
 
+void answerOthers() {
+    MSG message;
+    ::PeekMessage(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+}
+
 void setHiddenRedraw(wxWindow& window, bool redraw) {
     if (window.IsShown()) return;
     ::SendMessage(window.GetHandle(), WM_SETREDRAW, redraw, 0);
@@ -227,6 +231,7 @@ void bringToFront(wxTopLevelWindow& window) {
     window.Raise();
 }
 
+void answerOthers() {}  // X11 and Wayland ask nothing
 void clipSiblings(wxWindow&) {}
 void setHiddenRedraw(wxWindow&, bool) {}
 

@@ -23,7 +23,11 @@ void announce(wxWindow& window, const wxString& text);
 /// the file dialogs of GTK show. The system may have been told to keep none.
 void addToRecentFiles(const wxString& path);
 
-/// True when a key or the mouse waits to be handled. Quick enough to be asked every millisecond.
+/// Answers what other programs have asked the windows meanwhile. On Windows they wait for it during long work.
+void answerOthers();
+
+/// True when a key or the mouse waits to be handled. Quick enough to be asked every millisecond. Also answers
+/// other programs.
 bool inputWaits();
 
 /// Draws the selection grey in every tree and list that does not have the focus.
