@@ -29,6 +29,7 @@ void Undo::show(Turn turn, std::string_view step, std::string_view done, std::st
         const StructureTree::Batch batch(context_.tree());
         const std::vector<const TreeNode*> rows = views_.nodesOfRows();
         std::invoke(turn, context_.configuration);
+        context_.platform.window.redraw();
         views_.showAgain(rows);
         context_.tree().ensureVisible(*context_.tree().selected());
     }
