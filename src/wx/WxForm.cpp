@@ -261,7 +261,7 @@ void WxForm::place() {
     dialog_->Move(place);
 }
 
-// Answers in between, as Wine takes some 50 ms each to make, to fill and to size a dialog.
+// Answers in between, as Wine takes tens of milliseconds each to make, to fill and to size a dialog.
 void WxForm::prepare() {
     answerOthers();
     fit();
@@ -283,6 +283,7 @@ void WxForm::showModal() {
     const FocusKeeper focus;
     prepare();
     dialog_->ShowModal();
+    answerOthers();
 }
 
 void WxForm::showModeless() {

@@ -41,6 +41,7 @@ wxSizer* WxFormLayout::fill(wxWindow& parent, std::string_view frame) {
     Area area{parent, new wxGridBagSizer(gap, gap)};
     area.grid->SetEmptyCellSize(wxSize(0, 0));
     const ControlSpec* next = nullptr;
+    answerOthers();  // for each frame, as Wine takes milliseconds to make a control
     for (const ControlSpec* each = nextIn(frame, nullptr); each != nullptr; each = next) {
         next = nextIn(frame, each);
         add(area, *each, next);
