@@ -206,9 +206,10 @@ once() {
 
 # ---------------------------------------------------------------- Wine
 
-# Wine's folder contains its registry and drive C:. No menu entries on the host, no questions about Mono and Gecko.
+# Wine's folder contains its registry and drive C:. No menu entries on the host, no questions about Mono and Gecko. Wine
+# tells only why it ends a program.
 use_wine() {
-    export WINEPREFIX=$windows_cache/wine WINEDEBUG=-all WINEARCH=win64
+    export WINEPREFIX=$windows_cache/wine WINEDEBUG=-all,err+seh,err+virtual WINEARCH=win64
     export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
 }
 
