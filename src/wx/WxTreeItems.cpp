@@ -300,6 +300,7 @@ void WxTreeItems::childrenSorted(const TreeNode& parent) {
     const ScopedIncrement quiet(quiet_);
     const wxWindowUpdateLocker frozen(this);
     sort(parent);
+    answerOthers();  // the list is filled next
 }
 
 void WxTreeItems::sort(const TreeNode& parent) {
