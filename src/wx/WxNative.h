@@ -23,7 +23,7 @@ void announce(wxWindow& window, const wxString& text);
 /// the file dialogs of GTK show. The system may have been told to keep none.
 void addToRecentFiles(const wxString& path);
 
-/// Answers what other programs have asked the windows meanwhile. On Windows they wait for it during long work.
+/// Answers what other programs have asked the windows. On Windows they wait while this program is at work.
 void answerOthers();
 
 /// True when a key or the mouse waits to be handled. Quick enough to be asked every millisecond. Also answers
