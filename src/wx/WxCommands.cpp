@@ -173,8 +173,9 @@ bool WxCommands::followsShortcut(const wxKeyEvent& event) const {
     const auto* box = dynamic_cast<wxTextEntry*>(wxWindow::FindFocus());
     if (event.ControlDown() && box != nullptr && box->IsEditable()) return false;
     for (const CommandSpec& command : commands_) {
+        if (!command.menu.empty() || command.shortcut.empty()) continue;
         wxAcceleratorEntry key;
-        if (!command.menu.empty() || !key.FromString(toWx(command.shortcut))) continue;
+        if (!key.FromString(toWx(command.shortcut))) continue;
         if (key.GetKeyCode() != event.GetKeyCode() || key.GetFlags() != event.GetModifiers()) continue;
         choose_(command.name);
         return true;
