@@ -352,6 +352,10 @@ windows_main() {
 
 if [ "${BASH_SOURCE[0]}" = "$0" ]; then
     set -euo pipefail
+    # Linux may put the heap of Wine's loader at random where Wine needs a fixed address. Wine then ends with code 1.
+    if [ "$(cat /proc/self/personality 2>/dev/null)" = 00000000 ] && setarch --addr-no-randomize true 2>/dev/null; then
+        exec setarch --addr-no-randomize "$0" "$@"
+    fi
     windows_main "$@"
     exit # so that editing this file does not affect a running script
 fi
