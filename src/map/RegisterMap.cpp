@@ -41,7 +41,8 @@ void TableMap::assignLanes() {
         const Span& span = block.span;
         const auto vacant = std::ranges::find_if(ends, [&](std::int64_t end) { return end <= span.begin; });
         const bool piled = vacant == ends.end();
-        block.lane = static_cast<std::uint8_t>(piled ? kLanes - 1 : vacant - ends.begin());
+        const auto firstFree = static_cast<std::size_t>(vacant - ends.begin());
+        block.lane = static_cast<std::uint8_t>(piled ? kLanes - 1 : firstFree);
         std::vector<Stack>& lane = lanes_[block.lane];
         if (piled) {
             Stack& pile = lane.back();
